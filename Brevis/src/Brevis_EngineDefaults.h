@@ -1,0 +1,10 @@
+// The defaults that a visitor applies to its private copy of a scheme before it reads any key.
+#pragma once
+
+#include "Brevis_PropertySet.h"
+
+namespace Brevis {
+
+void applyEngineDefaults(PropertySet& properties);
+
+}  // namespace Brevis

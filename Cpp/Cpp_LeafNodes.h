@@ -1,0 +1,142 @@
+// The leaves of the syntax tree: a stretch of source with two positions and mostly a text.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "Cpp_SyntaxNode.h"
+#include "Trn_Exception.h"
+#include "Trn_TokenKind.h"
+
+namespace Cpp {
+
+class InvalidKeyword : public Trn::Exception {
+public:
+    InvalidKeyword() : Exception("Not a keyword") {}
+};
+
+class InvalidId : public Trn::Exception {
+public:
+    InvalidId() : Exception("Invalid name for an Identifier") {}
+};
+
+// A leaf with a text.
+class TextLeafNode : public LeafNode {
+public:
+    TextLeafNode() = default;
+    explicit TextLeafNode(std::string nodeText) : text(std::move(nodeText)) {}
+    TextLeafNode(std::string nodeText, Position first, Position last) : LeafNode(first, last), text(std::move(nodeText)) {}
+
+    std::string text;
+};
+
+class TextNode : public Visitable<TextNode, TextLeafNode> {
+public:
+    using Visitable::Visitable;
+};
+
+// A comment with its delimiters, or, when `verbatim` is set, a whole region of source that is left alone.
+class CommentNode : public Visitable<CommentNode, TextNode> {
+public:
+    using Visitable::Visitable;
+
+    bool isLineComment() const;
+    bool isBlockComment() const;
+    // The text without its delimiters; the blanks inside the delimiters stay.
+    std::string commentBody() const;
+
+    bool verbatim = false;
+};
+
+// A directive with its line feed, or with empty text a whole `#if 0` region.
+class PreprocDirectiveNode : public Visitable<PreprocDirectiveNode, TextNode> {
+public:
+    using Visitable::Visitable;
+};
+
+// A name; never empty.
+class IdNode : public Visitable<IdNode, TextNode> {
+public:
+    explicit IdNode(std::string name, Position first = {}, Position last = {});
+};
+
+class KeywordNode : public Visitable<KeywordNode, LeafNode> {
+public:
+    // Throws InvalidKeyword unless the kind is one of `class` to `default` (53 to 103).
+    explicit KeywordNode(Trn::TokenKind kind, Position first = {}, Position last = {});
+
+    Trn::TokenKind kind() const { return kind_; }
+    // Throws as the constructor does.
+    void setKind(Trn::TokenKind kind);
+
+private:
+    Trn::TokenKind kind_;
+};
+
+class AccessSpecNode : public Visitable<AccessSpecNode, LeafNode> {
+public:
+    AccessSpecNode() = default;
+    AccessSpecNode(int kind, Position first, Position last) : Visitable(first, last), accessKind(kind) {}
+
+    int accessKind = 0;  // 1 public, 2 protected, 3 private, 4 a word that stands as an access label
+};
+
+class BaseClauseNode : public Visitable<BaseClauseNode, TextLeafNode> {
+public:
+    BaseClauseNode() = default;
+    BaseClauseNode(int access, bool isVirtualBase, std::string nodeText, Position first, Position last)
+        : Visitable(std::move(nodeText), first, last), accessKind(access), isVirtual(isVirtualBase) {}
+
+    int accessKind = 0;  // 0 when the clause names none, else 1 to 3 as above
+    bool isVirtual = false;
+};
+
+// The whole head of a class up to its base clauses or body.
+class ClassNameNode : public Visitable<ClassNameNode, TextLeafNode> {
+public:
+    ClassNameNode() = default;
+    ClassNameNode(int key, std::string nodeText, Position first, Position last)
+        : Visitable(std::move(nodeText), first, last), classKey(key) {}
+
+    int classKey = 0;  // 0 class, 1 struct, 2 union
+};
+
+class EnumHeadNode : public Visitable<EnumHeadNode, TextLeafNode> {
+public:
+    using Visitable::Visitable;
+};
+
+class NamespaceHeadNode : public Visitable<NamespaceHeadNode, TextLeafNode> {
+public:
+    using Visitable::Visitable;
+};
+
+class ExprNode : public Visitable<ExprNode, TextLeafNode> {
+public:
+    using Visitable::Visitable;
+};
+
+// Arrives at the catch-all visit.
+class ArgNode : public TextLeafNode {
+public:
+    using TextLeafNode::TextLeafNode;
+    void accept(Emitter& emitter) override { emitter.visit(static_cast<SyntaxNode&>(*this)); }
+    std::unique_ptr<SyntaxNode> clone() const override { return std::make_unique<ArgNode>(*this); }
+};
+
+class ParameterNode : public Visitable<ParameterNode, TextLeafNode> {
+public:
+    using Visitable::Visitable;
+};
+
+class TypeNode : public Visitable<TypeNode, TextLeafNode> {
+public:
+    using Visitable::Visitable;
+};
+
+class FunctionReturnNode : public Visitable<FunctionReturnNode, TypeNode> {
+public:
+    using Visitable::Visitable;
+};
+
+}  // namespace Cpp
