@@ -1,0 +1,74 @@
+// The order of the stages. Each stage is a local object of one call; nothing survives a call but its output and its
+// messages.
+#include "Brevis_Formatter.h"
+
+#include <istream>
+#include <iterator>
+#include <ostream>
+#include <string>
+
+#include "Brevis_CppFormatter.h"
+#include "Cpp_Lexer.h"
+#include "Cpp_Nodes.h"
+#include "Cpp_Parser.h"
+#include "Vellum_LineEnds.h"
+
+namespace Brevis {
+
+namespace {
+
+constexpr const char* analyzingPhase = "Analyzing file:\n%s";
+constexpr const char* formattingPhase = "Formatting file:\n%s";
+constexpr const char* cancelledText = "Formatting cancelled at user's request.";
+
+// A remark on a tree that is usable as it is; any other report fails the text.
+constexpr int strayTokenCode = 2;
+
+int reportCancel(Trn::ParseMessageList& messages) {
+    messages.push_back({1, {}, 0, cancelledText});
+    return 1;
+}
+
+std::string readAll(std::istream& in) {
+    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    Vellum::normalizeLineEnds(text);
+    return text;
+}
+
+// Parses `text` into `root`. Gives the number of reports that fail the text, which it moves to `messages`.
+int parse(Cpp::Parser& parser, std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
+    Cpp::Lexer lexer(text);
+    Trn::ParseMessageList reports;
+    parser.parse(lexer, root, reports);
+    std::erase_if(reports, [](const Trn::ParseMessage& report) { return report.code == strayTokenCode; });
+    messages.insert(messages.end(), std::make_move_iterator(reports.begin()), std::make_move_iterator(reports.end()));
+    return static_cast<int>(reports.size());
+}
+
+}  // namespace
+
+int Formatter::format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
+                      Trn::ParseMessageList& messages, UpdateFunctor& update) const {
+    const std::string source = readAll(in);
+    Cpp::Parser parser;
+    std::string formatted;
+
+    if (!update(analyzingPhase)) return reportCancel(messages);
+    {
+        Cpp::RootNode root;
+        if (const int reports = parse(parser, source, root, messages)) return reports;
+        // Here the marked regions that are left alone will be folded into single comments.
+
+        if (!update(formattingPhase)) return reportCancel(messages);
+        CppFormatter formatter(source, properties);
+        root.accept(formatter);
+        formatted = formatter.takeText();
+    }
+    // Here the second pass will parse the formatted text anew and wrap its lines, if the scheme asks for it.
+
+    out.write(formatted.data(), static_cast<std::streamsize>(formatted.size()));
+    out.flush();
+    return 0;
+}
+
+}  // namespace Brevis
