@@ -1,0 +1,118 @@
+// Measures lexing, parsing and formatting in bytes a second, for one, ten and a hundred times the same text: a rate
+// that falls as the text grows tells of work that grows faster than the text. scripts/bench runs it.
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+#include "Brevis_Formatter.h"
+#include "Cpp_Lexer.h"
+#include "Cpp_Nodes.h"
+#include "Cpp_Parser.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string readFile(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) throw std::runtime_error("cannot read " + path.string());
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+const Brevis::PropertySet& scheme() {
+    static const Brevis::PropertySet scheme = [] {
+        std::ifstream in(fs::path(CORVANE_SOURCE_DIR) / "schemes" / "Corvane.fsc");
+        Brevis::PropertySet read;
+        read.read(in);
+        if (in.fail()) throw std::runtime_error("cannot read the shipped scheme");
+        return read;
+    }();
+    return scheme;
+}
+
+std::string repeated(const std::string& text, std::int64_t times) {
+    std::string result;
+    for (std::int64_t i = 0; i < times; ++i) result += text;
+    return result;
+}
+
+// The files under examples/, the way people write.
+std::string examples() {
+    std::string text;
+    for (const char* file : {"inventory.cpp", "ring_buffer.h", "settings.c"}) {
+        text += readFile(fs::path(CORVANE_SOURCE_DIR) / "examples" / file);
+    }
+    return text;
+}
+
+// One construct with many parts.
+struct Huge {
+    const char* name;
+    const char* before;
+    const char* part;
+    const char* after;
+};
+
+constexpr Huge hugeTexts[] = {
+    {"class", "class A\n{\n", "int a; // a\nvoid f(int b, const char* c) const;\n", "};\n"},
+    {"initializer list", "int a[] = {", "1, 0x2f, /* c */ f(3),\n", "4};\n"},
+    {"function", "void f()\n{\n", "for (int i = 0; i < n; ++i) { g(a[i] + 1, b); }\nint x = 1;\n", "}\n"},
+    {"enum", "enum E\n{\n", "a = 1, // a\nb,\n", "c\n};\n"},
+    {"comment", "/*\n", "    some words of a comment\n", "*/\n"},
+};
+
+std::size_t lexed(const std::string& text) {
+    Cpp::Lexer lexer(text);
+    std::size_t tokens = 0;
+    while (lexer.next().kind() != Trn::Kind::EndOfInput) ++tokens;
+    return tokens;
+}
+
+int parsed(const std::string& text) {
+    Cpp::Lexer lexer(text);
+    Cpp::RootNode root;
+    Trn::ParseMessageList messages;
+    Cpp::Parser().parse(lexer, root, messages);
+    return root.childCount();
+}
+
+std::size_t formatted(const std::string& text) {
+    std::istringstream in(text);
+    std::ostringstream out;
+    Trn::ParseMessageList messages;
+    Brevis::UpdateFunctor update;
+    const Brevis::FormatterProperties properties(scheme());
+    if (Brevis::Formatter().format(properties, in, out, messages, update) != 0) {
+        throw std::runtime_error("refused: " + messages.front().text);
+    }
+    return out.view().size();
+}
+
+template <class Stage>
+void run(benchmark::State& state, const std::string& text, Stage stage) {
+    for (auto round : state) benchmark::DoNotOptimize(stage(text));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+void lexing(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), lexed); }
+void parsing(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), parsed); }
+void formatting(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), formatted); }
+
+void formattingOneHuge(benchmark::State& state) {
+    const Huge& huge = hugeTexts[state.range(0)];
+    state.SetLabel(huge.name);
+    run(state, huge.before + repeated(huge.part, 1000 * state.range(1)) + huge.after, formatted);
+}
+
+BENCHMARK(lexing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(parsing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(formatting)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(formattingOneHuge)
+    ->ArgsProduct({benchmark::CreateDenseRange(0, std::size(hugeTexts) - 1, 1), {1, 10, 100}})
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace

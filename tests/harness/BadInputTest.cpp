@@ -1,0 +1,229 @@
+// Texts that no sane person writes: bottomless nesting, huge lines, unfinished and binary text. The engine must give
+// a clear answer in bounded time and lose nothing; and its time must grow with the text, not with its square.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ctime>
+#include <functional>
+
+#include "FormatRun.h"
+#include "Trn_Exception.h"
+
+namespace Harness {
+namespace {
+
+std::string repeated(const std::string& text, int times) {
+    std::string result;
+    result.reserve(text.size() * static_cast<std::size_t>(times));
+    for (int i = 0; i < times; ++i) result += text;
+    return result;
+}
+
+// Made when its test runs: every process of the suite builds this list, and the texts take megabytes.
+struct NamedText {
+    std::string name;
+    std::function<std::string()> text;
+};
+
+void PrintTo(const NamedText& text, std::ostream* os) { *os << text.name; }
+
+template <class Named>
+std::string testName(const testing::TestParamInfo<Named>& info) {
+    return info.param.name;
+}
+
+std::vector<Brevis::PropertySet> shippedSchemes() {
+    std::vector<Brevis::PropertySet> schemes;
+    for (const auto& entry : std::filesystem::directory_iterator(sourceDirectory() / "schemes")) {
+        if (entry.path().extension() == ".fsc") schemes.push_back(readScheme(entry.path()));
+    }
+    return schemes;
+}
+
+double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+// ---- Whatever the text: everything is kept, or the text is refused with a reason.
+
+class BadInputTest : public testing::TestWithParam<NamedText> {
+protected:
+    void expectClearAnswer(const Brevis::PropertySet& scheme, const std::string& input) {
+        try {
+            const FormatRun run = formatText(scheme, input);
+            EXPECT_EQ(run.result, static_cast<int>(run.messages.size()));
+            if (run.result == 0) {
+                EXPECT_EQ(lossIn(input, run.text), "");
+            } else {
+                EXPECT_EQ(run.text, "");
+            }
+        } catch (const Trn::Exception& exception) {
+            EXPECT_EQ(exception.message(), "The text is nested more than 1000 levels deep.");
+        }
+    }
+};
+
+TEST_P(BadInputTest, GetsAClearAnswerInTime) {
+    const std::string text = GetParam().text();
+    for (const Brevis::PropertySet& scheme : shippedSchemes()) {
+        const double start = processorSeconds();
+        expectClearAnswer(scheme, text);
+        EXPECT_LT(processorSeconds() - start, 20) << scheme.name();
+    }
+}
+
+constexpr int deep = 100'000;
+constexpr int many = 400'000;
+
+// `inner` with `deep` times `open` in front of it, once closed and once not.
+void addNested(std::vector<NamedText>& all, const std::string& name, const std::string& before, const std::string& open,
+               const std::string& close, const std::string& after) {
+    all.push_back({name, [=] { return before + repeated(open, deep) + "x" + repeated(close, deep) + after; }});
+    all.push_back({name + "Unclosed", [=] { return before + repeated(open, deep); }});
+}
+
+std::vector<NamedText> nestedTexts() {
+    std::vector<NamedText> all;
+    addNested(all, "Parentheses", "int y = ", "(", ")", ";\n");
+    addNested(all, "ParenthesesInABlock", "void f()\n{\ny = ", "(", ")", ";\n}\n");
+    addNested(all, "ParameterLists", "void f", "(int ", ")", ";\n");
+    addNested(all, "Calls", "void f()\n{\n", "g(", ")", ";\n}\n");
+    addNested(all, "Braces", "", "{", "}", "\n");
+    addNested(all, "BracesInAFunction", "void f()\n", "{\n", "}\n", "");
+    addNested(all, "BraceInitializers", "int y[] = ", "{", "}", ";\n");
+    addNested(all, "Brackets", "int y", "[", "]", ";\n");
+    addNested(all, "BracketsInABlock", "void f()\n{\ny", "[", "]", " = 1;\n}\n");
+    addNested(all, "AngleBrackets", "", "A<", ">", " y;\n");
+    addNested(all, "Ifs", "void f()\n{\n", "if (a) ", "", ";\n}\n");
+    addNested(all, "ElseIfs", "void f()\n{\n", "if (a) b(); else ", "", ";\n}\n");
+    addNested(all, "IfsWithBraces", "void f()\n{\n", "if (a)\n{\n", "}\n", "}\n");
+    addNested(all, "Classes", "", "class A\n{\n", "};\n", "");
+    addNested(all, "Namespaces", "", "namespace A\n{\n", "}\n", "");
+    addNested(all, "Templates", "", "template <class T, ", ">", " class A;\n");
+    addNested(all, "TemplateHeads", "", "template <class T>\n", "", ";\n");
+    addNested(all, "LinkageBlocks", "", "extern \"C\" {\n", "}\n", "");
+    addNested(all, "Conditionals", "", "#if A\n", "\n#endif\n", "\n");
+    addNested(all, "DeadConditionals", "#if 0\n", "#if A\n", "\n#endif\n", "#endif\n");
+    addNested(all, "Regions", "", "// CORVANE-OFF\n", "// CORVANE-ON\n", "\n");
+    addNested(all, "Switches", "void f()\n{\n", "switch (a) { case 1: ", "}", "}\n");
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(Nested, BadInputTest, testing::ValuesIn(nestedTexts()), testName<NamedText>);
+
+std::vector<NamedText> oddTexts() {
+    using namespace std::string_literals;
+    return {
+        {"Empty", [] { return ""s; }},
+        {"OneLineOfCode", [] { return repeated("x = y + f(1); ", many / 4); }},
+        {"OneLineOfOperators", [] { return "int x = 1" + repeated(" + 1", many) + ";\n"; }},
+        {"OneLineOfString", [] { return "char* s = \"" + repeated("abcdefg ", many) + "\";\n"; }},
+        {"OneLineOfComment", [] { return "/*" + repeated(" abcdefg", many) + "*/ int x;\n"; }},
+        {"OneWord", [] { return repeated("a", 10 * many); }},
+        {"ScopedWords", [] { return repeated("a::", many) + "b;\n"; }},
+        {"Blanks", [] { return repeated(" ", 10 * many) + "int x;\n"; }},
+        {"EmptyLines", [] { return "int x;" + repeated("\n", 10 * many) + "int y;\n"; }},
+        {"LessThanSigns", [] { return "bool b = " + repeated("a < ", many / 10) + "c;\n"; }},
+        {"LessThanSignsInABlock", [] { return "void f()\n{\nb = " + repeated("a < ", many / 10) + "c;\n}\n"; }},
+        {"Stars", [] { return "int " + repeated("*", many) + "p;\n"; }},
+        {"Commas", [] { return "int a" + repeated(", a", many) + ";\n"; }},
+        {"Semicolons", [] { return repeated(";", many); }},
+        {"ClosingBraces", [] { return repeated("}", many); }},
+        {"Hashes", [] { return repeated("#\n", many); }},
+        {"Strings", [] { return "char* s = " + repeated("\"a\" ", many) + ";\n"; }},
+        {"Macros", [] { return repeated("MACRO(a)\n", many / 10); }},
+        {"NulBytes", [] { return "int\0x\0=\0 1;\0\n/* \0 */ char* s = \"a\0b\";\n"s; }},
+        {"HighBytes",
+         [] { return "\xef\xbb\xbfint gr\xc3\xb6\xc3\x9f\x65 = 1; // \xff\xfe\nchar* s = \"\xe4\";\xa0\n"s; }},
+        {"StrayCharacters", [] { return "int $x = @y; \\ int `z`; 100i64 \\\nint a;\n"s; }},
+        {"CarriageReturns", [] { return "int x;\r\rint y;\r\n\r\n/* a\r\n   b */\rint z;\r"s; }},
+        {"UnfinishedComment", [] { return "int x;\n/* and so on\nint y;\n"s; }},
+        {"UnfinishedString", [] { return "char* s = \"abc;\nint y;\n"s; }},
+        {"UnfinishedCharacter", [] { return "char c = 'a;\nint y;\n"s; }},
+        {"UnfinishedDeadRegion", [] { return "int x;\n#if 0\nint y;\n"s; }},
+        {"UnfinishedRegion", [] { return "int x;\n// CORVANE-OFF\nint y;\n"s; }},
+        {"DirectiveWithoutLineEnd", [] { return "#define A \\"s; }},
+        {"LineCommentContinued", [] { return "// a \\\nint x;\nint y; // b \\"s; }},
+        {"FormFeedsAndTabs", [] { return "\f\v\tint\tx\f;\v\n\f\nvoid f()\t{\fg();\v}\n"s; }},
+    };
+}
+
+INSTANTIATE_TEST_SUITE_P(Odd, BadInputTest, testing::ValuesIn(oddTexts()), testName<NamedText>);
+
+TEST(BadInput, UnfinishedTextIsRefusedWithItsPlace) {
+    const Brevis::PropertySet scheme("any");
+    for (const char* text : {"int x;\n/* and so on\n", "int x;\n#if 0\n", "int x;\n// CORVANE-OFF\n", "void f() {\n"}) {
+        const FormatRun run = formatText(scheme, text);
+        ASSERT_EQ(run.messages.size(), 1U) << text;
+        EXPECT_EQ(run.messages.front().text, "Unexpected EOF found.") << text;
+        EXPECT_GE(run.messages.front().position.line, 1) << text;
+    }
+}
+
+// ---- Growth: ten times the text may take some ten times the time. The bound leaves room for a noisy machine and
+// ---- still catches work that grows with the square, which would take a hundred times as long.
+
+struct Growing {
+    std::string name;
+    std::function<std::string(int)> text;  // for a number of repetitions
+};
+
+void PrintTo(const Growing& growing, std::ostream* os) { *os << growing.name; }
+
+class GrowthTest : public testing::TestWithParam<Growing> {
+protected:
+    static double fastestOf3(const Brevis::PropertySet& scheme, const std::string& text) {
+        double fastest = 1e9;
+        for (int i = 0; i < 3; ++i) {
+            const double start = processorSeconds();
+            EXPECT_EQ(formatText(scheme, text).result, 0);
+            fastest = std::min(fastest, processorSeconds() - start);
+        }
+        return fastest;
+    }
+};
+
+TEST_P(GrowthTest, TakesTimeInProportionToTheText) {
+    for (const Brevis::PropertySet& scheme : shippedSchemes()) {
+        const double once = fastestOf3(scheme, GetParam().text(2'000));
+        const double tenTimes = fastestOf3(scheme, GetParam().text(20'000));
+        EXPECT_LT(tenTimes, 30 * std::max(once, 0.001)) << scheme.name() << ": " << once << " s, then " << tenTimes;
+    }
+}
+
+// A text of `before`, the repeated stretch and `after`.
+Growing growing(const std::string& name, const std::string& before, const std::string& stretch,
+                const std::string& after) {
+    return {name, [=](int times) { return before + repeated(stretch, times) + after; }};
+}
+
+const std::vector<Growing>& growingTexts() {
+    static const std::vector<Growing> texts{
+        growing("Functions", "", "int f(int a, char* b)\n{\nif (a) { return *b; }\nelse return 0;\n}\n", ""),
+        growing("OneClass", "class A\n{\n", "int a; // a\nvoid f(int b, const char* c) const;\n", "};\n"),
+        growing("OneBaseList", "class A : public B", ", public B", "\n{\n};\n"),
+        growing("OneFunction", "void f()\n{\n", "for (int i = 0; i < n; ++i) g(a[i] + 1, b);\nint x = 1;\n", "}\n"),
+        growing("OneSwitch", "void f()\n{\nswitch (a)\n{\n", "case 1:\ng();\nbreak;\n", "}\n}\n"),
+        growing("ControlStatements", "void f()\n{\n", "if (a) { b(); }\nwhile (c) d();\n", "}\n"),
+        growing("OneInitializer", "int a[] = {", "1, 0x2f, /* c */ f(3),\n", "4};\n"),
+        growing("OneConstructor", "A::A() : a(1)", ", b(c, 2)", "\n{\n}\n"),
+        growing("OneEnum", "enum E\n{\n", "a = 1, // a\nb,\n", "c\n};\n"),
+        growing("OneComment", "void f()\n{\n/*\n", "    some words of a comment\n", "*/\n}\n"),
+        growing("OneExpression", "void f()\n{\na = b", " + (c * 2)", ";\n}\n"),
+        growing("OneCall", "void f()\n{\ng(a", ", b + 1", ");\n}\n"),
+        growing("OneParameterList", "void f(int a", ", int* b", ");\n"),
+        growing("OneTemplate", "template <class T", ", class U", ">\nclass A;\n"),
+        growing("OneTemplateArgumentList", "A<int", ", B<C>", "> x;\n"),
+        growing("OneDirective", "#define A \\\n", "    some(words) \\\n", "end\n"),
+        growing("OneDeadRegion", "#if 0\n", "#ifdef A\nint x;\n#endif\n", "#endif\n"),
+        growing("OneRegion", "// CORVANE-OFF\n", "int x; // a\n", "// CORVANE-ON\n"),
+        growing("OneNamespace", "namespace N\n{\n", "int x = 1; /* a */\ntypedef int* y;\n", "}\n"),
+        growing("Declarators", "int a = 1", ", *b = 0", ";\n"),
+        growing("CommentsInAGap", "void f(", "/* a */ // b\n", "int a);\n"),
+        growing("Directives", "", "#define A(x) x\n#ifdef B\nint x;\n#endif\n", ""),
+    };
+    return texts;
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, GrowthTest, testing::ValuesIn(growingTexts()), testName<Growing>);
+
+}  // namespace
+}  // namespace Harness

@@ -1,0 +1,28 @@
+// The golden cases under tests/golden, found by directory. CONTRIBUTING.md tells how the files are named.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace Harness {
+
+struct GoldenCase {
+    std::string name;  // topic/input.scheme
+    std::filesystem::path input;
+    std::filesystem::path scheme;    // empty if there is none of that name
+    std::filesystem::path expected;  // the formatted text, or the messages if `refused`
+    bool refused = false;
+};
+
+struct GoldenFiles {
+    std::vector<GoldenCase> cases;     // ordered by name
+    std::vector<std::string> orphans;  // files that belong to no case, each with what it lacks
+};
+
+std::filesystem::path goldenDirectory();
+
+// Looks at every file below the directory once.
+GoldenFiles findGoldenFiles();
+
+}  // namespace Harness

@@ -1,0 +1,88 @@
+// Runs every golden case in three ways, and checks that the files under tests/golden belong together.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "FormatRun.h"
+#include "GoldenCase.h"
+
+namespace Harness {
+namespace {
+
+bool updating() { return std::getenv("CORVANE_UPDATE_GOLDEN") != nullptr; }
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string withCarriageReturns(const std::string& text) {
+    std::string result;
+    for (const char c : text) result += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return result;
+}
+
+bool mayChangeAgain(const std::string& caseName) {
+    const std::vector<std::string> known = readExceptions(goldenDirectory() / "second-run.txt");
+    return std::find(known.begin(), known.end(), caseName) != known.end();
+}
+
+class GoldenTest : public testing::TestWithParam<GoldenCase> {
+protected:
+    // The formatted text, or the messages of a case that must be refused.
+    std::string outcome(const std::string& input) const {
+        const FormatRun run = formatText(readScheme(GetParam().scheme), input);
+        EXPECT_EQ(run.result != 0, GetParam().refused) << messageLines(run.messages);
+        EXPECT_EQ(run.result, static_cast<int>(run.messages.size()));
+        EXPECT_TRUE(run.result == 0 || run.text.empty());
+        return run.result != 0 ? messageLines(run.messages) : run.text;
+    }
+};
+
+TEST_P(GoldenTest, ComesOutAsExpected) {
+    const std::string input = readFile(GetParam().input);
+    const std::string actual = outcome(input);
+    if (updating()) {
+        writeFile(GetParam().expected, actual);
+        return;
+    }
+    EXPECT_EQ(actual, readFile(GetParam().expected));
+    EXPECT_EQ(outcome(withCarriageReturns(input)), actual) << "with carriage returns";
+    if (GetParam().refused) return;
+    EXPECT_EQ(lossIn(input, actual), "");
+    if (mayChangeAgain(GetParam().name)) {
+        EXPECT_NE(outcome(actual), actual) << "stands in second-run.txt, and its second run changes nothing any more";
+    } else {
+        EXPECT_EQ(outcome(actual), actual) << "second run";
+    }
+}
+
+std::string testName(const testing::TestParamInfo<GoldenCase>& info) {
+    std::string name = info.param.name;
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(findGoldenFiles().cases), testName);
+
+// A case that gets lost by a slip in a name would go unnoticed otherwise.
+TEST(GoldenFiles, BelongTogetherAndAreAllThere) {
+    const GoldenFiles files = findGoldenFiles();
+    for (const std::string& orphan : files.orphans) ADD_FAILURE() << orphan;
+
+    const std::filesystem::path countFile = goldenDirectory() / "count.txt";
+    const std::string count = std::to_string(files.cases.size()) + '\n';
+    if (updating()) writeFile(countFile, count);
+    EXPECT_EQ(readFile(countFile), count);
+
+    for (const std::string& name : readExceptions(goldenDirectory() / "second-run.txt")) {
+        EXPECT_TRUE(std::any_of(files.cases.begin(), files.cases.end(),
+                                [&name](const GoldenCase& golden) { return golden.name == name; }))
+            << "second-run.txt names no case: " << name;
+    }
+}
+
+}  // namespace
+}  // namespace Harness

@@ -1,0 +1,146 @@
+// Formats code that nobody here wrote, under every shipped scheme: the files of three Debian packages. Whatever a
+// scheme does, nothing may be lost, and a second run should find nothing left to do. The files for which a run is
+// refused or a second run changes something stand in lists with the reasons; a list that no longer holds fails.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <set>
+
+#include "FormatRun.h"
+
+namespace Harness {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct RealCode {
+    std::string package;  // Debian's name, without architecture
+    std::string scheme;
+};
+
+bool isSource(const fs::path& path) {
+    static const std::set<std::string> extensions{"", ".c", ".cc", ".cpp", ".h", ".hh", ".hpp", ".tcc"};
+    const std::string folder = path.string();
+    const bool named = folder.starts_with("/usr/include/") || folder.starts_with("/usr/src/");
+    return named && extensions.contains(path.extension().string()) && fs::is_regular_file(path) &&
+           !fs::is_symlink(path);
+}
+
+// The sources among the files of a package, by the list that the package manager keeps; empty if it is not installed.
+std::vector<fs::path> sourcesOf(const std::string& package) {
+    std::vector<fs::path> sources;
+    const fs::path lists = "/var/lib/dpkg/info";
+    if (!fs::exists(lists)) return sources;
+    for (const fs::directory_entry& entry : fs::directory_iterator(lists)) {
+        const std::string name = entry.path().filename().string();
+        const bool ofPackage =
+            name == package + ".list" || (name.starts_with(package + ":") && name.ends_with(".list"));
+        if (!ofPackage) continue;
+        std::ifstream list(entry.path());
+        for (std::string line; std::getline(list, line);) {
+            if (isSource(line)) sources.emplace_back(line);
+        }
+    }
+    return sources;
+}
+
+// The names of a list of exceptions that belong to one test, and those of them that were met.
+class Exceptions {
+public:
+    Exceptions(const std::string& file, const std::string& prefix) : file_(file) {
+        for (const std::string& name : readExceptions(sourceDirectory() / "tests" / "realcode" / file)) {
+            if (name.starts_with(prefix)) open_.insert(name.substr(prefix.size()));
+        }
+    }
+
+    // Tells of an exception that is not listed; `what` says what is wrong with the file.
+    void met(const fs::path& path, const std::string& what) {
+        if (open_.erase(path.string()) == 0)
+            ADD_FAILURE() << path.string() << ", not listed in " << file_ << ": " << what;
+    }
+
+    // To be called when all sources were seen: what is still open has been mended, or is gone from the package.
+    void expectAllMet(const std::vector<fs::path>& sources) const {
+        for (const std::string& name : open_) {
+            EXPECT_EQ(std::count(sources.begin(), sources.end(), fs::path(name)), 0)
+                << name << " is listed in " << file_ << " for no reason any more";
+        }
+    }
+
+private:
+    std::string file_;
+    std::set<std::string> open_;
+};
+
+class RealCodeTest : public testing::TestWithParam<RealCode> {
+protected:
+    // True if the file was formatted.
+    bool check(const fs::path& path) {
+        const std::string input = readFile(path);
+        const FormatRun run = formatText(scheme_, input);
+        if (run.result != 0) {
+            EXPECT_EQ(run.text, "") << path;
+            EXPECT_EQ(run.result, static_cast<int>(run.messages.size())) << path;
+            refused_.met(path, messageLines(run.messages));
+            return false;
+        }
+        EXPECT_EQ(lossIn(input, run.text), "") << path;
+        const FormatRun second = formatText(scheme_, run.text);
+        if (second.text != run.text) unstable_.met(path, "a second run changes it: " + changeIn(run.text, second.text));
+        return true;
+    }
+
+    // The first line that differs.
+    static std::string changeIn(const std::string& before, const std::string& after) {
+        const auto [a, b] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+        const auto line = std::count(before.begin(), a, '\n') + 1;
+        return "line " + std::to_string(line) + " \"" + lineAt(before, a) + "\" becomes \"" + lineAt(after, b) + '"';
+    }
+
+    static std::string lineAt(const std::string& text, std::string::const_iterator at) {
+        const auto offset = static_cast<std::size_t>(at - text.begin());
+        const std::size_t from = offset == 0 ? 0 : text.rfind('\n', offset - 1) + 1;
+        return text.substr(from, text.find('\n', from) - from);
+    }
+
+    Brevis::PropertySet scheme_ = readScheme(sourceDirectory() / "schemes" / (GetParam().scheme + ".fsc"));
+    Exceptions refused_{"refused.txt", ""};
+    Exceptions unstable_{"second-run.txt", GetParam().scheme + ' '};
+};
+
+TEST_P(RealCodeTest, KeepsEverythingAndSettles) {
+    const std::vector<fs::path> sources = sourcesOf(GetParam().package);
+    if (sources.empty())
+        GTEST_SKIP() << "package " << GetParam().package << " is not installed; scripts/test installs it";
+    const auto formatted =
+        std::count_if(sources.begin(), sources.end(), [this](const fs::path& path) { return check(path); });
+    refused_.expectAllMet(sources);
+    unstable_.expectAllMet(sources);
+    // The lists must not swallow the test.
+    EXPECT_GE(formatted * 10, static_cast<std::ptrdiff_t>(sources.size()) * 9);
+    std::cout << GetParam().package << ": " << formatted << " of " << sources.size() << " files formatted\n";
+}
+
+std::vector<RealCode> allRealCode() {
+    std::vector<RealCode> all;
+    for (const std::string package : {"googletest", "libstdc++-12-dev", "libc6-dev"}) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(sourceDirectory() / "schemes")) {
+            if (entry.path().extension() == ".fsc") all.push_back({package, entry.path().stem().string()});
+        }
+    }
+    return all;
+}
+
+std::string testName(const testing::TestParamInfo<RealCode>& info) {
+    std::string name = info.param.package + '_' + info.param.scheme;
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Packages, RealCodeTest, testing::ValuesIn(allRealCode()), testName);
+
+}  // namespace
+}  // namespace Harness
