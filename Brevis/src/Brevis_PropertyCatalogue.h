@@ -2,8 +2,10 @@
 // feeds the readers of the keys, the tests, the reference page and the scheme editor; nothing else spells a key out.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 namespace Brevis {
@@ -457,6 +459,14 @@ constexpr const PropertyInfo* find(std::string_view key) {
         if (property.key == key) return &property;
     }
     return nullptr;
+}
+
+// Whether a key belongs to the vocabulary, that of old schemes included.
+constexpr bool isKnown(std::string_view key) {
+    constexpr auto isOneOf = [](const auto& keys, std::string_view wanted) {
+        return std::find(std::begin(keys), std::end(keys), wanted) != std::end(keys);
+    };
+    return find(key) != nullptr || isOneOf(reservedKeys, key) || isOneOf(oldKeys, key);
 }
 
 }  // namespace Catalogue

@@ -1,0 +1,166 @@
+// The steps of the file job, in their order.
+#include "BrevisUI_FileJob.h"
+
+#include <exception>
+#include <new>
+#include <sstream>
+
+#include "BrevisUI_Files.h"
+#include "BrevisUI_Messages.h"
+#include "Brevis_Formatter.h"
+
+namespace BrevisUI {
+
+namespace {
+
+void sendUnexpected(FormatHost& host, const std::string& path, const std::string& details) {
+    host.send(fillIn(Message::unexpected, details) + fillIn(Message::notFormatted, path), Severity::error);
+}
+
+// Runs `work`, turning whatever it throws into messages and `failed`.
+template <class Work, class Result>
+Result guarded(FormatHost& host, const std::string& path, Work work, Result failed) {
+    try {
+        return work();
+    } catch (const Trn::Exception& exception) {
+        sendUnexpected(host, path, exception.message());
+    } catch (const std::bad_alloc&) {
+        const std::string text(Message::outOfMemory);
+        host.alert(text);
+        host.send(text, Severity::error);
+    } catch (const std::exception& exception) {
+        sendUnexpected(host, path, exception.what());
+    } catch (...) {
+        sendUnexpected(host, path, "");
+    }
+    return failed;
+}
+
+// One run of the pipeline: the formatted text, or nothing and the messages that tell why.
+std::optional<std::string> runPipeline(const Brevis::PropertySet& scheme, std::istream& source,
+                                       Trn::ParseMessageList& messages, Brevis::UpdateFunctor& update) {
+    std::ostringstream formatted;
+    const Brevis::FormatterProperties properties(scheme);
+    if (Brevis::Formatter().format(properties, source, formatted, messages, update) != 0) return std::nullopt;
+    return std::move(formatted).str();
+}
+
+// A cancel inside the pipeline ends here as well as a syntax error does.
+void sendRefusal(FormatHost& host, const std::string& path, const Trn::ParseMessageList& messages) {
+    for (const Trn::ParseMessage& message : messages) host.send(parseMessageLine(path, message), message.severity);
+    host.send(parseFailedMessage(path), Severity::error);
+}
+
+class FileJob {
+public:
+    FileJob(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme, FileProgressDlg* progress)
+        : host_(host), path_(path), scheme_(scheme), progress_(progress), showPhase_(progress, path) {}
+
+    FileResult run();
+
+private:
+    FileResult refuse(std::string_view message);
+    // Whether the user has cancelled; events that wait act first.
+    bool isCancelled() const;
+    // The reason why the file can't be formatted in place, or null.
+    const std::string_view* obstacle() const;
+    std::optional<std::string> format(std::istream& source, Trn::ParseMessageList& messages);
+    bool takeBackup() const;
+    bool write(const std::string& formatted, const std::string& source) const;
+
+    FormatHost& host_;
+    const std::string& path_;
+    const Brevis::PropertySet& scheme_;
+    FileProgressDlg* progress_;
+    FileProgressDlg::UpdateFunction showPhase_;
+};
+
+FileResult FileJob::run() {
+    if (isCancelled()) return FileResult::Cancelled;
+    if (progress_) progress_->resetBar();
+    showPhase_(Phase::open);
+    host_.send(fillIn(Message::starting, path_), Severity::information);
+
+    if (const std::string_view* message = obstacle()) return refuse(*message);
+    if (hasNoContents(path_)) {
+        showPhase_(Phase::done);
+        return FileResult::Empty;
+    }
+    // Read to the end before anything runs: a file that breaks off must not be written back as if it were whole.
+    std::string text;
+    if (!readFile(path_, text)) return refuse(Message::unreadable);
+    std::istringstream source(std::move(text));
+
+    if (isCancelled()) return FileResult::Cancelled;
+    Trn::ParseMessageList messages;
+    const std::optional<std::string> formatted = format(source, messages);
+    if (!formatted) {
+        showPhase_(Phase::refuse);
+        sendRefusal(host_, path_, messages);
+        return FileResult::Refused;
+    }
+
+    showPhase_(Phase::write);
+    if (host_.createBackups() && !takeBackup()) return refuse(Message::noBackup);
+    const bool written = write(*formatted, std::move(source).str());
+    if (!written) refuse(Message::writeFailed);
+    showPhase_(Phase::done);
+    return written ? FileResult::Formatted : FileResult::Refused;
+}
+
+FileResult FileJob::refuse(std::string_view message) {
+    host_.send(fillIn(message, path_), Severity::error);
+    return FileResult::Refused;
+}
+
+bool FileJob::isCancelled() const {
+    if (!progress_) return false;
+    host_.letUserInterfaceRun();
+    return progress_->isCancelled();
+}
+
+const std::string_view* FileJob::obstacle() const {
+    if (!fileExists(path_)) return &Message::missing;
+    if (!fileIsReadable(path_) || !fileIsWritable(path_)) return &Message::noPermission;
+    if (isDirectory(path_)) return &Message::unreadable;
+    return nullptr;
+}
+
+std::optional<std::string> FileJob::format(std::istream& source, Trn::ParseMessageList& messages) {
+    if (progress_) return runPipeline(scheme_, source, messages, showPhase_);
+    // The functor of the dialog would stop the run, having no dialog.
+    Brevis::UpdateFunctor neverCancels;
+    return runPipeline(scheme_, source, messages, neverCancels);
+}
+
+bool FileJob::takeBackup() const { return copyFile(path_, path_ + "." + host_.backupExtension()); }
+
+// When the write breaks off, the source goes back into the file if it still can: its old space has just come free.
+bool FileJob::write(const std::string& formatted, const std::string& source) const {
+    if (writeFile(path_, formatted, WriteMode::Text)) return true;
+    writeFile(path_, source, WriteMode::Binary);
+    return false;
+}
+
+}  // namespace
+
+FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+                      FileProgressDlg* progress) {
+    return guarded(
+        host, path, [&] { return FileJob(host, path, scheme, progress).run(); }, FileResult::Refused);
+}
+
+std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+                                      std::string source) {
+    const auto work = [&]() -> std::optional<std::string> {
+        std::istringstream in(std::move(source));
+        Trn::ParseMessageList messages;
+        Brevis::UpdateFunctor neverCancels;
+        std::optional<std::string> formatted = runPipeline(scheme, in, messages, neverCancels);
+        if (!formatted) sendRefusal(host, path, messages);
+        return formatted;
+    };
+    return guarded(host, path, work, std::optional<std::string>());
+}
+
+}  // namespace BrevisUI

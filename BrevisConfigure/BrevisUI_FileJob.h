@@ -1,0 +1,30 @@
+// The file job: formats one file in place. It tests the file, runs the pipeline, takes the backup and writes the result
+// over the file; every way out but that of an empty file and of a cancel leaves a message.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "BrevisUI_FileProgressDlg.h"
+#include "BrevisUI_FormatHost.h"
+#include "Brevis_PropertySet.h"
+
+namespace BrevisUI {
+
+enum class FileResult {
+    Formatted,
+    Empty,      // nothing to do: neither read nor written
+    Refused,    // messages tell why; the file is as it was, save where writing it failed
+    Cancelled,  // before the pipeline ran
+};
+
+// `progress` may be null; then nothing can cancel the run. No exception of the pipeline comes out.
+FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+                      FileProgressDlg* progress = nullptr);
+
+// The job's middle part for a host that reads and writes by itself: the formatted text, or nothing once the messages of
+// the failure have been sent. `path` names the text in them.
+std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+                                      std::string source);
+
+}  // namespace BrevisUI

@@ -1,0 +1,77 @@
+// Disk access of the file job, on a POSIX system.
+#include "BrevisUI_Files.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace BrevisUI {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+}  // namespace
+
+bool fileExists(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
+
+bool fileIsReadable(const std::string& path) { return access(path.c_str(), R_OK) == 0; }
+
+bool fileIsWritable(const std::string& path) {
+    constexpr fs::perms writeBits = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    return !error && (status.permissions() & writeBits) != fs::perms::none && access(path.c_str(), W_OK) == 0;
+}
+
+bool isDirectory(const std::string& path) {
+    std::error_code error;
+    return fs::is_directory(path, error);
+}
+
+// A pipe or a device counts as empty here: it has no size, and it can't be written over.
+bool hasNoContents(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(path, error);
+    return error || size == 0;
+}
+
+bool readStream(std::FILE* stream, std::string& text) {
+    constexpr std::size_t chunk = 1 << 16;
+    text.clear();
+    std::size_t count = 0;
+    do {
+        const std::size_t old = text.size();
+        if (text.capacity() < old + chunk) text.reserve(2 * old + chunk);
+        text.resize(old + chunk);
+        count = std::fread(text.data() + old, 1, chunk, stream);
+        text.resize(old + count);
+    } while (count == chunk);
+    return std::ferror(stream) == 0;
+}
+
+bool readFile(const std::string& path, std::string& text) {
+    const File file(std::fopen(path.c_str(), "rb"));
+    return file && readStream(file.get(), text);
+}
+
+bool writeFile(const std::string& path, const std::string& text, WriteMode mode) {
+    File file(std::fopen(path.c_str(), mode == WriteMode::Text ? "w" : "wb"));
+    if (!file) return false;
+    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
+    // What the system holds back may fail only now.
+    return std::fclose(file.release()) == 0 && written;
+}
+
+bool copyFile(const std::string& from, const std::string& to) {
+    std::error_code error;
+    return fs::copy_file(from, to, fs::copy_options::overwrite_existing, error) && !error;
+}
+
+}  // namespace BrevisUI

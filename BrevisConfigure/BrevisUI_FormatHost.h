@@ -1,0 +1,24 @@
+// What the file job asks of the program that runs it.
+#pragma once
+
+#include <string>
+
+namespace BrevisUI {
+
+class FormatHost {
+public:
+    virtual ~FormatHost() = default;
+
+    // One message without a line end, its severity one of BrevisUI::Severity. The host filters and shows it.
+    virtual void send(const std::string& text, int severity) = 0;
+    // Lets waiting events act, such as a press of the cancel button.
+    virtual void letUserInterfaceRun() {}
+    // A text that must not be overlooked. The job sends it as a message too.
+    virtual void alert(const std::string& /*text*/) {}
+
+    // Whether a file is copied before it is written over, and the extension of the copy, without a dot.
+    virtual bool createBackups() const = 0;
+    virtual std::string backupExtension() const = 0;
+};
+
+}  // namespace BrevisUI

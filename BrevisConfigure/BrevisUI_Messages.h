@@ -1,0 +1,62 @@
+// Every text that the file job shows to a user, and the form of a message about a place in a file. Patterns have one
+// %s for their subject.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Trn_ParseMessage.h"
+
+namespace BrevisUI {
+
+// The severities of messages; a host hides those below its threshold.
+namespace Severity {
+
+inline constexpr int information = 1, warning = 2, error = 3;
+
+}  // namespace Severity
+
+// The phases of a run. The pipeline has two more of the family.
+namespace Phase {
+
+inline constexpr const char* open = "Opening file:\n%s";
+inline constexpr const char* write = "Writing file:\n%s";
+inline constexpr const char* done = "Completed file:\n%s";
+inline constexpr const char* refuse = "The file will not be formatted:\n%s";
+
+}  // namespace Phase
+
+// The subject of each is the path, save where said otherwise.
+namespace Message {
+
+inline constexpr std::string_view starting = "Formatting \"%s\".";
+inline constexpr std::string_view missing = "The file \"%s\" cannot be found.";
+inline constexpr std::string_view noPermission =
+    "The file \"%s\" does not have read/write permissions and cannot be formatted.";
+inline constexpr std::string_view unreadable =
+    "Corvane C++ was unable to read the contents of the file \"%s\". The file will not be formatted.";
+inline constexpr std::string_view noBackup =
+    "Corvane C++ was unable to create a backup file for the file \"%s\". The file will not be formatted.";
+inline constexpr std::string_view writeFailed =
+    "Corvane C++ was unable to write the formatted text back to the file \"%s\". The file will not be formatted.";
+// The subject is what the exception tells. The next text follows it.
+inline constexpr std::string_view unexpected =
+    "An unexpected error has occurred. The current Corvane C++ operation has failed. Please contact Vellum Software "
+    "Technical Support and report the following details: %s";
+inline constexpr std::string_view notFormatted = " The file \"%s\" will not be formatted.";
+// Without a subject.
+inline constexpr std::string_view outOfMemory =
+    "Corvane C++ is out of memory. Please try closing applications before attempting to run this application again.";
+
+}  // namespace Message
+
+// The pattern with `subject` in the place of its first %s.
+std::string fillIn(std::string_view pattern, std::string_view subject);
+
+// What is sent last when a file couldn't be parsed. It holds two addresses, which are constants of the build.
+std::string parseFailedMessage(std::string_view path);
+
+// A message about a place in a file: `a.cpp(12) : error: col 7: Expected "(".`
+std::string parseMessageLine(std::string_view path, const Trn::ParseMessage& message);
+
+}  // namespace BrevisUI

@@ -1,0 +1,109 @@
+// Reads the arguments with CLI11; the rules for combining options stand in `complaintAbout`.
+#include "Console_FormatOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+namespace Console {
+
+namespace {
+
+constexpr const char* versionText = "corvane-format (Corvane C++) " CORVANE_VERSION_TEXT
+                                    "\n"
+                                    "Copyright (C) Vellum Software\n";
+
+constexpr const char* helpText =
+    R"(Usage: corvane-format [OPTION]... [FILE]...
+Format C and C++ source files under a scheme file. Only white space changes.
+
+Without FILE, or where FILE is -, standard input is read. The formatted text goes
+to standard output, unless one of -i, --check and --diff asks for something else.
+
+  -s, --scheme=FILE           the scheme file; without this option the nearest
+                                .corvane.fsc in the source file's directory or one
+                                of its parents, else the scheme Corvane that comes
+                                with the program
+  -i, --in-place              write each file back
+      --backup[=EXT]          with -i: keep the source as FILE.EXT; EXT is bak
+                                unless given
+      --check                 write nothing; name each file that would change
+      --diff                  write nothing; show what would change as a unified
+                                diff, in colours on a terminal
+      --assume-filename=PATH  the path of standard input, for messages and for the
+                                search for a scheme; without this option <stdin>
+                                and the current directory
+      --threshold=N           leave out messages of a severity below N, 0 to 3, 2
+                                unless given: 1 is information, 2 a warning, 3 an
+                                error
+      --help                  show this help and exit
+      --version               show the version and exit
+
+Messages go to standard error. A file that can't be read or parsed gives its
+messages and no output, and is left as it is; the other files are still done.
+
+--check and --diff may be combined. -i takes neither of them and no standard
+input; --backup needs -i; --assume-filename needs standard input, which can be
+named only once.
+
+Exit status:
+  0  if all went well and, with --check or --diff, nothing would change,
+  1  if --check or --diff found a file that would change,
+  2  if a file was refused or failed, or the scheme or the arguments are bad.
+)";
+
+void addOptions(CLI::App& app, FormatOptions& options) {
+    app.set_help_flag("--help");
+    app.set_version_flag("--version", versionText);
+    app.add_option("-s,--scheme", options.scheme)->type_name("FILE");
+    app.add_flag("-i,--in-place", options.inPlace)->disable_flag_override();
+    // A flag with a text: unlike an option it takes a value only behind an equals sign.
+    app.add_flag("--backup{bak}", options.backupExtension);
+    app.add_flag("--check", options.check)->disable_flag_override();
+    app.add_flag("--diff", options.diff)->disable_flag_override();
+    app.add_option("--assume-filename", options.assumeFilename)->type_name("PATH");
+    app.add_option("--threshold", options.threshold)->type_name("N")->check(CLI::Range(0, 3).description(""));
+    app.add_option("FILE", options.files);
+}
+
+// What is wrong with the combination of the options, or nothing. An empty value is no value.
+std::string complaintAbout(const CLI::App& app, const FormatOptions& options) {
+    const auto standardInputs = std::count(options.files.begin(), options.files.end(), standardInput);
+    if (app.count("--scheme") > 0 && options.scheme.empty()) return "--scheme needs the name of a file";
+    if (app.count("--assume-filename") > 0 && options.assumeFilename.empty()) return "--assume-filename needs a path";
+    if (options.inPlace && options.check) return "--in-place and --check cannot be combined: --check writes nothing";
+    if (options.inPlace && options.diff) return "--in-place and --diff cannot be combined: --diff writes nothing";
+    if (options.createBackups && !options.inPlace) return "--backup has no meaning without --in-place";
+    if (options.backupExtension.find('/') != std::string::npos) return "the extension of --backup cannot hold a slash";
+    if (options.inPlace && standardInputs > 0) return "--in-place needs files: standard input cannot be written back";
+    if (standardInputs > 1) return "standard input can be read only once";
+    if (!options.assumeFilename.empty() && standardInputs == 0) {
+        return "--assume-filename has no meaning unless standard input is read";
+    }
+    return {};
+}
+
+FormatCommand failure(const std::string& complaint) { return {FormatCommand::Action::Fail, {}, complaint}; }
+
+}  // namespace
+
+FormatCommand parseFormatArguments(int argc, const char* const* argv) {
+    FormatCommand command;
+    FormatOptions& options = command.options;
+    CLI::App app;
+    addOptions(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        return {FormatCommand::Action::ShowText, {}, helpText};
+    } catch (const CLI::CallForVersion&) {
+        return {FormatCommand::Action::ShowText, {}, versionText};
+    } catch (const CLI::ParseError& error) {
+        return failure(error.what());
+    }
+    options.createBackups = app.count("--backup") > 0;
+    if (options.files.empty()) options.files.emplace_back(standardInput);
+    const std::string complaint = complaintAbout(app, options);
+    return complaint.empty() ? command : failure(complaint);
+}
+
+}  // namespace Console

@@ -1,0 +1,36 @@
+// The command line of corvane-format: its options, the rules for combining them and its help text.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Console {
+
+inline constexpr std::string_view standardInput = "-";
+
+struct FormatOptions {
+    std::vector<std::string> files;  // in the order given, never empty; "-" is standard input
+    std::string scheme;              // empty: search for one
+    bool inPlace = false;
+    bool check = false;
+    bool diff = false;
+    bool createBackups = false;
+    std::string backupExtension = "bak";
+    int threshold = 2;           // of message severities, 0 to 3
+    std::string assumeFilename;  // empty: not given
+};
+
+// What the program is to do with its arguments.
+struct FormatCommand {
+    enum class Action { Run, ShowText, Fail };
+
+    Action action = Action::Run;
+    FormatOptions options;  // for Run
+    std::string text;       // for ShowText what goes to standard output, for Fail the complaint without a line end
+};
+
+// Reads the arguments; the first is the program's name. Every combination of options without sense fails.
+FormatCommand parseFormatArguments(int argc, const char* const* argv);
+
+}  // namespace Console

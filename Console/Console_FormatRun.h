@@ -1,0 +1,46 @@
+// A run of corvane-format over its files, once the arguments have been read.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "BrevisUI_FormatHost.h"
+#include "Console_FormatOptions.h"
+#include "Console_SchemeFinder.h"
+#include "Console_StandardStreams.h"
+
+namespace Console {
+
+inline constexpr int exitGood = 0, exitWouldChange = 1, exitTrouble = 2;
+
+class FormatRun : private BrevisUI::FormatHost {
+public:
+    // `options` and `output` must outlive the run.
+    FormatRun(const FormatOptions& options, StandardOutput& output);
+
+    // Does all files in their order and gives the exit status, which knows nothing of a failed write to `output`.
+    int run();
+
+private:
+    void send(const std::string& text, int severity) override;
+    bool createBackups() const override { return options_.createBackups; }
+    std::string backupExtension() const override { return options_.backupExtension; }
+
+    // The name of a file in messages.
+    std::string displayName(const std::string& file) const;
+    // The scheme for a file, or null once the messages about it have been sent.
+    const Brevis::PropertySet* schemeFor(const std::string& file);
+    int processFile(const std::string& file);
+    int formatInPlace(const std::string& file, const Brevis::PropertySet& scheme);
+    int formatToOutput(const std::string& file, const Brevis::PropertySet& scheme);
+    // All bytes of a file or of standard input, or nothing once the message has been sent.
+    std::optional<std::string> readSource(const std::string& file);
+    int showChanges(const std::string& name, const std::string& source, const std::string& formatted);
+
+    const FormatOptions& options_;
+    StandardOutput& output_;
+    SchemeFinder schemes_;
+    std::string reportedScheme_;  // the path of the scheme whose remarks were sent last
+};
+
+}  // namespace Console

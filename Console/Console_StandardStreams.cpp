@@ -1,0 +1,53 @@
+// Standard output and error, on a POSIX system.
+#include "Console_StandardStreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace Console {
+
+void prepareStandardStreams() {
+    for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(number, F_GETFD) != -1 || errno != EBADF) continue;
+        // The lowest free number is the one that is missing. Opened the wrong way round, every use fails.
+        const int flags = number == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+        if (open("/dev/null", flags) != number) std::abort();
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+void StandardOutput::noteFailure() {
+    if (error_ == 0) error_ = errno == 0 ? EIO : errno;
+}
+
+bool StandardOutput::write(std::string_view text) {
+    errno = 0;
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) noteFailure();
+    return error_ == 0;
+}
+
+int StandardOutput::finish() {
+    errno = 0;
+    if (std::fflush(stdout) != 0) noteFailure();
+    return error_;
+}
+
+bool StandardOutput::takesColours() {
+    const char* const terminal = std::getenv("TERM");
+    const bool plain = std::getenv("NO_COLOR") || !terminal || std::string_view(terminal) == "dumb";
+    return !plain && isatty(STDOUT_FILENO) == 1;
+}
+
+void writeErrorLine(std::string_view line) {
+    std::string text(line);
+    text += '\n';
+    std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+}  // namespace Console

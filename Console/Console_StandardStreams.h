@@ -1,0 +1,33 @@
+// The standard streams of a console program.
+#pragma once
+
+#include <string_view>
+
+namespace Console {
+
+// To be called before anything is opened. A standard stream that the caller has closed is opened on something harmless,
+// so that no file of ours can take its number; writing to it still fails. A reader that has gone becomes a failed
+// write.
+void prepareStandardStreams();
+
+// Standard output. It remembers the first failure, so that it can be told at the end.
+class StandardOutput {
+public:
+    // False if this or an earlier write failed.
+    bool write(std::string_view text);
+    // Writes what is held back. Gives 0, or the error number of the first failure.
+    int finish();
+
+    // Whether this is a terminal on which colours are welcome.
+    static bool takesColours();
+
+private:
+    void noteFailure();
+
+    int error_ = 0;
+};
+
+// One line on standard error.
+void writeErrorLine(std::string_view line);
+
+}  // namespace Console

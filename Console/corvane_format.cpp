@@ -1,0 +1,55 @@
+// corvane-format: formats C and C++ files from the command line.
+#include <cstring>
+#include <exception>
+#include <string>
+
+#include "Console_FormatOptions.h"
+#include "Console_FormatRun.h"
+#include "Console_StandardStreams.h"
+#include "Trn_Exception.h"
+
+namespace {
+
+constexpr const char* program = "corvane-format";
+
+void complain(const std::string& complaint) { Console::writeErrorLine(std::string(program) + ": " + complaint); }
+
+int execute(const Console::FormatCommand& command, Console::StandardOutput& output) {
+    using Action = Console::FormatCommand::Action;
+    switch (command.action) {
+        case Action::ShowText:
+            output.write(command.text);
+            return Console::exitGood;
+        case Action::Fail:
+            complain(command.text);
+            complain(std::string("try '") + program + " --help' for more information");
+            return Console::exitTrouble;
+        default:
+            return Console::FormatRun(command.options, output).run();
+    }
+}
+
+int guardedMain(int argc, char** argv) {
+    Console::StandardOutput output;
+    const int status = execute(Console::parseFormatArguments(argc, argv), output);
+    if (const int error = output.finish()) {
+        complain(std::string("write error: ") + std::strerror(error));
+        return Console::exitTrouble;
+    }
+    return status;
+}
+
+}  // namespace
+
+// What a file does wrong is dealt with file by file; here arrives only what no file can be blamed for.
+int main(int argc, char** argv) {
+    Console::prepareStandardStreams();
+    try {
+        return guardedMain(argc, argv);
+    } catch (const Trn::Exception& exception) {
+        complain(exception.message());
+    } catch (const std::exception& exception) {
+        complain(exception.what());
+    }
+    return Console::exitTrouble;
+}
