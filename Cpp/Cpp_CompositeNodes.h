@@ -80,6 +80,10 @@ public:
 
 class FunctionHeadNode : public Visitable<FunctionHeadNode, SyntaxNode> {
 public:
+    FunctionHeadNode() = default;
+    // A copy stores the end that its source answers with.
+    FunctionHeadNode(const FunctionHeadNode& other);
+
     void setFirstPosition(Position position) override;
     Position firstPosition() const override;
     void setLastPosition(Position position) override { endPosition = position; }
@@ -129,6 +133,10 @@ public:
 
 class FunctionPtrDeclNode : public Visitable<FunctionPtrDeclNode, DeclNode> {
 public:
+    FunctionPtrDeclNode() = default;
+    // A copy stores the end that its source answers with.
+    FunctionPtrDeclNode(const FunctionPtrDeclNode& other);
+
     void setFirstPosition(Position position) override;
     Position firstPosition() const override;
     void setLastPosition(Position position) override { endPosition = position; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "Cpp_SyntaxNode.h"
@@ -35,6 +36,10 @@ public:
     using Visitable::Visitable;
 };
 
+// A comment's text without its delimiters; the blanks inside the delimiters stay. A block comment that lacks its
+// closing delimiter is left as it is.
+std::string_view bodyOfComment(std::string_view text);
+
 // A comment with its delimiters, or, when `verbatim` is set, a whole region of source that is left alone.
 class CommentNode : public Visitable<CommentNode, TextNode> {
 public:
@@ -42,7 +47,7 @@ public:
 
     bool isLineComment() const;
     bool isBlockComment() const;
-    // The text without its delimiters; the blanks inside the delimiters stay.
+    // `bodyOfComment` of the text.
     std::string commentBody() const;
 
     bool verbatim = false;

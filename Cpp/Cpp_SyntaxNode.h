@@ -59,7 +59,8 @@ public:
     InteriorNode() = default;
     InteriorNode(const InteriorNode& other);
     InteriorNode(InteriorNode&&) noexcept = default;
-    InteriorNode& operator=(InteriorNode other) noexcept;
+    InteriorNode& operator=(const InteriorNode& other);
+    InteriorNode& operator=(InteriorNode&&) noexcept = default;
 
     void setFirstPosition(Position position) override;
     Position firstPosition() const override;
