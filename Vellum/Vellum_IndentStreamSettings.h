@@ -13,6 +13,9 @@ struct IndentStreamSettings {
     int tabSize = 1;
     int line = 1;
     int column = 0;  // 0-based output column
+    // Only white space stands between this place and a backslash at a line end outside literals, comments and
+    // directives, so that white space written here belongs to what has to stay as it is.
+    bool behindBackslash = false;
 };
 
 }  // namespace Vellum

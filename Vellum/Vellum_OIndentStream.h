@@ -43,6 +43,14 @@ public:
     int line() const { return buf_.line(); }
     int column() const { return buf_.column(); }
 
+    // True if only white space was written since a backslash at a line end that stands outside literals, comments
+    // and directives: the stream adds and drops nothing there, and its users should not either.
+    bool behindBackslash() const { return buf_.behindBackslash(); }
+    // True at the start of a line that goes on with a string literal, which has to stay as it is.
+    bool lineStartsInLiteral() const { return buf_.lineStart() == LiteralTracker::LineStart::Literal; }
+    // True if a fresh stream opened with `settings` would convert what follows as this one does.
+    bool convertsAfresh() const { return buf_.convertsAfresh(); }
+
     // These two store without any flushing.
     void setIndent(std::string indent) { buf_.setIndent(std::move(indent)); }
     void setKeepLeadingWs(bool keep) { buf_.setKeepLeadingWs(keep); }
@@ -51,6 +59,8 @@ public:
     void setTabSize(int tabSize) { buf_.setTabSize(tabSize); }
 
 private:
+    friend class IndentStringGuard;  // swaps the indent, so that nothing is copied twice
+
     OIndentBuf buf_;
 };
 

@@ -63,6 +63,9 @@ bool skipBefore(ITextDocStream& in, Position position);
 std::string_view remainderOf(ITextDocStream& in);
 
 // ---- Gaps: the stretch between two tokens, that is white space, comments and directives.
+//
+// White space behind a backslash at a line end (outside literals, comments and directives) stays as it is: none of
+// these operations takes from it or adds to it.
 
 bool endsInLineToken(std::string_view text);
 bool startsWithLineToken(std::string_view text);
@@ -70,6 +73,13 @@ bool startsWithLineToken(std::string_view text);
 bool holdsLineComment(std::string_view text);
 // True if any token of the text is a comment or a directive.
 bool holdsCommentOrDirective(std::string_view text);
+
+// True if `text` ends in such white space.
+bool endsBehindBackslash(std::string_view text);
+// Write or append a white-space value, unless it would be added to such white space.
+void writeWs(OIndentStream& out, std::string_view ws);
+void writeWsVerbatim(OIndentStream& out, std::string_view ws);
+void appendWs(std::string& text, std::string_view ws);
 
 void trimLeft(std::string& text);
 void trimRight(std::string& text);

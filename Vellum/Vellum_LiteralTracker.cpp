@@ -1,0 +1,145 @@
+// The state machine of literals, comments and directives. It mirrors the lexer, odd cases included, since the
+// formatters cut the text by the lexer's tokens.
+#include "Vellum_LiteralTracker.h"
+
+#include <cctype>
+
+namespace Vellum {
+
+void LiteralTracker::feed(std::string_view text) {
+    for (const char c : text) feed(c);
+}
+
+void LiteralTracker::feed(char c) {
+    const bool isSpace = std::isspace(static_cast<unsigned char>(c)) != 0;
+    switch (state_) {
+        case State::Normal:
+            return feedNormal(c, isSpace);
+        case State::LineComment:
+            if (c == '\n') leave('\0');
+            return;
+        case State::BlockComment:
+            return feedBlockComment(c);
+        case State::String:
+            return feedString(c, isSpace);
+        case State::Character:
+            return feedCharacter(c);
+        case State::Directive:
+            return feedDirective(c, isSpace);
+    }
+}
+
+bool LiteralTracker::inLiteral() const {
+    return state_ == State::String || state_ == State::Character ||
+           (state_ == State::Directive && directiveQuote_ != '\0');
+}
+
+LiteralTracker::LineStart LiteralTracker::lineStart() const {
+    if (inLiteral()) return LineStart::Literal;
+    return behindBackslash() ? LineStart::Backslash : LineStart::Plain;
+}
+
+void LiteralTracker::feedNormal(char c, bool isSpace) {
+    const char previous = previous_;
+    previous_ = c;
+    if (isSpace) {
+        if (c == '\n') {
+            if (lastNonSpace_ == '\\') behindBackslash_ = true;
+            lastNonSpace_ = '\0';
+        }
+        return;
+    }
+    behindBackslash_ = false;
+    lastNonSpace_ = c;
+    switch (c) {
+        case '/':
+            if (previous == '/') enter(State::LineComment);
+            return;
+        case '*':
+            if (previous == '/') enter(State::BlockComment);
+            return;
+        case '"':
+            return enter(State::String);
+        case '\'':
+            return enter(State::Character);
+        case '#':
+            return enter(State::Directive);
+        default:
+            return;
+    }
+}
+
+void LiteralTracker::feedBlockComment(char c) {
+    if (previous_ == '*' && c == '/') {
+        const bool goesOn = inDirective_;
+        leave(c);
+        if (goesOn) enter(State::Directive);
+        return;
+    }
+    // A comment that leaves the line ends the directive in front of it.
+    if (c == '\n') inDirective_ = false;
+    previous_ = c;
+}
+
+void LiteralTracker::feedString(char c, bool isSpace) {
+    if (!isSpace) lastNonSpace_ = c;
+    if (c == '\n') {
+        // A backslash continues the literal, also with blanks behind it; without one it is defective and ends here.
+        if (lastNonSpace_ != '\\') return leave('\0');
+        lastNonSpace_ = '\0';
+    }
+    if (!escaped_ && c == '"') return leave(c);
+    escaped_ = !escaped_ && c == '\\';
+}
+
+void LiteralTracker::feedCharacter(char c) {
+    if (c == '\n') return leave('\0');
+    if (!escaped_ && c == '\'') return leave(c);
+    escaped_ = !escaped_ && c == '\\';
+}
+
+void LiteralTracker::feedDirective(char c, bool isSpace) {
+    const char previous = previous_;
+    previous_ = c;
+    if (!isSpace) lastNonSpace_ = c;
+    // The lexer looks for comments inside the literals of a directive too.
+    if (previous == '/' && c == '/') return enter(State::LineComment);
+    if (previous == '/' && c == '*') {
+        enter(State::BlockComment);
+        inDirective_ = true;
+        return;
+    }
+    if (c == '\n') {
+        if (lastNonSpace_ != '\\') return leave('\0');
+        lastNonSpace_ = '\0';
+    }
+    feedDirectiveLiteral(c);
+}
+
+// The literals of a directive are no tokens, but their white space is part of the program all the same.
+void LiteralTracker::feedDirectiveLiteral(char c) {
+    if (directiveQuote_ == '\0') {
+        if (c == '"' || c == '\'') directiveQuote_ = c;
+        escaped_ = false;
+        return;
+    }
+    const bool lineEndsCharacter = c == '\n' && directiveQuote_ == '\'';
+    if (lineEndsCharacter || (!escaped_ && c == directiveQuote_)) directiveQuote_ = '\0';
+    escaped_ = !escaped_ && c == '\\';
+}
+
+void LiteralTracker::enter(State state) {
+    state_ = state;
+    previous_ = '\0';
+    lastNonSpace_ = '\0';
+    escaped_ = false;
+    inDirective_ = false;
+    directiveQuote_ = '\0';
+}
+
+void LiteralTracker::leave(char lastNonSpace) {
+    enter(State::Normal);
+    lastNonSpace_ = lastNonSpace;
+}
+
+}  // namespace Vellum

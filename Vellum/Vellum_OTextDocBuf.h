@@ -1,0 +1,84 @@
+// The written text with its line and column: converts between tabs and spaces and leaves literals alone.
+// It owns the text and touches nothing else.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "Vellum_IndentStreamSettings.h"
+#include "Vellum_LiteralTracker.h"
+
+namespace Vellum {
+
+class OTextDocBuf {
+public:
+    // Out of range values become the nearest one allowed; a convert mode outside 0 to 2 acts as 0.
+    explicit OTextDocBuf(const IndentStreamSettings& settings);
+
+    int line() const { return line_; }
+    // 0 at the start of a line. Held-back spaces count.
+    int column() const { return column_; }
+    int convertMode() const { return convertMode_; }
+    int tabSize() const { return tabSize_; }
+
+    // These two let held-back spaces out under the old setting first.
+    void setConvertMode(int mode);
+    void setTabSize(int tabSize);
+
+    // Writes held-back spaces.
+    void sync();
+    // Without held-back spaces.
+    const std::string& text() const { return text_; }
+    std::string takeText() { return std::move(text_); }
+
+    // What stands at the start of the current line.
+    LiteralTracker::LineStart lineStart() const { return lineStart_; }
+    // True if only white space was written since a backslash at a line end that stands outside literals, comments
+    // and directives. White space at such a place stays as the source has it.
+    bool behindBackslash() const;
+    // True if a stream that starts here without a past converts what follows as this one would.
+    bool convertsAfresh() const;
+
+protected:
+    void put(char c);
+    // As `put` for each character.
+    void put(std::string_view text);
+
+private:
+    void putLines(std::string_view text);
+    void putUnconverted(std::string_view piece);
+    void putConverted(char c);
+    void putSpaceHeldBack();
+    void putChar(char c);
+    void putLineFeed();
+    void trackQuote(char c);
+    void restoreBlanksBehindBackslash();
+    bool lineEndsInBackslash() const;
+    void catchUp();
+
+    std::string text_;
+
+    // Settings
+    int convertMode_;
+    int tabSize_;
+
+    // Position, and what has not left yet
+    int line_;
+    int column_;
+    int pendingSpaces_ = 0;
+
+    // The simple quote tracking of the conversions: the open quote, or NUL, and the last character
+    char quote_ = '\0';
+    char last_ = '\0';
+
+    // The exact state of the text. Without conversion it follows only where it is needed, up to `tracked_`.
+    LiteralTracker tracker_;
+    std::size_t tracked_ = 0;
+    LiteralTracker::LineStart lineStart_ = LiteralTracker::LineStart::Plain;
+    // The blanks behind a stray backslash as they came in: if a line feed follows they stay so.
+    std::string blanksBehindBackslash_;
+    std::size_t backslashEnd_ = 0;
+};
+
+}  // namespace Vellum
