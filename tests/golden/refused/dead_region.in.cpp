@@ -1,0 +1,4 @@
+#if 0
+int x;
+#if A
+#endif

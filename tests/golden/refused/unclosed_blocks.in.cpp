@@ -1,0 +1,3 @@
+int x;
+void f() {
+if (a) {
