@@ -76,10 +76,11 @@ void readScheme(const std::string& path, const std::string& text, LoadedScheme& 
     }
 }
 
-// The directory in which a search begins. Links and dots are resolved, so that its parents are the real ones.
+// The directory in which a search begins, the current one for an empty path. Links and dots are resolved, so that its
+// parents are the real ones.
 fs::path directoryOf(const std::string& file) {
     std::error_code error;
-    const fs::path absolute = fs::absolute(file, error);
+    const fs::path absolute = fs::absolute(file.empty() ? "." : file, error);
     if (error) return {};
     const fs::path directory = fs::weakly_canonical(absolute.parent_path(), error);
     return error ? absolute.parent_path().lexically_normal() : directory;

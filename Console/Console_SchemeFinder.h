@@ -36,7 +36,7 @@ public:
     explicit SchemeFinder(std::string fallback) : fallback_(std::move(fallback)) {}
 
     // The path of the nearest scheme file in the directory of `file` or a parent of it, else the fallback. The file
-    // needn't exist; a path without a directory stands in the current one.
+    // needn't exist; a path without a directory stands in the current one, and so does an empty one.
     std::string pathFor(const std::string& file) const;
 
     // The scheme at a path, read at the first call. The reference is good for the life of the finder.

@@ -1,0 +1,166 @@
+// corvane-format as a user runs it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "../support/TestFiles.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using TestFiles::contents;
+
+constexpr const char* ugly = "void f( ){\n      g( );\n}\n";
+constexpr const char* pretty = "void f( ){\n  g( );\n}\n";
+constexpr const char* bad = "void f() { if (x) {\n";
+
+class CorvaneFormatTest : public testing::Test {
+protected:
+    CorvaneFormatTest() {
+        dir.file(".corvane.fsc", "Brevis::PropertySet\n1\n\"two\"\n3 INDENT_FN_CONTENT \"  \"\n");
+        dir.file("ugly.cpp", ugly);
+        dir.file("pretty.cpp", pretty);
+        dir.file("bad.cpp", bad);
+        dir.file("empty.cpp", "");
+    }
+
+    // Runs a shell command in the directory, $F being the program. Sets `status`, `out` and `err`.
+    void run(const std::string& command) {
+        const std::string line = "cd '" + dir.path() + "' && F='" CORVANE_FORMAT "' && { " + command + "; } >'" +
+                                 dir.file("stdout") + "' 2>'" + dir.file("stderr") + "'";
+        const int result = std::system(line.c_str());
+        status = WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+        out = contents(dir.file("stdout"));
+        err = contents(dir.file("stderr"));
+    }
+
+    TestFiles::TempDir dir;
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+TEST_F(CorvaneFormatTest, FormatsToStandardOutput) {
+    const struct {
+        const char* command;
+        std::string out;
+    } cases[] = {
+        {"$F < ugly.cpp", pretty},
+        {"$F - < ugly.cpp", pretty},
+        {"$F ugly.cpp", pretty},
+        {"$F ugly.cpp - pretty.cpp < ugly.cpp", std::string(pretty) + pretty + pretty},
+        {"$F empty.cpp", ""},
+        {"$F < empty.cpp", ""},
+        {"cd / && $F --assume-filename \"$OLDPWD/new.cpp\" < \"$OLDPWD/ugly.cpp\"", pretty},
+    };
+    for (const auto& [command, expected] : cases) {
+        run(command);
+        EXPECT_EQ(0, status) << command;
+        EXPECT_EQ(expected, out) << command;
+        EXPECT_EQ("", err) << command;
+    }
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, AnExplicitSchemeWins) {
+    dir.file("eight.fsc", "Brevis::PropertySet\n1\n\"eight\"\n3 INDENT_FN_CONTENT \"        \"\n");
+    run("$F -s eight.fsc ugly.cpp");
+    EXPECT_EQ("void f( ){\n        g( );\n}\n", out);
+    EXPECT_EQ(0, status);
+}
+
+TEST_F(CorvaneFormatTest, ChecksAndShowsWithoutWriting) {
+    run("$F --check ugly.cpp pretty.cpp empty.cpp");
+    EXPECT_EQ(1, status);
+    EXPECT_EQ("ugly.cpp\n", out);
+    run("$F --check pretty.cpp");
+    EXPECT_EQ(0, status);
+    EXPECT_EQ("", out);
+    run("$F --check --assume-filename x.h < ugly.cpp");
+    EXPECT_EQ("x.h\n", out);
+    run("$F --diff ugly.cpp pretty.cpp");
+    EXPECT_EQ(1, status);
+    EXPECT_EQ(
+        "--- ugly.cpp\t(as it is)\n+++ ugly.cpp\t(formatted)\n@@ -1,3 +1,3 @@\n void f( ){\n-      g( );\n+  g( );\n "
+        "}\n",
+        out);
+    run("$F --diff < ugly.cpp");
+    EXPECT_EQ(0u, out.find("--- <stdin>\t"));
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, FormatsInPlaceWithAndWithoutABackup) {
+    run("$F -i ugly.cpp empty.cpp");
+    EXPECT_EQ(0, status);
+    EXPECT_EQ("", out + err);
+    EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
+    EXPECT_FALSE(fs::exists(dir.file("ugly.cpp.bak")));
+    dir.file("ugly.cpp", ugly);
+    run("$F -i --backup=orig --threshold 1 ugly.cpp");
+    EXPECT_EQ("Formatting \"ugly.cpp\".\n", err);
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp.orig")));
+    EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, ARefusedFileDoesNotStopTheOthers) {
+    fs::create_directory(dir.file("folder"));
+    run("$F bad.cpp gone.cpp folder ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ(pretty, out);
+    EXPECT_EQ(0u, err.find("bad.cpp(")) << err;
+    EXPECT_NE(std::string::npos, err.find("could not successfully parse the file bad.cpp."));
+    EXPECT_NE(std::string::npos, err.find("\nThe file \"gone.cpp\" cannot be found.\n"));
+    EXPECT_NE(std::string::npos, err.find("unable to read the contents of the file \"folder\""));
+    run("$F --check bad.cpp ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ("ugly.cpp\n", out);
+    run("$F -i bad.cpp gone.cpp ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ(bad, contents(dir.file("bad.cpp")));
+    EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
+    run("$F < bad.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ("", out);
+    EXPECT_EQ(0u, err.find("<stdin>(")) << err;
+}
+
+TEST_F(CorvaneFormatTest, ABadSchemeConcernsItsOwnFilesOnly) {
+    dir.file("sub/.corvane.fsc", "no scheme\n");
+    dir.file("sub/a.cpp", ugly);
+    run("$F sub/a.cpp ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ(pretty, out);
+    EXPECT_NE(std::string::npos, err.find("/sub/.corvane.fsc(1) : error: ")) << err;
+    EXPECT_NE(std::string::npos, err.find("\"sub/a.cpp\" will not be formatted")) << err;
+    run("$F -s gone.fsc -i ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_NE(std::string::npos, err.find("The scheme file \"gone.fsc\" cannot be found.")) << err;
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, ATroubledStandardStreamIsTold) {
+    for (const char* command :
+         {"$F ugly.cpp >/dev/full", "$F ugly.cpp >&-", "$F --help >/dev/full", "$F --version >&-"}) {
+        run(command);
+        EXPECT_EQ(2, status) << command;
+        EXPECT_EQ(0u, err.find("corvane-format: write error: ")) << command << err;
+    }
+    run("$F - <&-");
+    EXPECT_EQ(2, status);
+    EXPECT_NE(std::string::npos, err.find("unable to read the contents of the file \"<stdin>\"")) << err;
+    // A closed stream must not be taken for a file that is opened next.
+    run("$F -i ugly.cpp >&- 2>&-");
+    EXPECT_EQ(0, status);
+    EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, BadArgumentsAreRefusedBeforeAnythingIsDone) {
+    run("$F -i --backup --diff ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ(0u, err.find("corvane-format: ")) << err;
+    EXPECT_NE(std::string::npos, err.find("--help"));
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+// The command line of corvane-format.
+#include "Console_FormatOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace Console {
+namespace {
+
+using Action = FormatCommand::Action;
+
+FormatCommand parse(std::vector<const char*> arguments) {
+    arguments.insert(arguments.begin(), "corvane-format");
+    return parseFormatArguments(static_cast<int>(arguments.size()), arguments.data());
+}
+
+TEST(FormatOptions, ReadsEveryForm) {
+    const FormatCommand none = parse({});
+    EXPECT_EQ(Action::Run, none.action);
+    EXPECT_EQ(std::vector<std::string>{"-"}, none.options.files);
+    EXPECT_EQ(2, none.options.threshold);
+    EXPECT_FALSE(none.options.inPlace || none.options.check || none.options.diff || none.options.createBackups);
+
+    const FormatOptions inPlace =
+        parse({"-i", "--backup", "a.cpp", "-s", "x.fsc", "--threshold", "0", "--", "-b"}).options;
+    EXPECT_TRUE(inPlace.inPlace && inPlace.createBackups);
+    EXPECT_EQ("bak", inPlace.backupExtension);
+    EXPECT_EQ("x.fsc", inPlace.scheme);
+    EXPECT_EQ(0, inPlace.threshold);
+    EXPECT_EQ((std::vector<std::string>{"a.cpp", "-b"}), inPlace.files);
+
+    EXPECT_EQ("orig", parse({"--in-place", "--backup=orig", "a"}).options.backupExtension);
+    const FormatOptions both = parse({"--check", "--diff", "-sy", "-", "--assume-filename=d/x.h", "a"}).options;
+    EXPECT_TRUE(both.check && both.diff);
+    EXPECT_EQ("y", both.scheme);
+    EXPECT_EQ("d/x.h", both.assumeFilename);
+    EXPECT_EQ("z", parse({"--scheme=z"}).options.scheme);
+}
+
+TEST(FormatOptions, RefusesWhatMakesNoSense) {
+    const struct {
+        std::vector<const char*> arguments;
+        const char* mentions;  // the words that tell the user what is wrong
+    } cases[] = {
+        {{"--bogus"}, "--bogus"},
+        {{"-i"}, "standard input"},
+        {{"-i", "-"}, "standard input"},
+        {{"-i", "a", "-"}, "standard input"},
+        {{"-i", "--check", "a"}, "--check"},
+        {{"-i", "--diff", "a"}, "--diff"},
+        {{"--backup", "a"}, "--in-place"},
+        {{"--backup=x", "--check", "a"}, "--in-place"},
+        {{"-i", "--backup=x/y", "a"}, "slash"},
+        {{"--assume-filename", "x", "a"}, "standard input"},
+        {{"--assume-filename="}, "--assume-filename"},
+        {{"-", "-"}, "once"},
+        {{"-s", ""}, "--scheme"},
+        {{"-s"}, "--scheme"},
+        {{"-s", "a", "-s", "b"}, "--scheme"},
+        {{"--threshold", "4"}, "--threshold"},
+        {{"--threshold", "-1"}, "--threshold"},
+        {{"--threshold=two"}, "--threshold"},
+        {{"--check=0"}, "check"},
+        {{"--in-place=false", "a"}, "in-place"},
+    };
+    for (const auto& [arguments, mentions] : cases) {
+        const FormatCommand command = parse(arguments);
+        EXPECT_EQ(Action::Fail, command.action) << arguments.front();
+        EXPECT_NE(std::string::npos, command.text.find(mentions)) << command.text;
+    }
+}
+
+TEST(FormatOptions, HelpAndVersion) {
+    const FormatCommand help = parse({"--help", "--bogus"});
+    EXPECT_EQ(Action::ShowText, help.action);
+    for (const char* option : {"-s, --scheme=", "-i, --in-place", "--backup[=EXT]", "--check", "--diff",
+                               "--assume-filename=", "--threshold=", "--help", "--version", "Exit status"}) {
+        EXPECT_NE(std::string::npos, help.text.find(option)) << option;
+    }
+    const FormatCommand version = parse({"--version"});
+    EXPECT_EQ(Action::ShowText, version.action);
+    EXPECT_EQ(0u, version.text.find("corvane-format (Corvane C++) 1.2.1\n"));
+}
+
+}  // namespace
+}  // namespace Console
