@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "Brevis_EngineDefaults.h"
+#include "Cpp_Lexer.h"
 
 namespace Brevis {
 
@@ -31,11 +32,18 @@ char lastMark(std::string_view text) {
     return trimmed.size() > 1 ? trimmed.back() : '\0';
 }
 
+// The rest of such a token, lexed on its own, would pass for code.
+bool isLiteralOrNumber(const Trn::Token& token) {
+    const Trn::TokenKind kind = token.kind();
+    return kind == Trn::Kind::StringLiteral || kind == Trn::Kind::CharLiteral || kind == Trn::Kind::Number;
+}
+
 }  // namespace
 
 CppFormatter::CppFormatter(std::string_view source, const FormatterProperties& properties)
     : props_(withEngineDefaults(properties)),
       scheme_(props_),
+      source_(source),
       in_(source, scheme_.tabSize),
       out_(outputSettings(scheme_)),
       expr_(properties) {}
@@ -109,6 +117,15 @@ int CppFormatter::copyFirstCharacter(const Cpp::SyntaxNode& node) {
     return lastColumn(out_);
 }
 
+int CppFormatter::copyFirstUnit(const Cpp::SyntaxNode& node) {
+    const int column = copyFirstCharacter(node);
+    if (in_.position() == node.firstPosition()) {
+        Cpp::Lexer lexer(source_.substr(in_.offset() - 1), {in_.line(), in_.column() - 1});
+        if (const Trn::Token token = lexer.next(); isLiteralOrNumber(token)) copyThrough(in_, out_, token.last());
+    }
+    return column;
+}
+
 void CppFormatter::writeFirstCharacter(std::string& text, bool raw, int& column) {
     const auto first = std::find_if_not(text.begin(), text.end(), isSpace);
     if (first == text.end()) return;
@@ -120,6 +137,17 @@ void CppFormatter::writeFirstCharacter(std::string& text, bool raw, int& column)
         out_ << start;
     text.erase(0, length);
     column = lastColumn(out_);
+}
+
+void CppFormatter::writeFirstUnit(std::string& text, int& column) {
+    Cpp::Lexer lexer(text);
+    const Trn::Token token = lexer.next();
+    ITextDocStream cursor(text);
+    const bool startsText = trimmedLeft(readThrough(cursor, token.first())).size() == 1;
+    const std::size_t rest = startsText && isLiteralOrNumber(token) ? readThrough(cursor, token.last()).size() : 0;
+    writeFirstCharacter(text, true, column);
+    writeRaw(out_, std::string_view(text).substr(0, rest));
+    text.erase(0, rest);
 }
 
 // ---- Bodies
@@ -256,7 +284,7 @@ void CppFormatter::formatListItems(Cpp::InteriorNode& list, const WsProperty& ws
     if (breaks) {
         // The items on new lines stand under the first item.
         int column = topColumn();
-        if (list.childCount() > 0) column = copyFirstCharacter(list.child(0));
+        if (list.childCount() > 0) column = copyFirstUnit(list.child(0));
         layout.emplace(out_, false, indentStringFor(out_, column));
     }
 

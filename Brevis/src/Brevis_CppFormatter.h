@@ -131,11 +131,15 @@ private:
     void copyToEnd(const Cpp::SyntaxNode& node);
     // Writes through the first character of the node and gives that character's output column.
     int copyFirstCharacter(const Cpp::SyntaxNode& node);
+    // The same where the rest of the node is lexed on its own: a literal or number goes out whole.
+    int copyFirstUnit(const Cpp::SyntaxNode& node);
     std::string readGap(Position before) { return std::string(readBefore(in_, before)); }
     void writeVerbatim(std::string_view text) { out_ << Verbatim{text}; }
     // Writes `text` up to and including its first character that is no white space, takes it off `text` and puts its
     // output column in `column`. Without such a character nothing happens.
     void writeFirstCharacter(std::string& text, bool raw, int& column);
+    // The same where the rest of the text is lexed on its own, as above; always raw.
+    void writeFirstUnit(std::string& text, int& column);
 
     void formatChildren(Cpp::InteriorNode& node, const WsProperty& indentValue);
     void formatBracedBody(Cpp::InteriorNode& body, const WsProperty& indentValue, const WsProperty& wsAfterOpen,
@@ -180,6 +184,7 @@ private:
     CppFormatterScheme scheme_;
 
     // The two cursors
+    std::string_view source_;
     ITextDocStream in_;
     OIndentStream out_;
 

@@ -158,7 +158,7 @@ void CppFormatter::writeForClauses(const std::string& text, std::size_t firstEnd
     setGapBoth(clause, scheme_.wsAfterCsOpenParen.text, "");
     int clauseColumn = insideColumn;
     // The following clauses start under the first character.
-    if (align) writeFirstCharacter(clause, true, clauseColumn);
+    if (align) writeFirstUnit(clause, clauseColumn);
     const IndentStringGuard clauseIndent(out_, indentStringFor(out_, clauseColumn));
     writeRaw(out_, expr_.formatType(clause, out_.settings(), noWs));
 
