@@ -24,6 +24,8 @@ public:
 
     // True inside a string or character literal, one inside a directive included.
     bool inLiteral() const;
+    // True outside literals, comments and directives.
+    bool inCode() const { return state_ == State::Normal; }
     // True inside a line comment or a directive, up to its line feed.
     bool inLineToken() const { return state_ == State::LineComment || state_ == State::Directive; }
     // True if nothing but blanks stands between this place and a stray backslash on the same line.

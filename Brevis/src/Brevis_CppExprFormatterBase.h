@@ -10,7 +10,28 @@
 namespace Brevis {
 
 // Tests on a token number.
-bool isBinaryOp(Trn::TokenKind kind);
+constexpr bool isBinaryOp(Trn::TokenKind kind) {
+    using namespace Trn::Kind;
+    if (kind >= LessEqual && kind <= Question) return true;
+    switch (kind) {
+        case Colon:
+        case Assign:
+        case Star:
+        case Amp:
+        case Slash:
+        case Plus:
+        case Minus:
+        case Tilde:
+        case Percent:
+        case ShiftLeft:
+        case ShiftRight:
+        case Less:
+        case Greater:
+            return true;
+        default:
+            return false;
+    }
+}
 constexpr bool isSign(Trn::TokenKind kind) { return kind == Trn::Kind::Star || kind == Trn::Kind::Amp; }
 constexpr bool isBuiltinType(Trn::TokenKind kind) { return kind >= Trn::Kind::Char && kind <= Trn::Kind::Void; }
 constexpr bool isAssignment(Trn::TokenKind kind) {
@@ -38,6 +59,9 @@ public:
     // A preprocessor directive, by ALIGN_PPD_LEFT_MOST.
     virtual void writeDirective(Position first, Position last, ITextDocStream& in, OIndentStream& out) const;
 
+    // The text written as ordinary text at the place that `settings` tells.
+    static std::string writeOrdinary(std::string_view text, const IndentStreamSettings& settings);
+
 protected:
     const PropertySet& properties() const { return properties_; }
     int tabSize() const { return tabSize_; }
@@ -46,6 +70,8 @@ protected:
     bool alignPpdLeftMost() const { return alignPpdLeftMost_; }
 
 private:
+    class ListPass;
+
     PropertySet properties_;
     int tabSize_ = 1;
     WsProperty leftMargin_;

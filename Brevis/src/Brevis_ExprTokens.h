@@ -1,0 +1,45 @@
+// A text lexed once for the expression formatter: its tokens as offsets, each open bracket with its close. The inside
+// of a bracket, cut at token borders, has the tokens of the whole, so nothing is lexed again at each level.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "Trn_TokenKind.h"
+
+namespace Brevis {
+
+struct ExprToken {
+    Trn::TokenKind kind = Trn::Kind::EndOfInput;
+    std::uint32_t begin = 0;  // offset of the first character
+    std::uint32_t end = 0;    // offset behind the last character
+    std::uint32_t close = 0;  // of an open bracket: the index of the token that closes it, or `none`
+};
+
+class ExprTokens {
+public:
+    static constexpr std::uint32_t none = UINT32_MAX;
+
+    // `text` must outlive the use of the tokens. Memory is kept from one text to the next.
+    void lex(std::string_view text);
+
+    std::string_view text() const { return text_; }
+    std::uint32_t count() const { return static_cast<std::uint32_t>(tokens_.size()); }
+    const ExprToken& operator[](std::uint32_t index) const { return tokens_[index]; }
+
+    // Where a list of template arguments ends whose first token looked at is `from`: the index of the first `>` behind
+    // as many `<`, the token behind an `&&` or `||` not being looked at. `none` without one.
+    std::uint32_t angleClose(std::uint32_t from) const;
+
+private:
+    void pairBrackets();
+    void findAngleCloses();
+
+    std::string_view text_;
+    std::vector<ExprToken> tokens_;
+    std::vector<std::uint32_t> angleCloses_;  // by token index; empty in a text without a `<`
+    std::vector<std::uint32_t> open_[4];      // the brackets that are open, by kind; only used while pairing
+};
+
+}  // namespace Brevis
