@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "BrevisUI_FileJob.h"
 #include "BrevisUI_Files.h"
@@ -79,13 +80,15 @@ std::optional<std::string> FormatRun::readSource(const std::string& file) {
 int FormatRun::formatToOutput(const std::string& file, const Brevis::PropertySet& scheme) {
     const std::string name = displayName(file);
     send(fillIn(Message::starting, name), Severity::information);
-    const std::optional<std::string> source = readSource(file);
+    std::optional<std::string> source = readSource(file);
     if (!source) return exitTrouble;
     if (source->empty()) return exitGood;
 
-    const std::optional<std::string> formatted = BrevisUI::formatText(*this, name, scheme, *source);
+    const bool compares = options_.check || options_.diff;
+    const std::string kept = compares ? *source : std::string();
+    const std::optional<std::string> formatted = BrevisUI::formatText(*this, name, scheme, std::move(*source));
     if (!formatted) return exitTrouble;
-    if (options_.check || options_.diff) return showChanges(name, *source, *formatted);
+    if (compares) return showChanges(name, kept, *formatted);
     output_.write(*formatted);
     return exitGood;
 }
