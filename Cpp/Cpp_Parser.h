@@ -2,15 +2,208 @@
 // and runs to the end of any text.
 #pragma once
 
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Cpp_Nodes.h"
+#include "Cpp_ParseCodes.h"
 #include "Trn_Parser.h"
+#include "Trn_TokenStream.h"
 
 namespace Cpp {
 
+// A syntax error is a report in the list, and the operation concerned gives null or an incomplete node; its caller
+// goes on with the next token that it can use. A parser may serve any number of texts, one after the other.
 class Parser : public Trn::Parser {
 public:
     // `lexer` must be a Cpp::Lexer and `root` a Cpp::RootNode; the cast throws if they are not.
     // Throws Trn::Exception for a text nested beyond Trn::NestingGuard::limit.
     void parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) override;
+
+private:
+    using Token = Trn::Token;
+    using TokenKind = Trn::TokenKind;
+    using Tokens = std::vector<Token>;
+    using Stream = Trn::TokenStream;
+    template <class Node>
+    using Ptr = std::unique_ptr<Node>;
+
+    // ---- Frame (Cpp_Parser.cpp)
+
+    void parseFileItem(Stream& stream, RootNode& root);
+    void parseFileWord(Stream& stream, RootNode& root);
+    void parseFileAsm(Stream& stream, RootNode& root);
+    void parseFileStatement(Stream& stream, RootNode& root);
+    void parseFileDeclaration(Stream& stream, RootNode& root);
+
+    // Trivia are the comments and directives. A null result stands for a region that doesn't end.
+    Ptr<CommentNode> parseComment(Stream& stream);
+    Ptr<PreprocDirectiveNode> parseDirective(Stream& stream);
+    Ptr<SyntaxNode> parseTrivia(Stream& stream);
+    // Reads what parseTrivia would and makes no node.
+    void passTrivia(Stream& stream);
+    void dropTrivia(Stream& stream);
+    void attachTrivia(Stream& stream, InteriorNode& node);
+    // The last position of the region whose opening token has been read.
+    std::optional<Position> passCommentRegion(Stream& stream);
+    std::optional<Position> passDeadRegion(Stream& stream);
+    // A copy of the first token ahead that is no trivia; reads nothing.
+    Token peekSignificant(Stream& stream);
+
+    void skipUntil(Stream& stream, TokenKind kind);
+    void skipUntilAttaching(Stream& stream, InteriorNode& node, TokenKind kind);
+    bool collectUntil(Stream& stream, Tokens& list, TokenKind kind);
+    Position consumeSemicolon(Stream& stream);
+
+    void report(Position position, ParseCode code);
+    void report(Position position, std::string text);
+    // Goes back to the last real token behind the end token just read, reports the end there and gives that token.
+    Token reportUnexpectedEnd(Stream& stream);
+    // Reads a `{`. Any other token is put back and reported with `text`.
+    std::optional<Position> readOpenBrace(Stream& stream, std::string_view text);
+
+    // ---- Declaration dispatch (Cpp_ParserDeclarations.cpp)
+
+    enum class Decision { Data, Function, FunctionPtr, Class, Enum };
+    enum class Step { GoOn, Stop, Fail };
+    struct DeclarationScan;
+
+    Ptr<DeclNode> parseDeclaration(Stream& stream, bool& takesSemicolon, bool allowBitfield);
+    // parseDeclaration with the `;` behind a class or enum; null without a report if nothing could be made of it.
+    Ptr<DeclNode> parseDeclarationWithEnd(Stream& stream, bool allowBitfield);
+    // Adds a declaration to `body`, or reports it as unknown and gives false.
+    bool addDeclaration(Stream& stream, InteriorNode& body, bool allowBitfield);
+
+    bool scanDeclaration(Stream& stream, DeclarationScan& scan);
+    Step scanDeclarationToken(Stream& stream, DeclarationScan& scan);
+    Step scanAssign(Stream& stream, DeclarationScan& scan, const Token& assign);
+    Step scanOpenBracket(Stream& stream, DeclarationScan& scan, const Token& bracket);
+    Step scanOpenParen(Stream& stream, DeclarationScan& scan);
+    bool scanFunction(Stream& stream, DeclarationScan& scan);
+    bool scanFunctionTail(Stream& stream, DeclarationScan& scan);
+    bool collectParens(Stream& stream, Tokens& list, int depth);
+    bool collectCtorInitializers(Stream& stream, Tokens& list);
+    bool collectExceptionSpec(Stream& stream, Tokens& list);
+    bool collectFunctionEnd(Stream& stream, Tokens& list);
+    void collectDeclarator(Stream& stream, Tokens& list);
+    Ptr<DeclNode> parseCollectedFunction(Stream& stream, Tokens& list);
+    Ptr<DeclNode> parseCollectedFunctionPtr(Stream& stream, Tokens& list);
+    Ptr<DeclNode> parseCollectedClass(Stream& stream, Tokens& list);
+    Ptr<DeclNode> parseCollectedEnum(Stream& stream, Tokens& list);
+    std::optional<Trn::TokenStretch> collectBody(Stream& stream);
+
+    // ---- Classes (Cpp_ParserClasses.cpp)
+
+    Ptr<ClassDeclNode> parseClassDecl(Stream& stream);
+    Ptr<ClassHeadNode> parseClassHead(Stream& stream);
+    Ptr<ClassNameNode> parseClassName(Stream& stream);
+    Ptr<BaseClauseListNode> parseBaseClauseList(Stream& stream);
+    Ptr<BaseClauseNode> parseBaseClause(Stream& stream);
+    bool readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, int& angleDepth);
+    bool acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause);
+    Ptr<ClassBodyNode> parseClassBody(Stream& stream);
+    Step parseClassItem(Stream& stream, ClassBodyNode& body, int& depth);
+    Ptr<AccessSpecNode> parseAccessLabel(Stream& stream);
+
+    // ---- Enums, namespaces and linkage blocks (Cpp_ParserBodies.cpp)
+
+    struct Enumerator;
+
+    Ptr<EnumDeclNode> parseEnumDecl(Stream& stream);
+    Ptr<EnumHeadNode> parseEnumHead(Stream& stream);
+    Ptr<EnumBodyNode> parseEnumBody(Stream& stream);
+    bool parseEnumItem(Stream& stream, EnumBodyNode& body, Enumerator& enumerator, int& depth);
+    Ptr<NamespaceDeclNode> parseNamespaceDecl(Stream& stream);
+    Ptr<NamespaceHeadNode> parseNamespaceHead(Stream& stream);
+    Ptr<NamespaceBodyNode> parseNamespaceBody(Stream& stream);
+    Step parseNamespaceItem(Stream& stream, NamespaceBodyNode& body, int& depth);
+    bool startsNamespaceAlias(const Stream& stream) const;
+    Ptr<SyntaxNode> parseExtern(Stream& stream);
+    bool startsLinkageBlock(const Stream& stream) const;
+    Ptr<LinkageBlockNode> parseLinkageBlock(Stream& stream);
+    Ptr<LinkageBlockBodyNode> parseLinkageBody(Stream& stream);
+    Step parseLinkageItem(Stream& stream, LinkageBlockBodyNode& body, int& depth);
+
+    // ---- Functions, parameters and templates (Cpp_ParserFunctions.cpp, Cpp_ParserParameters.cpp)
+
+    struct HeadScan;
+
+    Ptr<FunctionDeclNode> parseFunctionDecl(Stream& head, Stream& stream);
+    Ptr<FunctionHeadNode> parseFunctionHead(Stream& stream);
+    bool findParameterBracket(Stream& stream, HeadScan& scan);
+    bool findFunctionName(const Stream& stream, HeadScan& scan);
+    bool findPlainName(const Stream& stream, HeadScan& scan);
+    bool findCallOperator(const Stream& stream, HeadScan& scan);
+    bool findIndexOperator(const Stream& stream, HeadScan& scan);
+    bool findTemplateName(const Stream& stream, HeadScan& scan);
+    bool findSymbolOperator(const Stream& stream, HeadScan& scan);
+    bool parseFunctionHeadTail(Stream& stream, FunctionHeadNode& head);
+    Ptr<ExprNode> parseExceptionSpec(Stream& stream);
+    Ptr<ExprNode> parsePureSpec(Stream& stream);
+    Ptr<TextNode> parseCvQualifiers(Stream& stream);
+
+    struct ParameterScan;
+
+    Ptr<ParameterListNode> parseParameterList(Stream& stream, bool isTemplate);
+    Step scanParameterToken(Stream& stream, ParameterListNode& list, ParameterScan& scan);
+    Ptr<InitializerListNode> parseCtorInitializerList(Stream& stream);
+    Ptr<InitializerNode> parseCtorInitializer(Stream& stream);
+    Ptr<IdNode> parseCtorInitializerName(Stream& stream);
+    Ptr<ArgListNode> parseCtorArguments(Stream& stream);
+    // Either a TemplateNode or, for an explicit instantiation, an ExprNode.
+    Ptr<SyntaxNode> parseTemplate(Stream& stream);
+
+    // ---- Data and function pointer declarations (Cpp_ParserData.cpp)
+
+    struct DataHead;
+    struct FunctionPtrScan;
+
+    // A null without a report means: this is no data declaration.
+    Ptr<DataDeclNode> parseDataDecl(Stream& list, Stream& stream, bool allowBitfield);
+    Ptr<DataDeclNode> parseDataHead(Stream& stream, bool allowBitfield);
+    bool cutDataHead(Stream& stream, bool allowBitfield, DataHead& head);
+    bool endsDataHead(Stream& stream, const Token& token, bool allowBitfield, DataHead& head);
+    Ptr<ExprNode> parseAssignInitializer(Stream& stream, const Token& assign);
+    Ptr<ExprNode> parseParenInitializer(Stream& list, Stream& stream, const Token& paren);
+    Ptr<ExprNode> parseBitfield(Stream& list, Stream& stream, const Token& colon);
+    bool readBitfieldWidth(Stream& list, std::string& text);
+    bool readNextBitfield(Stream& list, std::string& text);
+    void reportBadBitfield(const Token& token, std::string_view expected);
+    Ptr<FunctionPtrDeclNode> parseFunctionPtrDecl(Stream& stream);
+    Step scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan);
+    Step endFunctionPtrName(Stream& stream, FunctionPtrScan& scan, const Token& paren);
+
+    // ---- Statements (Cpp_ParserStatements.cpp, Cpp_ParserControl.cpp)
+
+    struct Expression;
+
+    Ptr<BlockNode> parseBlock(Stream& stream);
+    void parseSingleStatement(Stream& stream, TokenKind kind, BlockNode& block);
+    bool parseBlockItem(Stream& stream, BlockNode& block);
+    void parseBlockStatement(Stream& stream, TokenKind kind, BlockNode& block);
+    void parseBlockWord(Stream& stream, const Token& word, BlockNode& block);
+    void parseDataOrExpression(Stream& stream, BlockNode& block);
+    Ptr<ExprNode> parseExpressionStatement(Stream& stream);
+    bool endsExpression(const Token& token, const Expression& expression) const;
+    Ptr<CaseNode> parseCaseLabel(Stream& stream);
+    Ptr<ExprNode> parseCaseValue(Stream& stream, Position& colon);
+    Ptr<LabelNode> parseGotoLabel(Stream& stream);
+    Ptr<AsmNode> parseAsm(Stream& stream);
+    bool parseAsmBlock(Stream& stream, BlockNode& block);
+    int parseAsmLine(Stream& stream, Token token, BlockNode& block);
+
+    Ptr<CtrlStmtNode> parseControlStatement(Stream& stream);
+    bool expectsPart(Stream& stream, TokenKind key);
+    bool parseControlParts(Stream& stream, CtrlStmtNode& statement, TokenKind& key);
+    Ptr<CtrlSubStmtNode> parseSubStatement(Stream& stream);
+    Ptr<CtrlSubStmtHeadNode> parseSubStatementHead(Stream& stream);
+    bool parseCondition(Stream& stream, CtrlSubStmtHeadNode& head);
+
+    Trn::ParseMessageList messages_;
+    int depth_ = 0;  // of nested blocks and bodies
 };
 
 }  // namespace Cpp
