@@ -1,0 +1,162 @@
+// corvane-inspect: shows what the stages of the engine make of a source text, for people who debug it and for tests.
+// Each sub-command is one function from a source to a text.
+#include <CLI/CLI.hpp>
+#include <cstring>
+#include <exception>
+#include <string>
+
+#include "BrevisUI_Files.h"
+#include "BrevisUI_Messages.h"
+#include "Console_StandardStreams.h"
+#include "Console_TreePrinter.h"
+#include "Cpp_Lexer.h"
+#include "Cpp_Parser.h"
+#include "Trn_Escapes.h"
+#include "Vellum_LineEnds.h"
+
+namespace {
+
+constexpr const char* program = "corvane-inspect";
+constexpr const char* standardInput = "-";
+constexpr int exitGood = 0;
+constexpr int exitTrouble = 2;
+
+constexpr const char* versionText = "corvane-inspect (Corvane C++) " CORVANE_VERSION_TEXT
+                                    "\n"
+                                    "Copyright (C) Vellum Software\n";
+
+constexpr const char* helpText =
+    R"(Usage: corvane-inspect tokens [FILE]
+  or:  corvane-inspect tree [FILE]
+Show what the stages of the formatter make of a C or C++ source text.
+
+Without FILE, or where FILE is -, standard input is read.
+
+  tokens       one token a line: its number, its first and last position and its
+                 text, between tabs; the end of the text comes last
+  tree         one node of the syntax tree a line, two blanks a level
+      --help     show this help and exit
+      --version  show the version and exit
+
+Positions are LINE:COLUMN. In a text, white space other than blanks, quotes and
+backslashes are escaped. What the parser reports goes to standard error; the tree
+is shown even so.
+
+Exit status:
+  0  if the text was read, whatever the parser reports,
+  2  if it could not be read or is nested too deeply, or the arguments are bad.
+)";
+
+void complain(const std::string& complaint) { Console::writeErrorLine(std::string(program) + ": " + complaint); }
+
+struct Source {
+    std::string name;  // for messages
+    std::string text;  // with normalised line ends
+};
+
+std::string showTokens(const Source& source) {
+    std::string out;
+    Cpp::Lexer lexer(source.text);
+    for (;;) {
+        const Trn::Token token = lexer.next();
+        out += std::to_string(token.kind()) + '\t' + Console::printPosition(token.first()) + '-' +
+               Console::printPosition(token.last()) + '\t' + Trn::escape(token.text()) + '\n';
+        if (token.kind() == Trn::Kind::EndOfInput) return out;
+    }
+}
+
+std::string showTree(const Source& source) {
+    Cpp::Lexer lexer(source.text);
+    Cpp::RootNode root;
+    Trn::ParseMessageList messages;
+    Cpp::Parser().parse(lexer, root, messages);
+    for (const Trn::ParseMessage& message : messages) {
+        Console::writeErrorLine(BrevisUI::parseMessageLine(source.name, message));
+    }
+    return Console::printTree(root);
+}
+
+struct Command {
+    const char* name;
+    std::string (*show)(const Source& source);
+};
+
+constexpr Command commands[] = {{"tokens", showTokens}, {"tree", showTree}};
+
+bool readSource(const std::string& file, Source& source) {
+    const bool isStandardInput = file == standardInput;
+    source.name = isStandardInput ? "<stdin>" : file;
+    const bool isRead =
+        isStandardInput ? BrevisUI::readStream(stdin, source.text) : BrevisUI::readFile(file, source.text);
+    if (!isRead) {
+        complain("cannot read '" + source.name + "': " + std::strerror(errno));
+        return false;
+    }
+    Vellum::normalizeLineEnds(source.text);
+    return true;
+}
+
+// What the arguments ask for: a command and its file, or a status to end with.
+struct Request {
+    const Command* command = nullptr;
+    std::string file = standardInput;
+    int status = exitGood;
+};
+
+Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
+    Request request;
+    CLI::App app;
+    app.set_help_flag("--help");
+    app.set_version_flag("--version", versionText);
+    app.require_subcommand(1);
+    for (const Command& command : commands) {
+        CLI::App* sub = app.add_subcommand(command.name);
+        sub->set_help_flag("--help");
+        sub->add_option("FILE", request.file);
+        sub->callback([&request, &command] { request.command = &command; });
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        output.write(helpText);
+        request.command = nullptr;
+    } catch (const CLI::CallForVersion&) {
+        output.write(versionText);
+        request.command = nullptr;
+    } catch (const CLI::ParseError& error) {
+        complain(error.what());
+        complain(std::string("try '") + program + " --help' for more information");
+        request.command = nullptr;
+        request.status = exitTrouble;
+    }
+    return request;
+}
+
+int guardedMain(int argc, char** argv) {
+    Console::StandardOutput output;
+    Request request = parseArguments(argc, argv, output);
+    if (request.command) {
+        Source source;
+        if (!readSource(request.file, source)) return exitTrouble;
+        output.write(request.command->show(source));
+    }
+    if (const int error = output.finish()) {
+        complain(std::string("write error: ") + std::strerror(error));
+        return exitTrouble;
+    }
+    return request.status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    Console::prepareStandardStreams();
+    try {
+        return guardedMain(argc, argv);
+    } catch (const Trn::Exception& exception) {
+        complain(exception.message());
+    } catch (const std::exception& exception) {
+        complain(exception.what());
+    }
+    return exitTrouble;
+}
