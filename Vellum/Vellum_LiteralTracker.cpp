@@ -23,7 +23,7 @@ void LiteralTracker::feed(char c) {
         case State::String:
             return feedString(c, isSpace);
         case State::Character:
-            return feedCharacter(c);
+            return feedCharacter(c, isSpace);
         case State::Directive:
             return feedDirective(c, isSpace);
     }
@@ -59,7 +59,9 @@ void LiteralTracker::feedNormal(char c, bool isSpace) {
             if (previous == '/') enter(State::BlockComment);
             return;
         case '"':
-            return enter(State::String);
+            enter(State::String);
+            lastNonSpace_ = c;
+            return;
         case '\'':
             return enter(State::Character);
         case '#':
@@ -85,15 +87,29 @@ void LiteralTracker::feedString(char c, bool isSpace) {
     if (!isSpace) lastNonSpace_ = c;
     if (c == '\n') {
         // A backslash continues the literal, also with blanks behind it; without one it is defective and ends here.
-        if (lastNonSpace_ != '\\') return leave('\0');
+        // Then a backslash with nothing but white space behind it is one in the open.
+        const bool isBlankLine = lastNonSpace_ == '\0';
+        if (lastNonSpace_ != '\\') {
+            leave('\0');
+            behindBackslash_ = isBlankLine;
+            return;
+        }
         lastNonSpace_ = '\0';
     }
     if (!escaped_ && c == '"') return leave(c);
     escaped_ = !escaped_ && c == '\\';
 }
 
-void LiteralTracker::feedCharacter(char c) {
-    if (c == '\n') return leave('\0');
+void LiteralTracker::feedCharacter(char c, bool isSpace) {
+    if (!isSpace) lastNonSpace_ = c;
+    if (c == '\n') {
+        // A line end cuts the literal for the lexer, a backslash continues it for a compiler: what it stands in front
+        // of stays as it is.
+        const bool isContinued = lastNonSpace_ == '\\';
+        leave('\0');
+        behindBackslash_ = isContinued;
+        return;
+    }
     if (!escaped_ && c == '\'') return leave(c);
     escaped_ = !escaped_ && c == '\\';
 }

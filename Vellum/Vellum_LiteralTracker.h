@@ -41,7 +41,7 @@ private:
     void feedNormal(char c, bool isSpace);
     void feedBlockComment(char c);
     void feedString(char c, bool isSpace);
-    void feedCharacter(char c);
+    void feedCharacter(char c, bool isSpace);
     void feedDirective(char c, bool isSpace);
     void feedDirectiveLiteral(char c);
     void enter(State state);

@@ -104,11 +104,11 @@ void OTextDocBuf::putUnconverted(std::string_view piece) {
 }
 
 void OTextDocBuf::putLineFeed() {
-    const bool matters = lineStart_ == LineStart::Backslash || lineEndsInBackslash();
+    const bool matters = lineStart_ != LineStart::Plain || lineEndsInBackslash();
     text_ += '\n';
     ++line_;
     column_ = 0;
-    // Only a backslash can carry a literal or white space that has to stay over a line end.
+    // Only a backslash carries a literal, or white space that has to stay, over a line end.
     if (matters) catchUp();
     lineStart_ = matters ? tracker_.lineStart() : LineStart::Plain;
 }

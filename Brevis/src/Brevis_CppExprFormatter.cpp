@@ -215,11 +215,11 @@ void CppExprFormatter::spaceBeforeOp(ExprWalk& walk, const ExprToken& before, co
 
 void CppExprFormatter::spaceAfterOp(ExprWalk& walk, const ExprToken& op, const ExprToken& after) {
     if (!isBinaryOp(op.kind) || !wsBetweenOpOperands_.isSet) return walk.copyBefore(after);
-    walk.writeTrimmed(trimmedLeft(walk.readThrough(op)), wsBetweenOpOperands_);
+    walk.writeTrimmed(walk.trimmedLeft(walk.readThrough(op)), wsBetweenOpOperands_);
     if (Trn::isTrivia(after.kind))
         walk.copyBefore(after);
     else
-        walk.write(trimmedLeft(walk.readBefore(after)));
+        walk.writeTrimmedLeft(walk.readBefore(after));
 }
 
 // The sign in front of an operand that follows a separator stays with the operand.
@@ -234,7 +234,7 @@ void CppExprFormatter::joinStrings(ExprWalk& walk) {
     if (!lineWrap_) return walk.copyBefore(walk.next());
     walk.copyThrough(walk.current());
     walk.write(" ");
-    walk.write(trimmedLeft(walk.readBefore(walk.next())));
+    walk.writeTrimmedLeft(walk.readBefore(walk.next()));
 }
 
 void CppExprFormatter::writeDirectiveToken(ExprWalk& walk, const ExprToken& token) {

@@ -11,7 +11,7 @@ namespace Brevis {
 CppExprFormatterBase::CppExprFormatterBase(const PropertySet& scheme) : properties_(scheme) {
     applyEngineDefaults(properties_);
     properties_.getInt("TAB_SIZE", tabSize_);
-    tabSize_ = std::max(tabSize_, 0);
+    tabSize_ = std::max(tabSize_, 1);  // a smaller one acts as 1 wherever columns are computed
     leftMargin_ = wsProperty(properties_, "LEFT_MARGIN");
     hasAlignPpdLeftMost_ = properties_.getBool("ALIGN_PPD_LEFT_MOST", alignPpdLeftMost_);
 }

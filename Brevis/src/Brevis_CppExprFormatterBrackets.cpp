@@ -29,7 +29,7 @@ void CppExprFormatter::formatSpacedBracket(ExprWalk& walk, const BracketValues& 
 
     if (!walk.more()) {
         if (values.afterOpen.isSet) walk.writeTrimmed(walk.readThrough(walk.current()), values.afterOpen);
-        return walk.write(trimmedLeft(walk.remainder()));
+        return walk.writeTrimmedLeft(walk.remainder());
     }
 
     if (values.afterOpen.isSet)
@@ -48,7 +48,7 @@ void CppExprFormatter::formatSpacedBracket(ExprWalk& walk, const BracketValues& 
         gap = walk.remainder();
     }
     if (!values.beforeClose.isSet) return walk.write(gap);
-    walk.write(trimmedLeft(gap));
+    walk.writeTrimmedLeft(gap);
     walk.writeWs(values.beforeClose);
 }
 
@@ -78,7 +78,7 @@ std::string CppExprFormatter::formatInside(ExprWalk& walk, const BracketValues& 
 
 void CppExprFormatter::writeEmptyPair(ExprWalk& walk, const ExprToken& open, const ExprToken& close) {
     walk.write(trimmedRight(walk.readThrough(open)));
-    walk.write(trimmedLeft(walk.readBefore(close)));
+    walk.writeTrimmedLeft(walk.readBefore(close));
 }
 
 // Behind parentheses that are no call's an operand makes them a C-style cast.
@@ -164,7 +164,7 @@ void CppExprFormatter::formatInitializer(ExprWalk& walk) {
     } else {
         formatInitializerElements(walk, walk.readSlice(first, brace.close, walk.current().end));
         if (wsBeforeDdCloseBrace_.isSet) {
-            walk.write(trimmedLeft(walk.readBefore(close)));
+            walk.writeTrimmedLeft(walk.readBefore(close));
             walk.writeWs(wsBeforeDdCloseBrace_);
         }
     }
@@ -259,7 +259,7 @@ void CppExprFormatter::formatArguments(ExprWalk& walk, std::uint32_t open, std::
     walk.write(text);
 
     if (wsBeforeTpClose_.isSet) {
-        walk.write(trimmedLeft(walk.readBefore(closeToken)));
+        walk.writeTrimmedLeft(walk.readBefore(closeToken));
         // Two closing brackets never touch.
         const bool wouldTouch = last.kind == Kind::Greater && wsBeforeTpClose_.text.empty();
         writeWs(walk.out(), wouldTouch ? " " : wsBeforeTpClose_.text);

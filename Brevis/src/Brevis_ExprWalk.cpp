@@ -82,8 +82,13 @@ std::string_view ExprWalk::readTo(std::uint32_t offset) {
     return text;
 }
 
+std::string_view ExprWalk::trimmedLeft(std::string_view text) const {
+    return out_.behindBackslash() ? text : Brevis::trimmedLeft(text);
+}
+
 void ExprWalk::writeTrimmed(std::string_view text, const WsProperty& value) {
-    out_ << trimmedRight(text);
+    const bool staysWhole = out_.behindBackslash() && Brevis::trimmedLeft(text).empty();
+    out_ << (staysWhole ? text : trimmedRight(text));
     writeWs(value);
 }
 

@@ -79,6 +79,9 @@ public:
     void copyThrough(const ExprToken& token) { out_ << readThrough(token); }
     void copyBefore(const ExprToken& token) { out_ << readBefore(token); }
     void writeWs(const WsProperty& value) { Brevis::writeWs(out_, value.text); }
+    // The text without the white space at its start, unless that follows a backslash at a line end.
+    std::string_view trimmedLeft(std::string_view text) const;
+    void writeTrimmedLeft(std::string_view text) { out_ << trimmedLeft(text); }
     // The text without the white space at its end, and the value in its place.
     void writeTrimmed(std::string_view text, const WsProperty& value);
     // The current token and the gap behind it as they stand.
