@@ -33,7 +33,9 @@ constexpr std::array<std::uint8_t, 256> makeCharClasses() {
 
 inline constexpr std::array<std::uint8_t, 256> charClasses = makeCharClasses();
 
-constexpr bool isAny(char c, std::uint8_t classes) { return (charClasses[static_cast<unsigned char>(c)] & classes) != 0; }
+constexpr bool isAny(char c, std::uint8_t classes) {
+    return (charClasses[static_cast<unsigned char>(c)] & classes) != 0;
+}
 constexpr bool isSpace(char c) { return isAny(c, CharClass::space); }
 
 // The text without the white space at both its ends.

@@ -24,9 +24,7 @@ IdNode::IdNode(std::string name, Position first, Position last) : Visitable(std:
     if (text.empty()) throw InvalidId();
 }
 
-KeywordNode::KeywordNode(Trn::TokenKind kind, Position first, Position last) : Visitable(first, last) {
-    setKind(kind);
-}
+KeywordNode::KeywordNode(Trn::TokenKind kind, Position first, Position last) : Visitable(first, last) { setKind(kind); }
 
 void KeywordNode::setKind(Trn::TokenKind kind) {
     if (kind < Trn::Kind::Class || kind > Trn::Kind::Default) throw InvalidKeyword();

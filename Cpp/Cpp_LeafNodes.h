@@ -26,7 +26,8 @@ class TextLeafNode : public LeafNode {
 public:
     TextLeafNode() = default;
     explicit TextLeafNode(std::string nodeText) : text(std::move(nodeText)) {}
-    TextLeafNode(std::string nodeText, Position first, Position last) : LeafNode(first, last), text(std::move(nodeText)) {}
+    TextLeafNode(std::string nodeText, Position first, Position last)
+        : LeafNode(first, last), text(std::move(nodeText)) {}
 
     std::string text;
 };

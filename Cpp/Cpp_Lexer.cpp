@@ -54,13 +54,22 @@ bool Lexer::recognize(Token& token) {
     }
     if (isAny(c, CharClass::digit)) return recognizeNumber(token);
     switch (c) {
-        case '/': return recognizeSlash(token);
-        case ':': return recognizeColon(token);
-        case '~': return recognizeTilde(token);
-        case '"': return recognizeString(token);
-        case '\'': token = charLiteral(); return true;
-        case '#': token = directive(); return true;
-        default: return recognizeOperator(token);
+        case '/':
+            return recognizeSlash(token);
+        case ':':
+            return recognizeColon(token);
+        case '~':
+            return recognizeTilde(token);
+        case '"':
+            return recognizeString(token);
+        case '\'':
+            token = charLiteral();
+            return true;
+        case '#':
+            token = directive();
+            return true;
+        default:
+            return recognizeOperator(token);
     }
 }
 
@@ -306,26 +315,22 @@ struct Operator {
 
 // Longest text first among those with the same first character.
 constexpr Operator operators[] = {
-    {"!=", Kind::NotEqual},      {"!", Kind::Not},
-    {"%=", Kind::PercentAssign}, {"%", Kind::Percent},
-    {"&&", Kind::AmpAmp},        {"&=", Kind::AmpAssign},  {"&", Kind::Amp},
-    {"(", Kind::OpenParen},      {")", Kind::CloseParen},
-    {"*=", Kind::StarAssign},    {"*", Kind::Star},
-    {"++", Kind::PlusPlus},      {"+=", Kind::PlusAssign}, {"+", Kind::Plus},
-    {",", Kind::Comma},
-    {"->*", Kind::ArrowStar},    {"--", Kind::MinusMinus}, {"-=", Kind::MinusAssign}, {"->", Kind::Arrow},
-    {"-", Kind::Minus},
-    {".*", Kind::DotStar},       {".", Kind::Dot},
-    {"/=", Kind::SlashAssign},   {"/", Kind::Slash},
-    {":", Kind::Colon},          {";", Kind::Semicolon},
-    {"<<=", Kind::ShiftLeftAssign},  {"<<", Kind::ShiftLeft},  {"<=", Kind::LessEqual},    {"<", Kind::Less},
-    {"==", Kind::EqualEqual},    {"=", Kind::Assign},
-    {">>=", Kind::ShiftRightAssign}, {">>", Kind::ShiftRight}, {">=", Kind::GreaterEqual}, {">", Kind::Greater},
-    {"?", Kind::Question},       {"[", Kind::OpenBracket}, {"]", Kind::CloseBracket},
-    {"^=", Kind::CaretAssign},   {"^", Kind::Caret},
-    {"{", Kind::OpenBrace},
-    {"|=", Kind::PipeAssign},    {"||", Kind::PipePipe},   {"|", Kind::Pipe},
-    {"}", Kind::CloseBrace},     {"~", Kind::Tilde},
+    {"!=", Kind::NotEqual},    {"!", Kind::Not},           {"%=", Kind::PercentAssign},
+    {"%", Kind::Percent},      {"&&", Kind::AmpAmp},       {"&=", Kind::AmpAssign},
+    {"&", Kind::Amp},          {"(", Kind::OpenParen},     {")", Kind::CloseParen},
+    {"*=", Kind::StarAssign},  {"*", Kind::Star},          {"++", Kind::PlusPlus},
+    {"+=", Kind::PlusAssign},  {"+", Kind::Plus},          {",", Kind::Comma},
+    {"->*", Kind::ArrowStar},  {"--", Kind::MinusMinus},   {"-=", Kind::MinusAssign},
+    {"->", Kind::Arrow},       {"-", Kind::Minus},         {".*", Kind::DotStar},
+    {".", Kind::Dot},          {"/=", Kind::SlashAssign},  {"/", Kind::Slash},
+    {":", Kind::Colon},        {";", Kind::Semicolon},     {"<<=", Kind::ShiftLeftAssign},
+    {"<<", Kind::ShiftLeft},   {"<=", Kind::LessEqual},    {"<", Kind::Less},
+    {"==", Kind::EqualEqual},  {"=", Kind::Assign},        {">>=", Kind::ShiftRightAssign},
+    {">>", Kind::ShiftRight},  {">=", Kind::GreaterEqual}, {">", Kind::Greater},
+    {"?", Kind::Question},     {"[", Kind::OpenBracket},   {"]", Kind::CloseBracket},
+    {"^=", Kind::CaretAssign}, {"^", Kind::Caret},         {"{", Kind::OpenBrace},
+    {"|=", Kind::PipeAssign},  {"||", Kind::PipePipe},     {"|", Kind::Pipe},
+    {"}", Kind::CloseBrace},   {"~", Kind::Tilde},
 };
 
 // For each character the index of its first operator plus 1, or 0 where it begins none.
@@ -360,9 +365,7 @@ char Lexer::peek(std::size_t ahead) const {
     return offset_ + ahead < text_.size() ? text_[offset_ + ahead] : endCharacter;
 }
 
-Position Lexer::cursor() const {
-    return {line_, static_cast<int>(static_cast<std::ptrdiff_t>(offset_) - lineStart_)};
-}
+Position Lexer::cursor() const { return {line_, static_cast<int>(static_cast<std::ptrdiff_t>(offset_) - lineStart_)}; }
 
 Position Lexer::cursorBehindNext() const {
     const Position position = cursor();

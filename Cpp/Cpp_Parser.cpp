@@ -31,21 +31,41 @@ void Parser::parseFileItem(Stream& stream, RootNode& root) {
     switch (stream.peek().kind()) {
         case Kind::Defective:
         case Kind::Semicolon:
-        case Kind::CloseBrace: stream.get(); break;
-        case Kind::Directive: root.addChild(parseDirective(stream)); break;
+        case Kind::CloseBrace:
+            stream.get();
+            break;
+        case Kind::Directive:
+            root.addChild(parseDirective(stream));
+            break;
         case Kind::LineComment:
-        case Kind::BlockComment: root.addChild(parseComment(stream)); break;
-        case Kind::OpenBrace: root.addChild(parseBlock(stream)); break;
-        case Kind::Namespace: root.addChild(parseNamespaceDecl(stream)); break;
-        case Kind::Using: skipUntil(stream, Kind::Semicolon); break;
-        case Kind::Template: root.addChild(parseTemplate(stream)); break;
-        case Kind::Asm: parseFileAsm(stream, root); break;
+        case Kind::BlockComment:
+            root.addChild(parseComment(stream));
+            break;
+        case Kind::OpenBrace:
+            root.addChild(parseBlock(stream));
+            break;
+        case Kind::Namespace:
+            root.addChild(parseNamespaceDecl(stream));
+            break;
+        case Kind::Using:
+            skipUntil(stream, Kind::Semicolon);
+            break;
+        case Kind::Template:
+            root.addChild(parseTemplate(stream));
+            break;
+        case Kind::Asm:
+            parseFileAsm(stream, root);
+            break;
         case Kind::Throw:
         case Kind::Continue:
         case Kind::Break:
         case Kind::Goto:
-        case Kind::Return: parseFileStatement(stream, root); break;
-        case Kind::Extern: root.addChild(parseExtern(stream)); break;
+        case Kind::Return:
+            parseFileStatement(stream, root);
+            break;
+        case Kind::Extern:
+            root.addChild(parseExtern(stream));
+            break;
         case Kind::If:
         case Kind::Else:
         case Kind::For:
@@ -53,9 +73,15 @@ void Parser::parseFileItem(Stream& stream, RootNode& root) {
         case Kind::While:
         case Kind::Try:
         case Kind::Catch:
-        case Kind::Switch: root.addChild(parseControlStatement(stream)); break;
-        case Kind::Identifier: parseFileWord(stream, root); break;
-        default: parseFileDeclaration(stream, root); break;
+        case Kind::Switch:
+            root.addChild(parseControlStatement(stream));
+            break;
+        case Kind::Identifier:
+            parseFileWord(stream, root);
+            break;
+        default:
+            parseFileDeclaration(stream, root);
+            break;
     }
 }
 

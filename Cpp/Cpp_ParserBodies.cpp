@@ -113,8 +113,12 @@ bool Parser::parseEnumItem(Stream& stream, EnumBodyNode& body, Enumerator& enume
             report(token.first(), "Expected \"}\" first to close enum declaration.");
             return false;
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return false;
-        default: enumerator.add(token); return true;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return false;
+        default:
+            enumerator.add(token);
+            return true;
     }
 }
 
@@ -168,14 +172,21 @@ Parser::Step Parser::parseNamespaceItem(Stream& stream, NamespaceBodyNode& body,
     const Token token = stream.get();
     switch (token.kind()) {
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return Step::Stop;
-        case Kind::Semicolon: return Step::GoOn;
-        case Kind::OpenBrace: ++depth; return Step::GoOn;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return Step::Stop;
+        case Kind::Semicolon:
+            return Step::GoOn;
+        case Kind::OpenBrace:
+            ++depth;
+            return Step::GoOn;
         case Kind::CloseBrace:
             if (--depth > 0) return Step::GoOn;
             body.setLastPosition(token.last());
             return Step::Stop;
-        case Kind::Using: skipUntilAttaching(stream, body, Kind::Semicolon); return Step::GoOn;
+        case Kind::Using:
+            skipUntilAttaching(stream, body, Kind::Semicolon);
+            return Step::GoOn;
         case Kind::Namespace:
             // The rest of an alias passes as the data declaration that it looks like.
             attachTrivia(stream, body);
@@ -183,7 +194,8 @@ Parser::Step Parser::parseNamespaceItem(Stream& stream, NamespaceBodyNode& body,
             stream.unget(token);
             body.addChild(parseNamespaceDecl(stream));
             return Step::GoOn;
-        default: break;
+        default:
+            break;
     }
     stream.stepBack();
     if (token.kind() == Kind::Extern) {
@@ -266,15 +278,23 @@ Parser::Step Parser::parseLinkageItem(Stream& stream, LinkageBlockBodyNode& body
     const Token token = stream.get();
     switch (token.kind()) {
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return Step::Stop;
-        case Kind::Semicolon: return Step::GoOn;
-        case Kind::OpenBrace: ++depth; return Step::GoOn;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return Step::Stop;
+        case Kind::Semicolon:
+            return Step::GoOn;
+        case Kind::OpenBrace:
+            ++depth;
+            return Step::GoOn;
         case Kind::CloseBrace:
             if (--depth > 0) return Step::GoOn;
             body.setLastPosition(token.last());
             return Step::Stop;
-        case Kind::Using: skipUntilAttaching(stream, body, Kind::Semicolon); return Step::GoOn;
-        default: break;
+        case Kind::Using:
+            skipUntilAttaching(stream, body, Kind::Semicolon);
+            return Step::GoOn;
+        default:
+            break;
     }
     if (const std::string_view refusal = linkageRefusal(token.kind()); !refusal.empty()) {
         report(token.first(), std::string(refusal));

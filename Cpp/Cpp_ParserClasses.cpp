@@ -17,10 +17,14 @@ constexpr int wordAccessKind = 4;
 
 int accessKindOf(Trn::TokenKind kind) {
     switch (kind) {
-        case Kind::Public: return 1;
-        case Kind::Protected: return 2;
-        case Kind::Private: return 3;
-        default: return 0;
+        case Kind::Public:
+            return 1;
+        case Kind::Protected:
+            return 2;
+        case Kind::Private:
+            return 3;
+        default:
+            return 0;
     }
 }
 
@@ -122,7 +126,9 @@ std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {
                 }
                 clause->text += token.text();
                 break;
-            case Kind::OpenBrace: stream.stepBack(); return clause;
+            case Kind::OpenBrace:
+                stream.stepBack();
+                return clause;
             case Kind::Star:
             case Kind::Amp:
             case Kind::Identifier:
@@ -196,9 +202,14 @@ Parser::Step Parser::parseClassItem(Stream& stream, ClassBodyNode& body, int& de
     const Token token = stream.get();
     switch (token.kind()) {
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return Step::Stop;
-        case Kind::Semicolon: return Step::GoOn;
-        case Kind::OpenBrace: ++depth; return Step::GoOn;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return Step::Stop;
+        case Kind::Semicolon:
+            return Step::GoOn;
+        case Kind::OpenBrace:
+            ++depth;
+            return Step::GoOn;
         case Kind::CloseBrace:
             if (--depth > 0) return Step::GoOn;
             body.setLastPosition(token.last());
@@ -206,11 +217,14 @@ Parser::Step Parser::parseClassItem(Stream& stream, ClassBodyNode& body, int& de
         case Kind::Namespace:
             report(token.first(), "Namespace declaration illegal inside class declaration.");
             return Step::GoOn;
-        case Kind::Using: skipUntilAttaching(stream, body, Kind::Semicolon); return Step::GoOn;
-        default: break;
+        case Kind::Using:
+            skipUntilAttaching(stream, body, Kind::Semicolon);
+            return Step::GoOn;
+        default:
+            break;
     }
-    const bool isLabel = isAccessKeyword(token.kind()) ||
-                         (token.kind() == Kind::Identifier && stream.peek().kind() == Kind::Colon);
+    const bool isLabel =
+        isAccessKeyword(token.kind()) || (token.kind() == Kind::Identifier && stream.peek().kind() == Kind::Colon);
     stream.stepBack();
     if (isLabel) {
         body.addChild(parseAccessLabel(stream));

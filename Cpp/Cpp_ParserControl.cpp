@@ -22,11 +22,15 @@ std::unique_ptr<CtrlStmtNode> Parser::parseControlStatement(Stream& stream) {
 // Whether the statement goes on. A `do` always goes on to look for its `while`.
 bool Parser::expectsPart(Stream& stream, TokenKind key) {
     switch (key) {
-        case Kind::Do: return true;
-        case Kind::If: return peekSignificant(stream).kind() == Kind::Else;
+        case Kind::Do:
+            return true;
+        case Kind::If:
+            return peekSignificant(stream).kind() == Kind::Else;
         case Kind::Try:
-        case Kind::Catch: return peekSignificant(stream).kind() == Kind::Catch;
-        default: return false;
+        case Kind::Catch:
+            return peekSignificant(stream).kind() == Kind::Catch;
+        default:
+            return false;
     }
 }
 
@@ -77,8 +81,7 @@ std::unique_ptr<CtrlSubStmtHeadNode> Parser::parseSubStatementHead(Stream& strea
     }
     auto head = std::make_unique<CtrlSubStmtHeadNode>();
     head->keyword = std::make_unique<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
-    const bool hasCondition =
-        keyword.kind() != Kind::Else && keyword.kind() != Kind::Do && keyword.kind() != Kind::Try;
+    const bool hasCondition = keyword.kind() != Kind::Else && keyword.kind() != Kind::Do && keyword.kind() != Kind::Try;
     if (hasCondition && !parseCondition(stream, *head)) return nullptr;
     return head;
 }

@@ -19,6 +19,7 @@ struct Parser::DataHead {
     int parens = 0;
     int brackets = 0;
     int angles = 0;
+    Token previous;  // the last token that is no trivia
 };
 
 std::unique_ptr<DataDeclNode> Parser::parseDataDecl(Stream& list, Stream& stream, bool allowBitfield) {
@@ -26,14 +27,25 @@ std::unique_ptr<DataDeclNode> Parser::parseDataDecl(Stream& list, Stream& stream
     if (!declaration) return nullptr;
     const Token token = list.get();
     switch (token.kind()) {
-        case Kind::Semicolon: declaration->setLastPosition(token.first()); return declaration;
+        case Kind::Semicolon:
+            declaration->setLastPosition(token.first());
+            return declaration;
         case Kind::Public:
         case Kind::Private:
-        case Kind::Protected: return declaration;
-        case Kind::Assign: declaration->initializer = parseAssignInitializer(stream, token); break;
-        case Kind::OpenParen: declaration->initializer = parseParenInitializer(list, stream, token); break;
-        case Kind::Colon: declaration->initializer = parseBitfield(list, stream, token); break;
-        default: report(stream.get().first(), ParseCode::StrayInData); return nullptr;
+        case Kind::Protected:
+            return declaration;
+        case Kind::Assign:
+            declaration->initializer = parseAssignInitializer(stream, token);
+            break;
+        case Kind::OpenParen:
+            declaration->initializer = parseParenInitializer(list, stream, token);
+            break;
+        case Kind::Colon:
+            declaration->initializer = parseBitfield(list, stream, token);
+            break;
+        default:
+            report(stream.get().first(), ParseCode::StrayInData);
+            return nullptr;
     }
     if (!declaration->initializer) return nullptr;
     return declaration;
@@ -57,8 +69,10 @@ bool isBitfieldTypeWord(TokenKind kind) {
         case Kind::Signed:
         case Kind::Unsigned:
         case Kind::Register:
-        case Kind::Extern: return true;
-        default: return false;
+        case Kind::Extern:
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -78,16 +92,29 @@ std::size_t firstSeparator(std::span<const Token> head) {
     int angles = 0;
     for (std::size_t i = 0; i < head.size(); ++i) {
         switch (head[i].kind()) {
-            case Kind::OpenParen: ++parens; break;
-            case Kind::CloseParen: --parens; break;
-            case Kind::OpenBracket: ++brackets; break;
-            case Kind::CloseBracket: --brackets; break;
-            case Kind::Less: ++angles; break;
-            case Kind::Greater: --angles; break;
+            case Kind::OpenParen:
+                ++parens;
+                break;
+            case Kind::CloseParen:
+                --parens;
+                break;
+            case Kind::OpenBracket:
+                ++brackets;
+                break;
+            case Kind::CloseBracket:
+                --brackets;
+                break;
+            case Kind::Less:
+                ++angles;
+                break;
+            case Kind::Greater:
+                --angles;
+                break;
             case Kind::Comma:
                 if (parens == 0 && brackets == 0 && angles == 0) return i;
                 break;
-            default: break;
+            default:
+                break;
         }
     }
     return head.size();
@@ -99,14 +126,23 @@ std::size_t lastName(std::span<const Token> head) {
     int angles = 0;
     for (std::size_t i = head.size(); i-- > 0;) {
         switch (head[i].kind()) {
-            case Kind::CloseBracket: ++brackets; break;
-            case Kind::OpenBracket: --brackets; break;
-            case Kind::Greater: ++angles; break;
-            case Kind::Less: --angles; break;
+            case Kind::CloseBracket:
+                ++brackets;
+                break;
+            case Kind::OpenBracket:
+                --brackets;
+                break;
+            case Kind::Greater:
+                ++angles;
+                break;
+            case Kind::Less:
+                --angles;
+                break;
             case Kind::Identifier:
                 if (brackets <= 0 && angles <= 0) return i;
                 break;
-            default: break;
+            default:
+                break;
         }
     }
     return 0;
@@ -161,29 +197,38 @@ bool Parser::cutDataHead(Stream& stream, bool allowBitfield, DataHead& head) {
             return !head.tokens.empty();
         }
         head.tokens.push_back(token);
+        if (!Trn::isTrivia(token.kind())) head.previous = token;
     }
 }
 
 bool Parser::endsDataHead(Stream& stream, const Token& token, bool allowBitfield, DataHead& head) {
-    const Token previous = head.tokens.empty() ? Token() : head.tokens.back();
     const bool isOutside = head.parens == 0 && head.brackets == 0;
-    const bool isOperatorName = previous.kind() == Kind::Operator;
+    const bool isBehindStar = !head.tokens.empty() && head.tokens.back().kind() == Kind::Star;
+    const bool isOperatorName = head.previous.kind() == Kind::Operator;
     switch (token.kind()) {
         case Kind::Semicolon:
         case Kind::Public:
         case Kind::Private:
-        case Kind::Protected: return true;
-        case Kind::Assign: return isOutside;
+        case Kind::Protected:
+            return true;
+        case Kind::Assign:
+            return isOutside;
         case Kind::OpenParen:
             // A bracket behind a `*` belongs to the declarator, one behind a specifier word or between angle
             // brackets to the type.
-            head.hasParenInitializer = isOutside && head.angles == 0 && previous.kind() != Kind::Star &&
-                                       !isDeclSpecWord(previous.text());
+            head.hasParenInitializer =
+                isOutside && head.angles == 0 && !isBehindStar && !isDeclSpecWord(head.previous.text());
             if (!head.hasParenInitializer) ++head.parens;
             return head.hasParenInitializer;
-        case Kind::CloseParen: --head.parens; return false;
-        case Kind::OpenBracket: ++head.brackets; return false;
-        case Kind::CloseBracket: --head.brackets; return false;
+        case Kind::CloseParen:
+            --head.parens;
+            return false;
+        case Kind::OpenBracket:
+            ++head.brackets;
+            return false;
+        case Kind::CloseBracket:
+            --head.brackets;
+            return false;
         case Kind::Less:
             if (!isOperatorName) ++head.angles;
             return false;
@@ -196,7 +241,8 @@ bool Parser::endsDataHead(Stream& stream, const Token& token, bool allowBitfield
                 head.hasBitfield = next == Kind::Number || next == Kind::Identifier;
             }
             return head.hasBitfield;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -226,16 +272,24 @@ std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& st
         const Token token = list.get();
         switch (token.kind()) {
             case Kind::EndOfInput:
-            case Kind::Defective: report(stream.get().first(), ParseCode::UnexpectedEnd); return nullptr;
+            case Kind::Defective:
+                report(stream.get().first(), ParseCode::UnexpectedEnd);
+                return nullptr;
             case Kind::Semicolon:
                 if (depth == 0) return std::make_unique<ExprNode>(std::move(text), paren.first(), token.last());
                 report(token.first(), ParseCode::UnexpectedSemicolon);
                 return nullptr;
             case Kind::Less:
-            case Kind::Greater: continue;
-            case Kind::OpenParen: ++depth; break;
-            case Kind::CloseParen: --depth; break;
-            default: break;
+            case Kind::Greater:
+                continue;
+            case Kind::OpenParen:
+                ++depth;
+                break;
+            case Kind::CloseParen:
+                --depth;
+                break;
+            default:
+                break;
         }
         joinBehindBlank(text, token.text());
     }
@@ -290,8 +344,8 @@ bool Parser::readNextBitfield(Stream& list, std::string& text) {
 }
 
 void Parser::reportBadBitfield(const Token& token, std::string_view expected) {
-    report(token.first(), "Bad looking bitfield. Expected " + std::string(expected) + ". Got: '" +
-                              std::string(token.text()) + "'.");
+    report(token.first(),
+           "Bad looking bitfield. Expected " + std::string(expected) + ". Got: '" + std::string(token.text()) + "'.");
 }
 
 // ---- Pointers to functions
@@ -331,7 +385,9 @@ Parser::Step Parser::scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan)
     FunctionPtrDeclNode& declaration = *scan.declaration;
     switch (token.kind()) {
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return Step::Fail;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return Step::Fail;
         case Kind::Semicolon:
             report(token.first(), "Expected \"(\" as part of pointer-to-function declaration. Got ';'");
             return Step::Fail;
@@ -349,7 +405,8 @@ Parser::Step Parser::scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan)
         case Kind::CloseParen:
             if (--scan.depth == 0 && !declaration.name) return endFunctionPtrName(stream, scan, token);
             break;
-        default: break;
+        default:
+            break;
     }
     scan.join(token);
     return Step::GoOn;

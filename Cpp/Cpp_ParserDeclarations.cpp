@@ -38,11 +38,18 @@ std::unique_ptr<DeclNode> Parser::parseDeclaration(Stream& stream, bool& takesSe
     if (!scanDeclaration(stream, scan)) return nullptr;
     if (scan.decision == Decision::Function && !scanFunction(stream, scan)) return nullptr;
     switch (scan.decision) {
-        case Decision::Function: return parseCollectedFunction(stream, scan.list);
-        case Decision::FunctionPtr: return parseCollectedFunctionPtr(stream, scan.list);
-        case Decision::Class: takesSemicolon = true; return parseCollectedClass(stream, scan.list);
-        case Decision::Enum: takesSemicolon = true; return parseCollectedEnum(stream, scan.list);
-        case Decision::Data: break;
+        case Decision::Function:
+            return parseCollectedFunction(stream, scan.list);
+        case Decision::FunctionPtr:
+            return parseCollectedFunctionPtr(stream, scan.list);
+        case Decision::Class:
+            takesSemicolon = true;
+            return parseCollectedClass(stream, scan.list);
+        case Decision::Enum:
+            takesSemicolon = true;
+            return parseCollectedEnum(stream, scan.list);
+        case Decision::Data:
+            break;
     }
     collectDeclarator(stream, scan.list);
     Stream declarator(scan.list);
@@ -86,12 +93,22 @@ Parser::Step Parser::scanDeclarationToken(Stream& stream, DeclarationScan& scan)
     const bool isOperatorName = scan.previous == Kind::Operator;
     switch (token.kind()) {
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return Step::Fail;
-        case Kind::Semicolon: return scan.stopInFront(stream, token);
-        case Kind::OpenBrace: return scan.stop(scan.seenEnum ? Decision::Enum : Decision::Class);
-        case Kind::Colon: scan.seenColon = true; break;
-        case Kind::Enum: scan.seenEnum = true; break;
-        case Kind::Operator: scan.seenOperator = true; break;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return Step::Fail;
+        case Kind::Semicolon:
+            return scan.stopInFront(stream, token);
+        case Kind::OpenBrace:
+            return scan.stop(scan.seenEnum ? Decision::Enum : Decision::Class);
+        case Kind::Colon:
+            scan.seenColon = true;
+            break;
+        case Kind::Enum:
+            scan.seenEnum = true;
+            break;
+        case Kind::Operator:
+            scan.seenOperator = true;
+            break;
         case Kind::Less:
             if (!isOperatorName) ++scan.angleDepth;
             break;
@@ -104,13 +121,17 @@ Parser::Step Parser::scanDeclarationToken(Stream& stream, DeclarationScan& scan)
             // Behind a colon they belong to a base clause.
             if (!scan.seenColon) return scan.stopInFront(stream, token);
             break;
-        case Kind::Assign: return scanAssign(stream, scan, token);
-        case Kind::OpenBracket: return scanOpenBracket(stream, scan, token);
-        case Kind::OpenParen: return scanOpenParen(stream, scan);
+        case Kind::Assign:
+            return scanAssign(stream, scan, token);
+        case Kind::OpenBracket:
+            return scanOpenBracket(stream, scan, token);
+        case Kind::OpenParen:
+            return scanOpenParen(stream, scan);
         case Kind::Identifier:
             if (isDeclSpecWord(token.text()) && !collectParens(stream, scan.list, 0)) return Step::Fail;
             break;
-        default: break;
+        default:
+            break;
     }
     return Step::GoOn;
 }
@@ -146,8 +167,7 @@ Parser::Step Parser::scanOpenParen(Stream& stream, DeclarationScan& scan) {
     if (!scan.seenOperator && scan.previous == Kind::Star) {
         // A pointer return type may stand in front of a pointer declarator, which the next stage sorts out.
         const TokenKind next = stream.peek(1).kind();
-        const bool isPointer =
-            next == Kind::Star || (next == Kind::Identifier && stream.peek(2).kind() == Kind::Star);
+        const bool isPointer = next == Kind::Star || (next == Kind::Identifier && stream.peek(2).kind() == Kind::Star);
         scan.isFunctionPtr = !isPointer;
     }
     return scan.stop(Decision::Function);
@@ -181,9 +201,13 @@ bool Parser::scanFunctionTail(Stream& stream, DeclarationScan& scan) {
         dropTrivia(stream);
         const Token token = stream.get();
         switch (token.kind()) {
-            case Kind::Colon: scan.list.push_back(token); return collectCtorInitializers(stream, scan.list);
+            case Kind::Colon:
+                scan.list.push_back(token);
+                return collectCtorInitializers(stream, scan.list);
             case Kind::Const:
-            case Kind::Volatile: scan.list.push_back(token); break;
+            case Kind::Volatile:
+                scan.list.push_back(token);
+                break;
             case Kind::Throw:
                 scan.list.push_back(token);
                 if (!collectExceptionSpec(stream, scan.list)) return false;
@@ -192,7 +216,9 @@ bool Parser::scanFunctionTail(Stream& stream, DeclarationScan& scan) {
                 // A second bracket: the first one held the declarator.
                 scan.decision = Decision::FunctionPtr;
                 [[fallthrough]];
-            default: stream.stepBack(); return true;
+            default:
+                stream.stepBack();
+                return true;
         }
     }
 }
@@ -217,8 +243,8 @@ bool Parser::collectExceptionSpec(Stream& stream, Tokens& list) {
     dropTrivia(stream);
     const Token open = stream.get();
     if (open.kind() != Kind::OpenParen) {
-        report(open.first(), "Expected '(' as part of exception specification clause 'throw()'. Got: " +
-                                 std::string(open.text()));
+        report(open.first(),
+               "Expected '(' as part of exception specification clause 'throw()'. Got: " + std::string(open.text()));
         return false;
     }
     list.push_back(open);
@@ -272,7 +298,8 @@ bool Parser::collectFunctionEnd(Stream& stream, Tokens& list) {
             case Kind::Public:
             case Kind::Private:
             case Kind::Protected:
-            case Kind::OpenBrace: break;
+            case Kind::OpenBrace:
+                break;
             default:
                 list.pop_back();
                 report(token.first(), ParseCode::StrayBehindFunction);
@@ -326,7 +353,8 @@ void Parser::collectDeclarator(Stream& stream, Tokens& list) {
             case Kind::EndOfInput:
             case Kind::Defective:
             case Kind::OpenBrace:
-            case Kind::CloseBrace: return;
+            case Kind::CloseBrace:
+                return;
             case Kind::Semicolon:
             case Kind::Assign:
                 if (isOutside) return;
@@ -337,11 +365,20 @@ void Parser::collectDeclarator(Stream& stream, Tokens& list) {
                 if (!isOutside) break;
                 stream.stepBack();
                 return;
-            case Kind::OpenParen: ++parens; break;
-            case Kind::CloseParen: --parens; break;
-            case Kind::OpenBracket: ++brackets; break;
-            case Kind::CloseBracket: --brackets; break;
-            default: break;
+            case Kind::OpenParen:
+                ++parens;
+                break;
+            case Kind::CloseParen:
+                --parens;
+                break;
+            case Kind::OpenBracket:
+                ++brackets;
+                break;
+            case Kind::CloseBracket:
+                --brackets;
+                break;
+            default:
+                break;
         }
     }
 }

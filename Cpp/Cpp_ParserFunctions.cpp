@@ -123,8 +123,9 @@ std::unique_ptr<FunctionHeadNode> Parser::parseFunctionHead(Stream& stream) {
     if (!findParameterBracket(stream, scan) || !findFunctionName(stream, scan)) return nullptr;
 
     auto head = std::make_unique<FunctionHeadNode>();
-    head->name = std::make_unique<IdNode>(joinedText(stream, scan.nameFirst, scan.nameLast),
-                                          tokenAt(stream, scan.nameFirst).first(), tokenAt(stream, scan.nameLast).last());
+    head->name =
+        std::make_unique<IdNode>(joinedText(stream, scan.nameFirst, scan.nameLast),
+                                 tokenAt(stream, scan.nameFirst).first(), tokenAt(stream, scan.nameLast).last());
     if (scan.nameFirst > 1) head->returnType = returnTypeBefore(stream, scan.nameFirst);
     for (int i = 1; i < scan.parameters; ++i) stream.get();
     if (!parseFunctionHeadTail(stream, *head)) return nullptr;
@@ -148,8 +149,12 @@ bool Parser::findParameterBracket(Stream& stream, HeadScan& scan) {
             case Kind::Defective:
                 if (!isFound) report(token.first(), ParseCode::UnexpectedEnd);
                 return isFound;
-            case Kind::Operator: isCallOperatorOpen = true; break;
-            case Kind::Throw: seenThrow = true; break;
+            case Kind::Operator:
+                isCallOperatorOpen = true;
+                break;
+            case Kind::Throw:
+                seenThrow = true;
+                break;
             case Kind::Less:
                 if (!isOperatorName) ++angleDepth;
                 break;
@@ -187,7 +192,8 @@ bool Parser::findParameterBracket(Stream& stream, HeadScan& scan) {
             case Kind::OpenBrace:
                 if (parenDepth > 0) break;
                 return true;
-            default: break;
+            default:
+                break;
         }
         if (!isTrivia(token.kind())) previous = token.kind();
     }
@@ -210,12 +216,18 @@ bool Parser::findFunctionName(const Stream& stream, HeadScan& scan) {
         case Kind::Long:
         case Kind::Float:
         case Kind::Double:
-        case Kind::Void: return findPlainName(stream, scan);
-        case Kind::CloseParen: return findCallOperator(stream, scan);
-        case Kind::CloseBracket: return findIndexOperator(stream, scan);
-        case Kind::Greater: return findTemplateName(stream, scan);
-        case Kind::StringLiteral: return true;
-        default: break;
+        case Kind::Void:
+            return findPlainName(stream, scan);
+        case Kind::CloseParen:
+            return findCallOperator(stream, scan);
+        case Kind::CloseBracket:
+            return findIndexOperator(stream, scan);
+        case Kind::Greater:
+            return findTemplateName(stream, scan);
+        case Kind::StringLiteral:
+            return true;
+        default:
+            break;
     }
     if (isOverloadableSymbol(kindAt(stream, last))) return findSymbolOperator(stream, scan);
     report(tokenAt(stream, last).first(), "Expected function name. Got: " + textAt(stream, last));

@@ -36,8 +36,8 @@ struct Parser::ParameterScan {
 };
 
 std::unique_ptr<ParameterListNode> Parser::parseParameterList(Stream& stream, bool isTemplate) {
-    ParameterScan scan = isTemplate ? ParameterScan{Kind::Less, Kind::Greater}
-                                    : ParameterScan{Kind::OpenParen, Kind::CloseParen};
+    ParameterScan scan =
+        isTemplate ? ParameterScan{Kind::Less, Kind::Greater} : ParameterScan{Kind::OpenParen, Kind::CloseParen};
     dropTrivia(stream);
     auto list = std::make_unique<ParameterListNode>();
     list->setFirstPosition(stream.get().first());

@@ -71,22 +71,38 @@ bool Parser::parseBlockItem(Stream& stream, BlockNode& block) {
     const Token token = stream.get();
     switch (token.kind()) {
         case Kind::EndOfInput:
-        case Kind::Defective: reportUnexpectedEnd(stream); return false;
-        case Kind::CloseBrace: block.setLastPosition(token.last()); return false;
-        case Kind::Semicolon: return true;
+        case Kind::Defective:
+            reportUnexpectedEnd(stream);
+            return false;
+        case Kind::CloseBrace:
+            block.setLastPosition(token.last());
+            return false;
+        case Kind::Semicolon:
+            return true;
         case Kind::Extern:
             attachTrivia(stream, block);
             if (stream.peek().kind() == Kind::StringLiteral) stream.get();
             return true;
-        case Kind::Namespace: report(token.first(), ParseCode::NamespaceInBlock); return true;
-        case Kind::Template: report(token.first(), ParseCode::TemplateInBlock); return true;
+        case Kind::Namespace:
+            report(token.first(), ParseCode::NamespaceInBlock);
+            return true;
+        case Kind::Template:
+            report(token.first(), ParseCode::TemplateInBlock);
+            return true;
         case Kind::Public:
         case Kind::Private:
-        case Kind::Protected: report(token.first(), ParseCode::AccessLabelInBlock); return true;
-        case Kind::Using: skipUntilAttaching(stream, block, Kind::Semicolon); return true;
+        case Kind::Protected:
+            report(token.first(), ParseCode::AccessLabelInBlock);
+            return true;
+        case Kind::Using:
+            skipUntilAttaching(stream, block, Kind::Semicolon);
+            return true;
         case Kind::Asm:
-        case Kind::Identifier: parseBlockWord(stream, token, block); return true;
-        default: break;
+        case Kind::Identifier:
+            parseBlockWord(stream, token, block);
+            return true;
+        default:
+            break;
     }
     stream.stepBack();
     parseBlockStatement(stream, token.kind(), block);
@@ -95,16 +111,23 @@ bool Parser::parseBlockItem(Stream& stream, BlockNode& block) {
 
 void Parser::parseBlockStatement(Stream& stream, TokenKind kind, BlockNode& block) {
     switch (kind) {
-        case Kind::OpenBrace: block.addChild(parseBlock(stream)); return;
+        case Kind::OpenBrace:
+            block.addChild(parseBlock(stream));
+            return;
         case Kind::Case:
-        case Kind::Default: block.addChild(parseCaseLabel(stream)); return;
+        case Kind::Default:
+            block.addChild(parseCaseLabel(stream));
+            return;
         case Kind::Class:
         case Kind::Struct:
         case Kind::Union:
         case Kind::Enum:
         case Kind::Static:
-        case Kind::Typedef: block.addChild(parseDeclarationWithEnd(stream, false)); return;
-        default: break;
+        case Kind::Typedef:
+            block.addChild(parseDeclarationWithEnd(stream, false));
+            return;
+        default:
+            break;
     }
     if (isControlKeyword(kind)) {
         block.addChild(parseControlStatement(stream));
@@ -181,16 +204,24 @@ std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
             return std::make_unique<ExprNode>(std::move(expression.text), first, token.last());
         }
         switch (kind) {
-            case Kind::OpenParen: ++expression.parens; break;
+            case Kind::OpenParen:
+                ++expression.parens;
+                break;
             case Kind::CloseParen:
                 if (expression.parens > 0) --expression.parens;
                 break;
-            case Kind::Less: ++expression.angles; break;
+            case Kind::Less:
+                ++expression.angles;
+                break;
             case Kind::Greater:
                 if (expression.angles > 0) --expression.angles;
                 break;
-            case Kind::Template: expression.seenTemplate = true; break;
-            default: joinTo(expression.text, token.text()); break;
+            case Kind::Template:
+                expression.seenTemplate = true;
+                break;
+            default:
+                joinTo(expression.text, token.text());
+                break;
         }
     }
 }
@@ -200,14 +231,19 @@ std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
 bool Parser::endsExpression(const Token& token, const Expression& expression) const {
     const TokenKind kind = token.kind();
     switch (kind) {
-        case Kind::Directive: return true;
+        case Kind::Directive:
+            return true;
         case Kind::Throw:
-        case Kind::Return: return !expression.text.empty();
+        case Kind::Return:
+            return !expression.text.empty();
         case Kind::Class:
-        case Kind::Struct: return expression.parens == 0 && expression.angles == 0 && !expression.seenTemplate;
+        case Kind::Struct:
+            return expression.parens == 0 && expression.angles == 0 && !expression.seenTemplate;
         case Kind::OpenBrace:
-        case Kind::CloseBrace: return expression.parens == 0;
-        default: return isStatementKeyword(kind) && expression.parens == 0;
+        case Kind::CloseBrace:
+            return expression.parens == 0;
+        default:
+            return isStatementKeyword(kind) && expression.parens == 0;
     }
 }
 

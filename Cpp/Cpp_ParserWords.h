@@ -12,8 +12,7 @@ namespace Cpp {
 inline constexpr std::string_view declSpecWords[] = {"__based", "_based", "__assume", "__declspec"};
 
 // The words that open an inline assembler statement.
-inline constexpr std::string_view asmWords[] = {"asm",   "_asm",    "__asm",    "asm_",
-                                                "asm__", "_asm_", "__asm__", "___asm"};
+inline constexpr std::string_view asmWords[] = {"asm", "_asm", "__asm", "asm_", "asm__", "_asm_", "__asm__", "___asm"};
 
 inline bool isDeclSpecWord(std::string_view word) {
     return std::find(std::begin(declSpecWords), std::end(declSpecWords), word) != std::end(declSpecWords);
@@ -42,10 +41,12 @@ constexpr bool isOverloadableSymbol(Trn::TokenKind kind) {
     switch (kind) {
         case Kind::Dot:
         case Kind::DotStar:
-        case Kind::Greater: return false;
+        case Kind::Greater:
+            return false;
         case Kind::Comma:
         case Kind::New:
-        case Kind::Delete: return true;
+        case Kind::Delete:
+            return true;
         default:
             return kind == Kind::Assign || kind == Kind::Star || kind == Kind::Amp ||
                    (kind >= Kind::Slash && kind <= Kind::ArrowStar);
@@ -55,8 +56,8 @@ constexpr bool isOverloadableSymbol(Trn::TokenKind kind) {
 // What shows that the bracket of a condition has been lost.
 constexpr bool isLostParenLandmark(Trn::TokenKind kind) {
     namespace Kind = Trn::Kind;
-    return kind == Kind::EndOfInput || kind == Kind::OpenBrace || kind == Kind::CloseBrace ||
-           kind == Kind::Namespace || (kind >= Kind::If && kind <= Kind::Return);
+    return kind == Kind::EndOfInput || kind == Kind::OpenBrace || kind == Kind::CloseBrace || kind == Kind::Namespace ||
+           (kind >= Kind::If && kind <= Kind::Return);
 }
 
 constexpr bool isCvQualifier(Trn::TokenKind kind) { return kind == Trn::Kind::Const || kind == Trn::Kind::Volatile; }

@@ -20,7 +20,8 @@ public:
     enum class ValueType : std::int32_t { None = 0, Char = 1, String = 9 };
 
     Token() = default;
-    Token(TokenKind kind, Position first, Position last, std::string_view text = {}, ValueType valueType = ValueType::None)
+    Token(TokenKind kind, Position first, Position last, std::string_view text = {},
+          ValueType valueType = ValueType::None)
         : kind_(kind), valueType_(valueType), first_(first), last_(last), text_(text) {}
 
     TokenKind kind() const { return kind_; }

@@ -17,9 +17,7 @@ public:
     explicit TokenBuffer(Lexer& lexer);
 
     // The token with this index; beyond the last real token the end tokens.
-    const Token& at(std::size_t index) const {
-        return index < tokens_.size() ? tokens_[index] : tokens_.back();
-    }
+    const Token& at(std::size_t index) const { return index < tokens_.size() ? tokens_[index] : tokens_.back(); }
 
     // The index of the token that closes the `{` with this index, or of the defective literal or end token that
     // comes first. Braces are counted wherever they stand, in dead regions too.

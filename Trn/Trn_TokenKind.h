@@ -10,18 +10,18 @@ using TokenKind = std::int32_t;
 // ORDER RESERVED: the numbers are written into dispatch tables and into the output of corvane-inspect.
 namespace Kind {
 
-inline constexpr TokenKind EndOfInput = -1, Defective = 0, Directive = 1, CharLiteral = 2, Number = 3, StringLiteral = 5;
+inline constexpr TokenKind EndOfInput = -1, Defective = 0, Directive = 1, CharLiteral = 2, Number = 3,
+                           StringLiteral = 5;
 inline constexpr TokenKind LineComment = 117, BlockComment = 118, Identifier = 119;
 
 inline constexpr TokenKind Semicolon = 6, Colon = 7, Comma = 8, OpenParen = 9, CloseParen = 10, OpenBrace = 11,
                            CloseBrace = 12, Assign = 13, Star = 14, Amp = 15, OpenBracket = 16, CloseBracket = 17,
-                           Slash = 18, Dot = 19, Plus = 20, Minus = 21, Not = 22, Tilde = 23, Arrow = 24,
-                           PlusPlus = 25, MinusMinus = 26, Percent = 27, ShiftLeft = 28, ShiftRight = 29, Less = 30,
-                           Greater = 31, LessEqual = 32, GreaterEqual = 33, EqualEqual = 34, NotEqual = 35,
-                           Caret = 36, Pipe = 37, StarAssign = 38, SlashAssign = 39, PercentAssign = 40,
-                           PlusAssign = 41, MinusAssign = 42, ShiftLeftAssign = 43, ShiftRightAssign = 44,
-                           AmpAssign = 45, CaretAssign = 46, PipeAssign = 47, AmpAmp = 48, PipePipe = 49,
-                           Question = 50, DotStar = 51, ArrowStar = 52;
+                           Slash = 18, Dot = 19, Plus = 20, Minus = 21, Not = 22, Tilde = 23, Arrow = 24, PlusPlus = 25,
+                           MinusMinus = 26, Percent = 27, ShiftLeft = 28, ShiftRight = 29, Less = 30, Greater = 31,
+                           LessEqual = 32, GreaterEqual = 33, EqualEqual = 34, NotEqual = 35, Caret = 36, Pipe = 37,
+                           StarAssign = 38, SlashAssign = 39, PercentAssign = 40, PlusAssign = 41, MinusAssign = 42,
+                           ShiftLeftAssign = 43, ShiftRightAssign = 44, AmpAssign = 45, CaretAssign = 46,
+                           PipeAssign = 47, AmpAmp = 48, PipePipe = 49, Question = 50, DotStar = 51, ArrowStar = 52;
 
 inline constexpr TokenKind Class = 53, Struct = 54, Public = 55, Private = 56, Protected = 57, Virtual = 58,
                            Namespace = 59, Using = 60, Const = 61, Mutable = 62, Volatile = 63, Static = 64,
@@ -30,9 +30,9 @@ inline constexpr TokenKind Class = 53, Struct = 54, Public = 55, Private = 56, P
                            DynamicCast = 77, ConstCast = 78, ReinterpretCast = 79, Template = 80, Operator = 81,
                            Asm = 82, New = 83, Delete = 84, Throw = 85, Sizeof = 86, Typeid = 87, This = 88,
                            Export = 89, Extern = 90, True = 91, False = 92, If = 93, Else = 94, For = 96, Do = 97,
-                           While = 98, Try = 99, Catch = 100, Switch = 101, Case = 102, Default = 103,
-                           Continue = 104, Break = 105, Goto = 106, Return = 107, Char = 108, WcharT = 109,
-                           Bool = 110, Short = 111, Int = 112, Long = 113, Float = 114, Double = 115, Void = 116;
+                           While = 98, Try = 99, Catch = 100, Switch = 101, Case = 102, Default = 103, Continue = 104,
+                           Break = 105, Goto = 106, Return = 107, Char = 108, WcharT = 109, Bool = 110, Short = 111,
+                           Int = 112, Long = 113, Float = 114, Double = 115, Void = 116;
 
 }  // namespace Kind
 

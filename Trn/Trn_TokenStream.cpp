@@ -10,7 +10,10 @@ constexpr Token endOfList;
 }  // namespace
 
 TokenStream::TokenStream(std::span<const Token> list, TokenStretch tail)
-    : list_(list), tail_(tail), listSize_(list.size() + tail.end - tail.begin), cursor_(listSize_ == 0 ? behindEnd : 0) {}
+    : list_(list),
+      tail_(tail),
+      listSize_(list.size() + tail.end - tail.begin),
+      cursor_(listSize_ == 0 ? behindEnd : 0) {}
 
 const Token& TokenStream::get() {
     if (cursor_ == behindEnd) return endOfList;

@@ -133,7 +133,10 @@ TEST(Lexer, Operators) {
         {"!=!%=%&&&=&*=*+++=+", "35 !=, 22 !, 40 %=, 27 %, 48 &&, 45 &=, 15 &, 38 *=, 14 *, 25 ++, 41 +=, 20 +"},
         {"^=^||=|/=/==.*", "46 ^=, 36 ^, 49 ||, 13 =, 37 |, 39 /=, 39 /=, 13 =, 51 .*"},
         {"(){}[];:,?", "9 (, 10 ), 11 {, 12 }, 16 [, 17 ], 6 ;, 7 :, 8 ,, 50 ?"},
-        {std::string_view("a$@`\\\x01\0\xff" "b", 9), "119 a, 119 b"},
+        {std::string_view("a$@`\\\x01\0\xff"
+                          "b",
+                          9),
+         "119 a, 119 b"},
     });
 }
 
@@ -185,8 +188,9 @@ TEST(Lexer, EveryKeywordHasItsNumber) {
 
 // What no token holds is white space and what the lexer skips; the text of a token is what stands at its positions.
 TEST(Lexer, TokensLieInOrderAndHoldTheSource) {
-    const std::vector<std::string> pieces = {"a", "::", "~", " ", "\n", "\\", "'", "\"", "#", "/", "*", "//", "1",
-                                             ".", "e", "0x", "operator", "new", "-", ">", "\t", ";", "u", "\x90"};
+    const std::vector<std::string> pieces = {"a",        "::",  "~", " ",  "\n", "\\", "'", "\"",
+                                             "#",        "/",   "*", "//", "1",  ".",  "e", "0x",
+                                             "operator", "new", "-", ">",  "\t", ";",  "u", "\x90"};
     std::mt19937 random(7);
     for (int round = 0; round < 20000; ++round) {
         std::string source;

@@ -24,7 +24,9 @@ std::vector<Position> positionsOf(std::string_view text, Position start) {
 }
 
 TEST(ITextDocStream, PositionsOfEveryCharacterBothWays) {
-    const std::string text = "a\tb\n\n  c\n\xff" "de";
+    const std::string text =
+        "a\tb\n\n  c\n\xff"
+        "de";
     for (const Position start : {Position{1, 0}, Position{7, 5}}) {
         const auto expected = positionsOf(text, start);
         ITextDocStream in(text, 4, start);
