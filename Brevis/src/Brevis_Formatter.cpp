@@ -30,7 +30,14 @@ int reportCancel(Trn::ParseMessageList& messages) {
 }
 
 std::string readAll(std::istream& in) {
-    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    constexpr std::size_t block = 1 << 16;
+    std::string text;
+    while (in) {
+        const std::size_t length = text.size();
+        text.resize(length + block);
+        in.read(text.data() + length, block);
+        text.resize(length + static_cast<std::size_t>(in.gcount()));
+    }
     Vellum::normalizeLineEnds(text);
     return text;
 }
