@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct GoldenCase {
     std::filesystem::path expected;  // the formatted text, or the messages if `refused`
     bool refused = false;
 };
+
+inline void PrintTo(const GoldenCase& golden, std::ostream* os) { *os << golden.name; }
 
 struct GoldenFiles {
     std::vector<GoldenCase> cases;     // ordered by name

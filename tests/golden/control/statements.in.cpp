@@ -26,7 +26,6 @@ for(;;){ a(); }
 for ( i = 0 ;
   i < n;
   i++, j-- ) { a(); }
-for each (x in y) z();
 try { a(); } catch( const A&b ){ c(); } catch (...) { }
 if (f(a, (b))) { { c(); } }
 if (a) return; else throw b;

@@ -26,4 +26,4 @@ END_MAP()
 { int v; }
 ;
 int w;; }
-int x
+int x;

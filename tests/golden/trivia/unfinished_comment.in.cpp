@@ -1,0 +1,2 @@
+int x;
+/* no end
