@@ -4,7 +4,10 @@
 #include <vector>
 
 namespace warehouse {
-enum Unit{piece,box,pallet};
+enum Unit{
+  piece=1,
+    box=12,
+  pallet=480};
 
 // One kind of goods.
 class Article {
@@ -23,7 +26,7 @@ const std::string &Article::name() const { return name_; }
 int Article::count() const{return count_;}
 
 bool Article::take(int wanted){
-if(wanted<0||wanted>count_) return false;
+if(wanted<=0||count_<wanted) return false;
    count_-=wanted; /* what is left */
    return true;
 }
@@ -31,7 +34,7 @@ if(wanted<0||wanted>count_) return false;
 class Inventory : public Observable,private Lockable{
 public:
     void add(const Article& article);
-  int total(Unit unit)const;
+  int total(Unit unit) const;
     Article* find(const char *name);
 private:
     std::map<std::string,Article> articles_;
@@ -39,17 +42,18 @@ private:
     const char* owner_;
 };
 
-int Inventory::total(Unit unit)const
+int Inventory::total(Unit unit) const
 {
   int sum=0;
   for(std::map<std::string,Article>::const_iterator it=articles_.begin();it!=articles_.end();++it){
       switch(it->second.unit()){
-      case piece: sum+=it->second.count(); break;
+      case piece: sum+=it->second.count();
+        break;
       case box:
-          sum+=12*it->second.count();
+          sum+=box*it->second.count();
           break;
       default:
-          sum+=12*40*it->second.count();
+          sum+=pallet*it->second.count();
       }
   }
 #ifdef TRACE
@@ -59,7 +63,8 @@ int Inventory::total(Unit unit)const
 }
 
 Article* Inventory::find(const char *name){
-    Article *found=0; int steps=0;
+    Article *found=0;
+  int steps=0;
     ++lookups_;
     try { found=&articles_.at(name);
     } catch(const std::out_of_range& e){ found=0; }

@@ -7,11 +7,11 @@ public:
 	RingBuffer();
 	~RingBuffer(){}
 	bool empty() const {return count==0;}
-	bool full()const{ return count == capacity ; }
-    int  size( ) const{return count;}
-	void push( const T&item );
-	T    pop();
-	T*data(){return items;}
+	bool full() const{ return count==capacity; }
+    int size( ) const {return count;}
+	void push( const T& item );
+	T pop();
+	T* data(){return items;}
 protected:
     T items[capacity];
     int first;
@@ -22,16 +22,18 @@ template<class T,int capacity>RingBuffer<T,capacity>::RingBuffer():first(0),coun
 }
 
 template<class T,int capacity>
-void RingBuffer<T,capacity>::push(const T&item){
+void RingBuffer<T,capacity>::push(const T& item){
     if(full()) throw std::length_error("ring buffer");
-    items[ (first+count)%capacity ]=item; ++count;
+    items[ (first+count)%capacity ]=item;
+  ++count;
 }
 
 template<class T,int capacity>
 T RingBuffer<T,capacity>::pop(){
     // The oldest item goes first.
         T item=items[first];
-        first=(first+1)%capacity; --count;
+        first=(first+1)%capacity;
+      --count;
         return item;
 }
 

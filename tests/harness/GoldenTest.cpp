@@ -81,5 +81,19 @@ TEST(GoldenFiles, BelongTogetherAndAreAllThere) {
     }
 }
 
+// The text of the first fenced block behind `heading`.
+std::string fencedBlock(const std::string& page, const std::string& heading) {
+    const std::size_t fence = page.find("```cpp\n", page.find(heading));
+    const std::size_t first = page.find('\n', fence) + 1;
+    return page.substr(first, page.find("```", first) - first);
+}
+
+TEST(Readme, ShowsWhatTheDefaultSchemeDoes) {
+    const std::string page = readFile(sourceDirectory() / "README.md");
+    const FormatRun run =
+        formatText(readScheme(sourceDirectory() / "schemes" / "Corvane.fsc"), fencedBlock(page, "Before:"));
+    EXPECT_EQ(run.text, fencedBlock(page, "After,"));
+}
+
 }  // namespace
 }  // namespace Harness
