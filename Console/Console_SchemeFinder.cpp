@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <sstream>
+#include <utility>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
@@ -54,7 +55,9 @@ void remarkOnOmissions(const std::string& path, const SchemeReader& reader, Load
 void remarkOnUnknownKeys(const std::string& path, LoadedScheme& loaded) {
     for (const std::string& key : loaded.scheme.keys()) {
         if (Brevis::Catalogue::isKnown(key)) continue;
-        loaded.remarks.push_back({Severity::information, path + ": information: The key " + key + " is unknown."});
+        std::string text = path;
+        text.append(": information: The key ").append(key).append(" is unknown.");
+        loaded.remarks.push_back({Severity::information, std::move(text)});
     }
 }
 
@@ -124,7 +127,7 @@ std::string shippedSchemePath() {
 std::string SchemeFinder::pathFor(const std::string& file) const {
     fs::path directory = directoryOf(file);
     while (!directory.empty()) {
-        const std::string candidate = (directory / fileName).string();
+        std::string candidate = (directory / fileName).string();
         if (BrevisUI::fileExists(candidate)) return candidate;
         if (directory == directory.parent_path()) break;
         directory = directory.parent_path();
