@@ -2,12 +2,46 @@
 // formatters cut the text by the lexer's tokens.
 #include "Vellum_LiteralTracker.h"
 
+#include <algorithm>
+#include <array>
 #include <cctype>
 
 namespace Vellum {
 
+namespace {
+
+// The characters of code that can change the state, and those that are white space.
+constexpr std::array<bool, 256> charactersOf(std::string_view set) {
+    std::array<bool, 256> characters{};
+    for (const char c : set) characters[static_cast<unsigned char>(c)] = true;
+    return characters;
+}
+
+constexpr std::array<bool, 256> signs = charactersOf("/*\"'#\\\n");
+constexpr std::array<bool, 256> blanks = charactersOf(" \t\v\f\r");
+
+}  // namespace
+
 void LiteralTracker::feed(std::string_view text) {
-    for (const char c : text) feed(c);
+    while (!text.empty()) {
+        if (state_ == State::Normal) text.remove_prefix(skipCode(text));
+        if (state_ == State::LineComment) text.remove_prefix(std::min(text.find('\n'), text.size()));
+        if (text.empty()) return;
+        feed(text.front());
+        text.remove_prefix(1);
+    }
+}
+
+// Passes over the code up to the next sign and gives its length.
+std::size_t LiteralTracker::skipCode(std::string_view text) {
+    std::size_t length = 0;
+    for (; length < text.size() && !signs[static_cast<unsigned char>(text[length])]; ++length) {
+        if (blanks[static_cast<unsigned char>(text[length])]) continue;
+        behindBackslash_ = false;
+        lastNonSpace_ = text[length];
+    }
+    if (length > 0) previous_ = text[length - 1];
+    return length;
 }
 
 void LiteralTracker::feed(char c) {

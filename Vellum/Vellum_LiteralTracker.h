@@ -2,6 +2,7 @@
 // directive, by the rules of the C++ lexer. It looks only at the characters that it is fed.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace Vellum {
@@ -38,6 +39,7 @@ public:
 private:
     enum class State { Normal, LineComment, BlockComment, String, Character, Directive };
 
+    std::size_t skipCode(std::string_view text);
     void feedNormal(char c, bool isSpace);
     void feedBlockComment(char c);
     void feedString(char c, bool isSpace);

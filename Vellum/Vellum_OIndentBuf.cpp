@@ -15,9 +15,8 @@ void OIndentBuf::write(std::string_view text) {
             }
             put(indent_);
         }
-        const std::size_t lineFeed = text.find('\n');
-        const std::size_t length = lineFeed == std::string_view::npos ? text.size() : lineFeed + 1;
-        put(text.substr(0, length));
+        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+        putLine(text.substr(0, length));
         text.remove_prefix(length);
     }
 }

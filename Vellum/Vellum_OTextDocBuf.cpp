@@ -2,6 +2,7 @@
 #include "Vellum_OTextDocBuf.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 
 namespace Vellum {
@@ -17,6 +18,10 @@ int knownMode(int mode) { return mode == 1 || mode == 2 ? mode : 0; }
 int nextTabStop(int column, int tabSize) { return column + tabSize - column % tabSize; }
 
 int columnBehind(std::string_view piece, int column, int tabSize) {
+    if (piece.size() < 16) {  // too short for a search to pay
+        for (const char c : piece) column = c == '\t' ? nextTabStop(column, tabSize) : column + 1;
+        return column;
+    }
     std::size_t tab;
     while ((tab = piece.find('\t')) != std::string_view::npos) {
         column = nextTabStop(column + static_cast<int>(tab), tabSize);
@@ -35,12 +40,14 @@ OTextDocBuf::OTextDocBuf(const IndentStreamSettings& settings)
     if (settings.behindBackslash) {
         tracker_.startBehindBackslash();
         lineStart_ = LineStart::Backslash;
+        followsClosely_ = convertMode_ != 0;
     }
 }
 
 void OTextDocBuf::setConvertMode(int mode) {
     sync();
-    if (convertMode_ == 0) {
+    convertMode_ = knownMode(mode);
+    if (!followsClosely_) {
         catchUp();
         if (tracker_.followsBackslash()) {
             backslashEnd_ = text_.rfind('\\') + 1;
@@ -48,7 +55,7 @@ void OTextDocBuf::setConvertMode(int mode) {
         }
     }
     tracked_ = text_.size();
-    convertMode_ = knownMode(mode);
+    followsClosely_ = convertMode_ != 0;  // the line may have begun behind a quote or backslash, so up to its end
 }
 
 void OTextDocBuf::setTabSize(int tabSize) {
@@ -70,33 +77,22 @@ bool OTextDocBuf::behindBackslash() const {
 
 bool OTextDocBuf::convertsAfresh() const { return convertMode_ == 0 || (quote_ == '\0' && last_ != '\\'); }
 
-void OTextDocBuf::put(char c) {
-    if (convertMode_ != 0)
-        putConverted(c);
-    else if (c == '\n')
-        putLineFeed();
-    else
-        putUnconverted({&c, 1});
+void OTextDocBuf::put(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+        putLine(text.substr(0, length));
+        text.remove_prefix(length);
+    }
 }
 
-void OTextDocBuf::put(std::string_view text) {
-    if (convertMode_ == 0)
-        putLines(text);
-    else
-        for (const char c : text) putConverted(c);
+void OTextDocBuf::putLine(std::string_view line) {
+    if (convertMode_ != 0) return putConverted(line);
+    const bool isEnded = line.back() == '\n';
+    putUnconverted(line.substr(0, line.size() - isEnded));
+    if (isEnded) putLineFeed();
 }
 
 // ---- Without conversion
-
-void OTextDocBuf::putLines(std::string_view text) {
-    std::size_t lineFeed;
-    while ((lineFeed = text.find('\n')) != std::string_view::npos) {
-        putUnconverted(text.substr(0, lineFeed));
-        putLineFeed();
-        text.remove_prefix(lineFeed + 1);
-    }
-    putUnconverted(text);
-}
 
 void OTextDocBuf::putUnconverted(std::string_view piece) {
     text_.append(piece);
@@ -125,7 +121,71 @@ void OTextDocBuf::catchUp() {
 
 // ---- With conversion
 
-void OTextDocBuf::putConverted(char c) {
+namespace {
+
+// The characters that end a stretch in which nothing has to stay: line ends, quotes and backslashes.
+constexpr std::array<bool, 256> makeMarks() {
+    std::array<bool, 256> marks{};
+    for (const unsigned char c : {'\n', '"', '\'', '\\'}) marks[c] = true;
+    return marks;
+}
+
+constexpr std::array<bool, 256> marks = makeMarks();
+
+std::size_t findMark(std::string_view text) {
+    std::size_t at = 0;
+    while (at < text.size() && !marks[static_cast<unsigned char>(text[at])]) ++at;
+    return at;
+}
+
+}  // namespace
+
+void OTextDocBuf::putConverted(std::string_view text) {
+    while (!text.empty()) {
+        if (followsClosely_) {
+            putFollowed(text.front());
+            text.remove_prefix(1);
+            continue;
+        }
+        const std::size_t end = findMark(text);
+        putPlainPiece(text.substr(0, end));
+        if (end == text.size()) return;
+        if (text[end] == '\n') {
+            sync();
+            text_ += '\n';
+            ++line_;
+            column_ = 0;
+            lineStart_ = LineStart::Plain;
+        } else {
+            catchUp();
+            for (int i = 0; i < pendingSpaces_; ++i) tracker_.feed(' ');
+            followsClosely_ = true;
+            putFollowed(text[end]);
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+// A piece of a line in which every tab and blank may be converted.
+void OTextDocBuf::putPlainPiece(std::string_view piece) {
+    const char converted = convertMode_ == 1 ? '\t' : ' ';
+    while (!piece.empty()) {
+        const std::size_t length = std::min(piece.find(converted), piece.size());
+        if (length > 0) {
+            sync();
+            putUnconverted(piece.substr(0, length));
+            piece.remove_prefix(length);
+        }
+        for (; !piece.empty() && piece.front() == converted; piece.remove_prefix(1)) {
+            if (convertMode_ == 1)
+                putTabAsSpaces();
+            else
+                putSpaceHeldBack();
+        }
+    }
+}
+
+void OTextDocBuf::putFollowed(char c) {
     trackQuote(c);
     const bool stays = quote_ != '\0' || tracker_.inLiteral() || tracker_.behindBackslash();
     const bool followsBackslash = tracker_.followsBackslash();
@@ -135,7 +195,7 @@ void OTextDocBuf::putConverted(char c) {
     if (c == ' ' && convertMode_ == 2 && !stays) {
         putSpaceHeldBack();
     } else if (c == '\t' && convertMode_ == 1 && !stays) {
-        for (int count = tabSize_ - column_ % tabSize_; count > 0; --count) putChar(' ');
+        putTabAsSpaces();
     } else {
         sync();
         if (c == '\n' && followsBackslash) restoreBlanksBehindBackslash();
@@ -145,6 +205,16 @@ void OTextDocBuf::putConverted(char c) {
         blanksBehindBackslash_.clear();
         backslashEnd_ = text_.size();
     }
+    if (c == '\n') {
+        followsClosely_ = lineStart_ != LineStart::Plain;
+        tracked_ = text_.size();
+    }
+}
+
+void OTextDocBuf::putTabAsSpaces() {
+    const int count = tabSize_ - column_ % tabSize_;
+    text_.append(static_cast<std::size_t>(count), ' ');
+    column_ += count;
 }
 
 // Only a run that starts at a tab stop and reaches the next one becomes a tab.

@@ -41,15 +41,17 @@ public:
     bool convertsAfresh() const;
 
 protected:
-    void put(char c);
-    // As `put` for each character.
     void put(std::string_view text);
+    // The same for a text that holds no line feed but at its end.
+    void putLine(std::string_view line);
 
 private:
-    void putLines(std::string_view text);
     void putUnconverted(std::string_view piece);
-    void putConverted(char c);
+    void putConverted(std::string_view text);
+    void putPlainPiece(std::string_view piece);
+    void putFollowed(char c);
     void putSpaceHeldBack();
+    void putTabAsSpaces();
     void putChar(char c);
     void putLineFeed();
     void trackQuote(char c);
@@ -72,9 +74,11 @@ private:
     char quote_ = '\0';
     char last_ = '\0';
 
-    // The exact state of the text. Without conversion it follows only where it is needed, up to `tracked_`.
+    // The exact state of the text. It follows only where it is needed, up to `tracked_`: with conversion, character by
+    // character on a line that holds a quote or a backslash or that begins behind one.
     LiteralTracker tracker_;
     std::size_t tracked_ = 0;
+    bool followsClosely_ = false;
     LiteralTracker::LineStart lineStart_ = LiteralTracker::LineStart::Plain;
     // The blanks behind a stray backslash as they came in: if a line feed follows they stay so.
     std::string blanksBehindBackslash_;

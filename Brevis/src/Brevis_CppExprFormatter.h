@@ -125,7 +125,7 @@ private:
     const WsProperty* wsAfterType_ = &noWs;
     int depth_ = 0;
 
-    // The tokens of the texts that are being formatted, innermost last; kept for the next texts
+    // The tokens of the texts that are being formatted, innermost last; their memory is kept for the next texts
     std::vector<std::unique_ptr<ExprTokens>> tokenBuffers_;
     std::size_t buffersInUse_ = 0;
 };

@@ -58,12 +58,16 @@ void CppExprFormatter::formatUnspacedBracket(ExprWalk& walk, const BracketValues
     if (walk.advanceTo(close)) {
         writeRaw(walk.out(), formatInside(walk, values, first, close));
         walk.copyBefore(walk.next());
-    } else {
-        // What is read up to the end of the input leaves the last character to the walk, so this text's tokens are
-        // not all those of the whole.
-        const std::string_view text = walk.readBefore(walk.next());
-        walk.write(format(text, walk.out().settings()));
+        return;
     }
+    // A read up to the end of the input leaves the last character to the walk, but no token is torn apart: a comment or
+    // directive is read whole, and where the rest of the token doesn't end the result, the text stays as it is.
+    const ExprToken& last = walk.current();
+    const bool isTrivia = Trn::isTrivia(last.kind);
+    const std::string_view text = isTrivia ? walk.readThrough(last) : walk.readBefore(walk.next());
+    const std::string result = format(text, walk.out().settings());
+    const std::size_t length = std::min<std::size_t>(text.size(), isTrivia ? 0 : last.end - last.begin - 1);
+    walk.write(result.ends_with(text.substr(text.size() - length)) ? result : text);
 }
 
 std::string CppExprFormatter::formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first,

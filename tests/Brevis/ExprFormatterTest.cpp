@@ -121,6 +121,8 @@ const Case brackets[] = {
     {OP, "! < b", "! < b"},
     // Unbalanced brackets
     {OP, "(a+b", "(a +b"},
+    {OP, "(a+bc", "(a + bc"},
+    {"WS_BEFORE_EXPR_CLOSE_PAREN= ", "[(abc", "[(abc"},
     {OP, "a+b)*c", "a + b) * c"},
 };
 INSTANTIATE_TEST_SUITE_P(Brackets, Rules, testing::ValuesIn(brackets));
@@ -192,6 +194,120 @@ TEST(ExprFormatter, alignsAssignments) {
     // A line that begins inside a comment takes no part, though its end looks like an element
     EXPECT_EQ(formatter.alignAssignments("    a /*\n   b */ = 1,\n    c = 2", settings),
               "    a /*\n   b */ = 1,\n    c           = 2");
+}
+
+// ---- What holds for any text and any scheme
+
+constexpr std::string_view stringKeys[] = {
+    "WS_BETWEEN_EXPR_OP_OPERANDS", "WS_AFTER_FN_CALL_NAME",   "WS_AFTER_EXPR_OPEN_PAREN",
+    "WS_BEFORE_EXPR_CLOSE_PAREN",  "WS_BEFORE_FN_CALL_COMMA", "WS_BETWEEN_FN_CALL_ARGS",
+    "WS_AFTER_LBRACKET",           "WS_BEFORE_RBRACKET",      "WS_AFTER_TP_OPEN_BRACKET",
+    "WS_BEFORE_TP_CLOSE_BRACKET",  "WS_BETWEEN_TP_PARAMS",    "WS_BETWEEN_ASTERISK_ANCHOR",
+    "WS_BETWEEN_AMPERSAND_ANCHOR", "WS_BEFORE_DD_OPEN_BRACE", "WS_AFTER_DD_OPEN_BRACE",
+    "WS_BEFORE_DD_CLOSE_BRACE",    "WS_BEFORE_DD_COMMA",      "WS_BETWEEN_DD_ELEMENTS"};
+constexpr std::string_view values[] = {" ", "  ", "\n", "\t", "\n  ", " \n\t", ""};
+constexpr std::string_view pieces[] = {"a",  "b::c", "A::operator", "int", "return", "sizeof", "static_cast",
+                                       "10", "$",    "\"s t\"",     "'c'", "(",      ")",      "(",
+                                       ")",  "[",    "]",           "{",   "}",      "<b",     ">",
+                                       "<b", ">",    ",",           ",",   ";",      ":",      "?",
+                                       "=",  "*",    "&b",          "-",   "!",      "~",      "+",
+                                       "&&", "||",   "->",          ">>",  "$",      "\\",     "\"x\\\n   y\""};
+constexpr std::string_view gaps[] = {" ",         " ",         "  ",        "\n",  "\n   ",           "\t",
+                                     " /* c */ ", " // d's\n", "\n#if 1\n", "\n ", "\n# d \\\n  e\n", "/* m\n   n */",
+                                     " \\\n  "};
+
+// Values that join nothing are all but the last.
+PropertySet randomScheme(std::mt19937& random, bool mayJoin) {
+    PropertySet scheme;
+    for (const std::string_view key : stringKeys) {
+        if (random() % 2) scheme.setString(key, std::string(values[random() % (std::size(values) - !mayJoin)]));
+    }
+    for (const std::string_view key : {"INDENT_DD_CONTENT", "LEFT_MARGIN"}) {
+        if (random() % 2) scheme.setString(key, random() % 2 ? "  " : "\t");
+    }
+    scheme.setInt("ASTERISK_ANCHOR", static_cast<int>(random() % 3) - 1);
+    scheme.setInt("AMPERSAND_ANCHOR", static_cast<int>(random() % 3) - 1);
+    for (const std::string_view key : {"LINE_WRAP", "ALIGN_PPD_LEFT_MOST", "ALIGN_FN_CALL_ARGS_LEFT"}) {
+        if (random() % 2) scheme.setBool(key, random() % 2);
+    }
+    return scheme;
+}
+
+std::string randomText(std::mt19937& random) {
+    std::string text(random() % 8 ? "" : "= ");
+    for (int count = static_cast<int>(random() % 24); count > 0; --count) {
+        text += pieces[random() % std::size(pieces)];
+        text += gaps[random() % std::size(gaps)];
+    }
+    return text;
+}
+
+std::string withoutWs(std::string_view text) {
+    std::string bare(text);
+    std::erase_if(bare, [](unsigned char c) { return std::isspace(c); });
+    return bare;
+}
+
+std::string tokensOf(std::string_view text) {
+    std::string tokens;
+    Cpp::Lexer lexer(text);
+    for (Trn::Token token = lexer.next(); token.kind() != Trn::Kind::EndOfInput; token = lexer.next()) {
+        const bool isLiteral = token.kind() == Trn::Kind::StringLiteral || token.kind() == Trn::Kind::CharLiteral;
+        tokens += std::to_string(token.kind()) + ' ';
+        tokens += isLiteral ? std::string(token.text()) : withoutWs(token.text());
+        tokens += '\n';
+    }
+    return tokens;
+}
+
+TEST(ExprFormatter, nothingIsLost) {
+    std::mt19937 random(11);
+    for (int round = 0; round < 1500; ++round) {
+        const bool mayJoin = round % 3 == 0;
+        CppExprFormatter formatter(randomScheme(random, mayJoin));
+        for (int i = 0; i < 10; ++i) {
+            const std::string text = randomText(random);
+            IndentStreamSettings settings = midLine(random() % 2 ? "    " : "", random() % 2, random() % 2 ? 5 : 0);
+            settings.convertMode = static_cast<int>(random() % 3);
+            const std::string result = random() % 2 ? formatter.format(text, settings)
+                                                    : formatter.formatType(text, settings, random() % 2 ? blank : noWs);
+            ASSERT_EQ(withoutWs(result), withoutWs(text)) << text;
+            if (mayJoin) continue;
+            ASSERT_EQ(tokensOf(result), tokensOf(text)) << text << "\n---\n" << result;
+        }
+    }
+}
+
+// ---- Limits
+
+std::string repeated(std::string_view piece, int count) {
+    std::string text;
+    for (; count > 0; --count) text += piece;
+    return text;
+}
+
+TEST(ExprFormatter, limitsNesting) {
+    CppExprFormatter formatter(schemeOf(OP));
+    for (const auto& [open, close] : {std::pair("(a+", ")"), std::pair("b[", "]"), std::pair("A<", " >")}) {
+        const std::string deep = repeated(open, 990) + "x" + repeated(close, 990);
+        EXPECT_EQ(withoutWs(formatter.format(deep, midLine())), withoutWs(deep));
+        const std::string tooDeep = repeated(open, 1100) + "x" + repeated(close, 1100);
+        EXPECT_THROW(formatter.format(tooDeep, midLine()), Trn::Exception);
+    }
+    EXPECT_EQ(formatter.format("a+b", midLine()), "a + b");  // after a throw as before it
+}
+
+// A cost that grows with the square of the text would take minutes here.
+TEST(ExprFormatter, costIsLinear) {
+    CppExprFormatter formatter(schemeOf(OP "|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1"));
+    const auto start = std::chrono::steady_clock::now();
+    for (const std::string_view piece : {"a<b+", "a<b,\n", "a<(b)&&", "f(a,b)+", "#x\n", "\"a\\\n\"", "(a)*b\\\n"}) {
+        const std::string text = "(" + repeated(piece, 60000) + "c)";
+        for (const bool keep : {false, true}) {
+            EXPECT_EQ(withoutWs(formatter.format(text, midLine(keep ? "" : "  ", keep))), withoutWs(text)) << piece;
+        }
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
 }  // namespace
