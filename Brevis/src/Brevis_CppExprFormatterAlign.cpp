@@ -1,6 +1,5 @@
 // The alignment of the assignment signs of enum elements, line by line.
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 #include "Brevis_CppExprFormatter.h"

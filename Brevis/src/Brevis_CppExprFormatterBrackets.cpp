@@ -4,7 +4,6 @@
 // Only the inside of parentheses, square brackets and casts is written raw. The other nested results go out as ordinary
 // text, so that the indent of their lines is put in front once more.
 #include <algorithm>
-#include <optional>
 
 #include "Brevis_CppExprFormatter.h"
 
