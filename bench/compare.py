@@ -1,6 +1,7 @@
 """Compares whole processes: compare.py CORVANE_FORMAT ROUNDS
 
-Each tool gets all files of a tree in one process start and rewrites a scratch copy in place. The copies are made anew
+Each tool gets the same files of a tree in one process start and rewrites a scratch copy in place. Files that
+corvane-format refuses are left out for all, since it would be quick with them and do nothing. The copies are made anew
 before each run and all tools run in turn, round by round. What is compared is processor time, user and system, as the
 operating system accounts it when the process ends; a ratio is taken within a round, and the median of the rounds is
 printed. At the end: processor time and peak memory of one huge construct, and of one ten times as long.
@@ -80,6 +81,14 @@ def package_files(package, endings):
     return files
 
 
+def accepted(corvane, scheme, files):
+    """The files that corvane-format formats."""
+    def formats(path):
+        with open(os.devnull, "w") as null:
+            return subprocess.run([corvane, "-s", scheme, path], stdout=null, stderr=null).returncode == 0
+    return [path for path in files if formats(path)]
+
+
 def copy_files(files, folder):
     """Numbered copies, since the names of a tree repeat; a header without an ending gets .h, which all tools know."""
     shutil.rmtree(folder, ignore_errors=True)
@@ -106,7 +115,7 @@ def changed(files, copies):
     return sum(open(a, "rb").read() != open(b, "rb").read() for a, b in zip(files, copies))
 
 
-def compare_tree(title, files, tool_list, folder, rounds):
+def compare_tree(title, found, files, tool_list, folder, rounds):
     times = {name: [] for name, _, _ in tool_list}
     changes = {}
     for _ in range(rounds):
@@ -115,7 +124,7 @@ def compare_tree(title, files, tool_list, folder, rounds):
             times[name].append(measure(command + copies)[0])
             changes[name] = changed(files, copies)
     size = sum(map(os.path.getsize, files)) / 1e6
-    print(f"\n{title}: {len(files)} files, {size:.1f} MB, {rounds} rounds")
+    print(f"\n{title}: {len(files)} of {found} files, {size:.1f} MB, {rounds} rounds")
     print("| tool | processor seconds, median | ratio to corvane-format, median (least to most) | files changed |")
     print("|---|---|---|---|")
     own = times["corvane-format"]
@@ -153,8 +162,9 @@ def main():
         for title, (package, endings) in TREES.items():
             language = title.split(", ")[1]
             chosen = [tool for tool in tools(corvane, scheme, settings) if language in tool[2].split()]
-            files = package_files(package, endings)
-            compare_tree(title, files, chosen, os.path.join(scratch, "tree"), rounds)
+            found = package_files(package, endings)
+            files = accepted(corvane, scheme, found)
+            compare_tree(title, len(found), files, chosen, os.path.join(scratch, "tree"), rounds)
         compare_growth(corvane, scheme, os.path.join(scratch, "growth"), rounds)
 
 
