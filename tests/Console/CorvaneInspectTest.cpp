@@ -1,0 +1,99 @@
+// corvane-inspect as a user runs it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "../support/TestFiles.h"
+
+namespace {
+
+class CorvaneInspectTest : public testing::Test {
+protected:
+    CorvaneInspectTest() {
+        dir.file("a.cpp", "a::b \"x\ty\" // c\r\n");
+        dir.file("bad.cpp", "{ goto x\n");
+        dir.file("deep.cpp", std::string(2000, '{'));
+    }
+
+    // Runs a shell command in the directory, $I being the program. Sets `status`, `out` and `err`.
+    void run(const std::string& command) {
+        const std::string line = "cd '" + dir.path() + "' && I='" CORVANE_INSPECT "' && { " + command + "; } >'" +
+                                 dir.file("stdout") + "' 2>'" + dir.file("stderr") + "'";
+        const int result = std::system(line.c_str());
+        status = WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+        out = TestFiles::contents(dir.file("stdout"));
+        err = TestFiles::contents(dir.file("stderr"));
+    }
+
+    TestFiles::TempDir dir;
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+TEST_F(CorvaneInspectTest, ShowsTokens) {
+    for (const char* command : {"$I tokens a.cpp", "$I tokens < a.cpp", "$I tokens - < a.cpp"}) {
+        run(command);
+        EXPECT_EQ(status, 0) << command;
+        EXPECT_EQ(out,
+                  "119\t1:1-1:4\ta::b\n"
+                  "5\t1:6-1:10\t\\\"x\\ty\\\"\n"
+                  "117\t1:12-2:0\t// c\\n\n"
+                  "-1\t2:0-2:0\t\n");
+        EXPECT_EQ(err, "");
+    }
+}
+
+TEST_F(CorvaneInspectTest, ShowsTheTreeAndTheReports) {
+    run("$I tree bad.cpp");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(out,
+              "RootNode 1:1-1:8\n"
+              "  BlockNode 1:1-1:8\n"
+              "    ExprNode 1:3-1:8 \"goto x\"\n");
+    EXPECT_EQ(err,
+              "bad.cpp(1) : error: col 8: Unexpected EOF found.\n"
+              "bad.cpp(1) : error: col 8: Unexpected EOF found.\n");
+    run("$I tree < bad.cpp");
+    EXPECT_EQ(err.substr(0, err.find(" : ")), "<stdin>(1)");
+}
+
+TEST_F(CorvaneInspectTest, EveryAttributeOfANodeIsShown) {
+    dir.file("all.cpp",
+             "class A : virtual B { public: int x; };\n"
+             "// CORVANE-OFF\n// CORVANE-ON\n"
+             "{ l: case 1: asm(\"\"); }\n");
+    run("$I tree all.cpp");
+    for (const char* part :
+         {"ClassDeclNode 1:1-1:39 end=1:39\n", " key=0 \"class A\"\n", " access=0 virtual \"B\"\n",
+          "AccessSpecNode 1:23-1:29 access=1\n", "DataDeclNode 1:31-1:36 end=1:36\n",
+          "CommentNode 2:1-4:0 verbatim \"\"\n", "LabelNode 4:3-4:4 colon=4:4\n", "CaseNode 4:6-4:12 colon=4:12\n",
+          "KeywordNode 4:6-4:9 kind=102\n", "AsmNode 4:14-4:21 form=1\n"}) {
+        EXPECT_NE(out.find(part), std::string::npos) << part << out;
+    }
+}
+
+TEST_F(CorvaneInspectTest, TellsWhatItCannotDo) {
+    for (const char* command : {"$I tokens missing.cpp", "$I tree .", "$I tree deep.cpp", "$I", "$I shape a.cpp",
+                                "$I tokens a.cpp a.cpp", "$I tokens --wrong", "$I tokens a.cpp > /dev/full"}) {
+        run(command);
+        EXPECT_EQ(status, 2) << command;
+        EXPECT_EQ(out, "") << command;
+        EXPECT_EQ(err.rfind("corvane-inspect: ", 0), 0u) << command << ": " << err;
+    }
+}
+
+TEST_F(CorvaneInspectTest, HelpsAndTellsItsVersion) {
+    run("$I --help");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(out.rfind("Usage: corvane-inspect ", 0), 0u);
+    run("$I tree --help");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(out.rfind("Usage: corvane-inspect ", 0), 0u);
+    run("$I --version");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(out.rfind("corvane-inspect (Corvane C++) ", 0), 0u);
+}
+
+}  // namespace
