@@ -108,17 +108,24 @@ void LexedText::pairAngles() const {
 void LexedText::findBreaks() const {
     struct OpenGroups {
         Trn::TokenKind open, close;
+        bool showsCasts;  // the finders of casts look into groups of this kind
         std::vector<std::size_t> indices{};
     };
-    std::array<OpenGroups, 2> all{{{OpenParen, CloseParen}, {OpenBrace, CloseBrace}}};
+    std::array<OpenGroups, 2> all{{{OpenParen, CloseParen, false}, {OpenBrace, CloseBrace, true}}};
+    std::vector<bool> holdsCast(tokens_.size(), false);
     breaksInside_.assign(tokens_.size(), false);
     for (std::size_t i = 0; i < count(); ++i) {
         const Trn::TokenKind kind = tokens_[i].kind;
-        const bool endsCast = kind == CloseParen && WrapTokens::castOperand.contains(tokens_[i + 1].kind);
+        const bool endsOldCast = kind == CloseParen && WrapTokens::castOperand.contains(tokens_[i + 1].kind);
         for (OpenGroups& groups : all) {
-            if (kind == groups.close && !groups.indices.empty()) groups.indices.pop_back();
-            if (!groups.indices.empty() && (endsCast || WrapTokens::isBreakOp(kind))) {
+            bool isCast = endsOldCast || WrapTokens::isNamedCast(kind);
+            if (kind == groups.close && !groups.indices.empty()) {
+                isCast = isCast || (groups.showsCasts && holdsCast[groups.indices.back()]);
+                groups.indices.pop_back();
+            }
+            if (!groups.indices.empty() && (isCast || WrapTokens::isBreakOp(kind))) {
                 breaksInside_[groups.indices.back()] = true;
+                if (isCast) holdsCast[groups.indices.back()] = true;
             }
             if (kind == groups.open) groups.indices.push_back(i);
         }

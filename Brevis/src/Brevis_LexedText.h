@@ -35,7 +35,8 @@ public:
     // Whether the `<` at `less` finds its `>` before any `;`, `&&` or `||`.
     bool opensArguments(std::size_t less) const;
     // False if no finder can find anything in the group that the parenthesis or brace at `open` opens, and nothing at
-    // its front would be written otherwise than it stands. Nested groups of the same kind are left out, as finders do.
+    // its front would be written otherwise than it stands. Nested groups of the same kind are left out, as finders do;
+    // only the finders of casts look into braces.
     bool mayBreakInside(std::size_t open) const;
 
 private:

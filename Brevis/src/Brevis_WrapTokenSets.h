@@ -48,10 +48,11 @@ inline constexpr TokenSet operandStart{OpenParen, StaticCast, DynamicCast, Const
 // What may stand behind the parenthesis that closes a C-style cast.
 inline constexpr TokenSet castOperand{CharLiteral, Number, StringLiteral, OpenParen, Identifier};
 
-// What any finder may find or, for a named cast, what it looks behind.
+constexpr bool isNamedCast(Trn::TokenKind kind) { return kind >= StaticCast && kind <= ReinterpretCast; }
+
+// What a finder of separators may find.
 constexpr bool isBreakOp(Trn::TokenKind kind) {
-    const bool isNamedCast = kind >= StaticCast && kind <= ReinterpretCast;
-    return isNamedCast || commaOp.contains(kind) || shiftOps.contains(kind) || logicalOps.contains(kind) ||
+    return commaOp.contains(kind) || shiftOps.contains(kind) || logicalOps.contains(kind) ||
            wrapBinaryOps.contains(kind) || signOps.contains(kind);
 }
 
