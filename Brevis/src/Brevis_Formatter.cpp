@@ -8,6 +8,9 @@
 #include <string>
 
 #include "Brevis_CppFormatter.h"
+#include "Brevis_CppLineWrapper.h"
+#include "Brevis_CppPreFormatter.h"
+#include "Brevis_PropertyCatalogue.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
@@ -52,28 +55,47 @@ int parse(Cpp::Parser& parser, std::string_view text, Cpp::RootNode& root, Trn::
     return static_cast<int>(reports.size());
 }
 
+// The second pass: parses the formatted text anew and wraps its lines. Gives the number of reports that fail the text.
+int wrap(Cpp::Parser& parser, CppPreFormatter& preFormatter, const FormatterProperties& properties, std::string& text,
+         Trn::ParseMessageList& messages) {
+    Cpp::RootNode root;
+    if (const int reports = parse(parser, text, root, messages)) return reports;
+    root.accept(preFormatter);
+    CppLineWrapper wrapper(properties, text);
+    root.accept(wrapper);
+    text = wrapper.takeText();
+    return 0;
+}
+
 }  // namespace
 
 int Formatter::format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
                       Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     const std::string source = readAll(in);
     Cpp::Parser parser;
-    std::string formatted;
+    CppPreFormatter preFormatter(properties.regions);
+    std::string text;
 
     if (!update(analyzingPhase)) return reportCancel(messages);
     {
         Cpp::RootNode root;
         if (const int reports = parse(parser, source, root, messages)) return reports;
-        // Here the marked regions that are left alone will be folded into single comments.
+        root.accept(preFormatter);
 
         if (!update(formattingPhase)) return reportCancel(messages);
         CppFormatter formatter(source, properties);
         root.accept(formatter);
-        formatted = formatter.takeText();
+        text = formatter.takeText();
     }
-    // Here the second pass will parse the formatted text anew and wrap its lines, if the scheme asks for it.
 
-    out.write(formatted.data(), static_cast<std::streamsize>(formatted.size()));
+    bool wrapsLines = false;
+    properties.getBool(Key::LINE_WRAP, wrapsLines);
+    if (wrapsLines) {
+        // The second pass works on a tree of the formatted text and never on the first tree.
+        if (const int reports = wrap(parser, preFormatter, properties, text, messages)) return reports;
+    }
+
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
     out.flush();
     return 0;
 }
