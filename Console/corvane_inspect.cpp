@@ -7,6 +7,9 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
+#include "Brevis_CppPreFormatter.h"
+#include "Brevis_Formatter.h"
+#include "Console_SchemeFinder.h"
 #include "Console_StandardStreams.h"
 #include "Console_TreePrinter.h"
 #include "Cpp_Lexer.h"
@@ -27,7 +30,8 @@ constexpr const char* versionText = "corvane-inspect (Corvane C++) " CORVANE_VER
 
 constexpr const char* helpText =
     R"(Usage: corvane-inspect tokens [FILE]
-  or:  corvane-inspect tree [FILE]
+  or:  corvane-inspect tree [--preformat] [FILE]
+  or:  corvane-inspect wrap --scheme SCHEME [FILE]
 Show what the stages of the formatter make of a C or C++ source text.
 
 Without FILE, or where FILE is -, standard input is read.
@@ -35,6 +39,12 @@ Without FILE, or where FILE is -, standard input is read.
   tokens       one token a line: its number, its first and last position and its
                  text, between tabs; the end of the text comes last
   tree         one node of the syntax tree a line, two blanks a level
+      --preformat  the tree as the formatter gets it: a marked region that is left
+                     alone is a single comment
+  wrap         the text as the second pass leaves it, which wraps long lines; the
+                 text is taken as formatted already
+  -s, --scheme SCHEME
+               the scheme file
       --help     show this help and exit
       --version  show the version and exit
 
@@ -44,7 +54,8 @@ is shown even so.
 
 Exit status:
   0  if the text was read, whatever the parser reports,
-  2  if it could not be read or is nested too deeply, or the arguments are bad.
+  2  if it or the scheme could not be read, if it is nested too deeply or can't be
+       wrapped for what the parser reports, or if the arguments are bad.
 )";
 
 void complain(const std::string& complaint) { Console::writeErrorLine(std::string(program) + ": " + complaint); }
@@ -54,34 +65,58 @@ struct Source {
     std::string text;  // with normalised line ends
 };
 
-std::string showTokens(const Source& source) {
-    std::string out;
+// What the arguments ask of a command beside its source.
+struct Options {
+    bool preformat = false;
+    std::string scheme;
+};
+
+// A command writes its text to `out` and gives the exit status.
+int showTokens(const Source& source, const Options&, std::string& out) {
     Cpp::Lexer lexer(source.text);
     for (;;) {
         const Trn::Token token = lexer.next();
         out += std::to_string(token.kind()) + '\t' + Console::printPosition(token.first()) + '-' +
                Console::printPosition(token.last()) + '\t' + Trn::escape(token.text()) + '\n';
-        if (token.kind() == Trn::Kind::EndOfInput) return out;
+        if (token.kind() == Trn::Kind::EndOfInput) return exitGood;
     }
 }
 
-std::string showTree(const Source& source) {
+void writeMessages(const Source& source, const Trn::ParseMessageList& messages) {
+    for (const Trn::ParseMessage& message : messages) {
+        Console::writeErrorLine(BrevisUI::parseMessageLine(source.name, message));
+    }
+}
+
+int showTree(const Source& source, const Options& options, std::string& out) {
     Cpp::Lexer lexer(source.text);
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
     Cpp::Parser().parse(lexer, root, messages);
-    for (const Trn::ParseMessage& message : messages) {
-        Console::writeErrorLine(BrevisUI::parseMessageLine(source.name, message));
+    writeMessages(source, messages);
+    if (options.preformat) {
+        Brevis::CppPreFormatter preFormatter(Brevis::regionTable());
+        root.accept(preFormatter);
     }
-    return Console::printTree(root);
+    out = Console::printTree(root);
+    return exitGood;
 }
 
-struct Command {
-    const char* name;
-    std::string (*show)(const Source& source);
-};
+int showWrapped(const Source& source, const Options& options, std::string& out) {
+    const Console::LoadedScheme loaded = Console::loadScheme(options.scheme);
+    for (const Console::Remark& remark : loaded.remarks) Console::writeErrorLine(remark.text);
+    if (!loaded.good) return exitTrouble;
 
-constexpr Command commands[] = {{"tokens", showTokens}, {"tree", showTree}};
+    std::string text = source.text;
+    Trn::ParseMessageList messages;
+    const int reports = Brevis::Formatter().wrap(Brevis::FormatterProperties(loaded.scheme), text, messages);
+    writeMessages(source, messages);
+    if (reports != 0) return exitTrouble;
+    out = std::move(text);
+    return exitGood;
+}
+
+using Command = int (*)(const Source& source, const Options& options, std::string& out);
 
 bool readSource(const std::string& file, Source& source) {
     const bool isStandardInput = file == standardInput;
@@ -96,12 +131,21 @@ bool readSource(const std::string& file, Source& source) {
     return true;
 }
 
-// What the arguments ask for: a command and its file, or a status to end with.
+// What the arguments ask for: a command with its file and options, or a status to end with.
 struct Request {
-    const Command* command = nullptr;
+    Command command = nullptr;
     std::string file = standardInput;
+    Options options;
     int status = exitGood;
 };
+
+CLI::App& addCommand(CLI::App& app, const char* name, Command command, Request& request) {
+    CLI::App* sub = app.add_subcommand(name);
+    sub->set_help_flag("--help");
+    sub->add_option("FILE", request.file);
+    sub->callback([&request, command] { request.command = command; });
+    return *sub;
+}
 
 Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     Request request;
@@ -109,12 +153,9 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     app.set_help_flag("--help");
     app.set_version_flag("--version", versionText);
     app.require_subcommand(1);
-    for (const Command& command : commands) {
-        CLI::App* sub = app.add_subcommand(command.name);
-        sub->set_help_flag("--help");
-        sub->add_option("FILE", request.file);
-        sub->callback([&request, &command] { request.command = &command; });
-    }
+    addCommand(app, "tokens", showTokens, request);
+    addCommand(app, "tree", showTree, request).add_flag("--preformat", request.options.preformat);
+    addCommand(app, "wrap", showWrapped, request).add_option("-s,--scheme", request.options.scheme)->required();
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -138,7 +179,9 @@ int guardedMain(int argc, char** argv) {
     if (request.command) {
         Source source;
         if (!readSource(request.file, source)) return exitTrouble;
-        output.write(request.command->show(source));
+        std::string text;
+        request.status = request.command(source, request.options, text);
+        output.write(text);
     }
     if (const int error = output.finish()) {
         complain(std::string("write error: ") + std::strerror(error));

@@ -46,8 +46,9 @@ std::string readAll(std::istream& in) {
 }
 
 // Parses `text` into `root`. Gives the number of reports that fail the text, which it moves to `messages`.
-int parse(Cpp::Parser& parser, std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
+int parse(std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
     Cpp::Lexer lexer(text);
+    Cpp::Parser parser;
     Trn::ParseMessageList reports;
     parser.parse(lexer, root, reports);
     std::erase_if(reports, [](const Trn::ParseMessage& report) { return report.code == strayTokenCode; });
@@ -55,31 +56,18 @@ int parse(Cpp::Parser& parser, std::string_view text, Cpp::RootNode& root, Trn::
     return static_cast<int>(reports.size());
 }
 
-// The second pass: parses the formatted text anew and wraps its lines. Gives the number of reports that fail the text.
-int wrap(Cpp::Parser& parser, CppPreFormatter& preFormatter, const FormatterProperties& properties, std::string& text,
-         Trn::ParseMessageList& messages) {
-    Cpp::RootNode root;
-    if (const int reports = parse(parser, text, root, messages)) return reports;
-    root.accept(preFormatter);
-    CppLineWrapper wrapper(properties, text);
-    root.accept(wrapper);
-    text = wrapper.takeText();
-    return 0;
-}
-
 }  // namespace
 
 int Formatter::format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
                       Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     const std::string source = readAll(in);
-    Cpp::Parser parser;
-    CppPreFormatter preFormatter(properties.regions);
     std::string text;
 
     if (!update(analyzingPhase)) return reportCancel(messages);
     {
         Cpp::RootNode root;
-        if (const int reports = parse(parser, source, root, messages)) return reports;
+        if (const int reports = parse(source, root, messages)) return reports;
+        CppPreFormatter preFormatter(properties.regions);
         root.accept(preFormatter);
 
         if (!update(formattingPhase)) return reportCancel(messages);
@@ -91,12 +79,23 @@ int Formatter::format(const FormatterProperties& properties, std::istream& in, s
     bool wrapsLines = false;
     properties.getBool(Key::LINE_WRAP, wrapsLines);
     if (wrapsLines) {
-        // The second pass works on a tree of the formatted text and never on the first tree.
-        if (const int reports = wrap(parser, preFormatter, properties, text, messages)) return reports;
+        if (const int reports = wrap(properties, text, messages)) return reports;
     }
 
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
     out.flush();
+    return 0;
+}
+
+// Works on a tree of the formatted text and never on the first tree.
+int Formatter::wrap(const FormatterProperties& properties, std::string& text, Trn::ParseMessageList& messages) const {
+    Cpp::RootNode root;
+    if (const int reports = parse(text, root, messages)) return reports;
+    CppPreFormatter preFormatter(properties.regions);
+    root.accept(preFormatter);
+    CppLineWrapper wrapper(properties, text);
+    root.accept(wrapper);
+    text = wrapper.takeText();
     return 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "Brevis_FormatterProperties.h"
 #include "Brevis_UpdateFunctor.h"
@@ -16,6 +17,10 @@ public:
     // parse messages appended. Exceptions of the stages pass through.
     int format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
                Trn::ParseMessageList& messages, UpdateFunctor& update) const;
+
+    // The second pass alone: wraps the lines of a text that is formatted already and has line feeds for line ends.
+    // Gives 0, or the number of parse messages appended; the text then stays as it was.
+    int wrap(const FormatterProperties& properties, std::string& text, Trn::ParseMessageList& messages) const;
 };
 
 }  // namespace Brevis
