@@ -33,7 +33,7 @@ int FormatRun::run() {
     for (const std::string& file : options_.files) {
         status = std::max(status, processFile(file));
         // Nobody would see what follows.
-        if (!output_.write({})) break;
+        if (!output_.good()) break;
     }
     return status;
 }

@@ -26,10 +26,10 @@ void StandardOutput::noteFailure() {
     if (error_ == 0) error_ = errno == 0 ? EIO : errno;
 }
 
-bool StandardOutput::write(std::string_view text) {
+void StandardOutput::write(std::string_view text) {
+    if (text.empty()) return;
     errno = 0;
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) noteFailure();
-    return error_ == 0;
 }
 
 int StandardOutput::finish() {

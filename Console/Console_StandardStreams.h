@@ -13,8 +13,9 @@ void prepareStandardStreams();
 // Standard output. It remembers the first failure, so that it can be told at the end.
 class StandardOutput {
 public:
-    // False if this or an earlier write failed.
-    bool write(std::string_view text);
+    void write(std::string_view text);
+    // False once a write has failed.
+    bool good() const { return error_ == 0; }
     // Writes what is held back. Gives 0, or the error number of the first failure.
     int finish();
 
