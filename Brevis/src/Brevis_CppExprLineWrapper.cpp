@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "Brevis_BraceWalker.h"
+#include "Brevis_ColumnFold.h"
 #include "Brevis_FindFirstElem.h"
 #include "Brevis_ParenWalker.h"
 #include "Brevis_PropertyCatalogue.h"
@@ -77,6 +78,10 @@ int triedLevels(int depth) { return std::min(depth, Trn::NestingGuard::limit); }
 
 }  // namespace
 
+void checkGrowth(std::size_t wrappedSize, std::size_t size) {
+    if (wrappedSize > size + maxGrowth) throw Trn::Exception("The text is too long once its lines are wrapped.");
+}
+
 CppExprLineWrapper::CppExprLineWrapper(const PropertySet& scheme) : CppExprFormatterBase(scheme) {
     properties().getInt(Key::RIGHT_MARGIN, rightMargin_);
     rightMargin_ = std::max(0, rightMargin_);
@@ -109,8 +114,19 @@ std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStr
     return result;
 }
 
-std::string CppExprLineWrapper::wrapOperands(std::string text, const WrapPlace& place) const {
-    WrapText operands(std::move(text));
+std::string CppExprLineWrapper::wrapOperands(const std::string& text, const WrapPlace& place) const {
+    if (ColumnFold::isSafe(LexedText(text))) {
+        ColumnFold fold(rightMargin_, place);
+        WrapPlace folded = place;
+        folded.fold = &fold;
+        std::string result = runSteps(text, folded);
+        if (fold.isGood(result)) return result;
+    }
+    return runSteps(text, place);
+}
+
+std::string CppExprLineWrapper::runSteps(const std::string& text, const WrapPlace& place) const {
+    WrapText operands(text);
     if (maxParenDepth(operands.lexed()) >= 1) wrapGroups(operands, place, 1, true);
     operands.set(wrapAtBreaks(operands.text(), place));
     wrapBraceGroups(operands, place);
@@ -149,7 +165,7 @@ bool isPlainText(std::string_view text, const IndentStreamSettings& settings) {
     return true;
 }
 
-// Writes a text to a scratch stream stretch by stretch.
+// Writes a text to a scratch stream stretch by stretch, some of them wrapped.
 class StretchWriter {
 public:
     StretchWriter(std::string_view text, WrapStream& out) : text_(text), out_(out) {}
@@ -161,6 +177,14 @@ public:
     }
     void copy(std::size_t end) { out_.raw(take(end)); }
     void copyRest() { copy(text_.size()); }
+
+    // The next stretch up to `end` goes through `wrap`, which is given it and its place.
+    template <class Wrap>
+    void writeWrapped(std::size_t end, WrapPlace place, Wrap wrap) {
+        if (place.fold != nullptr) place.fold->fold(place);
+        out_.raw(wrap(std::string(take(end)), place));
+        checkGrowth(out_.rawSize(), text_.size());
+    }
 
 private:
     std::string_view text_;
@@ -188,23 +212,20 @@ bool CppExprLineWrapper::wrapGroups(WrapText& text, const WrapPlace& place, int 
 
     WrapStream out(place);
     StretchWriter writer(text.text(), out);
+    const auto wrap = [this](std::string inside, const WrapPlace& at) { return wrapAtBreaks(std::move(inside), at); };
     ParenWalker group = walker;
     for (group.step(); group; group.step()) {
-        if (isWrapped(group)) {
-            WrapPlace inside = place;
-            if (group.hasName()) {
-                // The arguments stand under the call's name.
-                writer.copy(group.prev().begin);
-                std::string_view name = writer.take(group.prev().end);
-                const int nameColumn = out.writeFirstChar(name);
-                out.raw(name);
-                writer.copy(group.open().end);
-                inside = out.placeUnder(nameColumn);
-            } else {
-                writer.copy(group.open().end);
-                inside = out.place();
-            }
-            out.raw(wrapAtBreaks(std::string(writer.take(group.close().begin)), inside));
+        if (isWrapped(group) && group.hasName()) {
+            // The arguments stand under the call's name.
+            writer.copy(group.prev().begin);
+            std::string_view name = writer.take(group.prev().end);
+            const int nameColumn = out.writeFirstChar(name);
+            out.raw(name);
+            writer.copy(group.open().end);
+            writer.writeWrapped(group.close().begin, out.placeUnder(nameColumn), wrap);
+        } else if (isWrapped(group)) {
+            writer.copy(group.open().end);
+            writer.writeWrapped(group.close().begin, out.place(), wrap);
         }
         writer.copy(group.close().end);
     }
@@ -220,11 +241,12 @@ bool CppExprLineWrapper::wrapBraces(WrapText& text, const WrapPlace& place, int 
 
     WrapStream out(place);
     StretchWriter writer(text.text(), out);
+    const auto wrap = [this](std::string inside, const WrapPlace& at) { return wrapAtBreaks(std::move(inside), at); };
     BraceWalker group = walker;
     for (group.step(); group; group.step()) {
         if (isWrapped(group)) {
             writer.copy(group.open().end);
-            out.raw(wrapAtBreaks(std::string(writer.take(group.close().begin)), out.place()));
+            writer.writeWrapped(group.close().begin, out.place(), wrap);
         }
         writer.copy(group.close().end);
     }

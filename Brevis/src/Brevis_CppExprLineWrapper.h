@@ -17,6 +17,12 @@
 
 namespace Brevis {
 
+// Lines that are aligned under each other can take room beyond all measure: a line of thousands of statements has each
+// of them begin further to the right than the last. This is the room that wrapping may take.
+inline constexpr std::size_t maxGrowth = std::size_t{256} << 20;
+// Throws Trn::Exception if a text of `size` characters has grown by more than that.
+void checkGrowth(std::size_t wrappedSize, std::size_t size);
+
 class CppExprLineWrapper : public CppExprFormatterBase {
 public:
     // Reads the wrap keys of the scheme once.
@@ -42,7 +48,8 @@ private:
     }
 
     // ---- The steps of wrapExpression
-    std::string wrapOperands(std::string text, const WrapPlace& place) const;
+    std::string wrapOperands(const std::string& text, const WrapPlace& place) const;
+    std::string runSteps(const std::string& text, const WrapPlace& place) const;
     void wrapBraceGroups(WrapText& text, const WrapPlace& place) const;
     void wrapInnerParens(WrapText& text, const WrapPlace& place) const;
     // The insides of the parenthesised groups at a level go down the ladder: those of calls or, if not `namedOnly`,

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "Brevis_ColumnFold.h"
 #include "Brevis_CppExprLineWrapper.h"
 #include "Brevis_FindFirstBinaryOp.h"
 #include "Brevis_FindFirstCast.h"
@@ -272,7 +273,11 @@ void CppExprLineWrapper::writeContinuation(WrapStream& out, std::string_view tex
     }
     const bool aligns = wrapStyle_ == 1;
     // A separator hangs to the left, so that the operand behind it stands at the column.
-    if (aligns && !breakAfter) column = columnBefore(first, column, out.tabSize());
+    if (aligns && !breakAfter) {
+        const int target = columnBefore(first, column, out.tabSize());
+        if (out.fold() != nullptr) out.fold()->noteMove(column, target);
+        column = target;
+    }
     OIndentStream& stream = out.stream();
     std::string indent = indentStringFor(stream, column);
     if (!aligns && !noExtraIndent_) indent += wrapIndent_;

@@ -69,6 +69,13 @@ int CppLineWrapper::copyFirstCharacter(const Cpp::SyntaxNode& node) {
     return lastColumn(out_);
 }
 
+void CppLineWrapper::writeWrapped(std::string_view wrapped, std::size_t size) {
+    wrappedSize_ += wrapped.size();
+    unwrappedSize_ += size;
+    checkGrowth(wrappedSize_, unwrappedSize_);
+    writeRaw(out_, wrapped);
+}
+
 void CppLineWrapper::clearTemplate() {
     if (!templatePending_) return;
     templatePending_ = false;
@@ -169,16 +176,19 @@ void CppLineWrapper::wrapListText(Cpp::InteriorNode& list, bool isNormalized, bo
         // Without values of the scheme the text is brought into one shape first.
         text = expr_.formatAround(text, Trn::Kind::Comma, commaAfter ? emptyWs : blankWs, blankWs, settings);
     }
-    writeRaw(out_, exprWrapper_.wrapList(std::move(text), settings, false));
+    writeWrapped(exprWrapper_.wrapList(text, settings, false), text.size());
 }
 
 // ---- Small visits
 
 void CppLineWrapper::visit(Cpp::ExprNode& node) {
-    std::string text = readToEnd(node);
-    // A short neighbour of a long line is only re-spaced.
-    writeRaw(out_, isOverlong(node) ? exprWrapper_.wrapExpression(std::move(text), out_.settings(), false)
-                                    : expr_.format(text, out_.settings()));
+    const std::string text = readToEnd(node);
+    if (isOverlong(node)) {
+        writeWrapped(exprWrapper_.wrapExpression(text, out_.settings(), false), text.size());
+    } else {
+        // A short neighbour of a long line is only re-spaced.
+        writeRaw(out_, expr_.format(text, out_.settings()));
+    }
 }
 
 void CppLineWrapper::visit(Cpp::CommentNode& node) {

@@ -100,6 +100,9 @@ private:
     std::string readToEnd(const Cpp::SyntaxNode& node) { return std::string(readThrough(in_, node.lastPosition())); }
     std::string readGap(Position before) { return std::string(readBefore(in_, before)); }
     void writeVerbatim(std::string_view text) { out_ << Verbatim{text}; }
+    // Writes what the expression wrapper gave for a text of `size` characters. Throws Trn::Exception if all of them
+    // together have grown by more than maxGrowth.
+    void writeWrapped(std::string_view wrapped, std::size_t size);
     // Takes the column of a template head off the stack, if one has just been written.
     void clearTemplate();
 
@@ -142,6 +145,8 @@ private:
     bool inElseIf_ = false;         // the statement now being written is the `if` of an `else if`
     std::vector<int> columnStack_;  // 0-based output columns of the enclosing constructs' first tokens
     int depth_ = 0;
+    std::size_t wrappedSize_ = 0;  // characters given to writeWrapped, and what they were made of
+    std::size_t unwrappedSize_ = 0;
 
     CppExprFormatter expr_;
     CppExprLineWrapper exprWrapper_;

@@ -84,8 +84,8 @@ void CppLineWrapper::visit(Cpp::InitializerListNode& list) {
 
 void CppLineWrapper::visit(Cpp::InitializerNode& node) {
     if (!isOverlong(node)) return copyToEnd(node);
-    std::string text = readToEnd(node);
-    writeRaw(out_, exprWrapper_.wrapList(std::move(text), out_.settings(), false));
+    const std::string text = readToEnd(node);
+    writeWrapped(exprWrapper_.wrapList(text, out_.settings(), false), text.size());
 }
 
 // ---- Function pointers
@@ -176,12 +176,12 @@ void CppLineWrapper::wrapInitializer(const Cpp::ExprNode& initializer, int colum
             if (kind() == Trn::Kind::OpenBrace) ++depth;
             if (kind() == Trn::Kind::CloseBrace) --depth;
         }
-        std::string list(readBefore(local, reader.current().first()));
+        const std::string list(readBefore(local, reader.current().first()));
         const IndentStringGuard content(out_, out_.indent() + scheme_.indentDdContent.text);
-        writeRaw(out_, exprWrapper_.wrapList(std::move(list), out_.settings(), scheme_.indentDdContent.isSet));
+        writeWrapped(exprWrapper_.wrapList(list, out_.settings(), scheme_.indentDdContent.isSet), list.size());
     }
-    std::string rest(remainderOf(local));
-    writeRaw(out_, exprWrapper_.wrapExpression(std::move(rest), out_.settings(), false));
+    const std::string rest(remainderOf(local));
+    writeWrapped(exprWrapper_.wrapExpression(rest, out_.settings(), false), rest.size());
 }
 
 // ---- Enums

@@ -90,16 +90,18 @@ void CppLineWrapper::wrapCondition(const Cpp::ExprNode& condition, Trn::TokenKin
         wrapForCondition(std::string(parts.inner), parts.close, column);
     } else {
         const LeadingWsGuard drop(out_, false);
-        writeRaw(out_, exprWrapper_.wrapExpression(std::string(parts.inner), out_.settings(), false));
+        const std::string inner(parts.inner);
+        writeWrapped(exprWrapper_.wrapExpression(inner, out_.settings(), false), inner.size());
         out_ << parts.close;
     }
 }
 
 void CppLineWrapper::wrapForCondition(std::string inner, std::string_view close, int column) {
     if (scheme_.wsAfterCsOpenParen.isSet) setGapLeading(inner, scheme_.wsAfterCsOpenParen.text);
+    const std::size_t size = inner.size();
     inner = exprWrapper_.wrapForHead(std::move(inner), out_.settings());
     if (scheme_.wsBeforeCsCloseParen.isSet) setGapTrailing(inner, scheme_.wsBeforeCsCloseParen.text);
-    writeRaw(out_, inner);
+    writeWrapped(inner, size);
     // A line break in front of the parenthesis puts it under the open one.
     const IndentStringGuard indent(out_, indentStringFor(out_, column - 1));
     out_ << close;

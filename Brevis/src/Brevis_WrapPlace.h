@@ -8,6 +8,8 @@
 
 namespace Brevis {
 
+class ColumnFold;
+
 // The settings that a scratch stream is opened with, as a difference to those that the caller gave. The indent of a
 // call's arguments reaches the column of the call's name; it is kept as that column, because it is only spelled out for
 // a line that is really broken. Refers to the caller's settings, which must outlive it.
@@ -24,6 +26,7 @@ struct WrapPlace {
     int column;                       // 0-based output column at which the text begins
     bool behindBackslash;             // as in IndentStreamSettings
     std::optional<int> indentColumn;  // the indent's column where it is not the settings' own
+    ColumnFold* fold = nullptr;       // folds columns far beyond the margin, if any
 };
 
 }  // namespace Brevis

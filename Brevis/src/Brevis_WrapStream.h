@@ -14,7 +14,10 @@ public:
     explicit WrapStream(const WrapPlace& place);
 
     // Character for character.
-    void raw(std::string_view text) { writeRaw(out_, text); }
+    void raw(std::string_view text) {
+        writeRaw(out_, text);
+        rawSize_ += text.size();
+    }
     // A line feed, unless the line has just been broken behind a backslash: the white space there stays as it is.
     void lineFeed();
     // Writes the leading white space of `text` and its first other character raw, takes them off `text` and gives that
@@ -24,6 +27,9 @@ public:
     // The stream with its indent, for ordinary writing.
     OIndentStream& stream();
 
+    // The number of characters written raw.
+    std::size_t rawSize() const { return rawSize_; }
+    ColumnFold* fold() const { return place_.fold; }
     int column() const { return out_.column(); }
     int tabSize() const { return out_.tabSize(); }
     int indentWidth() const { return place_.indentWidth(); }
@@ -37,6 +43,7 @@ private:
     WrapPlace place_;
     OIndentStream out_;
     bool hasIndent_;
+    std::size_t rawSize_ = 0;
 };
 
 }  // namespace Brevis

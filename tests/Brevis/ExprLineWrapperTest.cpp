@@ -236,15 +236,28 @@ std::string repeated(const std::string& front, const std::string& unit, int coun
     return text + back;
 }
 
+// Calls on one long line are broken further and further to the right. Such columns are folded while the steps run, and
+// nothing of that may be seen in the result.
+TEST(ExprLineWrapper, FarColumns) {
+    CppExprLineWrapper wrapper(schemeWith({{"LIST_WRAP_STRATEGY", 2}}));
+    // The break between the calls brings their arguments back.
+    const std::string list = wrapper.wrapList(repeated("", "ff(aaaa, bbbb), ", 200, "0"), settingsAt(0), false);
+    const std::string end = repeated("", "ff(aaaa,\n   bbbb),\n", 190, "0");
+    ASSERT_GT(list.size(), end.size());
+    EXPECT_EQ(list.substr(list.size() - end.size()), end);
+    // Without one they stay where they are.
+    const std::string product = wrapper.wrapList(repeated("", "ff(aaaa, bbbb) * ", 60, "1"), settingsAt(0), false);
+    EXPECT_EQ(product.substr(product.rfind('\n')), "\n" + std::string(20 + 58 * 11, ' ') + "bbbb) * 1");
+}
+
 TEST(ExprLineWrapper, TimeGrowsWithTheText) {
     const std::string nest = repeated("", "(", 200, "a") + repeated("", ")", 200, " + ");
     const struct {
         std::string front, unit, back;
         int count;
-    } cases[] = {{"f(", "aaaa, ", "0);", 10000},    {"x = ", "aaaa + ", "0;", 10000},
-                 {"cout", " << aaaa", ";", 10000},  {"", "a < b, ", "0", 10000},
-                 {"", "{1, {2, 3}}, ", "0", 10000}, {"", "f(a) + ", "0", 10000},
-                 {"", "a,\n", "0", 10000},          {"", nest, "0", 40}};
+    } cases[] = {{"f(", "aaaa, ", "0);", 10000}, {"x = ", "aaaa + ", "0;", 10000},  {"cout", " << aaaa", ";", 10000},
+                 {"", "a < b, ", "0", 10000},    {"", "{1, {2, 3}}, ", "0", 10000}, {"", "f(a) + ", "0", 10000},
+                 {"", "f(a, b), ", "0", 2000},   {"", "a,\n", "0", 10000},          {"", nest, "0", 40}};
     for (const int strategy : {1, 2}) {
         CppExprLineWrapper wrapper(schemeWith({{"LIST_WRAP_STRATEGY", strategy}}));
         for (const auto& test : cases) {
