@@ -28,18 +28,14 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageLi
 // ---- The file level
 
 void Parser::parseFileItem(Stream& stream, RootNode& root) {
-    switch (stream.peek().kind()) {
+    const TokenKind kind = stream.peek().kind();
+    if (isTrivia(kind)) return root.addChild(parseTrivia(stream));
+    if (isControlKeyword(kind)) return root.addChild(parseControlStatement(stream));
+    switch (kind) {
         case Kind::Defective:
         case Kind::Semicolon:
         case Kind::CloseBrace:
             stream.get();
-            break;
-        case Kind::Directive:
-            root.addChild(parseDirective(stream));
-            break;
-        case Kind::LineComment:
-        case Kind::BlockComment:
-            root.addChild(parseComment(stream));
             break;
         case Kind::OpenBrace:
             root.addChild(parseBlock(stream));
@@ -53,8 +49,8 @@ void Parser::parseFileItem(Stream& stream, RootNode& root) {
         case Kind::Template:
             root.addChild(parseTemplate(stream));
             break;
-        case Kind::Asm:
-            parseFileAsm(stream, root);
+        case Kind::Extern:
+            root.addChild(parseExtern(stream));
             break;
         case Kind::Throw:
         case Kind::Continue:
@@ -63,18 +59,8 @@ void Parser::parseFileItem(Stream& stream, RootNode& root) {
         case Kind::Return:
             parseFileStatement(stream, root);
             break;
-        case Kind::Extern:
-            root.addChild(parseExtern(stream));
-            break;
-        case Kind::If:
-        case Kind::Else:
-        case Kind::For:
-        case Kind::Do:
-        case Kind::While:
-        case Kind::Try:
-        case Kind::Catch:
-        case Kind::Switch:
-            root.addChild(parseControlStatement(stream));
+        case Kind::Asm:
+            parseFileAsm(stream, root);
             break;
         case Kind::Identifier:
             parseFileWord(stream, root);

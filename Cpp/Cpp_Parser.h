@@ -134,6 +134,7 @@ private:
     Ptr<FunctionDeclNode> parseFunctionDecl(Stream& head, Stream& stream);
     Ptr<FunctionHeadNode> parseFunctionHead(Stream& stream);
     bool findParameterBracket(Stream& stream, HeadScan& scan);
+    bool scanHeadParen(Stream& stream, HeadScan& scan, int& index);
     bool findFunctionName(const Stream& stream, HeadScan& scan);
     bool findPlainName(const Stream& stream, HeadScan& scan);
     bool findCallOperator(const Stream& stream, HeadScan& scan);

@@ -20,6 +20,18 @@ struct Parser::DeclarationScan {
     bool seenCallOperator = false;  // the first bracket of `operator()`
     bool isFunctionPtr = false;
 
+    // Collects the token and takes down what later landmarks depend on.
+    void note(const Token& token) {
+        previous = current;
+        current = token.kind();
+        list.push_back(token);
+        if (current == Kind::Colon) seenColon = true;
+        if (current == Kind::Enum) seenEnum = true;
+        if (current == Kind::Operator) seenOperator = true;
+        if (previous == Kind::Operator) return;
+        if (current == Kind::Less) ++angleDepth;
+        if (current == Kind::Greater && angleDepth > 0) --angleDepth;
+    }
     Step stop(Decision landmark) {
         decision = landmark;
         return Step::Stop;
@@ -87,10 +99,7 @@ bool Parser::scanDeclaration(Stream& stream, DeclarationScan& scan) {
 Parser::Step Parser::scanDeclarationToken(Stream& stream, DeclarationScan& scan) {
     dropTrivia(stream);
     const Token token = stream.get();
-    scan.previous = scan.current;
-    scan.current = token.kind();
-    scan.list.push_back(token);
-    const bool isOperatorName = scan.previous == Kind::Operator;
+    scan.note(token);
     switch (token.kind()) {
         case Kind::EndOfInput:
         case Kind::Defective:
@@ -100,27 +109,11 @@ Parser::Step Parser::scanDeclarationToken(Stream& stream, DeclarationScan& scan)
             return scan.stopInFront(stream, token);
         case Kind::OpenBrace:
             return scan.stop(scan.seenEnum ? Decision::Enum : Decision::Class);
-        case Kind::Colon:
-            scan.seenColon = true;
-            break;
-        case Kind::Enum:
-            scan.seenEnum = true;
-            break;
-        case Kind::Operator:
-            scan.seenOperator = true;
-            break;
-        case Kind::Less:
-            if (!isOperatorName) ++scan.angleDepth;
-            break;
-        case Kind::Greater:
-            if (!isOperatorName && scan.angleDepth > 0) --scan.angleDepth;
-            break;
         case Kind::Public:
         case Kind::Private:
         case Kind::Protected:
             // Behind a colon they belong to a base clause.
-            if (!scan.seenColon) return scan.stopInFront(stream, token);
-            break;
+            return scan.seenColon ? Step::GoOn : scan.stopInFront(stream, token);
         case Kind::Assign:
             return scanAssign(stream, scan, token);
         case Kind::OpenBracket:
@@ -128,12 +121,10 @@ Parser::Step Parser::scanDeclarationToken(Stream& stream, DeclarationScan& scan)
         case Kind::OpenParen:
             return scanOpenParen(stream, scan);
         case Kind::Identifier:
-            if (isDeclSpecWord(token.text()) && !collectParens(stream, scan.list, 0)) return Step::Fail;
-            break;
+            return !isDeclSpecWord(token.text()) || collectParens(stream, scan.list, 0) ? Step::GoOn : Step::Fail;
         default:
-            break;
+            return Step::GoOn;
     }
-    return Step::GoOn;
 }
 
 // The `=` of `operator=` goes on; any other begins an initializer, which the data operation reads.
@@ -345,41 +336,19 @@ void Parser::collectDeclarator(Stream& stream, Tokens& list) {
     int parens = 0;
     int brackets = 0;
     for (;;) {
-        const Token& token = stream.get();
-        const TokenKind kind = token.kind();
-        list.push_back(token);
+        const TokenKind kind = stream.peek().kind();
+        list.push_back(stream.get());
+        if (isEnd(kind) || kind == Kind::OpenBrace || kind == Kind::CloseBrace) return;
         const bool isOutside = parens == 0 && brackets == 0;
-        switch (kind) {
-            case Kind::EndOfInput:
-            case Kind::Defective:
-            case Kind::OpenBrace:
-            case Kind::CloseBrace:
-                return;
-            case Kind::Semicolon:
-            case Kind::Assign:
-                if (isOutside) return;
-                break;
-            case Kind::Public:
-            case Kind::Private:
-            case Kind::Protected:
-                if (!isOutside) break;
-                stream.stepBack();
-                return;
-            case Kind::OpenParen:
-                ++parens;
-                break;
-            case Kind::CloseParen:
-                --parens;
-                break;
-            case Kind::OpenBracket:
-                ++brackets;
-                break;
-            case Kind::CloseBracket:
-                --brackets;
-                break;
-            default:
-                break;
+        if (isOutside && (kind == Kind::Semicolon || kind == Kind::Assign)) return;
+        if (isOutside && isAccessKeyword(kind)) {
+            stream.stepBack();
+            return;
         }
+        if (kind == Kind::OpenParen) ++parens;
+        if (kind == Kind::CloseParen) --parens;
+        if (kind == Kind::OpenBracket) ++brackets;
+        if (kind == Kind::CloseBracket) --brackets;
     }
 }
 

@@ -21,6 +21,16 @@ struct Parser::HeadScan {
     Position end;        // of the head, where a `;` or `,` ends it
     int nameFirst = 0;
     int nameLast = 0;
+
+    // State of the search for the bracket.
+    bool isFound = false;
+    bool expectsCallOperator = false;  // behind an `operator` whose `(` `)` may still come
+    bool seenThrow = false;
+    int parenDepth = 0;
+    int angleDepth = 0;
+    TokenKind previous = Kind::EndOfInput;  // that is no trivia
+
+    bool endsAt(const Token& token);
 };
 
 std::unique_ptr<FunctionDeclNode> Parser::parseFunctionDecl(Stream& head, Stream& stream) {
@@ -135,67 +145,71 @@ std::unique_ptr<FunctionHeadNode> Parser::parseFunctionHead(Stream& stream) {
 
 // The last bracket that opens outside all others, and in front of a `throw`, is that of the parameters.
 bool Parser::findParameterBracket(Stream& stream, HeadScan& scan) {
-    bool isFound = false;
-    bool isCallOperatorOpen = false;  // an `operator` whose `(` `)` may still come
-    bool seenThrow = false;
-    int parenDepth = 0;
-    int angleDepth = 0;
-    TokenKind previous = Kind::EndOfInput;
     for (int i = 1;; ++i) {
         const Token token = tokenAt(stream, i);
-        const bool isOperatorName = previous == Kind::Operator;
-        switch (token.kind()) {
-            case Kind::EndOfInput:
-            case Kind::Defective:
-                if (!isFound) report(token.first(), ParseCode::UnexpectedEnd);
-                return isFound;
-            case Kind::Operator:
-                isCallOperatorOpen = true;
-                break;
-            case Kind::Throw:
-                seenThrow = true;
-                break;
-            case Kind::Less:
-                if (!isOperatorName) ++angleDepth;
-                break;
-            case Kind::Greater:
-                if (!isOperatorName && angleDepth > 0) --angleDepth;
-                break;
-            case Kind::OpenParen:
-                if (isOperatorName && isCallOperatorOpen) {
-                    if (kindAt(stream, i + 1) != Kind::CloseParen) {
-                        report(token.first(), "Expected ')'. As part of overloaded function call operator.");
-                        return false;
-                    }
-                    isCallOperatorOpen = false;
-                    ++i;
-                    break;
-                }
-                if (!seenThrow && parenDepth == 0) {
-                    scan.parameters = i;
-                    isFound = true;
-                }
-                ++parenDepth;
-                break;
-            case Kind::CloseParen:
-                if (parenDepth > 0) --parenDepth;
-                break;
-            case Kind::Semicolon:
-                if (parenDepth > 0) break;
-                scan.end = token.first();
-                return true;
-            case Kind::Comma:
-                if (parenDepth > 0 || angleDepth > 0 || isOperatorName) break;
-                scan.end = token.first();
-                return true;
-            case Kind::Colon:
-            case Kind::OpenBrace:
-                if (parenDepth > 0) break;
-                return true;
-            default:
-                break;
+        if (isEnd(token.kind())) {
+            if (!scan.isFound) report(token.first(), ParseCode::UnexpectedEnd);
+            return scan.isFound;
         }
-        if (!isTrivia(token.kind())) previous = token.kind();
+        if (token.kind() == Kind::OpenParen) {
+            if (!scanHeadParen(stream, scan, i)) return false;
+        } else if (scan.endsAt(token)) {
+            return true;
+        }
+        if (!isTrivia(token.kind())) scan.previous = token.kind();
+    }
+}
+
+// At a `(`. The index goes on to the `)` of `operator()`.
+bool Parser::scanHeadParen(Stream& stream, HeadScan& scan, int& index) {
+    if (scan.previous == Kind::Operator && scan.expectsCallOperator) {
+        if (kindAt(stream, index + 1) != Kind::CloseParen) {
+            report(tokenAt(stream, index).first(), "Expected ')'. As part of overloaded function call operator.");
+            return false;
+        }
+        scan.expectsCallOperator = false;
+        ++index;
+        return true;
+    }
+    if (!scan.seenThrow && scan.parenDepth == 0) {
+        scan.parameters = index;
+        scan.isFound = true;
+    }
+    ++scan.parenDepth;
+    return true;
+}
+
+// Counts any other token and tells whether the search ends at it.
+bool Parser::HeadScan::endsAt(const Token& token) {
+    const bool isOperatorName = previous == Kind::Operator;
+    switch (token.kind()) {
+        case Kind::Operator:
+            expectsCallOperator = true;
+            return false;
+        case Kind::Throw:
+            seenThrow = true;
+            return false;
+        case Kind::Less:
+            if (!isOperatorName) ++angleDepth;
+            return false;
+        case Kind::Greater:
+            if (!isOperatorName && angleDepth > 0) --angleDepth;
+            return false;
+        case Kind::CloseParen:
+            if (parenDepth > 0) --parenDepth;
+            return false;
+        case Kind::Comma:
+            if (parenDepth > 0 || angleDepth > 0 || isOperatorName) return false;
+            end = token.first();
+            return true;
+        case Kind::Semicolon:
+            if (parenDepth == 0) end = token.first();
+            return parenDepth == 0;
+        case Kind::Colon:
+        case Kind::OpenBrace:
+            return parenDepth == 0;
+        default:
+            return false;
     }
 }
 

@@ -1,4 +1,6 @@
 // Statements, parsed for their shape only: blocks, labels, assembler, and everything else as data or expression.
+#include <algorithm>
+
 #include "Cpp_CharClasses.h"
 #include "Cpp_JoinedText.h"
 #include "Cpp_Parser.h"
@@ -180,6 +182,30 @@ struct Parser::Expression {
     int parens = 0;
     int angles = 0;
     bool seenTemplate = false;
+
+    // Brackets are counted, all else joins the text.
+    void add(const Token& token) {
+        switch (token.kind()) {
+            case Kind::OpenParen:
+                ++parens;
+                break;
+            case Kind::CloseParen:
+                parens = std::max(parens - 1, 0);
+                break;
+            case Kind::Less:
+                ++angles;
+                break;
+            case Kind::Greater:
+                angles = std::max(angles - 1, 0);
+                break;
+            case Kind::Template:
+                seenTemplate = true;
+                break;
+            default:
+                joinTo(text, token.text());
+                break;
+        }
+    }
 };
 
 // A run of tokens up to a `;` or a landmark. Its text is a sketch for measuring, without brackets.
@@ -203,26 +229,7 @@ std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
             expression.text += token.text();
             return std::make_unique<ExprNode>(std::move(expression.text), first, token.last());
         }
-        switch (kind) {
-            case Kind::OpenParen:
-                ++expression.parens;
-                break;
-            case Kind::CloseParen:
-                if (expression.parens > 0) --expression.parens;
-                break;
-            case Kind::Less:
-                ++expression.angles;
-                break;
-            case Kind::Greater:
-                if (expression.angles > 0) --expression.angles;
-                break;
-            case Kind::Template:
-                expression.seenTemplate = true;
-                break;
-            default:
-                joinTo(expression.text, token.text());
-                break;
-        }
+        expression.add(token);
     }
 }
 
