@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Brevis_LexedText.h"
+
 namespace Brevis {
 
 ColumnFold::ColumnFold(int rightMargin, const WrapPlace& place)
@@ -27,11 +29,15 @@ bool ColumnFold::isGood(std::string_view result) const {
     return true;
 }
 
-bool ColumnFold::isSafe(const LexedText& text) {
-    for (std::size_t i = 0; i < text.count(); ++i) {
-        if (text[i].kind != Trn::Kind::BlockComment && text[i].kind != Trn::Kind::Directive) continue;
-        const std::string_view token = text.text().substr(text[i].begin, text[i].end - text[i].begin);
-        if (token.find('\n') + 1 < token.size()) return false;
+bool ColumnFold::isSafe(std::string_view text) {
+    const bool mayHoldSome = text.find('#') != text.npos || text.find("/*") != text.npos;
+    if (!mayHoldSome) return true;
+    const LexedText lexed(text);
+    for (std::size_t i = 0; i < lexed.count(); ++i) {
+        if (lexed[i].kind != Trn::Kind::BlockComment && lexed[i].kind != Trn::Kind::Directive) continue;
+        const std::string_view token = text.substr(lexed[i].begin, lexed[i].end - lexed[i].begin);
+        const std::size_t lineFeed = token.find('\n');
+        if (lineFeed != token.npos && lineFeed + 1 < token.size()) return false;
     }
     return true;
 }

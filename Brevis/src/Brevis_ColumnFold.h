@@ -3,7 +3,6 @@
 
 #include <string_view>
 
-#include "Brevis_LexedText.h"
 #include "Brevis_WrapPlace.h"
 
 namespace Brevis {
@@ -28,7 +27,7 @@ public:
     bool isGood(std::string_view result) const;
 
     // A token of several lines is laid out by the columns that it comes from, so a text with one is not folded.
-    static bool isSafe(const LexedText& text);
+    static bool isSafe(std::string_view text);
 
 private:
     static constexpr int slack = 64;  // room for what moves to the left, and for columns that lie there by themselves

@@ -115,7 +115,7 @@ std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStr
 }
 
 std::string CppExprLineWrapper::wrapOperands(const std::string& text, const WrapPlace& place) const {
-    if (ColumnFold::isSafe(LexedText(text))) {
+    if (ColumnFold::isSafe(text)) {
         ColumnFold fold(rightMargin_, place);
         WrapPlace folded = place;
         folded.fold = &fold;
