@@ -28,13 +28,11 @@ public:
 
 private:
     void sortIn(const fs::path& path) {
-        const std::string file = path.filename().string();
-        const std::size_t input = file.find(".in.");
         if (path.parent_path() == goldenDirectory()) return;  // the lists of the harness itself
         if (path.extension() == ".fsc") {
             schemes_[path.stem().string()] = path;
-        } else if (input != std::string::npos) {
-            inputs_[(path.parent_path() / file.substr(0, input)).string()] = path;
+        } else if (path.extension() == ".in") {
+            inputs_[(path.parent_path() / path.stem()).string()] = path;
         } else if (path.extension() == ".expected" || path.extension() == ".refused") {
             expectations_.push_back(path);
         } else {
@@ -78,7 +76,7 @@ private:
     }
 
     GoldenFiles files_;
-    std::map<std::string, fs::path> inputs_;   // by path without `.in.*`
+    std::map<std::string, fs::path> inputs_;   // by path without `.in`
     std::map<std::string, fs::path> schemes_;  // by name
     std::vector<fs::path> expectations_;
     std::set<std::string> usedInputs_;
