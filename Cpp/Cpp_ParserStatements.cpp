@@ -11,7 +11,6 @@ namespace Cpp {
 
 namespace Kind = Trn::Kind;
 using Trn::isEnd;
-using Trn::Token;
 using Trn::TokenKind;
 
 namespace {
@@ -41,8 +40,7 @@ std::unique_ptr<BlockNode> Parser::parseBlock(Stream& stream) {
         block->setLastPosition(token.last());
     } else if (token.kind() == Kind::OpenBrace) {
         block->setFirstPosition(token.first());
-        while (parseBlockItem(stream, *block)) {
-        }
+        repeat(stream, [&] { return parseBlockItem(stream, *block); });
     } else {
         parseSingleStatement(stream, token.kind(), *block);
     }
@@ -67,48 +65,48 @@ void Parser::parseSingleStatement(Stream& stream, TokenKind kind, BlockNode& blo
     }
 }
 
-// One item between the braces. False at the closing brace and at the end of the input.
-bool Parser::parseBlockItem(Stream& stream, BlockNode& block) {
+// One item between the braces. Stops at the closing brace and at the end of the input.
+Parser::Step Parser::parseBlockItem(Stream& stream, BlockNode& block) {
     attachTrivia(stream, block);
     const Token token = stream.get();
     switch (token.kind()) {
         case Kind::EndOfInput:
         case Kind::Defective:
             reportUnexpectedEnd(stream);
-            return false;
+            return Step::Stop;
         case Kind::CloseBrace:
             block.setLastPosition(token.last());
-            return false;
+            return Step::Stop;
         case Kind::Semicolon:
-            return true;
+            return Step::GoOn;
         case Kind::Extern:
             attachTrivia(stream, block);
             if (stream.peek().kind() == Kind::StringLiteral) stream.get();
-            return true;
+            return Step::GoOn;
         case Kind::Namespace:
             report(token.first(), ParseCode::NamespaceInBlock);
-            return true;
+            return Step::GoOn;
         case Kind::Template:
             report(token.first(), ParseCode::TemplateInBlock);
-            return true;
+            return Step::GoOn;
         case Kind::Public:
         case Kind::Private:
         case Kind::Protected:
             report(token.first(), ParseCode::AccessLabelInBlock);
-            return true;
+            return Step::GoOn;
         case Kind::Using:
             skipUntilAttaching(stream, block, Kind::Semicolon);
-            return true;
+            return Step::GoOn;
         case Kind::Asm:
         case Kind::Identifier:
             parseBlockWord(stream, token, block);
-            return true;
+            return Step::GoOn;
         default:
             break;
     }
     stream.stepBack();
     parseBlockStatement(stream, token.kind(), block);
-    return true;
+    return Step::GoOn;
 }
 
 void Parser::parseBlockStatement(Stream& stream, TokenKind kind, BlockNode& block) {

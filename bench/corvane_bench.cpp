@@ -34,6 +34,16 @@ const Brevis::PropertySet& scheme() {
     return scheme;
 }
 
+// The same scheme with the second pass.
+const Brevis::PropertySet& wrappingScheme() {
+    static const Brevis::PropertySet wrapping = [] {
+        Brevis::PropertySet copy = scheme();
+        copy.setBool("LINE_WRAP", true);
+        return copy;
+    }();
+    return wrapping;
+}
+
 std::string repeated(const std::string& text, std::int64_t times) {
     std::string result;
     for (std::int64_t i = 0; i < times; ++i) result += text;
@@ -65,6 +75,14 @@ constexpr Huge hugeTexts[] = {
     {"comment", "/*\n", "    some words of a comment\n", "*/\n"},
 };
 
+// Constructs on one line, for the second pass.
+constexpr Huge longLines[] = {
+    {"arguments", "void f() { g(", "abc, ", "d); }\n"},
+    {"operands", "void f() { x = ", "abc + ", "d; }\n"},
+    {"shifts", "void f() { out", " << abc", "; }\n"},
+    {"initializer", "int a[] = { ", "1234, ", "5 };\n"},
+};
+
 std::size_t lexed(const std::string& text) {
     Cpp::Lexer lexer(text);
     std::size_t tokens = 0;
@@ -80,17 +98,20 @@ int parsed(const std::string& text) {
     return root.childCount();
 }
 
-std::size_t formatted(const std::string& text) {
+std::size_t formattedUnder(const Brevis::PropertySet& scheme, const std::string& text) {
     std::istringstream in(text);
     std::ostringstream out;
     Trn::ParseMessageList messages;
     Brevis::UpdateFunctor update;
-    const Brevis::FormatterProperties properties(scheme());
+    const Brevis::FormatterProperties properties(scheme);
     if (Brevis::Formatter().format(properties, in, out, messages, update) != 0) {
         throw std::runtime_error("refused: " + messages.front().text);
     }
     return out.view().size();
 }
+
+std::size_t formatted(const std::string& text) { return formattedUnder(scheme(), text); }
+std::size_t wrapped(const std::string& text) { return formattedUnder(wrappingScheme(), text); }
 
 template <class Stage>
 void run(benchmark::State& state, const std::string& text, Stage stage) {
@@ -102,15 +123,27 @@ void lexing(benchmark::State& state) { run(state, repeated(examples(), state.ran
 void parsing(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), parsed); }
 void formatting(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), formatted); }
 
+void wrapping(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), wrapped); }
+
 void formattingOneHuge(benchmark::State& state) {
     const Huge& huge = hugeTexts[state.range(0)];
     state.SetLabel(huge.name);
     run(state, huge.before + repeated(huge.part, 1000 * state.range(1)) + huge.after, formatted);
 }
 
+void wrappingOneLine(benchmark::State& state) {
+    const Huge& line = longLines[state.range(0)];
+    state.SetLabel(line.name);
+    run(state, line.before + repeated(line.part, 1000 * state.range(1)) + line.after, wrapped);
+}
+
 BENCHMARK(lexing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(parsing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(formatting)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(wrapping)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(wrappingOneLine)
+    ->ArgsProduct({benchmark::CreateDenseRange(0, std::size(longLines) - 1, 1), {1, 10, 100}})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(formattingOneHuge)
     ->ArgsProduct({benchmark::CreateDenseRange(0, std::size(hugeTexts) - 1, 1), {1, 10, 100}})
     ->Unit(benchmark::kMillisecond);

@@ -313,8 +313,7 @@ CppFormatter::SignSplit CppFormatter::splitSign(std::string& text) const {
     SignSplit split;
     split.isStar = endsInStar(text);
     split.isAmp = endsInAmp(text);
-    split.isAnchored =
-        (split.isStar && scheme_.asteriskAnchor == 1) || (split.isAmp && scheme_.ampersandAnchor == 1);
+    split.isAnchored = (split.isStar && scheme_.asteriskAnchor == 1) || (split.isAmp && scheme_.ampersandAnchor == 1);
     if (!split.isAnchored) return split;
 
     std::size_t start = text.size();
@@ -332,8 +331,7 @@ CppFormatter::SignSplit CppFormatter::splitSign(std::string& text) const {
 
 void CppFormatter::writeAligned(int offset, const SignSplit& sign) {
     int pad = alignPad(offset, out_.column(), indentWidth(out_), scheme_.tabSize);
-    const bool hangs =
-        (sign.isStar && scheme_.hangingAsterisk) || (sign.isAmp && scheme_.hangingAmpersand);
+    const bool hangs = (sign.isStar && scheme_.hangingAsterisk) || (sign.isAmp && scheme_.hangingAmpersand);
     if (sign.isAnchored && hangs) --pad;
     const LeadingWsGuard keep(out_, true);
     out_ << Pad{pad} << sign.tail;

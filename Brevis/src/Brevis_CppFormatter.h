@@ -190,10 +190,10 @@ private:
 
     // State
     bool inClassBody_ = false;
-    bool templatePending_ = false;   // a template head has left its column on the stack
-    bool inElseIf_ = false;          // the current statement is the `if` of an `else if`
-    bool classTailPending_ = false;  // the last class ended at its brace: a declarator follows
-    std::vector<int> columnStack_;   // 0-based output columns of the enclosing constructs' first tokens
+    bool templatePending_ = false;        // a template head has left its column on the stack
+    bool inElseIf_ = false;               // the current statement is the `if` of an `else if`
+    bool classTailPending_ = false;       // the last class ended at its brace: a declarator follows
+    std::vector<int> columnStack_;        // 0-based output columns of the enclosing constructs' first tokens
     std::vector<std::string> pendingWs_;  // white space that the next visit is to write
 
     // Alignment columns, filled by the visit of the root

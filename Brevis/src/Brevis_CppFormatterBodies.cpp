@@ -95,7 +95,8 @@ void CppFormatter::visit(Cpp::TemplateNode& node) {
             if (scheme_.wsAfterTpOpenBracket.isSet) {
                 std::string ws = scheme_.wsAfterTpOpenBracket.text;
                 const auto* first = dynamic_cast<Cpp::ParameterNode*>(&parameters.child(0));
-                if (ws.empty() && first && first->text.starts_with('<')) ws = " ";  // two brackets must not run together
+                if (ws.empty() && first && first->text.starts_with('<'))
+                    ws = " ";  // two brackets must not run together
                 setGapTrailing(gap, ws);
                 writeVerbatim(gap);
             } else {

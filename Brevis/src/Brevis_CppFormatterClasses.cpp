@@ -25,8 +25,8 @@ void CppFormatter::visit(Cpp::ClassDeclNode& node) {
     if (node.body) {
         node.body->accept(*this);
         // The declaration stops at its brace, so that a declarator follows.
-        classTailPending_ = node.body->childCount() > 0 && hasBraces(*node.body) &&
-                            node.lastPosition() == node.body->lastPosition();
+        classTailPending_ =
+            node.body->childCount() > 0 && hasBraces(*node.body) && node.lastPosition() == node.body->lastPosition();
     }
 }
 

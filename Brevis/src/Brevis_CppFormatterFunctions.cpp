@@ -58,8 +58,7 @@ int CppFormatter::writeReturnTypeAndName(Cpp::FunctionDeclNode& node, int column
     const Cpp::FunctionReturnNode* type = node.head->returnType.get();
     const Cpp::IdNode& name = *node.head->name;
     const bool isDefinition = node.body != nullptr;
-    const bool namesAligned =
-        scheme_.alignFnDeclNamesLeft || (scheme_.alignClassMemberNamesLeft && inClassBody_);
+    const bool namesAligned = scheme_.alignFnDeclNamesLeft || (scheme_.alignClassMemberNamesLeft && inClassBody_);
 
     if (type) copyBefore(in_, out_, type->firstPosition());
     // The return type with everything that stands between it and the name.

@@ -56,9 +56,9 @@ struct CppFormatterScheme {
     bool alignTpParamsLeft = false;
 
     // Control statements
-    WsProperty wsBeforeCsOpenBrace, wsAfterCsKey, wsAfterCsOpenBrace, wsBetweenCs, wsBeforeCsCloseBrace, indentCsContent,
-        wsBetweenCsForClauses, wsAfterCsOpenParen, wsBeforeCsCloseParen, indentCsCaseContent, indentCsCaseLabels,
-        wsAfterCsCaseLabels;
+    WsProperty wsBeforeCsOpenBrace, wsAfterCsKey, wsAfterCsOpenBrace, wsBetweenCs, wsBeforeCsCloseBrace,
+        indentCsContent, wsBetweenCsForClauses, wsAfterCsOpenParen, wsBeforeCsCloseParen, indentCsCaseContent,
+        indentCsCaseLabels, wsAfterCsCaseLabels;
     bool alignCsForClausesLeft = false;
 
     // Enums

@@ -21,7 +21,8 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
     const bool useBetween = scheme_.wsBetweenCs.isSet && node.childCount() > 1;
     if (useBetween) {
         const auto* first = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&node.child(0));
-        if (first && first->body && !hasBraces(*first->body)) between = "\n";  // an `else` is not put behind a statement
+        if (first && first->body && !hasBraces(*first->body))
+            between = "\n";  // an `else` is not put behind a statement
     }
 
     bool afterTrivia = false;
@@ -67,8 +68,8 @@ void CppFormatter::visit(Cpp::CtrlSubStmtNode& node) {
         return;
     }
     if (node.head) pushPending(hasBraces(body) ? scheme_.wsBeforeCsOpenBrace : scheme_.wsAfterCsOpenBrace);
-    formatBracedBody(body, isSwitch ? scheme_.indentCsCaseContent : scheme_.indentCsContent,
-                     scheme_.wsAfterCsOpenBrace, scheme_.wsBeforeCsCloseBrace);
+    formatBracedBody(body, isSwitch ? scheme_.indentCsCaseContent : scheme_.indentCsContent, scheme_.wsAfterCsOpenBrace,
+                     scheme_.wsBeforeCsCloseBrace);
 }
 
 void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& head) {

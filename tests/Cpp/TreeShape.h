@@ -34,7 +34,7 @@ private:
 struct ParseCase {
     std::string_view source;
     std::string_view shape;
-    std::string_view reports = "";
+    std::string_view reports{};
 };
 
 // Compares the shape and the reports of every case.

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "FormatRun.h"
+#include "RealSources.h"
 
 namespace Harness {
 namespace {
@@ -22,32 +23,6 @@ struct RealCode {
 };
 
 void PrintTo(const RealCode& code, std::ostream* os) { *os << code.package << " under " << code.scheme; }
-
-bool isSource(const fs::path& path) {
-    static const std::set<std::string> extensions{"", ".c", ".cc", ".cpp", ".h", ".hh", ".hpp", ".tcc"};
-    const std::string folder = path.string();
-    const bool named = folder.starts_with("/usr/include/") || folder.starts_with("/usr/src/");
-    return named && extensions.contains(path.extension().string()) && fs::is_regular_file(path) &&
-           !fs::is_symlink(path);
-}
-
-// The sources among the files of a package, by the list that the package manager keeps; empty if it is not installed.
-std::vector<fs::path> sourcesOf(const std::string& package) {
-    std::vector<fs::path> sources;
-    const fs::path lists = "/var/lib/dpkg/info";
-    if (!fs::exists(lists)) return sources;
-    for (const fs::directory_entry& entry : fs::directory_iterator(lists)) {
-        const std::string name = entry.path().filename().string();
-        const bool ofPackage =
-            name == package + ".list" || (name.starts_with(package + ":") && name.ends_with(".list"));
-        if (!ofPackage) continue;
-        std::ifstream list(entry.path());
-        for (std::string line; std::getline(list, line);) {
-            if (isSource(line)) sources.emplace_back(line);
-        }
-    }
-    return sources;
-}
 
 // The names of a list of exceptions that belong to one test, and those of them that were met.
 class Exceptions {
