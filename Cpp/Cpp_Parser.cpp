@@ -20,18 +20,18 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageLi
     Stream stream(buffer);
     RootNode parsed;
     messages_ = messages;
-    while (stream.peek().kind() != Kind::EndOfInput) parseFileItem(stream, parsed);
+    repeat(stream, [&] { return parseFileItem(stream, parsed); });
     cppRoot.swapChildren(parsed);
     messages.swap(messages_);
 }
 
 // ---- The file level
 
-void Parser::parseFileItem(Stream& stream, RootNode& root) {
+Parser::Step Parser::parseFileItem(Stream& stream, RootNode& root) {
     const TokenKind kind = stream.peek().kind();
-    if (isTrivia(kind)) return root.addChild(parseTrivia(stream));
-    if (isControlKeyword(kind)) return root.addChild(parseControlStatement(stream));
     switch (kind) {
+        case Kind::EndOfInput:
+            return Step::Stop;
         case Kind::Defective:
         case Kind::Semicolon:
         case Kind::CloseBrace:
@@ -66,9 +66,16 @@ void Parser::parseFileItem(Stream& stream, RootNode& root) {
             parseFileWord(stream, root);
             break;
         default:
-            parseFileDeclaration(stream, root);
+            if (isTrivia(kind)) {
+                root.addChild(parseTrivia(stream));
+            } else if (isControlKeyword(kind)) {
+                root.addChild(parseControlStatement(stream));
+            } else {
+                addDeclaration(stream, root, false);
+            }
             break;
     }
+    return Step::GoOn;
 }
 
 // A word in front of a `{` is taken for a macro that opens a block.
@@ -81,7 +88,7 @@ void Parser::parseFileWord(Stream& stream, RootNode& root) {
         return;
     }
     stream.stepBack();
-    parseFileDeclaration(stream, root);
+    addDeclaration(stream, root, false);
 }
 
 void Parser::parseFileAsm(Stream& stream, RootNode& root) {
@@ -95,13 +102,6 @@ void Parser::parseFileStatement(Stream& stream, RootNode& root) {
     if (!collectUntil(stream, list, Kind::Semicolon)) return;
     Stream statement(list);
     root.addChild(parseExpressionStatement(statement));
-}
-
-void Parser::parseFileDeclaration(Stream& stream, RootNode& root) {
-    const std::size_t cursor = stream.cursor();
-    const bool added = addDeclaration(stream, root, false);
-    // A stray access keyword is refused without being read.
-    if (!added && stream.cursor() == cursor) stream.get();
 }
 
 // ---- Comments and directives

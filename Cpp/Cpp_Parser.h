@@ -30,14 +30,27 @@ private:
     using Stream = Trn::TokenStream;
     template <class Node>
     using Ptr = std::unique_ptr<Node>;
+    enum class Step { GoOn, Stop, Fail };
+
+    // Reads items until one says stop. An item that leaves the stream where it stood would come again for ever, so one
+    // token is dropped behind it. That happens with a stray access keyword at file level, and at the end of a list
+    // whose last token has been replaced.
+    template <class ParseItem>
+    Step repeat(Stream& stream, ParseItem parseItem) {
+        for (;;) {
+            const std::size_t cursor = stream.cursor();
+            const Step step = parseItem();
+            if (step != Step::GoOn) return step;
+            if (stream.cursor() == cursor) stream.get();
+        }
+    }
 
     // ---- Frame (Cpp_Parser.cpp)
 
-    void parseFileItem(Stream& stream, RootNode& root);
+    Step parseFileItem(Stream& stream, RootNode& root);
     void parseFileWord(Stream& stream, RootNode& root);
     void parseFileAsm(Stream& stream, RootNode& root);
     void parseFileStatement(Stream& stream, RootNode& root);
-    void parseFileDeclaration(Stream& stream, RootNode& root);
 
     // Trivia are the comments and directives. A null result stands for a region that doesn't end.
     Ptr<CommentNode> parseComment(Stream& stream);
@@ -68,7 +81,6 @@ private:
     // ---- Declaration dispatch (Cpp_ParserDeclarations.cpp)
 
     enum class Decision { Data, Function, FunctionPtr, Class, Enum };
-    enum class Step { GoOn, Stop, Fail };
     struct DeclarationScan;
 
     Ptr<DeclNode> parseDeclaration(Stream& stream, bool& takesSemicolon, bool allowBitfield);
@@ -183,7 +195,7 @@ private:
 
     Ptr<BlockNode> parseBlock(Stream& stream);
     void parseSingleStatement(Stream& stream, TokenKind kind, BlockNode& block);
-    bool parseBlockItem(Stream& stream, BlockNode& block);
+    Step parseBlockItem(Stream& stream, BlockNode& block);
     void parseBlockStatement(Stream& stream, TokenKind kind, BlockNode& block);
     void parseBlockWord(Stream& stream, const Token& word, BlockNode& block);
     void parseDataOrExpression(Stream& stream, BlockNode& block);

@@ -161,9 +161,8 @@ std::unique_ptr<NamespaceBodyNode> Parser::parseNamespaceBody(Stream& stream) {
     if (!first) return nullptr;
     auto body = std::make_unique<NamespaceBodyNode>();
     body->setFirstPosition(*first);
-    Step step = Step::GoOn;
-    for (int depth = 1; step == Step::GoOn;) step = parseNamespaceItem(stream, *body, depth);
-    if (step == Step::Fail) return nullptr;
+    int depth = 1;
+    if (repeat(stream, [&] { return parseNamespaceItem(stream, *body, depth); }) == Step::Fail) return nullptr;
     return body;
 }
 
@@ -253,9 +252,8 @@ std::unique_ptr<LinkageBlockNode> Parser::parseLinkageBlock(Stream& stream) {
 std::unique_ptr<LinkageBlockBodyNode> Parser::parseLinkageBody(Stream& stream) {
     auto body = std::make_unique<LinkageBlockBodyNode>();
     body->setFirstPosition(stream.get().first());
-    Step step = Step::GoOn;
-    for (int depth = 1; step == Step::GoOn;) step = parseLinkageItem(stream, *body, depth);
-    if (step == Step::Fail) return nullptr;
+    int depth = 1;
+    if (repeat(stream, [&] { return parseLinkageItem(stream, *body, depth); }) == Step::Fail) return nullptr;
     return body;
 }
 

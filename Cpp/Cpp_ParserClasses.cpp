@@ -190,9 +190,8 @@ std::unique_ptr<ClassBodyNode> Parser::parseClassBody(Stream& stream) {
     if (!first) return nullptr;
     auto body = std::make_unique<ClassBodyNode>();
     body->setFirstPosition(*first);
-    Step step = Step::GoOn;
-    for (int depth = 1; step == Step::GoOn;) step = parseClassItem(stream, *body, depth);
-    if (step == Step::Fail) return nullptr;
+    int depth = 1;
+    if (repeat(stream, [&] { return parseClassItem(stream, *body, depth); }) == Step::Fail) return nullptr;
     return body;
 }
 

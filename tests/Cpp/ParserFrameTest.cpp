@@ -72,6 +72,20 @@ TEST(ParserFrame, StrayAccessKeywordsAreRefusedOneByOne) {
     expectShapes({{"public private x;", "DataDecl{Id'x'}", "7@1:1, 7@1:8"}, {"}public:", "", "7@1:2, 1@1:8, 7@1:8"}});
 }
 
+// A region that doesn't end in a class reads the class's tokens to their end, and the token put back behind it then
+// takes the place of the closing brace.
+TEST(ParserFrame, RegionsWithoutAnEndInsideAClassDoNotStall) {
+    for (const char* source :
+         {"class A { template /* CORVANE-OFF */ A<int>; };",
+          "class A { void f() { static int x = /* CORVANE-OFF */ 1; } };",
+          "class A { void f() { static int x /* */ [ /* CORVANE-OFF */ 1]; } };",
+          "class A { int x = /* CORVANE-OFF */ 1; };", "class A { extern { template\n#if 0\n ; } };",
+          "class A { extern { namespace B { template\n#if 0\n; } } };",
+          "class A { extern { namespace\n#if 0\n B { } } };", "class A { public\n#if 0\n }; int x;"}) {
+        EXPECT_NE(ParsedText(source).reports(), "") << source;
+    }
+}
+
 TEST(ParserFrame, PositionsOfRegions) {
     EXPECT_EQ(ParsedText("x; // CORVANE-OFF\n(\n// CORVANE-ON\n").shapeWithPositions(),
               "DataDecl 1:1-1:2 {Id 1:1-1:1 'x'} Comment 1:4-4:0 [verbatim]''");
