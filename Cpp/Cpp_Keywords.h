@@ -84,7 +84,7 @@ inline constexpr Keyword keywords[] = {
 class KeywordTable {
 public:
     constexpr KeywordTable() {
-        for (std::uint8_t i = 0; i < std::size(keywords); ++i) {
+        for (std::size_t i = 0; i < std::size(keywords); ++i) {
             std::size_t slot = hash(keywords[i].text);
             while (slots_[slot] != 0) slot = (slot + 1) % slotCount;
             slots_[slot] = static_cast<std::uint8_t>(i + 1);

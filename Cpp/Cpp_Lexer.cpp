@@ -337,7 +337,7 @@ constexpr Operator operators[] = {
 constexpr std::array<std::uint8_t, 128> makeOperatorIndex() {
     std::array<std::uint8_t, 128> index{};
     for (std::size_t i = std::size(operators); i-- > 0;) {
-        index[static_cast<std::size_t>(operators[i].text[0])] = static_cast<std::uint8_t>(i + 1);
+        index[static_cast<unsigned char>(operators[i].text[0])] = static_cast<std::uint8_t>(i + 1);
     }
     return index;
 }
