@@ -11,19 +11,6 @@ namespace Brevis {
 
 namespace {
 
-PropertySet withEngineDefaults(const PropertySet& properties) {
-    PropertySet copy = properties;
-    applyEngineDefaults(copy);
-    return copy;
-}
-
-IndentStreamSettings outputSettings(const CppFormatterScheme& scheme) {
-    IndentStreamSettings settings;
-    settings.convertMode = scheme.convertWs;
-    settings.tabSize = scheme.tabSize;
-    return settings;
-}
-
 bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
 // The last character that is no white space, the first character of the text not being looked at; NUL if there is none.
@@ -45,7 +32,7 @@ CppFormatter::CppFormatter(std::string_view source, const FormatterProperties& p
       scheme_(props_),
       source_(source),
       in_(source, scheme_.tabSize),
-      out_(outputSettings(scheme_)),
+      out_(scheme_.outputSettings()),
       expr_(properties) {}
 
 bool hasBraces(const Cpp::InteriorNode& body) {

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Brevis_ColumnPush.h"
 #include "Brevis_CppExprFormatter.h"
 #include "Brevis_CppFormatterScheme.h"
 #include "Brevis_FormatSupport.h"
@@ -80,18 +81,6 @@ public:
     void visit(Cpp::ExprNode& node) override;
 
 private:
-    // Pushes a column for the extent of a scope and pops the top at its end.
-    class ColumnPush {
-    public:
-        ColumnPush(std::vector<int>& stack, int column) : stack_(stack) { stack_.push_back(column); }
-        ~ColumnPush() { stack_.pop_back(); }
-        ColumnPush(const ColumnPush&) = delete;
-        ColumnPush& operator=(const ColumnPush&) = delete;
-
-    private:
-        std::vector<int>& stack_;
-    };
-
     // The indent and keep flag of a body, for the extent of a scope. A set value puts its text behind the column of
     // the enclosing construct and drops the source's leading white space; an unset one leaves the indent as it is and
     // the keep flag as it is or, with `keepIfUnset`, true.

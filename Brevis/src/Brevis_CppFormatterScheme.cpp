@@ -123,4 +123,11 @@ CppFormatterScheme::CppFormatterScheme(const PropertySet& properties) {
     if (alignTpParamsLeft) wsBetweenTpParams = newlineWs;
 }
 
+Vellum::IndentStreamSettings CppFormatterScheme::outputSettings() const {
+    Vellum::IndentStreamSettings settings;
+    settings.convertMode = convertWs;
+    settings.tabSize = tabSize;
+    return settings;
+}
+
 }  // namespace Brevis

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "Brevis_WsProperty.h"
+#include "Vellum_IndentStreamSettings.h"
 
 namespace Brevis {
 
@@ -11,6 +12,9 @@ struct CppFormatterScheme {
     // `properties` has the engine defaults applied already. A missing white-space key gives an unset value, a missing
     // boolean false, a missing integer the value that stands here.
     explicit CppFormatterScheme(const PropertySet& properties);
+
+    // The settings of an output stream at the start of a text.
+    Vellum::IndentStreamSettings outputSettings() const;
 
     // Layout
     std::int32_t tabSize = 1;

@@ -15,19 +15,6 @@ namespace {
 const WsProperty blankWs{true, " "};
 const WsProperty emptyWs{true, ""};
 
-PropertySet withEngineDefaults(const PropertySet& properties) {
-    PropertySet copy = properties;
-    applyEngineDefaults(copy);
-    return copy;
-}
-
-IndentStreamSettings outputSettings(const CppFormatterScheme& scheme) {
-    IndentStreamSettings settings;
-    settings.convertMode = scheme.convertWs;
-    settings.tabSize = scheme.tabSize;
-    return settings;
-}
-
 std::int32_t intValue(const PropertySet& properties, std::string_view key, std::int32_t whenAbsent) {
     properties.getInt(key, whenAbsent);
     return whenAbsent;
@@ -39,7 +26,7 @@ CppLineWrapper::CppLineWrapper(const FormatterProperties& properties, std::strin
     : props_(withEngineDefaults(properties)),
       scheme_(props_),
       in_(text, scheme_.tabSize),
-      out_(outputSettings(scheme_)),
+      out_(scheme_.outputSettings()),
       expr_(properties),
       exprWrapper_(properties) {
     props_.getBool(Key::LINE_WRAP, lineWrap_);

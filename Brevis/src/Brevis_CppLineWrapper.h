@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Brevis_ColumnPush.h"
 #include "Brevis_CppExprFormatter.h"
 #include "Brevis_CppExprLineWrapper.h"
 #include "Brevis_CppFormatterScheme.h"
@@ -78,18 +79,6 @@ public:
     // Labels, `asm` and its text go out with the next copy; function heads are written by wrapFunctionHead.
 
 private:
-    // Pushes a column for the extent of a scope and pops the top at its end, whatever pushed that.
-    class ColumnPush {
-    public:
-        ColumnPush(std::vector<int>& stack, int column) : stack_(stack) { stack_.push_back(column); }
-        ~ColumnPush() { stack_.pop_back(); }
-        ColumnPush(const ColumnPush&) = delete;
-        ColumnPush& operator=(const ColumnPush&) = delete;
-
-    private:
-        std::vector<int>& stack_;
-    };
-
     // ---- Steps that the visits share (Brevis_CppLineWrapper.cpp)
     // Whether the node reaches into an overlong line. A node without positions doesn't.
     bool isOverlong(const Cpp::SyntaxNode& node) const;

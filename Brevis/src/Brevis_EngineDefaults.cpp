@@ -61,4 +61,10 @@ void applyEngineDefaults(PropertySet& properties) {
     defaultInt(properties, Key::EXPR_WRAP_STYLE, 1);
 }
 
+PropertySet withEngineDefaults(const PropertySet& properties) {
+    PropertySet copy = properties;
+    applyEngineDefaults(copy);
+    return copy;
+}
+
 }  // namespace Brevis

@@ -7,4 +7,7 @@ namespace Brevis {
 
 void applyEngineDefaults(PropertySet& properties);
 
+// A copy of the scheme with the defaults applied.
+PropertySet withEngineDefaults(const PropertySet& properties);
+
 }  // namespace Brevis
