@@ -5,6 +5,7 @@
 
 #include "Brevis_FormatSupport.h"
 #include "Cpp_Lexer.h"
+#include "Trn_Escapes.h"
 #include "Vellum_LiteralTracker.h"
 
 namespace Brevis {
@@ -169,45 +170,8 @@ void replaceCharInGap(std::string& text, char from, char to) {
 
 // ---- Escapes
 
-namespace {
+std::string unescapeText(std::string_view text) { return Trn::unescape(text); }
 
-constexpr struct {
-    char letter;
-    char real;
-} escapes[] = {{'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'v', '\v'}};
-
-}  // namespace
-
-std::string unescapeText(std::string_view text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char c = text[i];
-        if (c == '\\') {
-            if (++i == text.size()) break;
-            c = text[i];
-            for (const auto& escape : escapes) {
-                if (c == escape.letter) {
-                    c = escape.real;
-                    break;
-                }
-            }
-        }
-        result += c;
-    }
-    return result;
-}
-
-std::string escapeText(std::string_view text) {
-    std::string result;
-    for (const char c : text) {
-        char letter = c == '"' || c == '\'' || c == '\\' ? c : '\0';
-        for (const auto& escape : escapes) {
-            if (c == escape.real) letter = escape.letter;
-        }
-        if (letter != '\0') result += '\\';
-        result += letter != '\0' ? letter : c;
-    }
-    return result;
-}
+std::string escapeText(std::string_view text) { return Trn::escape(text); }
 
 }  // namespace Brevis
