@@ -9,6 +9,7 @@
 #include <string>
 
 #include "Brevis_Formatter.h"
+#include "Brevis_PropertyCatalogue.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
@@ -38,7 +39,7 @@ const Brevis::PropertySet& scheme() {
 const Brevis::PropertySet& wrappingScheme() {
     static const Brevis::PropertySet wrapping = [] {
         Brevis::PropertySet copy = scheme();
-        copy.setBool("LINE_WRAP", true);
+        copy.setBool(Brevis::Key::LINE_WRAP, true);
         return copy;
     }();
     return wrapping;

@@ -1,5 +1,6 @@
 // The walk of the expression formatter: which rule takes a token, and the rules for operators.
 #include "Brevis_CppExprFormatter.h"
+#include "Brevis_PropertyCatalogue.h"
 
 #include <algorithm>
 #include <array>
@@ -19,32 +20,32 @@ CppExprFormatter::CppExprFormatter(const PropertySet& scheme) : CppExprFormatter
         anyValueBreaks_ |= value.holdsLineFeed();
         return value;
     };
-    wsBetweenOpOperands_ = read("WS_BETWEEN_EXPR_OP_OPERANDS");
-    wsAfterFnCallName_ = read("WS_AFTER_FN_CALL_NAME");
-    parens_ = {read("WS_AFTER_EXPR_OPEN_PAREN"), read("WS_BEFORE_EXPR_CLOSE_PAREN"), read("WS_BEFORE_FN_CALL_COMMA"),
-               read("WS_BETWEEN_FN_CALL_ARGS")};
+    wsBetweenOpOperands_ = read(Key::WS_BETWEEN_EXPR_OP_OPERANDS);
+    wsAfterFnCallName_ = read(Key::WS_AFTER_FN_CALL_NAME);
+    parens_ = {read(Key::WS_AFTER_EXPR_OPEN_PAREN), read(Key::WS_BEFORE_EXPR_CLOSE_PAREN),
+               read(Key::WS_BEFORE_FN_CALL_COMMA), read(Key::WS_BETWEEN_FN_CALL_ARGS)};
     bool alignCallArgs = false;
-    properties().getBool("ALIGN_FN_CALL_ARGS_LEFT", alignCallArgs);
+    properties().getBool(Key::ALIGN_FN_CALL_ARGS_LEFT, alignCallArgs);
     if (!parens_.between.isSet && alignCallArgs) {
         parens_.between = newlineWs;
         anyValueBreaks_ = true;
     }
-    squares_ = {read("WS_AFTER_LBRACKET"), read("WS_BEFORE_RBRACKET"), noWs, noWs};
-    wsAfterTpOpen_ = read("WS_AFTER_TP_OPEN_BRACKET");
-    wsBeforeTpClose_ = read("WS_BEFORE_TP_CLOSE_BRACKET");
-    wsBetweenTpParams_ = read("WS_BETWEEN_TP_PARAMS");
+    squares_ = {read(Key::WS_AFTER_LBRACKET), read(Key::WS_BEFORE_RBRACKET), noWs, noWs};
+    wsAfterTpOpen_ = read(Key::WS_AFTER_TP_OPEN_BRACKET);
+    wsBeforeTpClose_ = read(Key::WS_BEFORE_TP_CLOSE_BRACKET);
+    wsBetweenTpParams_ = read(Key::WS_BETWEEN_TP_PARAMS);
     castAngles_ = {wsAfterTpOpen_, wsBeforeTpClose_, parens_.comma, parens_.between};
-    wsBetweenAsteriskAnchor_ = read("WS_BETWEEN_ASTERISK_ANCHOR");
-    wsBetweenAmpersandAnchor_ = read("WS_BETWEEN_AMPERSAND_ANCHOR");
-    wsBeforeDdOpenBrace_ = read("WS_BEFORE_DD_OPEN_BRACE");
-    wsAfterDdOpenBrace_ = read("WS_AFTER_DD_OPEN_BRACE");
-    wsBeforeDdCloseBrace_ = read("WS_BEFORE_DD_CLOSE_BRACE");
-    wsBeforeDdComma_ = read("WS_BEFORE_DD_COMMA");
-    wsBetweenDdElements_ = read("WS_BETWEEN_DD_ELEMENTS");
-    indentDdContent_ = read("INDENT_DD_CONTENT");
-    properties().getInt("ASTERISK_ANCHOR", asteriskAnchor_);
-    properties().getInt("AMPERSAND_ANCHOR", ampersandAnchor_);
-    properties().getBool("LINE_WRAP", lineWrap_);
+    wsBetweenAsteriskAnchor_ = read(Key::WS_BETWEEN_ASTERISK_ANCHOR);
+    wsBetweenAmpersandAnchor_ = read(Key::WS_BETWEEN_AMPERSAND_ANCHOR);
+    wsBeforeDdOpenBrace_ = read(Key::WS_BEFORE_DD_OPEN_BRACE);
+    wsAfterDdOpenBrace_ = read(Key::WS_AFTER_DD_OPEN_BRACE);
+    wsBeforeDdCloseBrace_ = read(Key::WS_BEFORE_DD_CLOSE_BRACE);
+    wsBeforeDdComma_ = read(Key::WS_BEFORE_DD_COMMA);
+    wsBetweenDdElements_ = read(Key::WS_BETWEEN_DD_ELEMENTS);
+    indentDdContent_ = read(Key::INDENT_DD_CONTENT);
+    properties().getInt(Key::ASTERISK_ANCHOR, asteriskAnchor_);
+    properties().getInt(Key::AMPERSAND_ANCHOR, ampersandAnchor_);
+    properties().getBool(Key::LINE_WRAP, lineWrap_);
 }
 
 CppExprFormatter::~CppExprFormatter() = default;

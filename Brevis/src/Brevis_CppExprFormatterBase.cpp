@@ -5,15 +5,16 @@
 #include <cctype>
 
 #include "Brevis_EngineDefaults.h"
+#include "Brevis_PropertyCatalogue.h"
 
 namespace Brevis {
 
 CppExprFormatterBase::CppExprFormatterBase(const PropertySet& scheme) : properties_(scheme) {
     applyEngineDefaults(properties_);
-    properties_.getInt("TAB_SIZE", tabSize_);
+    properties_.getInt(Key::TAB_SIZE, tabSize_);
     tabSize_ = std::max(tabSize_, 1);  // a smaller one acts as 1 wherever columns are computed
-    leftMargin_ = wsProperty(properties_, "LEFT_MARGIN");
-    hasAlignPpdLeftMost_ = properties_.getBool("ALIGN_PPD_LEFT_MOST", alignPpdLeftMost_);
+    leftMargin_ = wsProperty(properties_, Key::LEFT_MARGIN);
+    hasAlignPpdLeftMost_ = properties_.getBool(Key::ALIGN_PPD_LEFT_MOST, alignPpdLeftMost_);
 }
 
 std::string CppExprFormatterBase::writeOrdinary(std::string_view text, const IndentStreamSettings& settings) {
