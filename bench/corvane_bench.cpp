@@ -10,6 +10,7 @@
 
 #include "Brevis_Formatter.h"
 #include "Brevis_PropertyCatalogue.h"
+#include "Brevis_SeamGuard.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
@@ -99,7 +100,7 @@ int parsed(const std::string& text) {
     return root.childCount();
 }
 
-std::size_t formattedUnder(const Brevis::PropertySet& scheme, const std::string& text) {
+std::string formattedText(const Brevis::PropertySet& scheme, const std::string& text) {
     std::istringstream in(text);
     std::ostringstream out;
     Trn::ParseMessageList messages;
@@ -108,11 +109,11 @@ std::size_t formattedUnder(const Brevis::PropertySet& scheme, const std::string&
     if (Brevis::Formatter().format(properties, in, out, messages, update) != 0) {
         throw std::runtime_error("refused: " + messages.front().text);
     }
-    return out.view().size();
+    return std::move(out).str();
 }
 
-std::size_t formatted(const std::string& text) { return formattedUnder(scheme(), text); }
-std::size_t wrapped(const std::string& text) { return formattedUnder(wrappingScheme(), text); }
+std::size_t formatted(const std::string& text) { return formattedText(scheme(), text).size(); }
+std::size_t wrapped(const std::string& text) { return formattedText(wrappingScheme(), text).size(); }
 
 template <class Stage>
 void run(benchmark::State& state, const std::string& text, Stage stage) {
@@ -125,6 +126,16 @@ void parsing(benchmark::State& state) { run(state, repeated(examples(), state.ra
 void formatting(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), formatted); }
 
 void wrapping(benchmark::State& state) { run(state, repeated(examples(), state.range(0)), wrapped); }
+
+// The last step of each pass alone: what it costs to prove that the formatted text has the tokens of the source.
+void guarding(benchmark::State& state) {
+    const std::string source = repeated(examples(), state.range(0));
+    const std::string formatted = formattedText(scheme(), source);
+    run(state, source, [&](const std::string& text) {
+        std::string output = formatted;
+        return Brevis::SeamGuard(text).mend(output);
+    });
+}
 
 void formattingOneHuge(benchmark::State& state) {
     const Huge& huge = hugeTexts[state.range(0)];
@@ -141,6 +152,7 @@ void wrappingOneLine(benchmark::State& state) {
 BENCHMARK(lexing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(parsing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(formatting)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(guarding)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(wrapping)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(wrappingOneLine)
     ->ArgsProduct({benchmark::CreateDenseRange(0, std::size(longLines) - 1, 1), {1, 10, 100}})

@@ -11,6 +11,7 @@
 #include "Brevis_CppLineWrapper.h"
 #include "Brevis_CppPreFormatter.h"
 #include "Brevis_PropertyCatalogue.h"
+#include "Brevis_SeamGuard.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
@@ -56,10 +57,16 @@ int parse(std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& mes
     return static_cast<int>(reports.size());
 }
 
+// The end of each pass.
+void mendSeams(std::string_view source, std::string& text, FormatSummary* summary) {
+    const std::size_t seams = SeamGuard(source).mend(text);
+    if (summary) summary->seams += seams;
+}
+
 }  // namespace
 
 int Formatter::format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
-                      Trn::ParseMessageList& messages, UpdateFunctor& update) const {
+                      Trn::ParseMessageList& messages, UpdateFunctor& update, FormatSummary* summary) const {
     const std::string source = readAll(in);
     std::string text;
 
@@ -75,11 +82,12 @@ int Formatter::format(const FormatterProperties& properties, std::istream& in, s
         root.accept(formatter);
         text = formatter.takeText();
     }
+    mendSeams(source, text, summary);
 
     bool wrapsLines = false;
     properties.getBool(Key::LINE_WRAP, wrapsLines);
     if (wrapsLines) {
-        if (const int reports = wrap(properties, text, messages)) return reports;
+        if (const int reports = wrap(properties, text, messages, summary)) return reports;
     }
 
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
@@ -88,14 +96,17 @@ int Formatter::format(const FormatterProperties& properties, std::istream& in, s
 }
 
 // Works on a tree of the formatted text and never on the first tree.
-int Formatter::wrap(const FormatterProperties& properties, std::string& text, Trn::ParseMessageList& messages) const {
+int Formatter::wrap(const FormatterProperties& properties, std::string& text, Trn::ParseMessageList& messages,
+                    FormatSummary* summary) const {
     Cpp::RootNode root;
     if (const int reports = parse(text, root, messages)) return reports;
     CppPreFormatter preFormatter(properties.regions);
     root.accept(preFormatter);
     CppLineWrapper wrapper(properties, text);
     root.accept(wrapper);
-    text = wrapper.takeText();
+    std::string wrapped = wrapper.takeText();
+    mendSeams(text, wrapped, summary);
+    text = std::move(wrapped);
     return 0;
 }
 

@@ -1,0 +1,29 @@
+// The last step of each pass: walks the text that the pass read and the text that it wrote side by side and leaves the
+// written text with exactly the tokens of the other. It touches white space only, and only where it has to.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Brevis {
+
+// 1. Without white space, both texts are equal.
+// 2. White space inside literals is that of the source; inside comments and directives only the start of a line may
+//    differ, and tabs and blanks may stand for each other. A backslash at a line end keeps its line end.
+// 3. Tokens that white space kept apart don't run together, and none is torn by white space.
+// 4. A `#` is first on its line where it was, and nowhere else; line comments and directives keep their ends.
+class SeamGuard {
+public:
+    // `source` is what the pass read, its line ends line feeds. It must outlive the guard.
+    explicit SeamGuard(std::string_view source) : source_(source) {}
+
+    // Mends what the pass wrote and gives the number of places that needed it. Throws Trn::Exception with the place
+    // if the texts differ in more than white space. Linear in both texts.
+    std::size_t mend(std::string& output) const;
+
+private:
+    std::string_view source_;
+};
+
+}  // namespace Brevis

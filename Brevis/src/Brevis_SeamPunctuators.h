@@ -1,0 +1,32 @@
+// The operators and brackets of C and C++, digraphs and those of the newest C++ among them.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <iterator>
+#include <string_view>
+
+namespace Brevis {
+
+// Ordered by the first character; the longest first among those that share it.
+inline constexpr std::string_view seamPunctuators[] = {
+    "!=", "!",  "##", "#",   "%:%:", "%:", "%>", "%=", "%",  "&&",  "&=", "&", "(",   ")",  "*=", "*",
+    "++", "+=", "+",  ",",   "->*",  "--", "-=", "->", "-",  "...", ".*", ".", "/=",  "/",  "::", ":>",
+    ":]", ":",  ";",  "<=>", "<<=",  "<<", "<=", "<:", "<%", "<",   "==", "=", ">>=", ">>", ">=", ">",
+    "?",  "[:", "[",  "]",   "^^",   "^=", "^",  "{",  "|=", "||",  "|",  "}", "~",
+};
+
+inline constexpr std::size_t seamPunctuatorMostLength = 4;
+
+// For each character the index of its first punctuator plus 1, or 0 where it begins none.
+constexpr std::array<std::uint8_t, 256> makeSeamPunctuatorIndex() {
+    std::array<std::uint8_t, 256> index{};
+    for (std::size_t i = std::size(seamPunctuators); i-- > 0;) {
+        index[static_cast<unsigned char>(seamPunctuators[i].front())] = static_cast<std::uint8_t>(i + 1);
+    }
+    return index;
+}
+
+inline constexpr std::array<std::uint8_t, 256> seamPunctuatorIndex = makeSeamPunctuatorIndex();
+
+}  // namespace Brevis
