@@ -7,7 +7,7 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
-#include "Brevis_Formatter.h"
+#include "BrevisUI_TextJob.h"
 
 namespace BrevisUI {
 
@@ -36,25 +36,10 @@ Result guarded(FormatHost& host, const std::string& path, Work work, Result fail
     return failed;
 }
 
-// One run of the pipeline: the formatted text, or nothing and the messages that tell why.
-std::optional<std::string> runPipeline(const Brevis::PropertySet& scheme, std::istream& source,
-                                       Trn::ParseMessageList& messages, Brevis::UpdateFunctor& update) {
-    std::ostringstream formatted;
-    const Brevis::FormatterProperties properties(scheme);
-    if (Brevis::Formatter().format(properties, source, formatted, messages, update) != 0) return std::nullopt;
-    return std::move(formatted).str();
-}
-
-// A cancel inside the pipeline ends here as well as a syntax error does.
-void sendRefusal(FormatHost& host, const std::string& path, const Trn::ParseMessageList& messages) {
-    for (const Trn::ParseMessage& message : messages) host.send(parseMessageLine(path, message), message.severity);
-    host.send(parseFailedMessage(path), Severity::error);
-}
-
 class FileJob {
 public:
     FileJob(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme, FileProgressDlg* progress)
-        : host_(host), path_(path), scheme_(scheme), progress_(progress), showPhase_(progress, path) {}
+        : host_(host), path_(path), textJob_(host, path, scheme), progress_(progress), showPhase_(progress, path) {}
 
     FileResult run();
 
@@ -64,13 +49,13 @@ private:
     bool isCancelled() const;
     // The reason why the file can't be formatted in place, or null.
     const std::string_view* obstacle() const;
-    std::optional<std::string> format(std::istream& source, Trn::ParseMessageList& messages);
+    std::optional<FormattedText> format(std::istringstream& source);
     bool takeBackup() const;
     bool write(const std::string& formatted, const std::string& source) const;
 
     FormatHost& host_;
     const std::string& path_;
-    const Brevis::PropertySet& scheme_;
+    TextJob textJob_;
     FileProgressDlg* progress_;
     FileProgressDlg::UpdateFunction showPhase_;
 };
@@ -92,20 +77,17 @@ FileResult FileJob::run() {
     std::istringstream source(std::move(text));
 
     if (isCancelled()) return FileResult::Cancelled;
-    Trn::ParseMessageList messages;
-    const std::optional<std::string> formatted = format(source, messages);
-    if (!formatted) {
-        showPhase_(Phase::refuse);
-        sendRefusal(host_, path_, messages);
-        return FileResult::Refused;
-    }
+    const std::optional<FormattedText> formatted = format(source);
+    if (!formatted) return FileResult::Refused;
 
     showPhase_(Phase::write);
     if (host_.createBackups() && !takeBackup()) return refuse(Message::noBackup);
-    const bool written = write(*formatted, std::move(source).str());
+    const bool written = write(formatted->text, std::move(source).str());
     if (!written) refuse(Message::writeFailed);
     showPhase_(Phase::done);
-    return written ? FileResult::Formatted : FileResult::Refused;
+    if (!written) return FileResult::Refused;
+    host_.onFormatted(path_, formatted->summary);
+    return FileResult::Formatted;
 }
 
 FileResult FileJob::refuse(std::string_view message) {
@@ -126,11 +108,11 @@ const std::string_view* FileJob::obstacle() const {
     return nullptr;
 }
 
-std::optional<std::string> FileJob::format(std::istream& source, Trn::ParseMessageList& messages) {
-    if (progress_) return runPipeline(scheme_, source, messages, showPhase_);
+std::optional<FormattedText> FileJob::format(std::istringstream& source) {
+    if (progress_) return textJob_.run(source, showPhase_);
     // The functor of the dialog would stop the run, having no dialog.
     Brevis::UpdateFunctor neverCancels;
-    return runPipeline(scheme_, source, messages, neverCancels);
+    return textJob_.run(source, neverCancels);
 }
 
 bool FileJob::takeBackup() const { return copyFile(path_, path_ + "." + host_.backupExtension()); }
@@ -154,11 +136,11 @@ std::optional<std::string> formatText(FormatHost& host, const std::string& path,
                                       std::string source) {
     const auto work = [&]() -> std::optional<std::string> {
         std::istringstream in(std::move(source));
-        Trn::ParseMessageList messages;
         Brevis::UpdateFunctor neverCancels;
-        std::optional<std::string> formatted = runPipeline(scheme, in, messages, neverCancels);
-        if (!formatted) sendRefusal(host, path, messages);
-        return formatted;
+        std::optional<FormattedText> formatted = TextJob(host, path, scheme).run(in, neverCancels);
+        if (!formatted) return std::nullopt;
+        host.onFormatted(path, formatted->summary);
+        return std::move(formatted->text);
     };
     return guarded(host, path, work, std::optional<std::string>());
 }

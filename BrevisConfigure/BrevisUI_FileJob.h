@@ -1,5 +1,5 @@
-// The file job: formats one file in place. It tests the file, runs the pipeline, takes the backup and writes the result
-// over the file; every way out but that of an empty file and of a cancel leaves a message.
+// The file job: formats one file in place. It tests the file, runs the pipeline, checks the result, takes the backup
+// and writes the result over the file; every way out but that of an empty file and of a cancel leaves a message.
 #pragma once
 
 #include <optional>

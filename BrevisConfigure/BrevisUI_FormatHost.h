@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "Brevis_Formatter.h"
+
 namespace BrevisUI {
 
 class FormatHost {
@@ -19,6 +21,14 @@ public:
     // Whether a file is copied before it is written over, and the extension of the copy, without a dot.
     virtual bool createBackups() const = 0;
     virtual std::string backupExtension() const = 0;
+
+    // Whether a text whose tokens differ from those of its source is refused.
+    virtual bool verifyTokens() const { return true; }
+    // Whether a text that a second run would change again is warned about. It costs that second run.
+    virtual bool verifyStability() const { return false; }
+
+    // Called once for each text that was formatted, and written if the job writes it.
+    virtual void onFormatted(const std::string& /*path*/, const Brevis::FormatSummary& /*summary*/) {}
 };
 
 }  // namespace BrevisUI

@@ -39,6 +39,9 @@ inline constexpr std::string_view noBackup =
     "Corvane C++ was unable to create a backup file for the file \"%s\". The file will not be formatted.";
 inline constexpr std::string_view writeFailed =
     "Corvane C++ was unable to write the formatted text back to the file \"%s\". The file will not be formatted.";
+// The place and the two texts stand in the message before it.
+inline constexpr std::string_view codeChanged =
+    "Formatting would change more than white space in the file \"%s\". The file will not be formatted.";
 // The subject is what the exception tells. The next text follows it.
 inline constexpr std::string_view unexpected =
     "An unexpected error has occurred. The current Corvane C++ operation has failed. Please contact Vellum Software "

@@ -29,6 +29,15 @@ to standard output, unless one of -i, --check and --diff asks for something else
       --check                 write nothing; name each file that would change
       --diff                  write nothing; show what would change as a unified
                                 diff, in colours on a terminal
+      --verify[=WHAT]         compare the tokens of the result with those of the
+                                source, and refuse a file where they differ; -i
+                                does so anyway. WHAT is tokens unless given;
+                                stable also formats the result again, and warns
+                                if that would change it
+      --no-verify             with -i: compare nothing
+      --verbose               tell for each file how many seams were mended, places
+                                where the scheme's white space would have changed
+                                the code; the threshold doesn't hide it
       --assume-filename=PATH  the path of standard input, for messages and for the
                                 search for a scheme; without this option <stdin>
                                 and the current directory
@@ -43,12 +52,13 @@ messages and no output, and is left as it is; the other files are still done.
 
 --check and --diff may be combined. -i takes neither of them and no standard
 input; --backup needs -i; --assume-filename needs standard input, which can be
-named only once.
+named only once. --verify and --no-verify cannot be combined.
 
 Exit status:
   0  if all went well and, with --check or --diff, nothing would change,
   1  if --check or --diff found a file that would change,
   2  if a file was refused or failed, or the scheme or the arguments are bad.
+Warnings don't change it.
 )";
 
 void addOptions(CLI::App& app, FormatOptions& options) {
@@ -60,9 +70,18 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     app.add_flag("--backup{bak}", options.backupExtension);
     app.add_flag("--check", options.check)->disable_flag_override();
     app.add_flag("--diff", options.diff)->disable_flag_override();
+    app.add_flag("--verify{tokens}")->check(CLI::IsMember({"tokens", "stable"}));
+    app.add_flag("--no-verify")->disable_flag_override();
+    app.add_flag("--verbose", options.verbose)->disable_flag_override();
     app.add_option("--assume-filename", options.assumeFilename)->type_name("PATH");
     app.add_option("--threshold", options.threshold)->type_name("N")->check(CLI::Range(0, 3).description(""));
     app.add_option("FILE", options.files);
+}
+
+void readVerification(const CLI::App& app, FormatOptions& options) {
+    const CLI::Option& verify = *app.get_option("--verify");
+    options.verifyTokens = options.inPlace ? app.count("--no-verify") == 0 : verify.count() > 0;
+    options.verifyStability = verify.count() > 0 && verify.as<std::string>() == "stable";
 }
 
 // What is wrong with the combination of the options, or nothing. An empty value is no value.
@@ -73,6 +92,9 @@ std::string complaintAbout(const CLI::App& app, const FormatOptions& options) {
     if (options.inPlace && options.check) return "--in-place and --check cannot be combined: --check writes nothing";
     if (options.inPlace && options.diff) return "--in-place and --diff cannot be combined: --diff writes nothing";
     if (options.createBackups && !options.inPlace) return "--backup has no meaning without --in-place";
+    if (app.count("--verify") > 0 && app.count("--no-verify") > 0) {
+        return "--verify and --no-verify cannot be combined";
+    }
     if (options.backupExtension.find('/') != std::string::npos) return "the extension of --backup cannot hold a slash";
     if (options.inPlace && standardInputs > 0) return "--in-place needs files: standard input cannot be written back";
     if (standardInputs > 1) return "standard input can be read only once";
@@ -101,6 +123,7 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
         return failure(error.what());
     }
     options.createBackups = app.count("--backup") > 0;
+    readVerification(app, options);
     if (options.files.empty()) options.files.emplace_back(standardInput);
     const std::string complaint = complaintAbout(app, options);
     return complaint.empty() ? command : failure(complaint);

@@ -17,6 +17,9 @@ struct FormatOptions {
     bool diff = false;
     bool createBackups = false;
     std::string backupExtension = "bak";
+    bool verifyTokens = false;
+    bool verifyStability = false;
+    bool verbose = false;
     int threshold = 2;           // of message severities, 0 to 3
     std::string assumeFilename;  // empty: not given
 };

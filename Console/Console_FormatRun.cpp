@@ -23,6 +23,11 @@ void FormatRun::send(const std::string& text, int severity) {
     if (severity >= options_.threshold) writeErrorLine(text);
 }
 
+void FormatRun::onFormatted(const std::string& path, const Brevis::FormatSummary& summary) {
+    if (!options_.verbose) return;
+    writeErrorLine(path + ": " + std::to_string(summary.seams) + (summary.seams == 1 ? " seam" : " seams") + " mended");
+}
+
 std::string FormatRun::displayName(const std::string& file) const {
     if (file != standardInput) return file;
     return options_.assumeFilename.empty() ? "<stdin>" : options_.assumeFilename;

@@ -25,6 +25,9 @@ private:
     void send(const std::string& text, int severity) override;
     bool createBackups() const override { return options_.createBackups; }
     std::string backupExtension() const override { return options_.backupExtension; }
+    bool verifyTokens() const override { return options_.verifyTokens; }
+    bool verifyStability() const override { return options_.verifyStability; }
+    void onFormatted(const std::string& path, const Brevis::FormatSummary& summary) override;
 
     // The name of a file in messages.
     std::string displayName(const std::string& file) const;

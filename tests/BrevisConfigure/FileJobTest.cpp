@@ -34,8 +34,10 @@ public:
     void letUserInterfaceRun() override { ++breaths; }
     bool createBackups() const override { return backups; }
     std::string backupExtension() const override { return "bak"; }
+    void onFormatted(const std::string& path, const Brevis::FormatSummary&) override { formatted.push_back(path); }
 
     Lines sent;
+    Lines formatted;
     bool backups = false;
     int breaths = 0;
 };
@@ -87,6 +89,29 @@ TEST_F(FileJobTest, WritesLineFeedsWhateverTheSourceHas) {
     const std::string path = dir.file("a.cpp", "void f( ){\r\n      g( );\r}\r\n");
     EXPECT_EQ(FileResult::Formatted, run(path));
     EXPECT_EQ(pretty, contents(path));
+}
+
+// The carriage return made a line end would set the call free. Who reads and writes by himself is told the same.
+TEST_F(FileJobTest, AFileWhoseTokensWouldChangeStaysAsItIs) {
+    const std::string source = "void f( ){ // a\r g( );\n}\n";
+    const std::string path = dir.file("a.cpp", source);
+    host.backups = true;
+    EXPECT_EQ(FileResult::Refused, run(path));
+    EXPECT_EQ(source, contents(path));
+    EXPECT_FALSE(fs::exists(path + ".bak"));
+    const Lines sent = host.sent;
+    host.sent = {starting(path)};
+    EXPECT_EQ(std::nullopt, formatText(host, path, scheme(), source));
+    EXPECT_EQ(sent, host.sent);
+    ASSERT_EQ(3u, sent.size());
+    EXPECT_EQ(0u, sent[1].find("3 " + path + "(1) : error: col 12: Formatting would change the code: ")) << sent[1];
+    EXPECT_EQ(
+        "3 Formatting would change more than white space in the file \"" + path + "\". The file will not be formatted.",
+        sent[2]);
+    EXPECT_TRUE(host.formatted.empty());
+    EXPECT_TRUE(formatText(host, path, scheme(), ugly));
+    run(dir.file("b.cpp", ugly));
+    EXPECT_EQ((Lines{path, dir.file("b.cpp")}), host.formatted);
 }
 
 TEST_F(FileJobTest, LeavesAnEmptyFileAlone) {

@@ -103,6 +103,55 @@ TEST_F(CorvaneFormatTest, FormatsInPlaceWithAndWithoutABackup) {
     EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
 }
 
+// In front of a compiler the carriage return belongs to the comment; made a line end, it sets the call free. The scheme
+// puts one more empty line in front of the label with each run.
+TEST_F(CorvaneFormatTest, VerifiesWhenAskedAndInPlaceUnlessToldNot) {
+    const std::string live = "void f( ){\n  // a\r g( );\n}\n";
+    const std::string label = "class A {\npublic:\n};\n";
+    dir.file("two.fsc", "Brevis::PropertySet\n1\n\"two\"\n3 WS_BEFORE_ACCESS_SPECS \"\\n\\n\"\n");
+    const std::string refused = "a.cpp(2) : error: col 3: ";
+    const std::string changing = "a.cpp(4) : warning: col 1: ";
+    const struct {
+        const char* arguments;
+        const std::string& source;
+        int status;
+        std::string err;  // its beginning
+        bool stays;
+    } cases[] = {
+        {"a.cpp", live, 0, "", true},
+        {"--check a.cpp", live, 1, "", true},
+        {"--no-verify a.cpp", live, 0, "", true},
+        {"--verify a.cpp", live, 2, refused, true},
+        {"--verify --assume-filename=a.cpp < a.cpp", live, 2, refused, true},
+        {"--check --verify a.cpp", live, 2, refused, true},
+        {"--diff --verify=stable a.cpp", live, 2, refused, true},
+        {"-i --backup --verbose a.cpp", live, 2, refused, true},
+        {"-i --no-verify a.cpp", live, 0, "", false},
+        {"-i -s two.fsc a.cpp", label, 0, "", false},
+        {"-i -s two.fsc --verify=stable a.cpp", label, 0, changing, false},
+        {"--verify=stable -s two.fsc a.cpp", label, 0, changing, true},
+        {"--check --verify=stable -s two.fsc a.cpp", label, 1, changing, true},
+        {"-i --verify=stable --verbose a.cpp", pretty, 0, "a.cpp: 0 seams mended\n", true},
+    };
+    for (const auto& [arguments, source, expected, message, stays] : cases) {
+        dir.file("a.cpp", source);
+        run(std::string("$F ") + arguments);
+        EXPECT_EQ(expected, status) << arguments;
+        EXPECT_EQ(message, err.substr(0, message.empty() ? err.size() : message.size())) << arguments;
+        EXPECT_EQ(stays, contents(dir.file("a.cpp")) == source) << arguments;
+        EXPECT_FALSE(fs::exists(dir.file("a.cpp.bak"))) << arguments;
+    }
+}
+
+TEST_F(CorvaneFormatTest, TellsTheMendedSeamsOfEachFormattedFile) {
+    dir.file("glue.fsc", "Brevis::PropertySet\n1\n\"glue\"\n3 WS_BETWEEN_EXPR_OP_OPERANDS \"\"\n");
+    dir.file("one.cpp", "int x = a / *b;\n");
+    for (const char* mode : {"", "-i", "--check", "--diff"}) {
+        run(std::string("$F --threshold 3 --verbose -s glue.fsc one.cpp empty.cpp ugly.cpp ") + mode);
+        EXPECT_EQ("one.cpp: 1 seam mended\nugly.cpp: 0 seams mended\n", err) << mode;
+    }
+}
+
 TEST_F(CorvaneFormatTest, ARefusedFileDoesNotStopTheOthers) {
     fs::create_directory(dir.file("folder"));
     run("$F bad.cpp gone.cpp folder ugly.cpp");

@@ -61,6 +61,10 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"--threshold=two"}, "--threshold"},
         {{"--check=0"}, "check"},
         {{"--in-place=false", "a"}, "in-place"},
+        {{"--verify=seams"}, "--verify"},
+        {{"--verify=false"}, "--verify"},
+        {{"-i", "--no-verify", "--verify=stable", "a"}, "--no-verify"},
+        {{"--no-verify=stable"}, "no-verify"},
     };
     for (const auto& [arguments, mentions] : cases) {
         const FormatCommand command = parse(arguments);
@@ -72,8 +76,9 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
 TEST(FormatOptions, HelpAndVersion) {
     const FormatCommand help = parse({"--help", "--bogus"});
     EXPECT_EQ(Action::ShowText, help.action);
-    for (const char* option : {"-s, --scheme=", "-i, --in-place", "--backup[=EXT]", "--check", "--diff",
-                               "--assume-filename=", "--threshold=", "--help", "--version", "Exit status"}) {
+    for (const char* option :
+         {"-s, --scheme=", "-i, --in-place", "--backup[=EXT]", "--check", "--diff", "--verify[=", "--no-verify",
+          "--verbose", "--assume-filename=", "--threshold=", "--help", "--version", "Exit status"}) {
         EXPECT_NE(std::string::npos, help.text.find(option)) << option;
     }
     const FormatCommand version = parse({"--version"});

@@ -1,0 +1,39 @@
+// The middle part of the file job, which knows no files: runs the pipeline over one text, checks what comes out and
+// tells the host why there is no result.
+#pragma once
+
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "BrevisUI_FormatHost.h"
+#include "Brevis_Formatter.h"
+#include "Brevis_PropertySet.h"
+
+namespace BrevisUI {
+
+struct FormattedText {
+    std::string text;
+    Brevis::FormatSummary summary;
+};
+
+class TextJob {
+public:
+    // All must outlive the job. `path` names the text in messages.
+    TextJob(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme)
+        : host_(host), path_(path), scheme_(scheme) {}
+
+    // Nothing once the messages of a failure have been sent. Exceptions of the pipeline pass through.
+    std::optional<FormattedText> run(std::istringstream& source, Brevis::UpdateFunctor& update) const;
+
+private:
+    void send(const Trn::ParseMessage& message) const;
+    // Whether the host wants the tokens checked and they differ; the messages have then been sent.
+    bool changesTokens(std::string_view source, std::string_view formatted) const;
+
+    FormatHost& host_;
+    const std::string& path_;
+    const Brevis::PropertySet& scheme_;
+};
+
+}  // namespace BrevisUI
