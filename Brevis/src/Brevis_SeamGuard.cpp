@@ -3,6 +3,7 @@
 #include "Brevis_SeamGuard.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "Brevis_SeamJoin.h"
 #include "Brevis_SeamLexer.h"
@@ -21,6 +22,16 @@ constexpr std::string_view blanks = " \t";
 // Without the checks of substr.
 std::string_view slice(std::string_view text, std::size_t begin, std::size_t end) {
     return {text.data() + begin, end - begin};
+}
+
+// How far two texts are equal from their fronts. It looks at a stretch that is not long, to be read again soon.
+std::size_t equalLength(std::string_view text, std::string_view other) {
+    constexpr std::size_t most = 1024, step = 8;
+    const std::size_t size = std::min({text.size(), other.size(), most});
+    std::size_t length = 0;
+    while (length + step <= size && std::memcmp(text.data() + length, other.data() + length, step) == 0) length += step;
+    while (length < size && text[length] == other[length]) ++length;
+    return length;
 }
 
 // For gaps, which are short as a rule.
@@ -73,6 +84,19 @@ std::string commentGap(std::string_view gap, std::string_view written, bool isBe
     return wanted;
 }
 
+// True if a line ends in the gap: a line feed that no backslash takes away.
+bool holdsLineEnd(std::string_view gap) {
+    if (!holds(gap, '\n')) return false;
+    const std::string_view first = takeUpTo(gap, '\\');
+    if (holds(first, '\n')) return true;
+    while (!gap.empty()) {
+        std::string_view piece = takeUpTo(gap, '\\');
+        takeUpTo(piece, '\n');
+        if (holds(piece, '\n')) return true;
+    }
+    return false;
+}
+
 class Sweep {
 public:
     Sweep(std::string_view source, std::string_view output) : source_(source), output_(output), lexer_(source) {}
@@ -87,6 +111,7 @@ private:
         std::size_t sourceEnd = 0, outputEnd = 0, mendedSize = 0, copied = 0, seams = 0;
     };
 
+    bool isEqualThrough(const SeamToken& token);
     void mendGap(const SeamToken& after);
     void mendToken(const SeamToken& token);
     void mendComment(const SeamToken& token);
@@ -97,7 +122,6 @@ private:
     std::string splicedGap(std::string_view gap, std::string_view written, const SeamToken& after) const;
     std::string joinedLineStart(std::string_view gap, std::string_view written, const SeamToken& after) const;
 
-    bool isWritten(std::string_view gap) const;
     // What the output has in the place of a gap of the source.
     std::string_view writtenGap(std::string_view gap) const;
     // The token in front of the gap is bound to its line.
@@ -119,16 +143,24 @@ private:
     std::string mended_;       // the mended text as far as it has been copied
     std::size_t copied_ = 0;   // up to where the output has been copied or replaced
     std::size_t seams_ = 0;
-    std::string scratch_;  // holds what gapBetween gives if it is new
+    std::size_t equalUpTo_ = 0;   // an offset in the source: up to there both texts are equal,
+    std::size_t equalShift_ = 0;  // the output being so many bytes ahead, modulo the range of the type
+    std::string scratch_;         // holds what gapBetween gives if it is new
     Checkpoint lastToken_;
 };
 
 std::size_t Sweep::run() {
     for (;;) {
         const SeamToken token = lexer_.next();
-        mendGap(token);
-        if (token.kind == SeamKind::End) break;
-        mendToken(token);
+        if (isEqualThrough(token)) {
+            at_ += token.end - before_.end;
+            if (token.isComment())
+                atLineStart_ = atLineStart_ || holdsLineEnd(slice(source_, before_.end, token.begin));
+        } else {
+            mendGap(token);
+            if (token.kind == SeamKind::End) break;
+            mendToken(token);
+        }
         before_ = token;
         if (token.isComment()) continue;
         atLineStart_ = false;
@@ -139,28 +171,26 @@ std::size_t Sweep::run() {
     return seams_;
 }
 
-// ---- Gaps
-
-// True if a line ends in the gap: a line feed that no backslash takes away.
-bool holdsLineEnd(std::string_view gap) {
-    if (!holds(gap, '\n')) return false;
-    const std::string_view first = takeUpTo(gap, '\\');
-    if (holds(first, '\n')) return true;
-    while (!gap.empty()) {
-        std::string_view piece = takeUpTo(gap, '\\');
-        takeUpTo(piece, '\n');
-        if (holds(piece, '\n')) return true;
+// True if gap and token were written as they are and need no second look. A directive also depends on what was mended
+// in front of it.
+bool Sweep::isEqualThrough(const SeamToken& token) {
+    if (token.isDirectiveSign || token.kind == SeamKind::End) return false;
+    const bool isKnown = before_.end < equalUpTo_ && at_ - before_.end == equalShift_;
+    if (!isKnown) {
+        equalUpTo_ = before_.end + equalLength(source_.substr(before_.end), output_.substr(at_));
+        equalShift_ = at_ - before_.end;
     }
-    return false;
+    return token.end <= equalUpTo_;
 }
+
+// ---- Gaps
 
 void Sweep::mendGap(const SeamToken& after) {
     const std::string_view gap = slice(source_, before_.end, after.begin);
-    const bool isKept = isWritten(gap);
-    const std::string_view written = isKept ? gap : writtenGap(gap);
+    const std::string_view written = writtenGap(gap);
     const std::size_t end = at_ + written.size();
 
-    std::string_view wanted = isKept ? gap : gapBetween(gap, written, after);
+    std::string_view wanted = gap == written ? written : gapBetween(gap, written, after);
     atLineStart_ = atLineStart_ || holdsLineEnd(wanted);
     if (after.opensDirective && !atLineStart_) {
         scratch_ = wanted.substr(0, wanted.find_last_not_of(blanks) + 1);
@@ -231,15 +261,6 @@ std::string Sweep::joinedLineStart(std::string_view gap, std::string_view writte
     return wanted.append(isFree ? written : gap);
 }
 
-// True if the output has the gap as it is.
-bool Sweep::isWritten(std::string_view gap) const {
-    std::size_t end = at_;
-    for (const char c : gap) {
-        if (end == output_.size() || output_[end++] != c) return false;
-    }
-    return end == output_.size() || !isSpace(output_[end]);
-}
-
 std::string_view Sweep::writtenGap(std::string_view gap) const {
     std::size_t end = at_ + whiteSpaceLength(output_, at_);
     if (!holds(gap, '\\')) return slice(output_, at_, end);
@@ -263,9 +284,7 @@ bool Sweep::joins(const SeamToken& after) const {
 
 void Sweep::mendToken(const SeamToken& token) {
     const std::string_view text = slice(source_, token.begin, token.end);
-    const bool isEqual = at_ < output_.size() && output_[at_] == text.front() &&
-                         (text.size() == 1 || output_.substr(at_, text.size()) == text);
-    if (isEqual) {
+    if (output_.substr(at_, text.size()) == text) {
         at_ += text.size();
         return;
     }

@@ -147,6 +147,14 @@ SeamKind SeamLexer::recognize() {
     if (isAny(c, wordStart)) return recognizeWord();
     if (isAny(c, digit)) return recognizeNumber();
     switch (c) {
+        case '(':
+        case ')':
+        case ',':
+        case ';':
+        case '{':
+        case '}':
+            ++at_;
+            return SeamKind::Punctuator;
         case '.':
             return isAny(peek(passSplices(at_ + 1)), digit) ? recognizeNumber() : recognizePunctuator();
         case '/':
