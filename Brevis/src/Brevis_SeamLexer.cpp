@@ -49,6 +49,8 @@ constexpr std::size_t rawDelimiterMostLength = 16;
 
 // The directives that a file name follows.
 constexpr std::string_view headerDirectives[] = {"include", "include_next", "import", "embed"};
+// The questions in directives that have one in parentheses.
+constexpr std::string_view headerQuestions[] = {"__has_include", "__has_include_next", "__has_embed"};
 
 }  // namespace
 
@@ -133,13 +135,26 @@ bool SeamLexer::isDirectiveSign(const SeamToken& token) const {
 SeamLexer::Expected SeamLexer::expectedBehind(SeamToken& token, bool isSpaced) const {
     const bool isMacroParen = expected_ == Expected::MacroParen && text_[token.begin] == '(' && !isSpaced;
     if (isMacroParen) token.kind = SeamKind::MacroParen;
-    if (token.kind != SeamKind::Word) return Expected::Anything;
-    if (expected_ == Expected::MacroName) return Expected::MacroParen;
-    if (expected_ != Expected::DirectiveName) return Expected::Anything;
-    if (isText(token, "define")) return Expected::MacroName;
-    const bool namesHeader = std::any_of(std::begin(headerDirectives), std::end(headerDirectives),
-                                         [&](std::string_view name) { return isText(token, name); });
-    return namesHeader ? Expected::HeaderName : Expected::Anything;
+    const auto isAnyOf = [&](const auto& names) {
+        return std::any_of(std::begin(names), std::end(names),
+                           [&](std::string_view name) { return isText(token, name); });
+    };
+    switch (expected_) {
+        case Expected::DirectiveName:
+            if (isText(token, "define")) return Expected::MacroName;
+            if (isAnyOf(headerDirectives)) return Expected::HeaderName;
+            return isText(token, "if") || isText(token, "elif") ? Expected::Question : Expected::Anything;
+        case Expected::MacroName:
+            return Expected::MacroParen;
+        case Expected::Question:
+            return isAnyOf(headerQuestions) ? Expected::QuestionParen : Expected::Question;
+        case Expected::QuestionParen:
+            return text_[token.begin] == '(' ? Expected::HeaderName : Expected::Question;
+        case Expected::HeaderName:
+            return Expected::Question;
+        default:
+            return Expected::Anything;
+    }
 }
 
 SeamKind SeamLexer::recognize() {
@@ -292,7 +307,7 @@ SeamKind SeamLexer::recognizeRaw() {
     const std::size_t begin = at_ + 1;
     std::size_t open = begin;
     while (open < text_.size() && open - begin <= rawDelimiterMostLength && !isSpace(text_[open]) &&
-           std::string_view("()\\\"").find(text_[open]) == std::string_view::npos) {
+           std::string_view("()\\").find(text_[open]) == std::string_view::npos) {
         ++open;
     }
     if (!isAt(open, '(') || open - begin > rawDelimiterMostLength) return recognizeQuoted();

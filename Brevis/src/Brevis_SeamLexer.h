@@ -22,7 +22,7 @@ public:
 
 private:
     // What the token in front of the next one lets expect.
-    enum class Expected { Anything, DirectiveName, MacroName, MacroParen, HeaderName };
+    enum class Expected { Anything, DirectiveName, MacroName, MacroParen, HeaderName, Question, QuestionParen };
 
     SeamKind recognize();
     SeamKind recognizeWord();

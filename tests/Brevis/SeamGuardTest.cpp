@@ -65,6 +65,7 @@ TEST(SeamGuardTest, LeavesTheTokensOfTheSource) {
         {"s = \"a \\\n  b\";", "s = \"a \\\nb\";", "s = \"a \\\n  b\";", 1},
         {"#error don't  do\nx", "#error don't do\nx", "#error don't  do\nx", 1},
         {"#include <a  b>\nx", "#include <a b>\nx", "#include <a  b>\nx", 1},
+        {"#if __has_include(<a  b>)\n", "#if __has_include(<a\tb>)\n", "#if __has_include(<a  b>)\n", 1},
         {"import <a/b>;\n", "import < a / b >;\n", "import <a/b>;\n", 1},
         // In comments the starts of lines are free, and tabs and blanks may stand for each other.
         {"/* a  b\n  c\td\n */", "/* a b\n\t\tc   d\n*/", "/* a  b\n\t\tc   d\n*/", 1},
