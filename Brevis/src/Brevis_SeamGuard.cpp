@@ -111,6 +111,7 @@ private:
         std::size_t sourceEnd = 0, outputEnd = 0, mendedSize = 0, copied = 0, seams = 0;
     };
 
+    void mendByteOrderMark();
     bool isEqualThrough(const SeamToken& token);
     void mendGap(const SeamToken& after);
     void mendToken(const SeamToken& token);
@@ -120,7 +121,8 @@ private:
     std::string_view gapBetween(std::string_view gap, std::string_view written, const SeamToken& after);
     std::string lastGapOfLine(std::string_view gap, std::string_view written) const;
     std::string splicedGap(std::string_view gap, std::string_view written, const SeamToken& after) const;
-    std::string joinedLineStart(std::string_view gap, std::string_view written, const SeamToken& after) const;
+    std::string joinedLineStart(std::string_view gap, std::string_view written, bool isSpaced,
+                                const SeamToken& after) const;
 
     // What the output has in the place of a gap of the source.
     std::string_view writtenGap(std::string_view gap) const;
@@ -150,6 +152,7 @@ private:
 };
 
 std::size_t Sweep::run() {
+    if (source_.starts_with(byteOrderMark)) mendByteOrderMark();
     for (;;) {
         const SeamToken token = lexer_.next();
         if (isEqualThrough(token)) {
@@ -169,6 +172,14 @@ std::size_t Sweep::run() {
     if (at_ != output_.size()) fail(source_.size());
     if (seams_ > 0) mended_ += output_.substr(copied_);
     return seams_;
+}
+
+void Sweep::mendByteOrderMark() {
+    const std::size_t begin = whiteSpaceLength(output_, 0);
+    if (!output_.substr(begin).starts_with(byteOrderMark)) fail(0);
+    if (begin > 0) replace(0, begin, "");
+    before_.end = byteOrderMark.size();
+    at_ = begin + byteOrderMark.size();
 }
 
 // True if gap and token were written as they are and need no second look. A directive also depends on what was mended
@@ -237,18 +248,20 @@ std::string Sweep::splicedGap(std::string_view gap, std::string_view written, co
     const bool isAlike = first.empty() == writtenFirst.empty() && holds(first, '\n') == holds(writtenFirst, '\n');
     const bool keepsFirst = keepsLine ? isConverted(first, writtenFirst) : isAlike;
     std::string wanted(keepsFirst ? writtenFirst : first);
+    const bool isSpaced = !wanted.empty();
     while (!gap.empty()) {
         const std::string_view piece = takeUpTo(gap, '\\');
         const std::string_view writtenPiece = takeUpTo(written, '\\');
         wanted += '\\';
-        wanted += keepsLine ? joinedLineStart(piece, writtenPiece, after) : std::string(piece);
+        wanted += keepsLine ? joinedLineStart(piece, writtenPiece, isSpaced, after) : std::string(piece);
     }
     return wanted;
 }
 
 // White space behind a backslash: its line end stays. If the line goes on, there is white space at its start where
-// there was some; if it ends here, what comes behind its end is free.
-std::string Sweep::joinedLineStart(std::string_view gap, std::string_view written, const SeamToken& after) const {
+// there was some, unless the gap has some in front of the backslash; if it ends here, what comes behind is free.
+std::string Sweep::joinedLineStart(std::string_view gap, std::string_view written, bool isSpaced,
+                                   const SeamToken& after) const {
     std::string wanted(takeUpTo(gap, '\n'));
     takeUpTo(written, '\n');
     wanted += '\n';
@@ -257,7 +270,7 @@ std::string Sweep::joinedLineStart(std::string_view gap, std::string_view writte
         takeUpTo(written, '\n');
         return wanted.append("\n").append(written);
     }
-    const bool isFree = isBlank(written) && (gap.empty() ? isBorder(after) : !written.empty());
+    const bool isFree = isBlank(written) && (gap.empty() ? isBorder(after) : isSpaced || !written.empty());
     return wanted.append(isFree ? written : gap);
 }
 
@@ -304,14 +317,16 @@ void Sweep::mendToken(const SeamToken& token) {
 
 void Sweep::mendComment(const SeamToken& token) {
     const std::string_view text = slice(source_, token.begin, token.end);
+    const bool isBlock = token.kind == SeamKind::BlockComment;
     char last = '\0', lastSolid = '\0';  // the character in front, and the last that can't join lines
+    std::size_t solids = 0;              // how many of these there were
     for (std::size_t i = 0; i < text.size();) {
         const std::string_view gap = text.substr(i, whiteSpaceLength(text, i));
         const std::string_view written = output_.substr(at_, whiteSpaceLength(output_, at_));
         const std::size_t end = at_ + written.size();
         if (gap != written) {
             // Joined lines may stand inside of a comment sign.
-            const bool isInSign = last == '\\' && (lastSolid == '/' || lastSolid == '*');
+            const bool isInSign = last == '\\' && (solids == 1 || (isBlock && lastSolid == '*'));
             const std::string wanted = isInSign ? std::string(gap) : commentGap(gap, written, last == '\\');
             if (wanted != written) replace(at_, end, wanted);
         }
@@ -323,7 +338,9 @@ void Sweep::mendComment(const SeamToken& token) {
                 break;
             }
             last = text[i];
-            if (last != '\\') lastSolid = last;
+            if (last == '\\') continue;
+            lastSolid = last;
+            ++solids;
         }
     }
 }

@@ -30,6 +30,7 @@ bool punctuatorJoins(std::string_view first, std::string_view second) {
     if (first == "/") return c == '/' || c == '*' || c == '=';
     if (first == "." && (isDigit(c) || c == '.')) return true;
     if ((first == "<:" || first == "[:") && c == ':') return true;  // `<::` is cut behind the first character
+    if (first == "::" && (c == '>' || c == ':')) return true;       // and isn't then, should a `<` stand in front
     if (first == "?" && c == '?') return true;                      // a trigraph, for those that still read them
     return beginsLongerPunctuator(first, second);
 }

@@ -15,7 +15,8 @@ std::size_t seamSpliceEnd(std::string_view text, std::size_t at);
 class SeamLexer {
 public:
     // `text` has line feeds for line ends and must outlive the lexer.
-    explicit SeamLexer(std::string_view text) : text_(text) {}
+    explicit SeamLexer(std::string_view text)
+        : text_(text), at_(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0) {}
 
     // The next token or comment; one of kind End, of no length and in no directive, for ever at the end of the text.
     SeamToken next();
@@ -61,7 +62,7 @@ private:
     bool isText(const SeamToken& token, std::string_view text) const;
 
     std::string_view text_;
-    std::size_t at_ = 0;
+    std::size_t at_;
     bool atLineStart_ = true;  // nothing but white space and comments since the line began
     bool inDirective_ = false;
     Expected expected_ = Expected::Anything;

@@ -3,8 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace Brevis {
+
+// A text may begin with it. It is no token, and nothing may stand in front of it.
+inline constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
 enum class SeamKind : std::uint8_t {
     End,

@@ -28,16 +28,17 @@ struct Pair {
 
 TEST(SeamGuardTest, PutsABlankWhereTokensWouldJoin) {
     const Pair pairs[] = {
-        {"else", "x", true},     {"L", "\"s\"", true},    {"u8", "'c'", true},    {"R", "\"(s)\"", true},
-        {"1", ".5", true},       {"1", "x", true},        {"1", "'a'", true},     {"0x1e", "+1", true},
-        {"\"s\"", "PRIx", true}, {"'c'", "_x", true},     {"+", "+", true},       {"-", "->", true},
-        {"&", "&&", true},       {">", ">", true},        {"/", "*p", true},      {"/", "/* c */", true},
-        {".", "5", true},        {".", ".", true},        {"<", "::A", true},     {"<:", ":", true},
-        {":", ":", true},        {"%", ":", true},        {"<=", ">", true},      {"#", "#", true},
-        {"@", "a", true},        {"$", "x", true},        {"a", "\\u00e9", true}, {"\"a\"_x", "\"b\"", true},
-        {"a", "(", false},       {"x", "\"s\"", false},   {"1", "+", false},      {"\"s\"", "\"t\"", false},
-        {"a", "/* c */", false}, {"*", "/* c */", false}, {"a", ".5", false},     {"=", "-1", false},
-        {"/* c */", "/", false}, {")", "b", false},       {"!", "!", false},      {"\xc3\xa4", "b", true},
+        {"else", "x", true},        {"L", "\"s\"", true},    {"u8", "'c'", true},     {"R", "\"(s)\"", true},
+        {"1", ".5", true},          {"1", "x", true},        {"1", "'a'", true},      {"0x1e", "+1", true},
+        {"\"s\"", "PRIx", true},    {"'c'", "_x", true},     {"+", "+", true},        {"-", "->", true},
+        {"&", "&&", true},          {">", ">", true},        {"/", "*p", true},       {"/", "/* c */", true},
+        {".", "5", true},           {".", ".", true},        {"<", "::A", true},      {"<:", ":", true},
+        {":", ":", true},           {"::", ">", true},       {"%", ":", true},        {"<=", ">", true},
+        {"#", "#", true},           {"@", "a", true},        {"$", "x", true},        {"a", "\\u00e9", true},
+        {"\"a\"_x", "\"b\"", true}, {"a", "(", false},       {"x", "\"s\"", false},   {"1", "+", false},
+        {"\"s\"", "\"t\"", false},  {"a", "/* c */", false}, {"*", "/* c */", false}, {"a", ".5", false},
+        {"=", "-1", false},         {"/* c */", "/", false}, {")", "b", false},       {"!", "!", false},
+        {"\xc3\xa4", "b", true},
     };
     for (const auto& [first, second, join] : pairs) {
         const std::string apart = "x; "s + first + ' ' + second + '\n', together = "x; "s + first + second + '\n';
@@ -83,6 +84,9 @@ TEST(SeamGuardTest, LeavesTheTokensOfTheSource) {
         {"#define A \\\n  b c\nx", "#define A \\\n\tb  c x", "#define A \\\n\tb c\nx", 2},
         {"#define A\\\n  b\n", "#define A\\\nb\n", "#define A\\\n  b\n", 1},
         {"#define A /* a\n b */ c  d\nx", "#define A /* a\n   b */\nc d\nx", "#define A /* a\n   b */ c  d\nx", 2},
+        {"#define A c,\\\n\td, \\\n\te\n", "#define A c,\\\nd, \\\ne\n", "#define A c,\\\n\td, \\\ne\n", 1},
+        {"// \\\n  b\n/\\\n*\\\n  b */", "// \\\nb\n/\\\n  *\\\nb */", "// \\\nb\n/\\\n*\\\n  b */", 2},
+        {"\xef\xbb\xbf#if A\nx\n#endif", " \xef\xbb\xbf#if A x\n#endif", "\xef\xbb\xbf#if A\nx\n#endif", 2},
         // A backslash at a line end.
         {"i\\\nnt x = a + \\\n  b;", "i \\\n nt x =a+\\\nb;", "i\\\nnt x =a+ \\\n  b;", 2},
         {"a \\\n\n#if A\n", "a \\\n#if A\n", "a \\\n\n#if A\n", 1},
