@@ -21,6 +21,13 @@ void defaultInt(PropertySet& properties, std::string_view key, std::int32_t valu
     if (!properties.getInt(key, present)) properties.setInt(key, value);
 }
 
+// A tab of any size would overflow the columns of a line and fill the memory with blanks.
+void limitTabSize(PropertySet& properties) {
+    constexpr std::int32_t largest = 32767;
+    std::int32_t tabSize = 0;
+    if (properties.getInt(Key::TAB_SIZE, tabSize) && tabSize > largest) properties.setInt(Key::TAB_SIZE, largest);
+}
+
 void defaultString(PropertySet& properties, std::string_view key, std::string_view value) {
     if (!hasString(properties, key)) properties.setString(key, std::string(value));
 }
@@ -48,6 +55,7 @@ void applyEngineDefaults(PropertySet& properties) {
     defaultInt(properties, Key::ASTERISK_ANCHOR, -1);
     defaultInt(properties, Key::AMPERSAND_ANCHOR, -1);
     defaultInt(properties, Key::TAB_SIZE, 1);
+    limitTabSize(properties);
     defaultString(properties, Key::WS_AFTER_PARAM_TYPE_ID, " ");
     replaceEmptyTypeGaps(properties);
     if (hasString(properties, Key::WS_BETWEEN_AMPERSAND_ANCHOR) ||

@@ -32,6 +32,7 @@ TEST(EngineDefaults, FillInWhatAVisitorNeeds) {
     const std::string returns = "3 WS_AFTER_FN_DECL_RETURN_TYPE \" \"\n3 WS_AFTER_FN_DEFN_RETURN_TYPE \" \"\n";
     EXPECT_EQ(ints + "2 TAB_SIZE 1\n" + param, withDefaults(""));
     EXPECT_EQ(ints + "2 TAB_SIZE 8\n" + param, withDefaults("2 TAB_SIZE 8\n"));
+    EXPECT_EQ(ints + "2 TAB_SIZE 32767\n" + param, withDefaults("2 TAB_SIZE 2147483647\n"));
     // An empty gap behind a type is replaced, an absent one only beside pointer keys.
     EXPECT_EQ(ints + "2 TAB_SIZE 1\n3 WS_AFTER_DD_TYPE_ID \" \"\n" + param,
               withDefaults("3 WS_AFTER_DD_TYPE_ID \"\"\n"));
