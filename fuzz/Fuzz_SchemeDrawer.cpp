@@ -1,0 +1,108 @@
+// The values of drawn schemes, type by type.
+#include "Fuzz_SchemeDrawer.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <string>
+
+#include "Brevis_PropertyCatalogue.h"
+
+namespace Fuzz {
+
+namespace {
+
+namespace Key = Brevis::Key;
+using Brevis::PropertyInfo;
+using Brevis::PropertyType;
+
+enum class Temper { Sane, Mixed, Wild };
+
+constexpr std::string_view saneGaps[] = {" ", "\n", "", " ", "\n", "\n\n", "\n    "};
+constexpr std::string_view saneIndents[] = {"    ", "", "\t", "  ", "        "};
+constexpr std::string_view wildStrings[] = {"",     " ",    "\n",   "\t",     "  ",     "\n\n",   " \n",     "\n ",
+                                            "\t\n", "\n\t", " \t ", "\n \n ", "\t \t ", "\n\n\n", " \n\t\n "};
+// A scheme file can hold these, and nobody would write them.
+constexpr std::string_view oddStrings[] = {"\v", "\r", "\f", "\r\n", " \v\n", "\n\r "};
+constexpr std::int32_t hugeNumbers[] = {1000, 1 << 20, std::numeric_limits<std::int32_t>::max(),
+                                        std::numeric_limits<std::int32_t>::min()};
+
+template <class Table>
+auto anyOf(Draws& draws, const Table& table) {
+    return table[draws.below(static_cast<unsigned>(std::size(table)))];
+}
+
+bool isOffSwitch(std::string_view key) { return key.ends_with("DO_NOT_FORMAT"); }
+
+class SchemeDrawer {
+public:
+    explicit SchemeDrawer(Draws& draws) : draws_(draws), temper_(Temper{static_cast<int>(draws.below(3))}) {}
+
+    Brevis::PropertySet draw() {
+        const bool wraps = draws_.below(2) != 0;
+        const auto margin = static_cast<std::int32_t>(1 + draws_.below(200));
+        for (const PropertyInfo& info : Brevis::Catalogue::properties) drawValue(info);
+        scheme_.setBool(Key::LINE_WRAP, wraps);
+        if (wraps) scheme_.setInt(Key::RIGHT_MARGIN, margin);
+        return std::move(scheme_);
+    }
+
+private:
+    // An eighth of the keys is absent in a sane draw, a quarter in others.
+    void drawValue(const PropertyInfo& info) {
+        const unsigned choice = draws_.below(8);
+        if (choice == 0 || (choice == 1 && temper_ != Temper::Sane)) return;
+        const bool isSane = temper_ == Temper::Sane || (temper_ == Temper::Mixed && choice < 6);
+        switch (info.type) {
+            case PropertyType::Flag:
+                scheme_.setBool(info.key, drawFlag(info.key, isSane));
+                break;
+            case PropertyType::Number:
+            case PropertyType::Choice:
+                scheme_.setInt(info.key, isSane ? saneNumber(info) : wildNumber(info));
+                break;
+            case PropertyType::WhiteSpace:
+                scheme_.setString(info.key, isSane ? std::string(anyOf(draws_, saneGaps)) : wildString());
+                break;
+            case PropertyType::Indent:
+                scheme_.setString(info.key, isSane ? std::string(anyOf(draws_, saneIndents)) : wildString());
+                break;
+            case PropertyType::Text:
+                break;
+        }
+    }
+
+    bool drawFlag(std::string_view key, bool isSane) {
+        return isSane && isOffSwitch(key) ? draws_.below(16) == 15 : draws_.below(2) != 0;
+    }
+
+    std::int32_t saneNumber(const PropertyInfo& info) {
+        if (info.key == Key::TAB_SIZE) return 1 << draws_.below(4);
+        if (info.key == Key::RIGHT_MARGIN) return static_cast<std::int32_t>(40 + draws_.below(100));
+        return std::max(-1, info.defaultNumber - 1 + static_cast<std::int32_t>(draws_.below(3)));
+    }
+
+    std::int32_t wildNumber(const PropertyInfo& info) {
+        const unsigned number = draws_.below(64);
+        if (number >= 60) return hugeNumbers[number - 60];
+        const unsigned range = info.type == PropertyType::Choice ? 6 : 20;
+        return static_cast<std::int32_t>(number % range) - 2;
+    }
+
+    std::string wildString() {
+        const unsigned number = draws_.below(32);
+        if (number == 31) return std::string(anyOf(draws_, oddStrings));
+        if (number == 30) return std::string(1 + draws_.below(200), " \t\n"[draws_.below(3)]);
+        return std::string(wildStrings[number % std::size(wildStrings)]);
+    }
+
+    Draws& draws_;
+    Temper temper_;
+    Brevis::PropertySet scheme_{"drawn"};
+};
+
+}  // namespace
+
+Brevis::PropertySet drawScheme(Draws& draws) { return SchemeDrawer(draws).draw(); }
+
+}  // namespace Fuzz

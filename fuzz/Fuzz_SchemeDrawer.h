@@ -1,0 +1,16 @@
+// Draws schemes from the whole catalogue of keys, from those that a person would write to those that only a broken
+// scheme file holds.
+#pragma once
+
+#include "Brevis_PropertySet.h"
+#include "Fuzz_Draws.h"
+
+namespace Fuzz {
+
+// Each key of the catalogue is absent or has a value of its type. A draw has one temper: sane (values like those of the
+// shipped schemes), wild (any value, numbers beyond their range and odd white space too), or both mixed. Half of the
+// draws wrap lines, at a right margin of 1 to 200. Draws of zeros only give an empty scheme.
+// A string value is always white space: the engine writes values as they are.
+Brevis::PropertySet drawScheme(Draws& draws);
+
+}  // namespace Fuzz

@@ -1,0 +1,15 @@
+// The target of the whole engine.
+#include "Fuzz_SchemeDrawer.h"
+#include "Fuzz_Targets.h"
+#include "Fuzz_Trial.h"
+
+namespace Fuzz {
+
+void fuzzPipeline(std::string_view data) {
+    const Input input = splitInput(data);
+    ByteDraws draws(input.choices);
+    const Trial trial = tryText(drawScheme(draws), input.text, false);
+    require(trial.verdict == Verdict::Refused || trial.verdict == Verdict::Settled, trial.complaint);
+}
+
+}  // namespace Fuzz
