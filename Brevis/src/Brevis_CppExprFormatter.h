@@ -78,6 +78,7 @@ private:
     void formatBracket(ExprWalk& walk, const BracketValues& values);
     void formatSpacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close);
     void formatUnspacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close);
+    std::string formatCut(const ExprSlice& slice, const IndentStreamSettings& settings);
     std::string formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first, std::uint32_t close);
     void writeEmptyPair(ExprWalk& walk, const ExprToken& open, const ExprToken& close);
     void afterParen(ExprWalk& walk);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "Brevis_CppExprFormatter.h"
+#include "Brevis_ExprTailCut.h"
 
 namespace Brevis {
 
@@ -61,12 +62,21 @@ void CppExprFormatter::formatUnspacedBracket(ExprWalk& walk, const BracketValues
     }
     // A read up to the end of the input leaves the last character to the walk, but no token is torn apart: a comment or
     // directive is read whole, and where the rest of the token doesn't end the result, the text stays as it is.
-    const ExprToken& last = walk.current();
+    const ExprToken last = walk.current();
     const bool isTrivia = Trn::isTrivia(last.kind);
-    const std::string_view text = isTrivia ? walk.readThrough(last) : walk.readBefore(walk.next());
-    const std::string result = format(text, walk.out().settings());
+    const ExprSlice slice = walk.readSlice(first, walk.nextIndex(), isTrivia ? last.end : walk.next().begin);
+    const std::string_view text = slice.text();
+    const IndentStreamSettings settings = walk.out().settings();
+    const std::string result = isTrivia ? formatSlice(slice, settings) : formatCut(slice, settings);
     const std::size_t length = std::min<std::size_t>(text.size(), isTrivia ? 0 : last.end - last.begin - 1);
     walk.write(result.ends_with(text.substr(text.size() - length)) ? result : text);
+}
+
+// The slice ends inside its last token.
+std::string CppExprFormatter::formatCut(const ExprSlice& slice, const IndentStreamSettings& settings) {
+    if (slice.isEmpty()) return format({}, settings);
+    const ExprTailCut cut(*slice.tokens, slice);
+    return cut.isDone() ? formatSlice(cut.slice(), settings) : format(slice.text(), settings);
 }
 
 std::string CppExprFormatter::formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first,

@@ -1,6 +1,8 @@
 // Lexing into offsets, and the pairing of brackets in one sweep.
 #include "Brevis_ExprTokens.h"
 
+#include <algorithm>
+
 #include "Cpp_Lexer.h"
 
 namespace Brevis {
@@ -32,25 +34,49 @@ constexpr struct {
                 {Kind::OpenBracket, Kind::CloseBracket},
                 {Kind::Less, Kind::Greater}};
 
+// Room for the tokens into which a cut may break the last one.
+constexpr std::uint32_t spareTokens = 4;
+
 }  // namespace
 
 void ExprTokens::lex(std::string_view text) {
     text_ = text;
     tokens_.clear();
     angleCloses_.clear();
-    Cpp::Lexer lexer(text);
-    OffsetFinder offsetOf(text);
+    appendLexed(0, static_cast<std::uint32_t>(text.size()), tokens_);
+    count_ = static_cast<std::uint32_t>(tokens_.size());
     bool hasBrackets = false;
     bool hasAngles = false;
+    for (const ExprToken& token : tokens_) {
+        hasAngles |= token.kind == Kind::Less;
+        for (const auto& bracket : brackets) hasBrackets |= token.kind == bracket.open;
+    }
+    if (hasBrackets) {
+        tokens_.resize(count_ + spareTokens);
+        pairBrackets();
+    }
+    if (hasAngles) findAngleCloses();
+}
+
+void ExprTokens::appendLexed(std::uint32_t begin, std::uint32_t end, std::vector<ExprToken>& tokens) const {
+    const std::string_view text = text_.substr(begin, end - begin);
+    Cpp::Lexer lexer(text);
+    OffsetFinder offsetOf(text);
     for (Trn::Token token = lexer.next(); token.kind() != Kind::EndOfInput; token = lexer.next()) {
         // A first position stands behind the first character.
-        const std::uint32_t begin = offsetOf(token.first()) - 1;
-        tokens_.push_back({token.kind(), begin, offsetOf(token.last()), none});
-        hasAngles |= token.kind() == Kind::Less;
-        for (const auto& bracket : brackets) hasBrackets |= token.kind() == bracket.open;
+        const std::uint32_t first = begin + offsetOf(token.first()) - 1;
+        tokens.push_back({token.kind(), first, begin + offsetOf(token.last()), none});
     }
-    if (hasBrackets) pairBrackets();
-    if (hasAngles) findAngleCloses();
+}
+
+std::vector<ExprToken> ExprTokens::lexed(std::uint32_t begin, std::uint32_t end) const {
+    std::vector<ExprToken> tokens;
+    appendLexed(begin, end, tokens);
+    return tokens;
+}
+
+void ExprTokens::exchange(std::uint32_t first, std::vector<ExprToken>& tokens) {
+    std::swap_ranges(tokens.begin(), tokens.end(), tokens_.begin() + first);
 }
 
 // Each kind of bracket is counted for itself, so that a stray one of another kind does no harm.

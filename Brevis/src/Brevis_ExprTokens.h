@@ -25,19 +25,31 @@ public:
     void lex(std::string_view text);
 
     std::string_view text() const { return text_; }
-    std::uint32_t count() const { return static_cast<std::uint32_t>(tokens_.size()); }
+    std::uint32_t count() const { return count_; }
     const ExprToken& operator[](std::uint32_t index) const { return tokens_[index]; }
 
     // Where a list of template arguments ends whose first token looked at is `from`: the index of the first `>` behind
     // as many `<`, the token behind an `&&` or `||` not being looked at. `none` without one.
     std::uint32_t angleClose(std::uint32_t from) const;
+    bool hasAngles() const { return !angleCloses_.empty(); }
+
+    // ---- For a change of the last tokens of a stretch (see ExprTailCut)
+
+    // The tokens between two offsets, none of which closes another.
+    std::vector<ExprToken> lexed(std::uint32_t begin, std::uint32_t end) const;
+    // Exchanges `tokens` for those in their place, from `first` on.
+    void exchange(std::uint32_t first, std::vector<ExprToken>& tokens);
+    // The number of tokens that can be there: more would move those that are in use.
+    std::uint32_t room() const { return static_cast<std::uint32_t>(tokens_.size()); }
 
 private:
+    void appendLexed(std::uint32_t begin, std::uint32_t end, std::vector<ExprToken>& tokens) const;
     void pairBrackets();
     void findAngleCloses();
 
     std::string_view text_;
-    std::vector<ExprToken> tokens_;
+    std::vector<ExprToken> tokens_;  // with a few empty ones behind the end
+    std::uint32_t count_ = 0;
     std::vector<std::uint32_t> angleCloses_;  // by token index; empty in a text without a `<`
     std::vector<std::uint32_t> open_[4];      // the brackets that are open, by kind; only used while pairing
 };

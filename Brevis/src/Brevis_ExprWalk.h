@@ -12,7 +12,7 @@ namespace Brevis {
 
 // A stretch of a lexed text between two token borders.
 struct ExprSlice {
-    const ExprTokens* tokens;
+    ExprTokens* tokens;
     std::uint32_t firstToken;
     std::uint32_t endToken;  // the index behind the last token
     std::uint32_t begin;     // the offsets of its text

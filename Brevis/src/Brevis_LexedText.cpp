@@ -57,8 +57,16 @@ bool LexedText::opensArguments(std::size_t less) const {
 
 bool LexedText::mayBreakInside(std::size_t open) const {
     if (breaksInside_.empty()) findBreaks();
-    // Without its close token a group's inside ends in the middle of a token.
-    return breaksInside_[open] || Trn::isTrivia(tokens_[open + 1].kind) || closeOf(open) == count();
+    return breaksInside_[open] || Trn::isTrivia(tokens_[open + 1].kind) || (closeOf(open) == count() && endBreaks_);
+}
+
+// Without its close token a group's inside ends in front of the text's last character.
+bool LexedText::cutMakesOtherTokens() const {
+    const Token& last = tokens_[count() - 1];
+    if (Trn::isTrivia(last.kind)) return true;
+    if (last.end - last.begin <= 1) return false;
+    Cpp::Lexer lexer(text_.substr(last.begin, last.end - last.begin - 1));
+    return lexer.next().kind() != last.kind || lexer.next().kind() != EndOfInput;
 }
 
 // Each kind of bracket is counted for itself, so that a stray one of another kind does no harm.
@@ -114,6 +122,7 @@ void LexedText::findBreaks() const {
     std::array<OpenGroups, 2> all{{{OpenParen, CloseParen, false}, {OpenBrace, CloseBrace, true}}};
     std::vector<bool> holdsCast(tokens_.size(), false);
     breaksInside_.assign(tokens_.size(), false);
+    endBreaks_ = cutMakesOtherTokens();
     for (std::size_t i = 0; i < count(); ++i) {
         const Trn::TokenKind kind = tokens_[i].kind;
         const bool endsOldCast = kind == CloseParen && WrapTokens::castOperand.contains(tokens_[i + 1].kind);

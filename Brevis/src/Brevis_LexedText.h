@@ -43,6 +43,7 @@ private:
     void pairBrackets() const;
     void pairAngles() const;
     void findBreaks() const;
+    bool cutMakesOtherTokens() const;
 
     std::string_view text_;
     std::vector<Token> tokens_;
@@ -50,6 +51,7 @@ private:
     mutable std::vector<std::size_t> closes_;
     mutable std::vector<bool> opensArguments_;
     mutable std::vector<bool> breaksInside_;
+    mutable bool endBreaks_ = false;
 };
 
 // The highest nesting of parentheses; those inside square brackets don't count.
