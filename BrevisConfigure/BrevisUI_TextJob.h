@@ -5,6 +5,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "BrevisUI_FormatHost.h"
 #include "Brevis_Formatter.h"
@@ -26,10 +27,11 @@ public:
     // Nothing once the messages of a failure have been sent. Exceptions of the pipeline pass through.
     std::optional<FormattedText> run(std::istringstream& source, Brevis::UpdateFunctor& update) const;
 
-private:
-    void send(const Trn::ParseMessage& message) const;
     // Whether the host wants the tokens checked and they differ; the messages have then been sent.
     bool changesTokens(std::string_view source, std::string_view formatted) const;
+
+private:
+    void send(const Trn::ParseMessage& message) const;
 
     FormatHost& host_;
     const std::string& path_;

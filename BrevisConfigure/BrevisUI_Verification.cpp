@@ -16,15 +16,10 @@ namespace BrevisUI {
 
 namespace {
 
-std::string withLineFeeds(std::string_view source) {
-    std::string text;
-    text.reserve(source.size());
-    for (std::size_t index = 0; index < source.size(); ++index) {
-        const bool endsLine = source[index] == '\r' && index + 1 < source.size() && source[index + 1] == '\n';
-        if (!endsLine) text += source[index];
-    }
-    if (text.find('\n') == std::string::npos) Vellum::normalizeLineEnds(text);
-    return text;
+std::string withLineFeeds(std::string_view text) {
+    std::string normalised(text);
+    Vellum::normalizeLineEnds(normalised);
+    return normalised;
 }
 
 // Leaves out a last character of UTF-8 of which only the first bytes are there.
@@ -89,7 +84,7 @@ std::optional<Trn::ParseMessage> refusedAgain(const Trn::Position& place, const 
 }  // namespace
 
 std::optional<Trn::ParseMessage> findChangedToken(std::string_view source, std::string_view formatted) {
-    const auto difference = Brevis::findTokenDifference(withLineFeeds(source), formatted);
+    const auto difference = Brevis::findTokenDifference(withLineFeeds(source), withLineFeeds(formatted));
     if (!difference) return std::nullopt;
     return Trn::ParseMessage{Severity::error, difference->place, 0, describe(*difference)};
 }

@@ -11,8 +11,7 @@
 namespace BrevisUI {
 
 // Compares the tokens of a file with those of the text that is to stand in it. Gives an error with the first place in
-// `source` at which they differ. Line ends of `source` are those that a compiler sees: a carriage return alone is one
-// only in a text without line feeds, otherwise it is white space.
+// `source` at which they differ. A carriage return alone ends a line, as it does for compilers.
 std::optional<Trn::ParseMessage> findChangedToken(std::string_view source, std::string_view formatted);
 
 // Formats `formatted` once more. Gives a warning with the first place in it that would change, or that makes the second

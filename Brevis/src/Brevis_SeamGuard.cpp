@@ -270,7 +270,8 @@ std::string Sweep::joinedLineStart(std::string_view gap, std::string_view writte
         takeUpTo(written, '\n');
         return wanted.append("\n").append(written);
     }
-    const bool isFree = isBlank(written) && (gap.empty() ? isBorder(after) : isSpaced || !written.empty());
+    const bool isFree =
+        isBlank(gap) && isBlank(written) && (gap.empty() ? isBorder(after) : isSpaced || !written.empty());
     return wanted.append(isFree ? written : gap);
 }
 

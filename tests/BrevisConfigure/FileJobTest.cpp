@@ -9,6 +9,7 @@
 
 #include "../support/TestFiles.h"
 #include "BrevisUI_Messages.h"
+#include "BrevisUI_TextJob.h"
 
 namespace BrevisUI {
 namespace {
@@ -91,27 +92,26 @@ TEST_F(FileJobTest, WritesLineFeedsWhateverTheSourceHas) {
     EXPECT_EQ(pretty, contents(path));
 }
 
-// The carriage return made a line end would set the call free. Who reads and writes by himself is told the same.
-TEST_F(FileJobTest, AFileWhoseTokensWouldChangeStaysAsItIs) {
-    const std::string source = "void f( ){ // a\r g( );\n}\n";
-    const std::string path = dir.file("a.cpp", source);
-    host.backups = true;
-    EXPECT_EQ(FileResult::Refused, run(path));
-    EXPECT_EQ(source, contents(path));
-    EXPECT_FALSE(fs::exists(path + ".bak"));
-    const Lines sent = host.sent;
-    host.sent = {starting(path)};
-    EXPECT_EQ(std::nullopt, formatText(host, path, scheme(), source));
-    EXPECT_EQ(sent, host.sent);
-    ASSERT_EQ(3u, sent.size());
-    EXPECT_EQ(0u, sent[1].find("3 " + path + "(1) : error: col 12: Formatting would change the code: ")) << sent[1];
-    EXPECT_EQ(
-        "3 Formatting would change more than white space in the file \"" + path + "\". The file will not be formatted.",
-        sent[2]);
-    EXPECT_TRUE(host.formatted.empty());
+// The guard lets no such text come out of the engine, so the check is asked by itself.
+TEST_F(FileJobTest, RefusesATextWhoseTokensWouldChange) {
+    const std::string path = "a.cpp";
+    const Brevis::PropertySet any = scheme();
+    const TextJob job(host, path, any);
+    EXPECT_TRUE(job.changesTokens("void f( ){ else x; }", "void f( ){ elsex; }"));
+    ASSERT_EQ(2u, host.sent.size());
+    EXPECT_EQ(0u, host.sent[0].find("3 a.cpp(1) : error: col 12: Formatting would change the code: ")) << host.sent[0];
+    EXPECT_EQ("3 Formatting would change more than white space in the file \"a.cpp\". The file will not be formatted.",
+              host.sent[1]);
+    EXPECT_FALSE(job.changesTokens("f( )", "f ()"));
+    EXPECT_EQ(2u, host.sent.size());
+}
+
+TEST_F(FileJobTest, TellsTheSummaryOfFormattedTexts) {
+    const std::string path = dir.file("a.cpp", ugly);
     EXPECT_TRUE(formatText(host, path, scheme(), ugly));
-    run(dir.file("b.cpp", ugly));
-    EXPECT_EQ((Lines{path, dir.file("b.cpp")}), host.formatted);
+    run(path);
+    run(dir.file("bad.cpp", "void f( ){"));
+    EXPECT_EQ((Lines{path, path}), host.formatted);
 }
 
 TEST_F(FileJobTest, LeavesAnEmptyFileAlone) {
