@@ -106,9 +106,13 @@ public:
     std::string takeText() { return std::move(mended_); }
 
 private:
-    // The mended text behind the last token that is no comment, to go back to.
+    // Where the last token that is no comment ends.
+    struct TokenEnd {
+        std::size_t source = 0, output = 0;
+    };
+    // What was mended up to such a token.
     struct Checkpoint {
-        std::size_t sourceEnd = 0, outputEnd = 0, mendedSize = 0, copied = 0, seams = 0;
+        std::size_t source = 0, mendedSize = 0, copied = 0, seams = 0;
     };
 
     void mendByteOrderMark();
@@ -148,7 +152,8 @@ private:
     std::size_t equalUpTo_ = 0;   // an offset in the source: up to there both texts are equal,
     std::size_t equalShift_ = 0;  // the output being so many bytes ahead, modulo the range of the type
     std::string scratch_;         // holds what gapBetween gives if it is new
-    Checkpoint lastToken_;
+    TokenEnd lastToken_;
+    Checkpoint checkpoint_;  // of the last token behind which something was mended
 };
 
 std::size_t Sweep::run() {
@@ -167,7 +172,7 @@ std::size_t Sweep::run() {
         before_ = token;
         if (token.isComment()) continue;
         atLineStart_ = false;
-        lastToken_ = {token.end, at_, mended_.size(), copied_, seams_};
+        lastToken_ = {token.end, at_};
     }
     if (at_ != output_.size()) fail(source_.size());
     if (seams_ > 0) mended_ += output_.substr(copied_);
@@ -349,6 +354,7 @@ void Sweep::mendComment(const SeamToken& token) {
 // ---- The mended text
 
 void Sweep::replace(std::size_t begin, std::size_t end, std::string_view text) {
+    if (checkpoint_.source != lastToken_.source) checkpoint_ = {lastToken_.source, mended_.size(), copied_, seams_};
     mended_ += output_.substr(copied_, begin - copied_);
     mended_ += text;
     copied_ = end;
@@ -357,10 +363,12 @@ void Sweep::replace(std::size_t begin, std::size_t end, std::string_view text) {
 
 // Undoes all that was done since the last token that is no comment: what stands behind it is that of the source.
 void Sweep::restoreFromLastToken(std::size_t sourceEnd, std::size_t outputEnd) {
-    mended_.resize(lastToken_.mendedSize);
-    copied_ = lastToken_.copied;
-    seams_ = lastToken_.seams;
-    replace(lastToken_.outputEnd, outputEnd, source_.substr(lastToken_.sourceEnd, sourceEnd - lastToken_.sourceEnd));
+    if (checkpoint_.source == lastToken_.source) {
+        mended_.resize(checkpoint_.mendedSize);
+        copied_ = checkpoint_.copied;
+        seams_ = checkpoint_.seams;
+    }
+    replace(lastToken_.output, outputEnd, slice(source_, lastToken_.source, sourceEnd));
     atLineStart_ = false;
 }
 

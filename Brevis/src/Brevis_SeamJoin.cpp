@@ -73,6 +73,8 @@ bool holdsBackslash(std::string_view text) { return text.find('\\') != std::stri
 
 bool wouldJoin(std::string_view text, const SeamToken& first, const SeamToken& second) {
     if (first.kind == SeamKind::Stray || second.kind == SeamKind::Stray) return true;
+    // A brace could complete a universal character name.
+    if (first.begin > 0 && text[first.begin - 1] == '\\') return true;
     const std::string_view before = text.substr(first.begin, first.end - first.begin);
     const std::string_view after = text.substr(second.begin, second.end - second.begin);
     switch (first.kind) {

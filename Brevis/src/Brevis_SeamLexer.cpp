@@ -191,9 +191,10 @@ SeamKind SeamLexer::recognize() {
 
 SeamKind SeamLexer::recognizeWord() {
     const std::size_t begin = at_;
-    passWordCharacters();
+    at_ = wordEnd(text_, at_);
     const char c = peek(at_);
     if (c != '"' && c != '\'' && c != '\\') return SeamKind::Word;
+    passWordCharacters();
     const std::size_t quote = passSplices(at_);
     if ((!isAt(quote, '"') && !isAt(quote, '\'')) || !isLiteralPrefix(begin)) return SeamKind::Word;
 
@@ -208,9 +209,8 @@ bool SeamLexer::isLiteralPrefix(std::size_t begin) const {
                        [&](std::string_view prefix) { return isText(begin, at_, prefix); });
 }
 
-// Moves behind a run of word characters, joined lines between them. False if there is none.
-bool SeamLexer::passWordCharacters() {
-    const std::size_t begin = at_;
+// Moves behind a run of word characters, joined lines between them.
+void SeamLexer::passWordCharacters() {
     for (;;) {
         at_ = wordEnd(text_, at_);
         if (!isAt(at_, '\\')) break;
@@ -223,7 +223,6 @@ bool SeamLexer::passWordCharacters() {
             break;
         }
     }
-    return at_ > begin;
 }
 
 // A preprocessing number is wider than a number: it takes letters, points, signs behind an exponent's letter and

@@ -39,7 +39,7 @@ private:
     bool isLiteralPrefix(std::size_t begin) const;
     void passBlockComment();
     void passLine();
-    bool passWordCharacters();
+    void passWordCharacters();
 
     // Moves behind white space and joined lines. True if there was any white space, joined lines left out.
     bool skipWhiteSpace();
