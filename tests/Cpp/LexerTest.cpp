@@ -1,4 +1,4 @@
-// The lexer, by tables of source and tokens. A token is written as its number, its positions and its text.
+// Runs the cases in tests/Cpp/tokens, where `->` shows numbers and texts and `@` positions, and what no case can show.
 #include "Cpp_Lexer.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "Cpp_Keywords.h"
 #include "Trn_Escapes.h"
 
@@ -49,111 +50,26 @@ std::string spans(std::string_view source, Position start = {1, 0}) {
     return result.str();
 }
 
-struct Case {
-    std::string_view source;
-    std::string_view expected;
-};
+class LexerCaseTest : public testing::TestWithParam<CaseGroup> {};
 
-void expectAll(const std::vector<Case>& cases) {
-    for (const Case& c : cases) EXPECT_EQ(kindsAndTexts(c.source), c.expected) << c.source;
+TEST_P(LexerCaseTest, ComesOutAsExpected) {
+    EXPECT_EQ(GetParam().fault, "");
+    for (const TextCase& c : GetParam().cases) {
+        const testing::ScopedTrace at(GetParam().file.c_str(), c.line, c.source);
+        for (const auto& [mark, expected] : c.expected) {
+            EXPECT_EQ(mark == "->" ? kindsAndTexts(c.source) : mark == "@" ? spans(c.source) : "", expected);
+        }
+    }
 }
 
-TEST(Lexer, Words) {
-    expectAll({
-        {"_a1 int::b", "119 _a1, 119 int::b"},
-        {"class classes Class", "53 class, 119 classes, 119 Class"},
-        {"a ::b", "119 a, 119 ::b"},
-        {"a:: b", "119 a::b"},
-        {"a:: \n ~ b :: c", "119 a::~, 119 b, 119 ::c"},
-        {"x::template y", "119 x::template, 119 y"},
-        {"A::operator +", "119 A, 81 ::operator, 20 +"},
-        {"a::  b:: new x", "119 a::b, 83 ::new, 119 x"},
-        {"::new operator", "119 , 83 ::new, 81 operator"},
-        {"A::~new", "119 A::~new"},
-        {"int A::*p", "112 int, 119 A::, 14 *, 119 p"},
-        {"A:: 1", "119 A::, 3 1"},
-        {"A::~A ~y ~1 ~_z ~ q", "119 A::~A, 119 ~y, 23 ~, 3 1, 23 ~, 119 _z, 23 ~, 119 q"},
-        {"A<T>::operator=", "119 A, 30 <, 119 T, 31 >, 119 , 81 ::operator, 13 ="},
-        {"a:::b ::::c", "119 a::, 7 :, 119 b, 119 ::, 119 ::c"},
-        {"b?x:y", "119 b, 50 ?, 119 x, 7 :, 119 y"},
-        {"L\"x\"", "119 L, 5 \\\"x\\\""},
-    });
+INSTANTIATE_TEST_SUITE_P(Files, LexerCaseTest, testing::ValuesIn(readCaseGroups("tokens")), groupName);
+
+TEST(Lexer, BytesThatNoTextHolds) {
+    EXPECT_EQ(kindsAndTexts("7\x80"), "");
+    EXPECT_EQ(kindsAndTexts({"a$@`\\\1\0\377b", 9}), "119 a, 119 b");
 }
 
-TEST(Lexer, Numbers) {
-    expectAll({
-        {"1e+5 1.5e-3f 0xFFUL 10uL 1.0L 10f", "3 1e+5, 3 1.5e-3f, 3 0xFFUL, 3 10uL, 3 1.0L, 3 10f"},
-        {"1.5.3", "3 1.5, 19 ., 3 3"},
-        {"0x1e+2", "3 0x1e, 20 +, 3 2"},
-        {"123abc 100i64 1e5e5", "119 abc, 119 i64, 119 e5"},
-        {"1.u 1u.5 1uu5", "119 u, 3 1u.5, 3 1uu5"},
-        {"1_a", "3 1, 119 _a"},
-        {".5 0x 0X1g", "19 ., 3 5, 3 0x, 119 g"},
-        {"7\x80", ""},
-    });
-}
-
-TEST(Lexer, Literals) {
-    expectAll({
-        {R"("a\"b" c)", R"(5 \"a\\\"b\", 119 c)"},
-        {"\"a\\\nb\" c", "5 \\\"a\\\\\\nb\\\", 119 c"},
-        {"\"a\\ \t\nb\" c", "5 \\\"a\\\\ \\t\\nb\\\", 119 c"},
-        {"\"a\nb", "119 b"},
-        {"\"\\\n\nb", "119 b"},
-        {"\"a", "5 \\\"a"},
-        {R"('a' '\'' '\\' b)", R"(2 \'a\', 2 \'\\\'\', 2 \'\\\\\', 119 b)"},
-        {"'' 'a\nb", "0 \\'\\', 0 \\'a\\', 119 b"},
-        {"'a", "2 \\'a\\'"},
-        {"'\\", "0 \\'\\\\\\'"},
-        {"'\\'", "2 \\'\\\\\\'\\'"},
-        {"'", "0 \\'\\'"},
-    });
-}
-
-TEST(Lexer, CommentsAndDirectives) {
-    expectAll({
-        {"// a\nb // c", "117 // a\\n, 119 b, 117 // c"},
-        {"/*/ a */b /* c", "118 /*/ a */, 119 b, 118 /* c"},
-        {"#define A \\\nB\nc", "1 #define A \\\\\\nB\\n, 119 c"},
-        {"#define A \\ \t\nB\nc", "1 #define A \\\\ \\t\\nB\\n, 119 c"},
-        {"#define A 1 // x\nb", "1 #define A 1 , 117 // x\\n, 119 b"},
-        {"#define A /* x */ 1\nb", "1 #define A /* x */ 1\\n, 119 b"},
-        {"#define A \\/* x */\nb", "1 #define A \\\\/* x */\\n, 119 b"},
-        {"#define A /* x\n */ 1\nb", "1 #define A , 118 /* x\\n */, 3 1, 119 b"},
-        {"a # b", "119 a, 1 # b"},
-        {"#a /* b", "1 #a /* b"},
-    });
-}
-
-TEST(Lexer, Operators) {
-    expectAll({
-        {"...", "19 ., 19 ., 19 ."},
-        {"->*->-=--", "52 ->*, 24 ->, 42 -=, 26 --"},
-        {"<<=<<<=<>>=>>>=>", "43 <<=, 28 <<, 32 <=, 30 <, 44 >>=, 29 >>, 33 >=, 31 >"},
-        {"!=!%=%&&&=&*=*+++=+", "35 !=, 22 !, 40 %=, 27 %, 48 &&, 45 &=, 15 &, 38 *=, 14 *, 25 ++, 41 +=, 20 +"},
-        {"^=^||=|/=/==.*", "46 ^=, 36 ^, 49 ||, 13 =, 37 |, 39 /=, 39 /=, 13 =, 51 .*"},
-        {"(){}[];:,?", "9 (, 10 ), 11 {, 12 }, 16 [, 17 ], 6 ;, 7 :, 8 ,, 50 ?"},
-        {std::string_view("a$@`\\\x01\0\xff"
-                          "b",
-                          9),
-         "119 a, 119 b"},
-    });
-}
-
-TEST(Lexer, Positions) {
-    EXPECT_EQ(spans(""), "1:0-1:0");
-    EXPECT_EQ(spans("int x;\n"), "1:1-1:3, 1:5-1:5, 1:6-1:6, 1:6-1:6");
-    EXPECT_EQ(spans("\t// a\n  b"), "1:2-2:0, 2:3-2:3, 2:3-2:3");
-    EXPECT_EQ(spans("#a\\\nb\n"), "1:1-3:0, 3:0-3:0");
-    EXPECT_EQ(spans("#a // b"), "1:1-1:3, 1:4-1:7, 1:7-1:7");
-    EXPECT_EQ(spans("#a/*\n*/"), "1:1-1:2, 1:3-2:2, 2:2-2:2");
-    EXPECT_EQ(spans("a ::operator"), "1:1-1:1, 1:3-1:2, 1:3-1:12, 1:12-1:12");
-    EXPECT_EQ(spans("A::\n  <"), "1:1-2:2, 2:3-2:3, 2:3-2:3");
-    EXPECT_EQ(spans("A::\n b::c"), "1:1-2:5, 2:5-2:5");
-    EXPECT_EQ(spans("'a\nb"), "1:1-2:0, 2:1-2:1, 2:1-2:1");
-    EXPECT_EQ(spans("\"a\\\nb\""), "1:1-2:2, 2:2-2:2");
-    EXPECT_EQ(spans("ab\ncd", {3, 4}), "3:5-3:6, 4:1-4:2, 4:2-4:2");
-}
+TEST(Lexer, CountsFromTheGivenPosition) { EXPECT_EQ(spans("ab\ncd", {3, 4}), "3:5-3:6, 4:1-4:2, 4:2-4:2"); }
 
 TEST(Lexer, EndTokensAndDump) {
     Lexer lexer("x; \n");

@@ -1,7 +1,9 @@
 // The short forms are made from the lines of the tree printer, so these tests hold its output too.
 #include "TreeShape.h"
 
+#include <algorithm>
 #include <sstream>
+#include <vector>
 
 #include "Console_TreePrinter.h"
 #include "Cpp_Lexer.h"
@@ -80,14 +82,6 @@ std::string ParsedText::reports() {
         out += "@" + Console::printPosition(message.position);
     }
     return out;
-}
-
-void expectShapes(const std::vector<ParseCase>& cases) {
-    for (const ParseCase& c : cases) {
-        ParsedText text(c.source);
-        EXPECT_EQ(text.shape(), c.shape) << c.source;
-        EXPECT_EQ(text.reports(), c.reports) << c.source;
-    }
 }
 
 }  // namespace Cpp

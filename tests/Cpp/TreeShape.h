@@ -1,11 +1,8 @@
-// Trees and reports in a short form, for the tables of the parser's tests.
+// Trees and reports in a short form, for the cases of the parser's tests.
 #pragma once
-
-#include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "Cpp_Nodes.h"
 #include "Trn_ParseMessage.h"
@@ -30,14 +27,5 @@ private:
     std::string shape_;
     std::string positions_;
 };
-
-struct ParseCase {
-    std::string_view source;
-    std::string_view shape;
-    std::string_view reports{};
-};
-
-// Compares the shape and the reports of every case.
-void expectShapes(const std::vector<ParseCase>& cases);
 
 }  // namespace Cpp
