@@ -151,7 +151,8 @@ SeamLexer::Expected SeamLexer::expectedBehind(SeamToken& token, bool isSpaced) c
         case Expected::QuestionParen:
             return text_[token.begin] == '(' ? Expected::HeaderName : Expected::Question;
         case Expected::HeaderName:
-            return Expected::Question;
+            // A `<` that nothing closes: no later one on the line is closed, and none is to be searched for.
+            return token.kind == SeamKind::Literal ? Expected::Question : Expected::Anything;
         default:
             return Expected::Anything;
     }

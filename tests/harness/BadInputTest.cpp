@@ -122,6 +122,7 @@ std::vector<NamedText> oddTexts() {
         {"ScopedWords", [] { return repeated("a::", many) + "b;\n"; }},
         {"Blanks", [] { return repeated(" ", 10 * many) + "int x;\n"; }},
         {"EmptyLines", [] { return "int x;" + repeated("\n", 10 * many) + "int y;\n"; }},
+        {"HeaderQuestions", [] { return "#if " + repeated("__has_include(<", many) + "\nint x;\n#endif\n"; }},
         {"BehindOpenParentheses", [] { return "int x = " + repeated("(", 900) + repeated("1 + ", many) + "1;\n"; }},
         {"LessThanSigns", [] { return "bool b = " + repeated("a < ", many / 10) + "c;\n"; }},
         {"LessThanSignsInABlock", [] { return "void f()\n{\nb = " + repeated("a < ", many / 10) + "c;\n}\n"; }},
