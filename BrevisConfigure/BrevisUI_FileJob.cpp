@@ -3,7 +3,6 @@
 
 #include <exception>
 #include <new>
-#include <sstream>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
@@ -22,8 +21,6 @@ template <class Work, class Result>
 Result guarded(FormatHost& host, const std::string& path, Work work, Result failed) {
     try {
         return work();
-    } catch (const Trn::Exception& exception) {
-        sendUnexpected(host, path, exception.message());
     } catch (const std::bad_alloc&) {
         const std::string text(Message::outOfMemory);
         host.alert(text);
@@ -49,7 +46,7 @@ private:
     bool isCancelled() const;
     // The reason why the file can't be formatted in place, or null.
     const std::string_view* obstacle() const;
-    std::optional<FormattedText> format(std::istringstream& source);
+    std::optional<Brevis::FormatResult> format(const std::string& source);
     bool takeBackup() const;
     bool write(const std::string& formatted, const std::string& source) const;
 
@@ -72,21 +69,20 @@ FileResult FileJob::run() {
         return FileResult::Empty;
     }
     // Read to the end before anything runs: a file that breaks off must not be written back as if it were whole.
-    std::string text;
-    if (!readFile(path_, text)) return refuse(Message::unreadable);
-    std::istringstream source(std::move(text));
+    std::string source;
+    if (!readFile(path_, source)) return refuse(Message::unreadable);
 
     if (isCancelled()) return FileResult::Cancelled;
-    const std::optional<FormattedText> formatted = format(source);
+    const std::optional<Brevis::FormatResult> formatted = format(source);
     if (!formatted) return FileResult::Refused;
 
     showPhase_(Phase::write);
     if (host_.createBackups() && !takeBackup()) return refuse(Message::noBackup);
-    const bool written = write(formatted->text, std::move(source).str());
+    const bool written = write(formatted->text, source);
     if (!written) refuse(Message::writeFailed);
     showPhase_(Phase::done);
     if (!written) return FileResult::Refused;
-    host_.onFormatted(path_, formatted->summary);
+    host_.onFormatted(path_, *formatted);
     return FileResult::Formatted;
 }
 
@@ -108,7 +104,7 @@ const std::string_view* FileJob::obstacle() const {
     return nullptr;
 }
 
-std::optional<FormattedText> FileJob::format(std::istringstream& source) {
+std::optional<Brevis::FormatResult> FileJob::format(const std::string& source) {
     if (progress_) return textJob_.run(source, showPhase_);
     // The functor of the dialog would stop the run, having no dialog.
     Brevis::UpdateFunctor neverCancels;
@@ -133,13 +129,12 @@ FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::P
 }
 
 std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
-                                      std::string source) {
+                                      const std::string& source) {
     const auto work = [&]() -> std::optional<std::string> {
-        std::istringstream in(std::move(source));
         Brevis::UpdateFunctor neverCancels;
-        std::optional<FormattedText> formatted = TextJob(host, path, scheme).run(in, neverCancels);
+        std::optional<Brevis::FormatResult> formatted = TextJob(host, path, scheme).run(source, neverCancels);
         if (!formatted) return std::nullopt;
-        host.onFormatted(path, formatted->summary);
+        host.onFormatted(path, *formatted);
         return std::move(formatted->text);
     };
     return guarded(host, path, work, std::optional<std::string>());

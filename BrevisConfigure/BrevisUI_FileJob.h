@@ -7,7 +7,7 @@
 
 #include "BrevisUI_FileProgressDlg.h"
 #include "BrevisUI_FormatHost.h"
-#include "Brevis_PropertySet.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace BrevisUI {
 
@@ -25,6 +25,6 @@ FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::P
 // The job's middle part for a host that reads and writes by itself: the formatted text, or nothing once the messages of
 // the failure have been sent. `path` names the text in them.
 std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
-                                      std::string source);
+                                      const std::string& source);
 
 }  // namespace BrevisUI

@@ -28,7 +28,7 @@ public:
     virtual bool verifyStability() const { return false; }
 
     // Called once for each text that was formatted, and written if the job writes it.
-    virtual void onFormatted(const std::string& /*path*/, const Brevis::FormatSummary& /*summary*/) {}
+    virtual void onFormatted(const std::string& /*path*/, const Brevis::FormatResult& /*result*/) {}
 };
 
 }  // namespace BrevisUI

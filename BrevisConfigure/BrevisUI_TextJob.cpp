@@ -8,20 +8,18 @@
 
 namespace BrevisUI {
 
-std::optional<FormattedText> TextJob::run(std::istringstream& source, Brevis::UpdateFunctor& update) const {
-    FormattedText result;
-    std::ostringstream out;
+std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brevis::UpdateFunctor& update) const {
     Trn::ParseMessageList messages;
     const Brevis::FormatterProperties properties(scheme_);
-    if (Brevis::Formatter().format(properties, source, out, messages, update, &result.summary) != 0) {
+    Brevis::FormatResult result = Brevis::Formatter().format(properties, source, messages, update);
+    if (!result.isFormatted()) {
         // A cancel inside the pipeline ends here as well as a syntax error does.
         update(Phase::refuse);
         for (const Trn::ParseMessage& message : messages) send(message);
         host_.send(parseFailedMessage(path_), Severity::error);
         return std::nullopt;
     }
-    result.text = std::move(out).str();
-    if (changesTokens(source.view(), result.text)) {
+    if (changesTokens(source, result.text)) {
         update(Phase::refuse);
         return std::nullopt;
     }

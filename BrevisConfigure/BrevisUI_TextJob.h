@@ -3,20 +3,14 @@
 #pragma once
 
 #include <optional>
-#include <sstream>
 #include <string>
 #include <string_view>
 
 #include "BrevisUI_FormatHost.h"
 #include "Brevis_Formatter.h"
-#include "Brevis_PropertySet.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace BrevisUI {
-
-struct FormattedText {
-    std::string text;
-    Brevis::FormatSummary summary;
-};
 
 class TextJob {
 public:
@@ -25,7 +19,7 @@ public:
         : host_(host), path_(path), scheme_(scheme) {}
 
     // Nothing once the messages of a failure have been sent. Exceptions of the pipeline pass through.
-    std::optional<FormattedText> run(std::istringstream& source, Brevis::UpdateFunctor& update) const;
+    std::optional<Brevis::FormatResult> run(const std::string& source, Brevis::UpdateFunctor& update) const;
 
     // Whether the host wants the tokens checked and they differ; the messages have then been sent.
     bool changesTokens(std::string_view source, std::string_view formatted) const;

@@ -8,9 +8,9 @@
 
 #include "BrevisUI_Messages.h"
 #include "Brevis_Formatter.h"
-#include "Brevis_TokenDifference.h"
 #include "Trn_Exception.h"
 #include "Vellum_LineEnds.h"
+#include "guard/Brevis_TokenDifference.h"
 
 namespace BrevisUI {
 
@@ -90,21 +90,16 @@ std::optional<Trn::ParseMessage> findChangedToken(std::string_view source, std::
 }
 
 std::optional<Trn::ParseMessage> findSecondChange(const Brevis::PropertySet& scheme, const std::string& formatted) {
-    std::istringstream in(formatted);
-    std::ostringstream out;
     Trn::ParseMessageList messages;
     Brevis::UpdateFunctor neverCancels;
     const Brevis::FormatterProperties properties(scheme);
     try {
-        if (Brevis::Formatter().format(properties, in, out, messages, neverCancels) != 0) {
-            return refusedAgain(messages.front().position, messages.front().text);
-        }
-    } catch (const Trn::Exception& exception) {
-        return refusedAgain({}, exception.message());
+        const Brevis::FormatResult second = Brevis::Formatter().format(properties, formatted, messages, neverCancels);
+        if (!second.isFormatted()) return refusedAgain(messages.front().position, messages.front().text);
+        return findOtherLine(formatted, second.text);
     } catch (const std::exception& exception) {
         return refusedAgain({}, exception.what());
     }
-    return findOtherLine(formatted, out.view());
 }
 
 }  // namespace BrevisUI

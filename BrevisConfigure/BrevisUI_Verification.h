@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "Brevis_PropertySet.h"
 #include "Trn_ParseMessage.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace BrevisUI {
 

@@ -23,9 +23,9 @@ void FormatRun::send(const std::string& text, int severity) {
     if (severity >= options_.threshold) writeErrorLine(text);
 }
 
-void FormatRun::onFormatted(const std::string& path, const Brevis::FormatSummary& summary) {
+void FormatRun::onFormatted(const std::string& path, const Brevis::FormatResult& result) {
     if (!options_.verbose) return;
-    writeErrorLine(path + ": " + std::to_string(summary.seams) + (summary.seams == 1 ? " seam" : " seams") + " mended");
+    writeErrorLine(path + ": " + std::to_string(result.seams) + (result.seams == 1 ? " seam" : " seams") + " mended");
 }
 
 std::string FormatRun::displayName(const std::string& file) const {
@@ -85,15 +85,14 @@ std::optional<std::string> FormatRun::readSource(const std::string& file) {
 int FormatRun::formatToOutput(const std::string& file, const Brevis::PropertySet& scheme) {
     const std::string name = displayName(file);
     send(fillIn(Message::starting, name), Severity::information);
-    std::optional<std::string> source = readSource(file);
+    const std::optional<std::string> source = readSource(file);
     if (!source) return exitTrouble;
     if (source->empty()) return exitGood;
 
     const bool compares = options_.check || options_.diff;
-    const std::string kept = compares ? *source : std::string();
-    const std::optional<std::string> formatted = BrevisUI::formatText(*this, name, scheme, std::move(*source));
+    const std::optional<std::string> formatted = BrevisUI::formatText(*this, name, scheme, *source);
     if (!formatted) return exitTrouble;
-    if (compares) return showChanges(name, kept, *formatted);
+    if (compares) return showChanges(name, *source, *formatted);
     output_.write(*formatted);
     return exitGood;
 }

@@ -27,7 +27,7 @@ private:
     std::string backupExtension() const override { return options_.backupExtension; }
     bool verifyTokens() const override { return options_.verifyTokens; }
     bool verifyStability() const override { return options_.verifyStability; }
-    void onFormatted(const std::string& path, const Brevis::FormatSummary& summary) override;
+    void onFormatted(const std::string& path, const Brevis::FormatResult& result) override;
 
     // The name of a file in messages.
     std::string displayName(const std::string& file) const;

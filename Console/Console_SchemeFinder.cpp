@@ -7,8 +7,8 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
-#include "Brevis_PropertyCatalogue.h"
-#include "Brevis_SchemeReader.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
+#include "scheme/Brevis_SchemeReader.h"
 
 namespace Console {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Brevis_PropertySet.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace Console {
 

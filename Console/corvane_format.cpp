@@ -46,8 +46,6 @@ int main(int argc, char** argv) {
     Console::prepareStandardStreams();
     try {
         return guardedMain(argc, argv);
-    } catch (const Trn::Exception& exception) {
-        complain(exception.message());
     } catch (const std::exception& exception) {
         complain(exception.what());
     }

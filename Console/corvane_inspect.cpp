@@ -7,7 +7,6 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
-#include "Brevis_CppPreFormatter.h"
 #include "Brevis_Formatter.h"
 #include "Console_SchemeFinder.h"
 #include "Console_StandardStreams.h"
@@ -16,6 +15,7 @@
 #include "Cpp_Parser.h"
 #include "Trn_Escapes.h"
 #include "Vellum_LineEnds.h"
+#include "format/Brevis_CppPreFormatter.h"
 
 namespace {
 
@@ -107,12 +107,12 @@ int showWrapped(const Source& source, const Options& options, std::string& out) 
     for (const Console::Remark& remark : loaded.remarks) Console::writeErrorLine(remark.text);
     if (!loaded.good) return exitTrouble;
 
-    std::string text = source.text;
     Trn::ParseMessageList messages;
-    const int reports = Brevis::Formatter().wrap(Brevis::FormatterProperties(loaded.scheme), text, messages);
+    const Brevis::FormatterProperties properties(loaded.scheme);
+    Brevis::FormatResult result = Brevis::Formatter().wrap(properties, source.text, messages);
     writeMessages(source, messages);
-    if (reports != 0) return exitTrouble;
-    out = std::move(text);
+    if (!result.isFormatted()) return exitTrouble;
+    out = std::move(result.text);
     return exitGood;
 }
 
@@ -196,8 +196,6 @@ int main(int argc, char** argv) {
     Console::prepareStandardStreams();
     try {
         return guardedMain(argc, argv);
-    } catch (const Trn::Exception& exception) {
-        complain(exception.message());
     } catch (const std::exception& exception) {
         complain(exception.what());
     }

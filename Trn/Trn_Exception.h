@@ -2,17 +2,18 @@
 // limit, never for a syntax error, which is a ParseMessage.
 #pragma once
 
+#include <exception>
 #include <string>
 #include <utility>
 
 namespace Trn {
 
-class Exception {
+class Exception : public std::exception {
 public:
     explicit Exception(std::string message) : message_(std::move(message)) {}
-    virtual ~Exception() = default;
 
-    virtual std::string message() const { return message_; }
+    const char* what() const noexcept override { return message_.c_str(); }
+    const std::string& message() const { return message_; }
 
 private:
     std::string message_;

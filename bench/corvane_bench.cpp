@@ -9,11 +9,11 @@
 #include <string>
 
 #include "Brevis_Formatter.h"
-#include "Brevis_PropertyCatalogue.h"
-#include "Brevis_SeamGuard.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
+#include "guard/Brevis_SeamGuard.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace {
 
@@ -101,15 +101,12 @@ int parsed(const std::string& text) {
 }
 
 std::string formattedText(const Brevis::PropertySet& scheme, const std::string& text) {
-    std::istringstream in(text);
-    std::ostringstream out;
     Trn::ParseMessageList messages;
     Brevis::UpdateFunctor update;
     const Brevis::FormatterProperties properties(scheme);
-    if (Brevis::Formatter().format(properties, in, out, messages, update) != 0) {
-        throw std::runtime_error("refused: " + messages.front().text);
-    }
-    return std::move(out).str();
+    Brevis::FormatResult result = Brevis::Formatter().format(properties, text, messages, update);
+    if (!result.isFormatted()) throw std::runtime_error("refused: " + messages.front().text);
+    return std::move(result.text);
 }
 
 std::size_t formatted(const std::string& text) { return formattedText(scheme(), text).size(); }

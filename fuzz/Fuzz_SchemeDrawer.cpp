@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "Brevis_PropertyCatalogue.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Fuzz {
 

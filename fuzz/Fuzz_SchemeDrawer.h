@@ -2,8 +2,8 @@
 // scheme file holds.
 #pragma once
 
-#include "Brevis_PropertySet.h"
 #include "Fuzz_Draws.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace Fuzz {
 

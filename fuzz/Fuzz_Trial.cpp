@@ -7,13 +7,11 @@
 #include <exception>
 #include <iterator>
 #include <optional>
-#include <sstream>
 #include <utility>
 
 #include "Brevis_Formatter.h"
-#include "Brevis_TokenDifference.h"
-#include "Trn_Exception.h"
 #include "Vellum_LineEnds.h"
+#include "guard/Brevis_TokenDifference.h"
 
 namespace Fuzz {
 
@@ -40,23 +38,17 @@ std::string tokenLoss(const std::string& source, const std::string& result) {
 Trial runOnce(const Brevis::FormatterProperties& properties, const std::string& source) {
     Trial trial;
     try {
-        std::istringstream in(source);
-        std::ostringstream out;
         Brevis::UpdateFunctor update;
-        Brevis::FormatSummary summary;
-        if (Brevis::Formatter().format(properties, in, out, trial.messages, update, &summary) != 0) {
+        Brevis::FormatResult result = Brevis::Formatter().format(properties, source, trial.messages, update);
+        if (!result.isFormatted()) {
             trial.verdict = Verdict::Refused;
             return trial;
         }
-        trial.text = std::move(out).str();
-        trial.seams = summary.seams;
-    } catch (const Trn::Exception& exception) {
-        trial.complaint = exception.message();
-        trial.verdict = isLimit(trial.complaint) ? Verdict::Refused : Verdict::Failed;
-        return trial;
+        trial.text = std::move(result.text);
+        trial.seams = result.seams;
     } catch (const std::exception& exception) {
         trial.complaint = exception.what();
-        trial.verdict = Verdict::Failed;
+        trial.verdict = isLimit(trial.complaint) ? Verdict::Refused : Verdict::Failed;
         return trial;
     }
     std::string normalised = source;

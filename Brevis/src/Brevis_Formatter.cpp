@@ -2,20 +2,18 @@
 // messages.
 #include "Brevis_Formatter.h"
 
-#include <istream>
 #include <iterator>
-#include <ostream>
-#include <string>
+#include <utility>
 
-#include "Brevis_CppFormatter.h"
-#include "Brevis_CppLineWrapper.h"
-#include "Brevis_CppPreFormatter.h"
-#include "Brevis_PropertyCatalogue.h"
-#include "Brevis_SeamGuard.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
 #include "Vellum_LineEnds.h"
+#include "format/Brevis_CppFormatter.h"
+#include "format/Brevis_CppPreFormatter.h"
+#include "guard/Brevis_SeamGuard.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
+#include "wrap/Brevis_CppLineWrapper.h"
 
 namespace Brevis {
 
@@ -28,86 +26,66 @@ constexpr const char* cancelledText = "Formatting cancelled at user's request.";
 // A remark on a tree that is usable as it is; any other report fails the text.
 constexpr int strayTokenCode = 2;
 
-int reportCancel(Trn::ParseMessageList& messages) {
+FormatResult cancelled(Trn::ParseMessageList& messages) {
     messages.push_back({1, {}, 0, cancelledText});
-    return 1;
+    return {FormatOutcome::Cancelled, {}, 0};
 }
 
-std::string readAll(std::istream& in) {
-    constexpr std::size_t block = 1 << 16;
-    std::string text;
-    while (in) {
-        const std::size_t length = text.size();
-        text.resize(length + block);
-        in.read(text.data() + length, block);
-        text.resize(length + static_cast<std::size_t>(in.gcount()));
-    }
-    Vellum::normalizeLineEnds(text);
-    return text;
-}
-
-// Parses `text` into `root`. Gives the number of reports that fail the text, which it moves to `messages`.
-int parse(std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
+// Parses `text` into `root`. Gives false, with the reports in `messages`, if it can't be formatted.
+bool parse(std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
     Cpp::Lexer lexer(text);
     Cpp::Parser parser;
     Trn::ParseMessageList reports;
     parser.parse(lexer, root, reports);
     std::erase_if(reports, [](const Trn::ParseMessage& report) { return report.code == strayTokenCode; });
     messages.insert(messages.end(), std::make_move_iterator(reports.begin()), std::make_move_iterator(reports.end()));
-    return static_cast<int>(reports.size());
+    return reports.empty();
 }
 
 // The end of each pass.
-void mendSeams(std::string_view source, std::string& text, FormatSummary* summary) {
+FormatResult mended(std::string_view source, std::string text) {
     const std::size_t seams = SeamGuard(source).mend(text);
-    if (summary) summary->seams += seams;
+    return {FormatOutcome::Formatted, std::move(text), seams};
 }
 
 }  // namespace
 
-int Formatter::format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
-                      Trn::ParseMessageList& messages, UpdateFunctor& update, FormatSummary* summary) const {
-    const std::string source = readAll(in);
+FormatResult Formatter::format(const FormatterProperties& properties, std::string source,
+                               Trn::ParseMessageList& messages, UpdateFunctor& update) const {
+    Vellum::normalizeLineEnds(source);
     std::string text;
-
-    if (!update(analyzingPhase)) return reportCancel(messages);
+    if (!update(analyzingPhase)) return cancelled(messages);
     {
         Cpp::RootNode root;
-        if (const int reports = parse(source, root, messages)) return reports;
+        if (!parse(source, root, messages)) return {};
         CppPreFormatter preFormatter(properties.regions);
         root.accept(preFormatter);
 
-        if (!update(formattingPhase)) return reportCancel(messages);
+        if (!update(formattingPhase)) return cancelled(messages);
         CppFormatter formatter(source, properties);
         root.accept(formatter);
         text = formatter.takeText();
     }
-    mendSeams(source, text, summary);
+    FormatResult first = mended(source, std::move(text));
 
     bool wrapsLines = false;
     properties.getBool(Key::LINE_WRAP, wrapsLines);
-    if (wrapsLines) {
-        if (const int reports = wrap(properties, text, messages, summary)) return reports;
-    }
-
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    out.flush();
-    return 0;
+    if (!wrapsLines) return first;
+    FormatResult second = wrap(properties, first.text, messages);
+    if (second.isFormatted()) second.seams += first.seams;
+    return second;
 }
 
 // Works on a tree of the formatted text and never on the first tree.
-int Formatter::wrap(const FormatterProperties& properties, std::string& text, Trn::ParseMessageList& messages,
-                    FormatSummary* summary) const {
+FormatResult Formatter::wrap(const FormatterProperties& properties, const std::string& text,
+                             Trn::ParseMessageList& messages) const {
     Cpp::RootNode root;
-    if (const int reports = parse(text, root, messages)) return reports;
+    if (!parse(text, root, messages)) return {};
     CppPreFormatter preFormatter(properties.regions);
     root.accept(preFormatter);
     CppLineWrapper wrapper(properties, text);
     root.accept(wrapper);
-    std::string wrapped = wrapper.takeText();
-    mendSeams(text, wrapped, summary);
-    text = std::move(wrapped);
-    return 0;
+    return mended(text, wrapper.takeText());
 }
 
 }  // namespace Brevis

@@ -2,32 +2,40 @@
 #pragma once
 
 #include <cstddef>
-#include <iosfwd>
 #include <string>
 
-#include "Brevis_FormatterProperties.h"
 #include "Brevis_UpdateFunctor.h"
 #include "Trn_ParseMessage.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace Brevis {
 
-// What a run tells of itself besides its text and its messages.
-struct FormatSummary {
-    std::size_t seams = 0;  // places at which a pass would have changed more than white space, all mended
+enum class FormatOutcome {
+    Formatted,
+    Refused,    // the messages tell what could not be parsed
+    Cancelled,  // the update functor said stop; a message of severity 1 tells it
 };
 
+// What a run gives beside its messages.
+struct FormatResult {
+    FormatOutcome outcome = FormatOutcome::Refused;
+    std::string text;       // the whole formatted text; empty unless formatted
+    std::size_t seams = 0;  // places at which a pass would have changed more than white space, all mended
+
+    bool isFormatted() const { return outcome == FormatOutcome::Formatted; }
+};
+
+// Holds nothing: an instance may be used any number of times, and all calls with the same arguments do the same.
 class Formatter {
 public:
-    // Reads `in` to its end, formats the text and writes it to `out` in one write.
-    // Gives 0 for success. Otherwise nothing was written and messages tell why: 1 after a cancel, else the number of
-    // parse messages appended. Exceptions of the stages pass through. `summary`, unless null, is added to.
-    int format(const FormatterProperties& properties, std::istream& in, std::ostream& out,
-               Trn::ParseMessageList& messages, UpdateFunctor& update, FormatSummary* summary = nullptr) const;
+    // Formats `source`, whose lines may end in any way; the lines of the result end with line feeds. Messages are
+    // appended to those that are there. Exceptions of the stages pass through.
+    FormatResult format(const FormatterProperties& properties, std::string source, Trn::ParseMessageList& messages,
+                        UpdateFunctor& update) const;
 
     // The second pass alone: wraps the lines of a text that is formatted already and has line feeds for line ends.
-    // Gives 0, or the number of parse messages appended; the text then stays as it was.
-    int wrap(const FormatterProperties& properties, std::string& text, Trn::ParseMessageList& messages,
-             FormatSummary* summary = nullptr) const;
+    FormatResult wrap(const FormatterProperties& properties, const std::string& text,
+                      Trn::ParseMessageList& messages) const;
 };
 
 }  // namespace Brevis

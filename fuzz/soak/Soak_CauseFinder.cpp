@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <set>
 
-#include "Brevis_PropertyCatalogue.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Soak {
 

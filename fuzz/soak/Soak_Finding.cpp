@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "Brevis_PropertyCatalogue.h"
 #include "Soak_Differences.h"
 #include "Soak_RefusalCause.h"
 #include "Vellum_LineEnds.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Soak {
 

@@ -7,8 +7,8 @@
 #include <ostream>
 #include <utility>
 
-#include "Brevis_PropertyCatalogue.h"
 #include "Fuzz_SchemeDrawer.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Soak {
 

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "Brevis_PropertySet.h"
 #include "Soak_CauseFinder.h"
 #include "Soak_Tally.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace Soak {
 

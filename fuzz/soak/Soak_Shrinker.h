@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "Brevis_PropertySet.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace Soak {
 

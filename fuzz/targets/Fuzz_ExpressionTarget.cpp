@@ -1,11 +1,11 @@
 // The target of the expression formatter and the expression wrapper.
-#include "Brevis_CppExprFormatter.h"
-#include "Brevis_CppExprLineWrapper.h"
-#include "Brevis_PropertyCatalogue.h"
 #include "Fuzz_SchemeDrawer.h"
 #include "Fuzz_Targets.h"
 #include "Fuzz_Trial.h"
 #include "Trn_Exception.h"
+#include "expr/Brevis_CppExprFormatter.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
+#include "wrap/Brevis_CppExprLineWrapper.h"
 
 namespace Fuzz {
 

@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "Brevis_BraceWalker.h"
-#include "Brevis_FindFirstBinaryOp.h"
-#include "Brevis_FindFirstCast.h"
-#include "Brevis_FindFirstElem.h"
-#include "Brevis_FindFirstOldCast.h"
-#include "Brevis_ParenWalker.h"
-#include "Brevis_PieceReader.h"
+#include "wrap/Brevis_BraceWalker.h"
+#include "wrap/Brevis_FindFirstBinaryOp.h"
+#include "wrap/Brevis_FindFirstCast.h"
+#include "wrap/Brevis_FindFirstElem.h"
+#include "wrap/Brevis_FindFirstOldCast.h"
+#include "wrap/Brevis_ParenWalker.h"
+#include "wrap/Brevis_PieceReader.h"
 
 namespace Brevis {
 namespace {

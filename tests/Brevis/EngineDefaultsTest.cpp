@@ -1,5 +1,5 @@
 // The engine defaults and the catalogue that they draw on.
-#include "Brevis_EngineDefaults.h"
+#include "scheme/Brevis_EngineDefaults.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <set>
 #include <sstream>
 
-#include "Brevis_PropertyCatalogue.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Brevis {
 namespace {

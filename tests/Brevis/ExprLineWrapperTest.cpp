@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "Brevis_CppExprLineWrapper.h"
+#include "wrap/Brevis_CppExprLineWrapper.h"
 
 namespace Brevis {
 namespace {

@@ -1,5 +1,10 @@
 // Column arithmetic, the moving cursor and the rewriting of gaps.
-#include "Brevis_FormatSupport.h"
+#include "scheme/Brevis_Escapes.h"
+#include "text/Brevis_Columns.h"
+#include "text/Brevis_Copying.h"
+#include "text/Brevis_Gaps.h"
+#include "text/Brevis_StreamColumns.h"
+#include "wrap/Brevis_OverlongLines.h"
 
 #include <gtest/gtest.h>
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "Brevis_CppLineWrapper.h"
-#include "Brevis_CppPreFormatter.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
+#include "format/Brevis_CppPreFormatter.h"
+#include "wrap/Brevis_CppLineWrapper.h"
 
 namespace Brevis {
 namespace {

@@ -3,10 +3,10 @@
 
 #include <sstream>
 
-#include "Brevis_DataOffsetCalculator.h"
-#include "Brevis_NameOffsetCalculator.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
+#include "align/Brevis_DataOffsetCalculator.h"
+#include "align/Brevis_NameOffsetCalculator.h"
 
 namespace Brevis {
 namespace {

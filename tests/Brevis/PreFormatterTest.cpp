@@ -4,10 +4,10 @@
 #include <ctime>
 #include <string>
 
-#include "Brevis_CppPreFormatter.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "Trn_NestingGuard.h"
+#include "format/Brevis_CppPreFormatter.h"
 
 namespace Brevis {
 namespace {

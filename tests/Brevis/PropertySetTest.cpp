@@ -1,11 +1,11 @@
 // The scheme dictionary and its text form.
-#include "Brevis_PropertySet.h"
+#include "scheme/Brevis_PropertySet.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "Brevis_SchemeReader.h"
+#include "scheme/Brevis_SchemeReader.h"
 
 namespace Brevis {
 namespace {

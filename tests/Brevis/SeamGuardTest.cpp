@@ -1,12 +1,12 @@
 // The seam guard alone: what a pass could have written, and what the guard leaves of it.
-#include "Brevis_SeamGuard.h"
+#include "guard/Brevis_SeamGuard.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "Brevis_TokenDifference.h"
 #include "Trn_Exception.h"
+#include "guard/Brevis_TokenDifference.h"
 
 namespace Brevis {
 namespace {

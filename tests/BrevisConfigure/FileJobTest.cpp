@@ -35,7 +35,7 @@ public:
     void letUserInterfaceRun() override { ++breaths; }
     bool createBackups() const override { return backups; }
     std::string backupExtension() const override { return "bak"; }
-    void onFormatted(const std::string& path, const Brevis::FormatSummary&) override { formatted.push_back(path); }
+    void onFormatted(const std::string& path, const Brevis::FormatResult&) override { formatted.push_back(path); }
 
     Lines sent;
     Lines formatted;

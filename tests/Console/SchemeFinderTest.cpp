@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "../support/TestFiles.h"
-#include "Brevis_PropertyCatalogue.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Console {
 namespace {

@@ -5,10 +5,10 @@
 #include <optional>
 
 #include "Brevis_Formatter.h"
-#include "Brevis_PropertyCatalogue.h"
-#include "Brevis_SeamLexer.h"
-#include "Brevis_TokenDifference.h"
 #include "FormatRun.h"
+#include "guard/Brevis_SeamLexer.h"
+#include "guard/Brevis_TokenDifference.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Harness {
 namespace {
@@ -75,9 +75,10 @@ class CommentSlideTest : public testing::TestWithParam<const char*> {};
 TEST_P(CommentSlideTest, SurvivesBetweenAnyTwoTokens) {
     Brevis::PropertySet scheme = readScheme(sourceDirectory() / "schemes" / (std::string(GetParam()) + ".fsc"));
     scheme.setBool(Brevis::Key::LINE_WRAP, false);
-    Brevis::FormatterProperties wrapping(scheme);
-    wrapping.setBool(Brevis::Key::LINE_WRAP, true);
-    wrapping.setInt(Brevis::Key::RIGHT_MARGIN, 20);
+    Brevis::PropertySet wrappingScheme = scheme;
+    wrappingScheme.setBool(Brevis::Key::LINE_WRAP, true);
+    wrappingScheme.setInt(Brevis::Key::RIGHT_MARGIN, 20);
+    const Brevis::FormatterProperties wrapping(wrappingScheme);
 
     int texts = 0;
     int formatted = 0;
@@ -85,14 +86,15 @@ TEST_P(CommentSlideTest, SurvivesBetweenAnyTwoTokens) {
     const auto trySlid = [&](const std::string& text) {
         ++texts;
         FormatRun run = formatText(scheme, text);
-        ASSERT_EQ(run.result == 0, run.messages.empty());
-        if (run.result != 0) return;
+        ASSERT_EQ(run.isFormatted, run.messages.empty());
+        if (!run.isFormatted) return;
         ++formatted;
         ASSERT_EQ(loss(text, run.text), "") << "became\n" << run.text;
-        const int result = Brevis::Formatter().wrap(wrapping, run.text, run.messages);
-        ASSERT_EQ(result == 0, run.messages.empty());
-        if (result == 0) ++wrapped;
-        ASSERT_EQ(loss(text, run.text), "") << "became, wrapped,\n" << run.text;
+        const Brevis::FormatResult second = Brevis::Formatter().wrap(wrapping, run.text, run.messages);
+        ASSERT_EQ(second.isFormatted(), run.messages.empty());
+        if (!second.isFormatted()) return;
+        ++wrapped;
+        ASSERT_EQ(loss(text, second.text), "") << "became, wrapped,\n" << second.text;
     };
     for (const std::string sample : samples) {
         for (const std::size_t place : placesBetweenTokens(sample)) {

@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "Brevis_Formatter.h"
-#include "Brevis_PropertyCatalogue.h"
 #include "FormatRun.h"
 #include "Fuzz_SchemeDrawer.h"
 #include "Fuzz_Trial.h"
 #include "RealSources.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Harness {
 namespace {
@@ -32,10 +32,11 @@ TEST(DrawnSchemeTest, ChangesOnlyWhiteSpace) {
         // A value with a carriage return makes lines that end elsewhere for the second pass.
         if (trial.text.find('\r') != std::string::npos) continue;
         scheme.setInt(Brevis::Key::RIGHT_MARGIN, 1 << 30);
-        std::string text = trial.text;
         Trn::ParseMessageList messages;
-        if (Brevis::Formatter().wrap(Brevis::FormatterProperties(scheme), text, messages) == 0) {
-            EXPECT_EQ(text, trial.text) << path << ", round " << round;
+        const Brevis::FormatterProperties properties(scheme);
+        const Brevis::FormatResult wrapped = Brevis::Formatter().wrap(properties, trial.text, messages);
+        if (wrapped.isFormatted()) {
+            EXPECT_EQ(wrapped.text, trial.text) << path << ", round " << round;
         }
     }
     EXPECT_GE(formatted, 500);

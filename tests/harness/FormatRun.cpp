@@ -13,11 +13,11 @@ namespace Harness {
 
 FormatRun formatText(const Brevis::PropertySet& scheme, const std::string& text) {
     FormatRun run;
-    std::istringstream in(text);
-    std::ostringstream out;
     Brevis::UpdateFunctor update;
-    run.result = Brevis::Formatter().format(Brevis::FormatterProperties(scheme), in, out, run.messages, update);
-    run.text = std::move(out).str();
+    Brevis::FormatResult result =
+        Brevis::Formatter().format(Brevis::FormatterProperties(scheme), text, run.messages, update);
+    run.isFormatted = result.isFormatted();
+    run.text = std::move(result.text);
     return run;
 }
 

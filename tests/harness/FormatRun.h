@@ -7,13 +7,13 @@
 #include <string_view>
 #include <vector>
 
-#include "Brevis_PropertySet.h"
 #include "Trn_ParseMessage.h"
+#include "scheme/Brevis_PropertySet.h"
 
 namespace Harness {
 
 struct FormatRun {
-    int result = 0;  // as Brevis::Formatter::format gives it
+    bool isFormatted = false;
     std::string text;
     Trn::ParseMessageList messages;
 };

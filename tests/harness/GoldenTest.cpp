@@ -33,10 +33,10 @@ protected:
     // The formatted text, or the messages of a case that must be refused.
     std::string outcome(const std::string& input) const {
         const FormatRun run = formatText(readScheme(GetParam().scheme), input);
-        EXPECT_EQ(run.result != 0, GetParam().refused) << messageLines(run.messages);
-        EXPECT_EQ(run.result, static_cast<int>(run.messages.size()));
-        EXPECT_TRUE(run.result == 0 || run.text.empty());
-        return run.result != 0 ? messageLines(run.messages) : run.text;
+        EXPECT_EQ(!run.isFormatted, GetParam().refused) << messageLines(run.messages);
+        EXPECT_EQ(run.isFormatted, run.messages.empty());
+        EXPECT_TRUE(run.isFormatted || run.text.empty());
+        return run.isFormatted ? run.text : messageLines(run.messages);
     }
 };
 

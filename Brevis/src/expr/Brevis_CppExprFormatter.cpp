@@ -1,0 +1,262 @@
+// The walk of the expression formatter: which rule takes a token, and the rules for operators.
+#include "expr/Brevis_CppExprFormatter.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "Trn_NestingGuard.h"
+
+namespace Brevis {
+
+namespace Kind = Trn::Kind;
+
+// ---- Construction
+
+CppExprFormatter::CppExprFormatter(const PropertySet& scheme) : CppExprFormatterBase(scheme) {
+    const auto read = [this](std::string_view key) {
+        WsProperty value = wsProperty(properties(), key);
+        anyValueBreaks_ |= value.holdsLineFeed();
+        return value;
+    };
+    wsBetweenOpOperands_ = read(Key::WS_BETWEEN_EXPR_OP_OPERANDS);
+    wsAfterFnCallName_ = read(Key::WS_AFTER_FN_CALL_NAME);
+    parens_ = {read(Key::WS_AFTER_EXPR_OPEN_PAREN), read(Key::WS_BEFORE_EXPR_CLOSE_PAREN),
+               read(Key::WS_BEFORE_FN_CALL_COMMA), read(Key::WS_BETWEEN_FN_CALL_ARGS)};
+    bool alignCallArgs = false;
+    properties().getBool(Key::ALIGN_FN_CALL_ARGS_LEFT, alignCallArgs);
+    if (!parens_.between.isSet && alignCallArgs) {
+        parens_.between = newlineWs;
+        anyValueBreaks_ = true;
+    }
+    squares_ = {read(Key::WS_AFTER_LBRACKET), read(Key::WS_BEFORE_RBRACKET), noWs, noWs};
+    wsAfterTpOpen_ = read(Key::WS_AFTER_TP_OPEN_BRACKET);
+    wsBeforeTpClose_ = read(Key::WS_BEFORE_TP_CLOSE_BRACKET);
+    wsBetweenTpParams_ = read(Key::WS_BETWEEN_TP_PARAMS);
+    castAngles_ = {wsAfterTpOpen_, wsBeforeTpClose_, parens_.comma, parens_.between};
+    wsBetweenAsteriskAnchor_ = read(Key::WS_BETWEEN_ASTERISK_ANCHOR);
+    wsBetweenAmpersandAnchor_ = read(Key::WS_BETWEEN_AMPERSAND_ANCHOR);
+    wsBeforeDdOpenBrace_ = read(Key::WS_BEFORE_DD_OPEN_BRACE);
+    wsAfterDdOpenBrace_ = read(Key::WS_AFTER_DD_OPEN_BRACE);
+    wsBeforeDdCloseBrace_ = read(Key::WS_BEFORE_DD_CLOSE_BRACE);
+    wsBeforeDdComma_ = read(Key::WS_BEFORE_DD_COMMA);
+    wsBetweenDdElements_ = read(Key::WS_BETWEEN_DD_ELEMENTS);
+    indentDdContent_ = read(Key::INDENT_DD_CONTENT);
+    properties().getInt(Key::ASTERISK_ANCHOR, asteriskAnchor_);
+    properties().getInt(Key::AMPERSAND_ANCHOR, ampersandAnchor_);
+    properties().getBool(Key::LINE_WRAP, lineWrap_);
+}
+
+CppExprFormatter::~CppExprFormatter() = default;
+
+// ---- The walk
+
+namespace {
+
+// The characters of tokens that some rule takes up: brackets, operators, quotes, comment and directive signs. A text
+// without any of them is only copied.
+constexpr std::array<bool, 256> makeRuledCharacters() {
+    std::array<bool, 256> ruled{};
+    for (const char c : std::string_view("\"'#/:=*&+-~%<>!^|?([")) ruled[static_cast<unsigned char>(c)] = true;
+    return ruled;
+}
+
+constexpr std::array<bool, 256> ruledCharacters = makeRuledCharacters();
+
+bool isOnlyCopied(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return ruledCharacters[static_cast<unsigned char>(c)]; });
+}
+
+}  // namespace
+
+std::string CppExprFormatter::format(std::string_view text, const IndentStreamSettings& settings) {
+    if (isOnlyCopied(text)) return writeOrdinary(text, settings);
+
+    struct Lease {
+        explicit Lease(std::size_t& inUse) : inUse_(++inUse) {}
+        ~Lease() { --inUse_; }
+        std::size_t& inUse_;
+    };
+    if (buffersInUse_ == tokenBuffers_.size()) tokenBuffers_.push_back(std::make_unique<ExprTokens>());
+    ExprTokens& tokens = *tokenBuffers_[buffersInUse_];
+    const Lease lease(buffersInUse_);
+    tokens.lex(text);
+    return formatSlice({&tokens, 0, tokens.count(), 0, static_cast<std::uint32_t>(text.size())}, settings);
+}
+
+std::string CppExprFormatter::formatType(std::string_view text, const IndentStreamSettings& settings,
+                                         const WsProperty& wsAfterType) {
+    const TypeMode typeMode(*this, wsAfterType);
+    return format(text, settings);
+}
+
+std::string CppExprFormatter::formatSlice(const ExprSlice& slice, const IndentStreamSettings& settings,
+                                          bool isRewritten) {
+    const Trn::NestingGuard nesting(depth_);
+    ExprWalk walk(slice, settings, isRewritten);
+    while (walk.more()) {
+        walk.advance();
+        formatToken(walk);
+    }
+    walk.write(walk.remainder());
+    return walk.out().takeStr();
+}
+
+void CppExprFormatter::formatToken(ExprWalk& walk) {
+    const Trn::TokenKind next = walk.nextKind();
+    switch (walk.currentKind()) {
+        case Kind::EndOfInput:
+            return;
+        case Kind::Directive:
+            return writeDirectiveToken(walk, walk.current());
+        case Kind::LineComment:
+        case Kind::BlockComment:
+            return walk.copyThrough(walk.current());
+        case Kind::StringLiteral:
+            if (next == Kind::StringLiteral) return joinStrings(walk);
+            break;
+        case Kind::Semicolon:
+        case Kind::Colon:
+        case Kind::Question:
+            if (isSign(next)) return spaceUnarySign(walk);
+            break;
+        case Kind::Comma:
+            if (!isSign(next) && isBinaryOp(next)) return spaceUnarySign(walk);
+            break;
+        case Kind::OpenParen:
+            formatBracket(walk, parens_);
+            return afterParen(walk);
+        case Kind::Assign:
+            return formatInitializer(walk);
+        case Kind::Star:
+        case Kind::Amp:
+        case Kind::Minus:
+        case Kind::Not:
+            return walk.copyPair();  // without an operand in front they are unary
+        case Kind::OpenBracket:
+            return formatBracket(walk, squares_);
+        case Kind::Less:
+            return formatAngle(walk);
+        case Kind::StaticCast:
+        case Kind::DynamicCast:
+        case Kind::ConstCast:
+        case Kind::ReinterpretCast:
+            return formatCast(walk);
+        case Kind::Throw:
+        case Kind::Sizeof:
+            if (next == Kind::OpenParen) return formatCall(walk);
+            break;
+        case Kind::Identifier:
+            if (next == Kind::OpenParen) return formatCall(walk);
+            if (next == Kind::Less) return formatAngle(walk);
+            break;
+        default:
+            break;
+    }
+    defaultRule(walk);
+}
+
+namespace {
+
+// True for a token that a pointer or reference sign can stand behind in a type or declaration.
+bool canEndType(Trn::TokenKind kind) {
+    return isBuiltinType(kind) || isBinaryOp(kind) || kind == Kind::Identifier || kind == Kind::Comma ||
+           kind == Kind::Semicolon || kind == Kind::Greater;
+}
+
+}  // namespace
+
+// A binary operator is taken care of by the token in front of it, and the walk goes on behind the operator.
+void CppExprFormatter::defaultRule(ExprWalk& walk) {
+    skipTrivia(walk);
+    const Trn::TokenKind current = walk.currentKind();
+    const Trn::TokenKind next = walk.nextKind();
+    if (typeMode_ && isSign(next) && canEndType(current)) return pointerRun(walk);
+    const bool nextIsUnary = typeMode_ && isSign(next) && current == Kind::OpenParen;
+    if (nextIsUnary || current == Kind::Throw || current == Kind::Return) return walk.copyPair();
+
+    if (isBinaryOp(next) || (isBinaryOp(current) && current != Kind::Greater)) {
+        if (isBinaryOp(next)) {
+            spaceBeforeOp(walk, walk.current(), walk.next());
+            skipTrivia(walk);
+            walk.advance();
+        }
+        if (walk.more())
+            spaceAfterOp(walk, walk.current(), walk.next());
+        else
+            walk.write(walk.remainder());
+        return;
+    }
+
+    if (walk.more())
+        walk.copyBefore(walk.next());
+    else
+        walk.write(walk.remainder());
+}
+
+// ---- Steps
+
+void CppExprFormatter::skipTrivia(ExprWalk& walk) {
+    while (walk.more() && Trn::isTrivia(walk.nextKind())) {
+        if (walk.nextKind() == Kind::Directive)
+            writeDirectiveToken(walk, walk.next());
+        else
+            walk.copyThrough(walk.next());
+        walk.advance();
+    }
+}
+
+void CppExprFormatter::spaceBeforeOp(ExprWalk& walk, const ExprToken& before, const ExprToken& op) {
+    if (!isBinaryOp(op.kind) || !wsBetweenOpOperands_.isSet) return walk.copyBefore(op);
+    walk.copyThrough(before);
+    walk.writeTrimmed(walk.readBefore(op), wsBetweenOpOperands_);
+}
+
+void CppExprFormatter::spaceAfterOp(ExprWalk& walk, const ExprToken& op, const ExprToken& after) {
+    if (!isBinaryOp(op.kind) || !wsBetweenOpOperands_.isSet) return walk.copyBefore(after);
+    walk.writeTrimmed(walk.trimmedLeft(walk.readThrough(op)), wsBetweenOpOperands_);
+    if (Trn::isTrivia(after.kind))
+        walk.copyBefore(after);
+    else
+        walk.writeTrimmedLeft(walk.readBefore(after));
+}
+
+// The sign in front of an operand that follows a separator stays with the operand.
+void CppExprFormatter::spaceUnarySign(ExprWalk& walk) {
+    spaceBeforeOp(walk, walk.current(), walk.next());
+    walk.advance();
+    walk.copyPair();
+}
+
+// With wrapping on, a literal continued on the next line comes back to this line; the wrapper breaks it again.
+void CppExprFormatter::joinStrings(ExprWalk& walk) {
+    if (!lineWrap_) return walk.copyBefore(walk.next());
+    walk.copyThrough(walk.current());
+    walk.write(" ");
+    walk.writeTrimmedLeft(walk.readBefore(walk.next()));
+}
+
+void CppExprFormatter::writeDirectiveToken(ExprWalk& walk, const ExprToken& token) {
+    OIndentStream& out = walk.out();
+    if (!hasAlignPpdLeftMost()) return writeRaw(out, walk.readThrough(token));
+
+    std::optional<LeadingWsGuard> keep;
+    std::optional<IndentStringGuard> indent;
+    if (alignPpdLeftMost()) {
+        keep.emplace(out, false);
+        if (leftMargin().isSet) indent.emplace(out, leftMargin().text);
+    }
+    walk.write(walk.readBefore(token));
+    const int column = walk.columnOf(token.begin);
+    const std::string_view text = walk.readThrough(token);
+    if (text.empty()) return;
+
+    ITextDocStream in(text, out.tabSize(), {1, column});
+    ITextDocStream end = in;
+    end.readRest();
+    writeMultiLine({1, column + 1}, end.position(), in, out);
+}
+
+}  // namespace Brevis

@@ -1,0 +1,134 @@
+// Re-spaces a text that the parser keeps as a leaf: an expression, a type, a parameter, an initializer. It rewrites
+// the gaps between tokens and nothing else.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "expr/Brevis_CppExprFormatterBase.h"
+#include "expr/Brevis_ExprTokens.h"
+#include "expr/Brevis_ExprWalk.h"
+
+namespace Brevis {
+
+class CppExprFormatter : public CppExprFormatterBase {
+public:
+    explicit CppExprFormatter(const PropertySet& scheme);
+    ~CppExprFormatter() override;
+
+    // The re-spaced text. Throws Trn::Exception for brackets nested beyond Trn::NestingGuard::limit.
+    std::string format(std::string_view text, const IndentStreamSettings& settings);
+    // The same in type mode, where `*` and `&` behind a type are signs and no operators; `wsAfterType` goes between
+    // type and name.
+    std::string formatType(std::string_view text, const IndentStreamSettings& settings, const WsProperty& wsAfterType);
+    // Puts the assignment signs of a text of enum elements, one element a line, in one column.
+    std::string alignAssignments(std::string_view text, const IndentStreamSettings& settings) const;
+
+private:
+    // Type mode for the extent of a scope.
+    class TypeMode {
+    public:
+        TypeMode(CppExprFormatter& formatter, const WsProperty& wsAfterType)
+            : formatter_(formatter), typeMode_(formatter.typeMode_), wsAfterType_(formatter.wsAfterType_) {
+            formatter_.typeMode_ = true;
+            formatter_.wsAfterType_ = &wsAfterType;
+        }
+        ~TypeMode() {
+            formatter_.typeMode_ = typeMode_;
+            formatter_.wsAfterType_ = wsAfterType_;
+        }
+        TypeMode(const TypeMode&) = delete;
+        TypeMode& operator=(const TypeMode&) = delete;
+
+    private:
+        CppExprFormatter& formatter_;
+        bool typeMode_;
+        const WsProperty* wsAfterType_;
+    };
+
+    // The values at one kind of bracket. The last two are for the commas inside.
+    struct BracketValues {
+        WsProperty afterOpen;
+        WsProperty beforeClose;
+        WsProperty comma;
+        WsProperty between;
+
+        bool spacesInside() const { return afterOpen.isSet || beforeClose.isSet; }
+        bool spacesCommas() const { return comma.isSet || between.isSet; }
+    };
+
+    // `isRewritten` tells that the caller writes the result as ordinary text under the same indent and keep flag.
+    std::string formatSlice(const ExprSlice& slice, const IndentStreamSettings& settings, bool isRewritten = false);
+
+    // ---- The dispatch on the current token, and the steps that its rows share
+    void formatToken(ExprWalk& walk);
+    void defaultRule(ExprWalk& walk);
+    void skipTrivia(ExprWalk& walk);
+    void spaceBeforeOp(ExprWalk& walk, const ExprToken& before, const ExprToken& op);
+    void spaceAfterOp(ExprWalk& walk, const ExprToken& op, const ExprToken& after);
+    void spaceUnarySign(ExprWalk& walk);
+    void joinStrings(ExprWalk& walk);
+    void writeDirectiveToken(ExprWalk& walk, const ExprToken& token);
+
+    // ---- Brackets
+    void formatBracket(ExprWalk& walk, const BracketValues& values);
+    void formatSpacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close);
+    void formatUnspacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close);
+    std::string formatCut(const ExprSlice& slice, const IndentStreamSettings& settings);
+    std::string formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first, std::uint32_t close);
+    void writeEmptyPair(ExprWalk& walk, const ExprToken& open, const ExprToken& close);
+    void afterParen(ExprWalk& walk);
+    void formatCall(ExprWalk& walk);
+    void formatCast(ExprWalk& walk);
+    void formatInitializer(ExprWalk& walk);
+    void formatInitializerElements(ExprWalk& walk, const ExprSlice& elements);
+
+    // ---- `<`, as a comparison or in front of template arguments
+    void formatAngle(ExprWalk& walk);
+    void formatComparison(ExprWalk& walk, std::uint32_t open, std::uint32_t firstInner);
+    void formatRest(ExprWalk& walk, std::uint32_t firstToken);
+    bool rewritingChangesNothing(ExprWalk& walk) const;
+    void formatArguments(ExprWalk& walk, std::uint32_t open, std::uint32_t close);
+
+    // ---- Pointer and reference signs
+    void pointerRun(ExprWalk& walk);
+
+    void writeAlignedLine(std::string_view line, int widest, OIndentStream& out) const;
+
+    // Values of the scheme
+    bool anyValueBreaks_ = false;  // one of them holds a line feed
+    WsProperty wsBetweenOpOperands_;
+    WsProperty wsAfterFnCallName_;
+    BracketValues parens_;
+    BracketValues squares_;
+    BracketValues castAngles_;
+    WsProperty wsAfterTpOpen_;
+    WsProperty wsBeforeTpClose_;
+    WsProperty wsBetweenTpParams_;
+    WsProperty wsBetweenAsteriskAnchor_;
+    WsProperty wsBetweenAmpersandAnchor_;
+    WsProperty wsBeforeDdOpenBrace_;
+    WsProperty wsAfterDdOpenBrace_;
+    WsProperty wsBeforeDdCloseBrace_;
+    WsProperty wsBeforeDdComma_;
+    WsProperty wsBetweenDdElements_;
+    WsProperty indentDdContent_;
+    std::int32_t asteriskAnchor_ = -1;
+    std::int32_t ampersandAnchor_ = -1;
+    bool lineWrap_ = false;
+
+    // State of the walk, changed under guards only
+    bool typeMode_ = false;
+    const WsProperty* wsAfterType_ = &noWs;
+    int depth_ = 0;
+
+    // The tokens of the texts that are being formatted, innermost last; their memory is kept for the next texts
+    std::vector<std::unique_ptr<ExprTokens>> tokenBuffers_;
+    std::size_t buffersInUse_ = 0;
+};
+
+}  // namespace Brevis

@@ -1,0 +1,77 @@
+// The members that both walkers read, and the writers for text of several lines.
+#include "expr/Brevis_CppExprFormatterBase.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "scheme/Brevis_EngineDefaults.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
+
+namespace Brevis {
+
+CppExprFormatterBase::CppExprFormatterBase(const PropertySet& scheme) : properties_(scheme) {
+    applyEngineDefaults(properties_);
+    properties_.getInt(Key::TAB_SIZE, tabSize_);
+    tabSize_ = std::max(tabSize_, 1);  // a smaller one acts as 1 wherever columns are computed
+    leftMargin_ = wsProperty(properties_, Key::LEFT_MARGIN);
+    hasAlignPpdLeftMost_ = properties_.getBool(Key::ALIGN_PPD_LEFT_MOST, alignPpdLeftMost_);
+}
+
+std::string CppExprFormatterBase::writeOrdinary(std::string_view text, const IndentStreamSettings& settings) {
+    const bool converts = settings.convertMode == 1 || settings.convertMode == 2;
+    // Only the start of a line or a conversion can change anything.
+    if (settings.column > 0 && !converts && text.find('\n') == std::string_view::npos) return std::string(text);
+    OIndentStream out(settings);
+    out << text;
+    return out.takeStr();
+}
+
+namespace {
+
+// A later line of a stretch without the white space that the first line's column accounts for. A line feed is not
+// such white space: an empty line stays.
+std::string_view withoutLayout(std::string_view line, int firstColumn, int tabSize) {
+    int column = 1;
+    std::size_t i = 0;
+    while (i < line.size() && column < firstColumn && line[i] != '\n' &&
+           std::isspace(static_cast<unsigned char>(line[i]))) {
+        column += charWidth(line[i], column, tabSize);
+        ++i;
+    }
+    return line.substr(i);
+}
+
+}  // namespace
+
+void CppExprFormatterBase::writeMultiLine(Position first, Position last, ITextDocStream& in, OIndentStream& out) const {
+    if (last.line <= first.line) {
+        copyThrough(in, out, last);
+        return;
+    }
+    copyThrough(in, out, first);
+    std::string indent = indentStringFor(out, lastColumn(out));
+    copyThrough(in, out, {first.line + 1, 0});
+
+    const LeadingWsGuard keep(out, true);
+    const IndentStringGuard anchor(out, std::move(indent));
+    for (int line = first.line + 1; line <= last.line; ++line) {
+        const std::string_view text = readThrough(in, std::min(last, Position{line + 1, 0}));
+        // A line that goes on with a string literal has no layout of ours.
+        out << (out.lineStartsInLiteral() ? text : withoutLayout(text, first.column, out.tabSize()));
+    }
+}
+
+void CppExprFormatterBase::writeDirective(Position first, Position last, ITextDocStream& in, OIndentStream& out) const {
+    if (alignPpdLeftMost_) {
+        const IndentStringGuard indent(out, leftMargin_.isSet ? leftMargin_.text : out.indent());
+        writeMultiLine(first, last, in, out);
+    } else if (hasAlignPpdLeftMost_) {
+        writeMultiLine(first, last, in, out);
+    } else {
+        const IndentStringGuard indent(out, {});
+        const LeadingWsGuard keep(out, true);
+        copyThrough(in, out, last);
+    }
+}
+
+}  // namespace Brevis

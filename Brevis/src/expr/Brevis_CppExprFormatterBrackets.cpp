@@ -1,0 +1,283 @@
+// The expression formatter's rules for brackets: parentheses, square brackets, calls, casts, template arguments and
+// the comparison that only looks like them, and brace initializers.
+//
+// Only the inside of parentheses, square brackets and casts is written raw. The other nested results go out as ordinary
+// text, so that the indent of their lines is put in front once more.
+#include <algorithm>
+
+#include "expr/Brevis_CppExprFormatter.h"
+#include "expr/Brevis_ExprTailCut.h"
+
+namespace Brevis {
+
+namespace Kind = Trn::Kind;
+
+// ---- Parentheses, square brackets and the angle brackets of casts
+
+// The close token stays unwritten: it is the next token on return, and the walk takes it up.
+void CppExprFormatter::formatBracket(ExprWalk& walk, const BracketValues& values) {
+    const std::uint32_t close = walk.current().close;
+    if (values.spacesInside())
+        formatSpacedBracket(walk, values, close);
+    else
+        formatUnspacedBracket(walk, values, close);
+}
+
+void CppExprFormatter::formatSpacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close) {
+    skipTrivia(walk);
+    if (walk.more() && walk.nextIndex() == close) return writeEmptyPair(walk, walk.current(), walk.next());
+
+    if (!walk.more()) {
+        if (values.afterOpen.isSet) walk.writeTrimmed(walk.readThrough(walk.current()), values.afterOpen);
+        return walk.writeTrimmedLeft(walk.remainder());
+    }
+
+    if (values.afterOpen.isSet)
+        walk.writeTrimmed(walk.readBefore(walk.next()), values.afterOpen);
+    else
+        walk.copyBefore(walk.next());
+
+    const std::uint32_t first = walk.nextIndex();
+    std::string_view gap;
+    if (walk.advanceTo(close)) {
+        std::string text = formatInside(walk, values, first, close);
+        if (values.beforeClose.isSet) trimGapTrailing(text);
+        writeRaw(walk.out(), text);
+        gap = walk.readBefore(walk.next());
+    } else {
+        gap = walk.remainder();
+    }
+    if (!values.beforeClose.isSet) return walk.write(gap);
+    walk.writeTrimmedLeft(gap);
+    walk.writeWs(values.beforeClose);
+}
+
+void CppExprFormatter::formatUnspacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close) {
+    walk.copyBefore(walk.next());
+    const std::uint32_t first = walk.nextIndex();
+    if (walk.advanceTo(close)) {
+        writeRaw(walk.out(), formatInside(walk, values, first, close));
+        walk.copyBefore(walk.next());
+        return;
+    }
+    // A read up to the end of the input leaves the last character to the walk, but no token is torn apart: a comment or
+    // directive is read whole, and where the rest of the token doesn't end the result, the text stays as it is.
+    const ExprToken last = walk.current();
+    const bool isTrivia = Trn::isTrivia(last.kind);
+    const ExprSlice slice = walk.readSlice(first, walk.nextIndex(), isTrivia ? last.end : walk.next().begin);
+    const std::string_view text = slice.text();
+    const IndentStreamSettings settings = walk.out().settings();
+    const std::string result = isTrivia ? formatSlice(slice, settings) : formatCut(slice, settings);
+    const std::size_t length = std::min<std::size_t>(text.size(), isTrivia ? 0 : last.end - last.begin - 1);
+    walk.write(result.ends_with(text.substr(text.size() - length)) ? result : text);
+}
+
+// The slice ends inside its last token.
+std::string CppExprFormatter::formatCut(const ExprSlice& slice, const IndentStreamSettings& settings) {
+    if (slice.isEmpty()) return format({}, settings);
+    const ExprTailCut cut(*slice.tokens, slice);
+    return cut.isDone() ? formatSlice(cut.slice(), settings) : format(slice.text(), settings);
+}
+
+std::string CppExprFormatter::formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first,
+                                           std::uint32_t close) {
+    const ExprSlice slice = walk.readSlice(first, close, walk.current().end);
+    if (slice.isEmpty()) return {};
+    const IndentStreamSettings settings = walk.out().settings();
+    std::string text = formatSlice(slice, settings);
+    if (!values.spacesCommas()) return text;
+    return formatSeparated(text, Kind::Comma, values.comma, values.between, settings);
+}
+
+void CppExprFormatter::writeEmptyPair(ExprWalk& walk, const ExprToken& open, const ExprToken& close) {
+    walk.write(trimmedRight(walk.readThrough(open)));
+    walk.writeTrimmedLeft(walk.readBefore(close));
+}
+
+// Behind parentheses that are no call's an operand makes them a C-style cast.
+void CppExprFormatter::afterParen(ExprWalk& walk) {
+    skipTrivia(walk);
+    const bool lastIsSign = isSign(walk.currentKind());
+    walk.advance();
+    if (!walk.more()) return;
+
+    switch (walk.nextKind()) {
+        case Kind::CharLiteral:
+        case Kind::Number:
+        case Kind::StringLiteral:
+        case Kind::OpenParen:
+        case Kind::Identifier:
+            if (wsBetweenOpOperands_.isSet) walk.writeTrimmed(walk.readBefore(walk.next()), wsBetweenOpOperands_);
+            break;
+        case Kind::Star:
+        case Kind::Amp:
+            if (!lastIsSign) break;
+            if (wsBetweenOpOperands_.isSet)
+                walk.writeTrimmed(walk.readBefore(walk.next()), wsBetweenOpOperands_);
+            else
+                walk.copyBefore(walk.next());
+            return walk.copyPair();  // the sign comes up as the current token, which makes it unary
+        default:
+            break;
+    }
+    formatToken(walk);
+}
+
+void CppExprFormatter::formatCall(ExprWalk& walk) {
+    if (wsAfterFnCallName_.isSet) {
+        walk.copyThrough(walk.current());
+        walk.writeTrimmed(walk.readBefore(walk.next()), wsAfterFnCallName_);
+    } else {
+        walk.copyBefore(walk.next());
+    }
+    walk.advance();
+    if (walk.more()) formatBracket(walk, parens_);
+}
+
+void CppExprFormatter::formatCast(ExprWalk& walk) {
+    skipTrivia(walk);
+    walk.advance();
+    if (!walk.more() || walk.currentKind() != Kind::Less) return;
+    {
+        const TypeMode typeMode(*this, noWs);
+        formatBracket(walk, castAngles_);
+    }
+    if (!wsBetweenOpOperands_.isSet) return;
+    walk.advance();
+    if (walk.more() && walk.nextKind() == Kind::OpenParen) {
+        walk.writeTrimmed(walk.readBefore(walk.next()), wsBetweenOpOperands_);
+        formatToken(walk);
+    }
+}
+
+// ---- Brace initializers
+
+// An `=` without an operand in front: the text is an initializer.
+void CppExprFormatter::formatInitializer(ExprWalk& walk) {
+    skipTrivia(walk);
+    if (walk.nextKind() != Kind::OpenBrace) return defaultRule(walk);
+    const ExprToken& eq = walk.current();
+    const ExprToken& brace = walk.next();
+    if (wsBeforeDdOpenBrace_.isSet) {
+        walk.copyThrough(eq);
+        walk.write(trimmedRight(walk.readBefore(brace)));
+        if (!Trn::isLineToken(eq.kind)) walk.writeWs(wsBeforeDdOpenBrace_);
+    }
+    walk.copyThrough(brace);
+    walk.advance();
+    const std::uint32_t first = walk.nextIndex();
+    if (!walk.advanceTo(brace.close)) {
+        const IndentStreamSettings settings = walk.out().settings();
+        return walk.write(formatSlice(walk.remainingSlice(first), settings));
+    }
+
+    const ExprToken& close = walk.next();
+    if (brace.close == first) {
+        writeEmptyPair(walk, brace, close);
+    } else {
+        formatInitializerElements(walk, walk.readSlice(first, brace.close, walk.current().end));
+        if (wsBeforeDdCloseBrace_.isSet) {
+            walk.writeTrimmedLeft(walk.readBefore(close));
+            walk.writeWs(wsBeforeDdCloseBrace_);
+        }
+    }
+    walk.copyThrough(close);
+}
+
+void CppExprFormatter::formatInitializerElements(ExprWalk& walk, const ExprSlice& elements) {
+    ExprSlice slice = elements;
+    if (wsAfterDdOpenBrace_.isSet) {
+        slice.begin = slice.end - static_cast<std::uint32_t>(trimmedLeft(slice.text()).size());
+        walk.writeWs(wsAfterDdOpenBrace_);
+    }
+    OIndentStream& out = walk.out();
+    const LeadingWsGuard keep(out, out.keepLeadingWs() && !indentDdContent_.isSet);
+    const IndentStringGuard indent(out, out.indent() + indentDdContent_.text);
+    const IndentStreamSettings settings = out.settings();
+    std::string text = formatSlice(slice, settings);
+    if (wsBeforeDdComma_.isSet || wsBetweenDdElements_.isSet)
+        text = formatAround(text, Kind::Comma, wsBeforeDdComma_, wsBetweenDdElements_, settings);
+    walk.write(text);
+}
+
+// ---- `<`
+
+// The current token is the `<` or an identifier with the `<` next.
+void CppExprFormatter::formatAngle(ExprWalk& walk) {
+    const bool isNamed = walk.currentKind() != Kind::Less;
+    if (!isNamed && !walk.more()) return walk.copyThrough(walk.current());
+    const std::uint32_t open = isNamed ? walk.nextIndex() : walk.currentIndex();
+    // Without a name the search has passed the token behind the `<` when it begins to look.
+    const std::uint32_t firstInner = isNamed ? open + 1 : open + 2;
+    const std::uint32_t close = walk.tokens().angleClose(firstInner);
+    if (walk.holds(close))
+        formatArguments(walk, open, close);
+    else
+        formatComparison(walk, open, firstInner);
+}
+
+void CppExprFormatter::formatComparison(ExprWalk& walk, std::uint32_t open, std::uint32_t firstInner) {
+    const bool isNamed = walk.currentIndex() != open;
+    if (isNamed) spaceBeforeOp(walk, walk.current(), walk.token(open));
+    if (walk.holds(firstInner)) spaceAfterOp(walk, walk.token(open), walk.token(firstInner));
+    if (walk.hasConsumed()) return formatRest(walk, walk.holds(firstInner) ? firstInner : open);
+    walk.advanceTo(ExprTokens::none);
+    walk.write(walk.remainder());
+}
+
+// The rest of the text is a text of its own, whose result is written as ordinary text. Where writing it so changes
+// nothing, the walk just goes on: a text may hold any number of comparisons.
+void CppExprFormatter::formatRest(ExprWalk& walk, std::uint32_t firstToken) {
+    if (rewritingChangesNothing(walk)) return walk.restartAt(firstToken);
+    const IndentStreamSettings settings = walk.out().settings();
+    const ExprSlice rest = walk.remainingSlice(firstToken);
+    walk.advanceTo(ExprTokens::none);
+    walk.write(formatSlice(rest, settings, true));
+}
+
+bool CppExprFormatter::rewritingChangesNothing(ExprWalk& walk) const {
+    OIndentStream& out = walk.out();
+    if (!out.convertsAfresh()) return false;
+    const std::string& indent = out.indent();
+    if (out.keepLeadingWs() && indent.empty()) return true;
+    // Without the keep flag the first rewriting drops leading white space, and those behind it find nothing to drop.
+    const bool isDropped = !out.keepLeadingWs() && walk.isRewritten();
+    if (isDropped && indent.find_first_not_of(" \t") == std::string::npos) return true;
+    return out.column() > 0 && !anyValueBreaks_ && !wsAfterType_->holdsLineFeed() && walk.restIsOneLine();
+}
+
+void CppExprFormatter::formatArguments(ExprWalk& walk, std::uint32_t open, std::uint32_t close) {
+    walk.advanceTo(close);
+    const ExprToken& last = walk.current();
+    const ExprToken& closeToken = walk.next();
+    if (walk.currentIndex() == open) {
+        writeEmptyPair(walk, last, closeToken);
+        return walk.copyThrough(closeToken);
+    }
+
+    walk.copyThrough(walk.token(open));
+    const ExprSlice slice = walk.readSlice(open + 1, close, last.end);
+    const IndentStreamSettings settings = walk.out().settings();
+    std::string text;
+    if (wsBetweenTpParams_.isSet) {
+        const TypeMode typeMode(*this, noWs);
+        text = formatAround(formatSlice(slice, settings), Kind::Comma, noWs, wsBetweenTpParams_, settings);
+    } else {
+        text = formatSlice(slice, settings);
+    }
+    if (wsAfterTpOpen_.isSet) {
+        trimLeft(text);
+        walk.writeWs(wsAfterTpOpen_);
+    }
+    walk.write(text);
+
+    if (wsBeforeTpClose_.isSet) {
+        walk.writeTrimmedLeft(walk.readBefore(closeToken));
+        // Two closing brackets never touch.
+        const bool wouldTouch = last.kind == Kind::Greater && wsBeforeTpClose_.text.empty();
+        writeWs(walk.out(), wouldTouch ? " " : wsBeforeTpClose_.text);
+    }
+    walk.copyThrough(closeToken);
+}
+
+}  // namespace Brevis

@@ -1,0 +1,216 @@
+// The visits of the main formatter for control statements and case labels.
+#include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_TokenReader.h"
+
+namespace Brevis {
+
+void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
+    if (node.childCount() == 0) return;
+    int column = topColumn();
+    if (inElseIf_) {
+        // The `if` of a chain stands one blank behind its `else` and takes that column.
+        std::string gap = readGap(node.firstPosition());
+        trimGapBoth(gap);
+        out_ << gap << ' ';
+    } else {
+        column = copyFirstCharacter(node);
+    }
+    const ColumnPush push(columnStack_, column);
+
+    std::string_view between = scheme_.wsBetweenCs.text;
+    const bool useBetween = scheme_.wsBetweenCs.isSet && node.childCount() > 1;
+    if (useBetween) {
+        const auto* first = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&node.child(0));
+        if (first && first->body && !hasBraces(*first->body))
+            between = "\n";  // an `else` is not put behind a statement
+    }
+
+    bool afterTrivia = false;
+    for (int i = 0; i < node.childCount(); ++i) {
+        Cpp::SyntaxNode& child = node.child(i);
+        const bool isTrivia = is<Cpp::CommentNode>(child) || is<Cpp::PreprocDirectiveNode>(child);
+        if (useBetween && i > 0 && !isTrivia && !afterTrivia) {
+            std::string gap = readGap(child.firstPosition());
+            setGapTrailing(gap, between);
+            writeVerbatim(gap);
+        }
+        child.accept(*this);
+        afterTrivia = isTrivia;
+    }
+}
+
+// An `else` whose body is, without braces, an `if` statement alone.
+bool CppFormatter::isElseIf(const Cpp::CtrlSubStmtNode& node) {
+    if (!node.body || node.body->childCount() != 1) return false;
+    const auto* statement = dynamic_cast<const Cpp::CtrlStmtNode*>(&node.body->child(0));
+    if (!statement || statement->childCount() == 0) return false;
+    const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&statement->child(0));
+    return part && node.body->firstPosition() == part->firstPosition() && part->head && part->head->keyword &&
+           part->head->keyword->kind() == Trn::Kind::If;
+}
+
+void CppFormatter::visit(Cpp::CtrlSubStmtNode& node) {
+    const Cpp::KeywordNode* keyword = node.head ? node.head->keyword.get() : nullptr;
+    const bool isSwitch = keyword && keyword->kind() == Trn::Kind::Switch;
+    if (inElseIf_)
+        inElseIf_ = false;  // this is the `if` of the chain, an ordinary part from here on
+    else if (keyword && keyword->kind() == Trn::Kind::Else && isElseIf(node))
+        inElseIf_ = true;
+
+    if (node.head) node.head->accept(*this);
+    if (!node.body) return;
+
+    Cpp::BlockNode& body = *node.body;
+    if (inElseIf_) {
+        // The nested `if` gets no indent of its own.
+        const WsProperty noIndent{!(out_.indent().empty() && out_.keepLeadingWs()), ""};
+        formatBracedBody(body, noIndent, scheme_.wsAfterCsOpenBrace, scheme_.wsBeforeCsCloseBrace);
+        return;
+    }
+    if (node.head) pushPending(hasBraces(body) ? scheme_.wsBeforeCsOpenBrace : scheme_.wsAfterCsOpenBrace);
+    formatBracedBody(body, isSwitch ? scheme_.indentCsCaseContent : scheme_.indentCsContent, scheme_.wsAfterCsOpenBrace,
+                     scheme_.wsBeforeCsCloseBrace);
+}
+
+void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& head) {
+    if (head.keyword) head.keyword->accept(*this);
+    const ColumnPush push(columnStack_, topColumn());
+    if (!head.condition) return;
+
+    // The condition is laid out here alone: the texts carry their white space complete.
+    const Layout layout(out_, true, "");
+    if (scheme_.wsAfterCsKey.isSet) {
+        std::string gap = readGap(head.condition->firstPosition());
+        setGapBoth(gap, "", scheme_.wsAfterCsKey.text);
+        writeVerbatim(gap);
+    } else {
+        copyBefore(in_, out_, head.condition->firstPosition());
+    }
+
+    std::string open, close;
+    std::string text(readThrough(in_, head.condition->lastPosition()));
+    const std::size_t openParen = text.find('(');
+    const std::size_t closeParen = text.rfind(')');
+    if (openParen != std::string::npos && closeParen != std::string::npos) {
+        open = text.substr(0, openParen + 1);
+        close = text.substr(closeParen);
+        text = text.substr(openParen + 1, closeParen - openParen - 1);
+    }
+
+    out_ << open;
+    const int insideColumn = out_.column();
+    const Trn::TokenKind keyword = head.keyword ? head.keyword->kind() : Trn::Kind::Defective;
+    if (keyword == Trn::Kind::For)
+        formatForInside(std::move(text), insideColumn);
+    else
+        writeCondition(std::move(text), keyword, insideColumn);
+
+    const IndentStringGuard indent(out_, indentStringFor(out_, insideColumn - 1));
+    out_ << close;
+}
+
+namespace {
+
+struct Separators {
+    std::size_t first = std::string_view::npos;
+    std::size_t last = std::string_view::npos;
+};
+
+// The offsets of the first and the last semicolon that is no part of a literal or comment.
+Separators findSemicolons(std::string_view text) {
+    Separators found;
+    TokenReader reader(text);
+    ITextDocStream cursor(text);
+    do {
+        reader.advance();
+        if (reader.current().kind() != Trn::Kind::Semicolon) continue;
+        skipBefore(cursor, reader.current().first());
+        found.last = cursor.offset();
+        if (found.first == std::string_view::npos) found.first = found.last;
+    } while (reader.more());
+    return found;
+}
+
+}  // namespace
+
+void CppFormatter::formatForInside(std::string text, int insideColumn) {
+    IndentStreamSettings settings;
+    settings.keepLeadingWs = true;
+    settings.convertMode = out_.convertMode();
+    settings.tabSize = scheme_.tabSize;
+    text = expr_.formatType(text, settings, noWs);
+
+    const Separators semicolons = findSemicolons(text);
+    const bool byClause = scheme_.alignCsForClausesLeft || scheme_.wsBetweenCsForClauses.isSet;
+    if (byClause && semicolons.first != std::string_view::npos)
+        writeForClauses(text, semicolons.first + 1, semicolons.last + 1, insideColumn);
+    else
+        writeCondition(std::move(text), Trn::Kind::For, insideColumn);
+}
+
+// Writes the three clauses of a `for` one by one; the ends of the first two are offsets behind their semicolons.
+void CppFormatter::writeForClauses(const std::string& text, std::size_t firstEnd, std::size_t secondEnd,
+                                   int insideColumn) {
+    const bool align = scheme_.alignCsForClausesLeft;
+    const std::string between = align ? "\n" : scheme_.wsBetweenCsForClauses.text;
+    const IndentStringGuard indent(out_, indentStringFor(out_, topColumn()));
+
+    std::string clause = expr_.formatType(text.substr(0, firstEnd), out_.settings(), noWs);
+    setGapBoth(clause, scheme_.wsAfterCsOpenParen.text, "");
+    int clauseColumn = insideColumn;
+    // The following clauses start under the first character.
+    if (align) writeFirstUnit(clause, clauseColumn);
+    const IndentStringGuard clauseIndent(out_, indentStringFor(out_, clauseColumn));
+    writeRaw(out_, expr_.formatType(clause, out_.settings(), noWs));
+
+    clause = text.substr(firstEnd, secondEnd - firstEnd);
+    setGapBoth(clause, between, "");
+    out_ << clause;
+
+    clause = expr_.formatType(text.substr(secondEnd), out_.settings(), noWs);
+    if (trimmedLeft(clause).empty())
+        clause = between + scheme_.wsBeforeCsCloseParen.text;  // the value stands in front of an empty clause too
+    else
+        setGapBoth(clause, between, scheme_.wsBeforeCsCloseParen.text);
+    out_ << clause;
+}
+
+// Writes what stands between the parentheses of a condition as one text.
+void CppFormatter::writeCondition(std::string text, Trn::TokenKind keyword, int insideColumn) {
+    const auto formatted = [&](const std::string& inside) {
+        if (keyword == Trn::Kind::For) return expr_.formatType(inside, out_.settings(), noWs);
+        if (keyword != Trn::Kind::Catch) return expr_.format(inside, out_.settings());
+        return expr_.format(expr_.formatType(inside, out_.settings(), scheme_.wsAfterParamTypeId), out_.settings());
+    };
+    const WsProperty& after = scheme_.wsAfterCsOpenParen;
+    const WsProperty& before = scheme_.wsBeforeCsCloseParen;
+
+    if (!after.isSet && !before.isSet) {
+        const std::string result = formatted(text);
+        if (keyword == Trn::Kind::For)
+            writeRaw(out_, result);
+        else
+            writeVerbatim(result);
+        return;
+    }
+    if (after.isSet && before.isSet)
+        setGapBoth(text, after.text, before.text);
+    else if (after.isSet)
+        setGapLeading(text, after.text);
+    else
+        setGapTrailing(text, before.text);
+    const Layout layout(out_, false, indentStringFor(out_, insideColumn));
+    writeRaw(out_, formatted(text));
+}
+
+void CppFormatter::visit(Cpp::CaseNode& node) {
+    {
+        const WsProperty& indent = scheme_.indentCsCaseLabels;
+        const bool keep = !indent.isSet && out_.keepLeadingWs();
+        const Layout layout(out_, keep, indentStringFor(out_, topColumn()) + indent.text);
+        copyToEnd(node);
+    }
+    if (scheme_.wsAfterCsCaseLabels.isSet) writeVerbatim(scheme_.wsAfterCsCaseLabels.text);
+}
+
+}  // namespace Brevis

@@ -1,0 +1,171 @@
+// The rewriting of gaps: a line comment or a directive keeps its line end whatever a value asks, and no comment is
+// changed. Most gaps hold no comment at all, so a lexer runs only where a sign of one is seen.
+#include "text/Brevis_Gaps.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "Cpp_Lexer.h"
+#include "Vellum_LiteralTracker.h"
+
+namespace Brevis {
+
+using Trn::Token;
+
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+
+bool mayHoldTrivia(std::string_view text) { return text.find_first_of("/#") != npos; }
+
+template <typename Test>
+bool anyToken(std::string_view text, Test test) {
+    if (!mayHoldTrivia(text)) return false;
+    Cpp::Lexer lexer(text);
+    for (Token token = lexer.next(); token.kind() != Trn::Kind::EndOfInput; token = lexer.next()) {
+        if (test(token.kind())) return true;
+    }
+    return false;
+}
+
+// The offset of a position in a text that starts at line 1, column 0.
+std::size_t offsetOf(std::string_view text, Position position) {
+    std::size_t lineStart = 0;
+    for (int line = 1; line < position.line; ++line) lineStart = text.find('\n', lineStart) + 1;
+    return lineStart + static_cast<std::size_t>(position.column);
+}
+
+// Where a text that starts with a line comment or a directive is split: behind its first line feed, and behind the
+// whole directive if that line feed stands in one of several lines. 0 if the text starts with neither, the whole length
+// if there is no line feed.
+std::size_t splitOfLeadingLineToken(std::string_view text) {
+    if (!mayHoldTrivia(text)) return 0;
+    Cpp::Lexer lexer(text);
+    const Token token = lexer.next();
+    if (!Trn::isLineToken(token.kind())) return 0;
+    std::size_t lineFeed = text.find('\n');
+    if (lineFeed != npos && lineFeed >= offsetOf(text, token.first()))
+        lineFeed = text.find('\n', offsetOf(text, token.last()) - 1);
+    return lineFeed == npos ? text.size() : lineFeed + 1;
+}
+
+// Trims the part behind the last line feed on the right. A text without one stays as it is.
+void trimLastLine(std::string& text) {
+    const std::size_t lineFeed = text.rfind('\n');
+    if (lineFeed == std::string::npos || endsBehindBackslash(text)) return;
+    const std::size_t last = text.find_last_not_of(whiteSpace);
+    text.resize(std::max(lineFeed, last == std::string::npos ? 0 : last) + 1);
+}
+
+bool holdsLineFeed(std::string_view ws) { return ws.find('\n') != npos; }
+
+}  // namespace
+
+bool endsInLineToken(std::string_view text) {
+    Trn::TokenKind last = Trn::Kind::EndOfInput;
+    anyToken(text, [&](Trn::TokenKind kind) {
+        last = kind;
+        return false;
+    });
+    return Trn::isLineToken(last);
+}
+
+bool startsWithLineToken(std::string_view text) { return splitOfLeadingLineToken(text) > 0; }
+
+bool holdsLineComment(std::string_view text) {
+    return anyToken(text, [](Trn::TokenKind kind) { return kind == Trn::Kind::LineComment; });
+}
+
+bool holdsCommentOrDirective(std::string_view text) { return anyToken(text, Trn::isTrivia); }
+
+bool endsBehindBackslash(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(whiteSpace);
+    if (last == npos || text[last] != '\\' || text.find('\n', last) == npos) return false;
+    Vellum::LiteralTracker tracker;
+    tracker.feed(text);
+    return tracker.behindBackslash();
+}
+
+void writeWs(OIndentStream& out, std::string_view ws) {
+    if (!out.behindBackslash()) out << ws;
+}
+
+void writeWsVerbatim(OIndentStream& out, std::string_view ws) {
+    if (!out.behindBackslash()) out << Verbatim{ws};
+}
+
+void appendWs(std::string& text, std::string_view ws) {
+    if (!endsBehindBackslash(text)) text += ws;
+}
+
+std::string_view trimmedLeft(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(whiteSpace), text.size()));
+    return text;
+}
+
+std::string_view trimmedRight(std::string_view text) {
+    if (endsBehindBackslash(text)) return text;
+    return text.substr(0, text.find_last_not_of(whiteSpace) + 1);
+}
+
+void trimLeft(std::string& text) { text.erase(0, text.size() - trimmedLeft(text).size()); }
+
+void trimRight(std::string& text) { text.resize(trimmedRight(text).size()); }
+
+void setGapTrailing(std::string& text, std::string_view ws) {
+    if (!holdsLineFeed(ws) && endsInLineToken(text)) return trimLastLine(text);
+    trimRight(text);
+    appendWs(text, ws);
+}
+
+void setGapLeading(std::string& text, std::string_view ws) {
+    const std::size_t split = splitOfLeadingLineToken(text);
+    std::string result = text.substr(0, split);
+    result += ws;
+    result += trimmedLeft(std::string_view(text).substr(split));
+    text = std::move(result);
+}
+
+void setGapBoth(std::string& text, std::string_view leading, std::string_view trailing) {
+    const bool keepsLineEnd = !holdsLineFeed(trailing) && endsInLineToken(text);
+    setGapLeading(text, leading);
+    if (keepsLineEnd)
+        trimLastLine(text);
+    else
+        trimRight(text);
+    appendWs(text, trailing);
+}
+
+void trimGapLeading(std::string& text) { setGapLeading(text, {}); }
+
+void trimGapTrailing(std::string& text) {
+    if (endsInLineToken(text))
+        trimLastLine(text);
+    else
+        trimRight(text);
+}
+
+void trimGapBoth(std::string& text) {
+    if (startsWithLineToken(text) || endsInLineToken(text)) return;
+    trimLeft(text);
+    trimRight(text);
+}
+
+void replaceCharInGap(std::string& text, char from, char to) {
+    if (startsWithLineToken(text) || endsInLineToken(text)) return;
+    // What stays although the value asks otherwise: literals, white space behind a backslash at a line end, and
+    // the line ends of comments and directives further inside, without which they would swallow what follows.
+    Vellum::LiteralTracker tracker;
+    for (char& c : text) {
+        const bool literal = tracker.inLiteral();
+        const bool backslash = tracker.behindBackslash() || (tracker.followsBackslash() && isSpace(c));
+        const bool lineEnd = tracker.inLineToken() && c == '\n';
+        tracker.feed(c);
+        if (c == from && !literal && !backslash && !lineEnd) c = to;
+    }
+}
+
+}  // namespace Brevis

@@ -1,0 +1,35 @@
+// A walk over the groups of a text between two kinds of brackets.
+#pragma once
+
+#include "wrap/Brevis_LexedText.h"
+
+namespace Brevis {
+
+// Works as ParenWalker does, but a closing token takes nothing off the count: a step ends at the `level`-th opening
+// token behind the place where it began.
+class BraceWalker {
+public:
+    // `text` must outlive the walker. A level below 1 becomes 1.
+    BraceWalker(const LexedText& text, Trn::TokenKind openKind, int level)
+        : text_(text), openKind_(openKind), level_(level < 1 ? 1 : level) {}
+
+    void step();
+    explicit operator bool() const { return found_; }
+
+    const LexedText::Token& open() const { return text_[open_]; }
+    // The end token when the group isn't closed.
+    const LexedText::Token& close() const { return text_[close_]; }
+    // Whether breaking lines can change anything inside the group.
+    bool mayBreak() const { return text_.mayBreakInside(open_); }
+
+private:
+    const LexedText& text_;
+    Trn::TokenKind openKind_;
+    int level_;
+    std::size_t next_ = 0;
+    std::size_t open_ = 0;
+    std::size_t close_ = 0;
+    bool found_ = false;
+};
+
+}  // namespace Brevis

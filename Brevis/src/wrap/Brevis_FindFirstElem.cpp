@@ -1,0 +1,14 @@
+#include "wrap/Brevis_FindFirstElem.h"
+
+#include "wrap/Brevis_DepthZeroWalk.h"
+
+namespace Brevis {
+
+std::size_t FindFirstElem::find(const LexedText& text, std::size_t from) {
+    Trn::TokenKind prevKind = Trn::Kind::EndOfInput;
+    return findAtDepthZero(text, from, prevKind, [&](std::size_t i) {
+        return isWrapToken(text[i].kind) && !isWrapToken(prevKind) && !isWrapToken(text[i + 1].kind);
+    });
+}
+
+}  // namespace Brevis
