@@ -40,7 +40,7 @@ const Brevis::PropertySet& scheme() {
 const Brevis::PropertySet& wrappingScheme() {
     static const Brevis::PropertySet wrapping = [] {
         Brevis::PropertySet copy = scheme();
-        copy.setBool(Brevis::Key::LINE_WRAP, true);
+        copy.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), true);
         return copy;
     }();
     return wrapping;

@@ -12,9 +12,10 @@ namespace Fuzz {
 
 namespace {
 
-namespace Key = Brevis::Key;
 using Brevis::PropertyInfo;
 using Brevis::PropertyType;
+using Brevis::Scheme;
+using Brevis::Catalogue::keyOf;
 
 enum class Temper { Sane, Mixed, Wild };
 
@@ -42,8 +43,8 @@ public:
         const bool wraps = draws_.below(2) != 0;
         const auto margin = static_cast<std::int32_t>(1 + draws_.below(200));
         for (const PropertyInfo& info : Brevis::Catalogue::properties) drawValue(info);
-        scheme_.setBool(Key::LINE_WRAP, wraps);
-        if (wraps) scheme_.setInt(Key::RIGHT_MARGIN, margin);
+        scheme_.setBool(keyOf(&Scheme::lineWrap), wraps);
+        if (wraps) scheme_.setInt(keyOf(&Scheme::rightMargin), margin);
         return std::move(scheme_);
     }
 
@@ -77,8 +78,8 @@ private:
     }
 
     std::int32_t saneNumber(const PropertyInfo& info) {
-        if (info.key == Key::TAB_SIZE) return 1 << draws_.below(4);
-        if (info.key == Key::RIGHT_MARGIN) return static_cast<std::int32_t>(40 + draws_.below(100));
+        if (info.key == keyOf(&Scheme::tabSize)) return 1 << draws_.below(4);
+        if (info.key == keyOf(&Scheme::rightMargin)) return static_cast<std::int32_t>(40 + draws_.below(100));
         return std::max(-1, info.defaultNumber - 1 + static_cast<std::int32_t>(draws_.below(3)));
     }
 

@@ -12,7 +12,6 @@
 #include "format/Brevis_CppFormatter.h"
 #include "format/Brevis_CppPreFormatter.h"
 #include "guard/Brevis_SeamGuard.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
 #include "wrap/Brevis_CppLineWrapper.h"
 
 namespace Brevis {
@@ -62,15 +61,13 @@ FormatResult Formatter::format(const FormatterProperties& properties, std::strin
         root.accept(preFormatter);
 
         if (!update(formattingPhase)) return cancelled(messages);
-        CppFormatter formatter(source, properties);
+        CppFormatter formatter(source, properties.scheme);
         root.accept(formatter);
         text = formatter.takeText();
     }
     FormatResult first = mended(source, std::move(text));
 
-    bool wrapsLines = false;
-    properties.getBool(Key::LINE_WRAP, wrapsLines);
-    if (!wrapsLines) return first;
+    if (!properties.scheme.lineWrap) return first;
     FormatResult second = wrap(properties, first.text, messages);
     if (second.isFormatted()) second.seams += first.seams;
     return second;
@@ -83,7 +80,7 @@ FormatResult Formatter::wrap(const FormatterProperties& properties, const std::s
     if (!parse(text, root, messages)) return {};
     CppPreFormatter preFormatter(properties.regions);
     root.accept(preFormatter);
-    CppLineWrapper wrapper(properties, text);
+    CppLineWrapper wrapper(properties.scheme, text);
     root.accept(wrapper);
     return mended(text, wrapper.takeText());
 }

@@ -32,7 +32,7 @@ std::string kindOfKey(const Brevis::PropertySet& scheme, const std::string& key)
     scheme.getString(key, value);
     if (value.find_first_of("\r\f\v") != std::string::npos) return "a value with odd white space";
     if (isIndent && value.find('\n') != std::string::npos) return "an indent with a line feed";
-    return isIndent && key != Brevis::Key::INDENT_DD_CONTENT ? "an indent" : key;
+    return isIndent && key != Brevis::Catalogue::keyOf(&Brevis::Scheme::indentDdContent) ? "an indent" : key;
 }
 
 // What it takes of the scheme: without any of these keys the text is stable. What is odd counts alone, and what adds to
@@ -43,7 +43,8 @@ std::string causeOfUnstable(const Sample& smallest, const std::string& kind) {
     for (const std::string& key : smallest.scheme.keys()) {
         const std::string name = kindOfKey(smallest.scheme, key);
         if (name.find(' ') != std::string::npos && name != "an indent") return name;
-        const bool isOfWrapping = key == Brevis::Key::LINE_WRAP || key == Brevis::Key::RIGHT_MARGIN;
+        const bool isOfWrapping = key == Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap) ||
+                                  key == Brevis::Catalogue::keyOf(&Brevis::Scheme::rightMargin);
         kinds.insert(isOfWrapping ? "wrapping" : name);
     }
     const auto isLeader = [](const std::string& name) { return name == "wrapping" || name.starts_with("ALIGN_"); };

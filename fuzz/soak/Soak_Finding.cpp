@@ -29,10 +29,10 @@ std::string kindOfRefusal(const Sample& sample, const Fuzz::Trial& trial) {
     if (trial.messages.empty()) return messagePattern(trial.complaint);
     const Trn::ParseMessage message = placedMessage(trial.messages);
     bool wraps = false;
-    sample.scheme.getBool(Brevis::Key::LINE_WRAP, wraps);
+    sample.scheme.getBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), wraps);
     if (wraps) {
         Brevis::PropertySet firstPass = sample.scheme;
-        firstPass.setBool(Brevis::Key::LINE_WRAP, false);
+        firstPass.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), false);
         const Fuzz::Trial first = Fuzz::tryText(firstPass, sample.text, false);
         if (first.verdict != Verdict::Refused) return "by the second pass: " + refusalCause(first.text, message);
     }

@@ -36,7 +36,8 @@ std::uint64_t mix(std::uint64_t seed, std::uint64_t number) {
 void limitTabSize(Brevis::PropertySet& scheme) {
     constexpr std::int32_t largest = 64;
     std::int32_t size = 0;
-    if (scheme.getInt(Brevis::Key::TAB_SIZE, size) && size > largest) scheme.setInt(Brevis::Key::TAB_SIZE, largest);
+    if (scheme.getInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::tabSize), size) && size > largest)
+        scheme.setInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::tabSize), largest);
 }
 
 // Whether a value is of the kind that nobody would write: a line feed in an indent, other white space than the usual.
@@ -92,8 +93,10 @@ Runner::Pair Runner::draw(std::uint64_t number) const {
     }
     pair.scheme = shipped_[draws.below(static_cast<unsigned>(shipped_.size()))];
     const bool wraps = draws.below(2) != 0;
-    pair.scheme.setBool(Brevis::Key::LINE_WRAP, wraps);
-    if (wraps) pair.scheme.setInt(Brevis::Key::RIGHT_MARGIN, static_cast<std::int32_t>(60 + draws.below(61)));
+    pair.scheme.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), wraps);
+    if (wraps)
+        pair.scheme.setInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::rightMargin),
+                           static_cast<std::int32_t>(60 + draws.below(61)));
     pair.group = wraps ? "shipped schemes, lines wrapped" : "shipped schemes as they are";
     return pair;
 }

@@ -4,7 +4,7 @@
 #include "Fuzz_Trial.h"
 #include "Trn_Exception.h"
 #include "expr/Brevis_CppExprFormatter.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
+#include "scheme/Brevis_Scheme.h"
 #include "wrap/Brevis_CppExprLineWrapper.h"
 
 namespace Fuzz {
@@ -22,10 +22,10 @@ Vellum::IndentStreamSettings drawSettings(Draws& draws) {
 }
 
 std::string runFormatter(unsigned operation, const std::string& text, const Vellum::IndentStreamSettings& settings,
-                         const Brevis::PropertySet& scheme) {
+                         const Brevis::Scheme& scheme) {
     Brevis::CppExprFormatter formatter(scheme);
-    const Brevis::WsProperty before = Brevis::wsProperty(scheme, Brevis::Key::WS_BEFORE_FN_COMMA);
-    const Brevis::WsProperty after = Brevis::wsProperty(scheme, Brevis::Key::WS_BETWEEN_FN_PARAMS);
+    const Brevis::WsProperty& before = scheme.wsBeforeFnComma;
+    const Brevis::WsProperty& after = scheme.wsBetweenFnParams;
     switch (operation) {
         case 0:
             return formatter.format(text, settings);
@@ -41,7 +41,7 @@ std::string runFormatter(unsigned operation, const std::string& text, const Vell
 }
 
 std::string runWrapper(unsigned operation, const std::string& text, const Vellum::IndentStreamSettings& settings,
-                       const Brevis::PropertySet& scheme, bool noExtraIndent) {
+                       const Brevis::Scheme& scheme, bool noExtraIndent) {
     Brevis::CppExprLineWrapper wrapper(scheme);
     switch (operation) {
         case 0:
@@ -63,7 +63,7 @@ void fuzzExpression(std::string_view data) {
     const unsigned operation = draws.below(formatterOperations + wrapperOperations);
     const bool noExtraIndent = draws.below(2) != 0;
     const Vellum::IndentStreamSettings settings = drawSettings(draws);
-    const Brevis::PropertySet scheme = drawScheme(draws);
+    const Brevis::Scheme scheme = Brevis::Scheme::from(drawScheme(draws));
     try {
         const std::string result =
             operation < formatterOperations

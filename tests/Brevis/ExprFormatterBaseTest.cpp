@@ -15,11 +15,11 @@ IndentStreamSettings settingsOf(std::string indent, bool keep = false, int colum
     return settings;
 }
 
-PropertySet directivesAt(bool leftMost) {
-    PropertySet scheme;
-    scheme.setBool("ALIGN_PPD_LEFT_MOST", leftMost);
-    scheme.setString("LEFT_MARGIN", "");
-    scheme.setInt("TAB_SIZE", 4);
+Scheme directivesAt(bool leftMost) {
+    Scheme scheme;
+    scheme.alignPpdLeftMost = leftMost;
+    scheme.leftMargin = {true, ""};
+    scheme.tabSize = 4;
     return scheme;
 }
 
@@ -37,7 +37,8 @@ class ListPasses : public testing::TestWithParam<Case> {};
 
 TEST_P(ListPasses, bothWays) {
     const Case& c = GetParam();
-    const CppExprFormatterBase base(directivesAt(true));
+    const Scheme scheme = directivesAt(true);
+    const CppExprFormatterBase base(scheme);
     const IndentStreamSettings settings = settingsOf("    ");
     EXPECT_EQ(base.formatSeparated(c.text, Trn::Kind::Comma, c.before, c.after, settings), c.separated);
     EXPECT_EQ(base.formatAround(c.text, Trn::Kind::Comma, c.before, c.after, settings), c.around);
@@ -72,7 +73,8 @@ const Case cases[] = {
 INSTANTIATE_TEST_SUITE_P(Cases, ListPasses, testing::ValuesIn(cases));
 
 TEST(ListPasses, emptyLinesOfACommentStay) {
-    const CppExprFormatterBase base(directivesAt(false));
+    const Scheme scheme = directivesAt(false);
+    const CppExprFormatterBase base(scheme);
     const std::string_view comment = "      /* a\n\n\t  * b\n   c */";
     ITextDocStream in(comment, 4);
     OIndentStream out(settingsOf("  ", false, 0));
@@ -82,14 +84,14 @@ TEST(ListPasses, emptyLinesOfACommentStay) {
 
 TEST(ListPasses, directivesGoByTheirProperty) {
     const std::string_view directive = "  #d \\\n     e \\\n c\n";
-    const auto write = [&](const PropertySet& scheme) {
+    const auto write = [&](const Scheme& scheme) {
         const CppExprFormatterBase base(scheme);
         ITextDocStream in(directive, 4);
         OIndentStream out(settingsOf("    ", false, 0));
         base.writeDirective({1, 3}, {4, 0}, in, out);
         return out.takeStr();
     };
-    EXPECT_EQ(write(PropertySet()), "  #d \\\n     e \\\n c\n");
+    EXPECT_EQ(write(Scheme()), "  #d \\\n     e \\\n c\n");
     EXPECT_EQ(write(directivesAt(true)), "#d \\\n   e \\\nc\n");
     EXPECT_EQ(write(directivesAt(false)), "    #d \\\n       e \\\n    c\n");
 }

@@ -41,10 +41,10 @@ void addTo(PropertySet& scheme, std::string_view pairs) {
     }
 }
 
-PropertySet schemeOf(std::string_view pairs) {
-    PropertySet scheme;
-    addTo(scheme, pairs);
-    return scheme;
+Scheme schemeOf(std::string_view pairs) {
+    PropertySet properties;
+    addTo(properties, pairs);
+    return Scheme::from(properties);
 }
 
 IndentStreamSettings midLine(std::string indent = {}, bool keep = false, int column = 8) {
@@ -65,7 +65,8 @@ struct Case {
 class Rules : public testing::TestWithParam<Case> {};
 
 TEST_P(Rules, format) {
-    CppExprFormatter formatter(schemeOf(GetParam().scheme));
+    const Scheme scheme = schemeOf(GetParam().scheme);
+    CppExprFormatter formatter(scheme);
     EXPECT_EQ(formatter.format(GetParam().text, midLine("    ")), GetParam().expected);
 }
 
@@ -174,7 +175,8 @@ class Signs : public testing::TestWithParam<TypeCase> {};
 
 TEST_P(Signs, formatType) {
     const TypeCase& c = GetParam();
-    CppExprFormatter formatter(schemeOf(c.scheme));
+    const Scheme scheme = schemeOf(c.scheme);
+    CppExprFormatter formatter(scheme);
     EXPECT_EQ(formatter.formatType(c.text, midLine("    "), c.wsAfterType), c.expected);
 }
 
@@ -199,7 +201,8 @@ const TypeCase signs[] = {
 INSTANTIATE_TEST_SUITE_P(Types, Signs, testing::ValuesIn(signs));
 
 TEST(ExprFormatter, alignsAssignments) {
-    CppExprFormatter formatter(schemeOf(""));
+    const Scheme scheme = schemeOf("");
+    CppExprFormatter formatter(scheme);
     IndentStreamSettings settings = midLine("    ", false, 0);
     settings.convertMode = 1;
     EXPECT_EQ(formatter.alignAssignments("    a = 1,\n    bbbb  =2, // x\n    c", settings),
@@ -231,20 +234,20 @@ constexpr std::string_view gaps[] = {" ",         " ",         "  ",        "\n"
                                      " \\\n  "};
 
 // Values that join nothing are all but the last.
-PropertySet randomScheme(std::mt19937& random, bool mayJoin) {
-    PropertySet scheme;
+Scheme randomScheme(std::mt19937& random, bool mayJoin) {
+    PropertySet properties;
     for (const std::string_view key : stringKeys) {
-        if (random() % 2) scheme.setString(key, std::string(values[random() % (std::size(values) - !mayJoin)]));
+        if (random() % 2) properties.setString(key, std::string(values[random() % (std::size(values) - !mayJoin)]));
     }
     for (const std::string_view key : {"INDENT_DD_CONTENT", "LEFT_MARGIN"}) {
-        if (random() % 2) scheme.setString(key, random() % 2 ? "  " : "\t");
+        if (random() % 2) properties.setString(key, random() % 2 ? "  " : "\t");
     }
-    scheme.setInt("ASTERISK_ANCHOR", static_cast<int>(random() % 3) - 1);
-    scheme.setInt("AMPERSAND_ANCHOR", static_cast<int>(random() % 3) - 1);
+    properties.setInt("ASTERISK_ANCHOR", static_cast<int>(random() % 3) - 1);
+    properties.setInt("AMPERSAND_ANCHOR", static_cast<int>(random() % 3) - 1);
     for (const std::string_view key : {"LINE_WRAP", "ALIGN_PPD_LEFT_MOST", "ALIGN_FN_CALL_ARGS_LEFT"}) {
-        if (random() % 2) scheme.setBool(key, random() % 2);
+        if (random() % 2) properties.setBool(key, random() % 2);
     }
-    return scheme;
+    return Scheme::from(properties);
 }
 
 std::string randomText(std::mt19937& random) {
@@ -278,7 +281,8 @@ TEST(ExprFormatter, nothingIsLost) {
     std::mt19937 random(11);
     for (int round = 0; round < 1500; ++round) {
         const bool mayJoin = round % 3 == 0;
-        CppExprFormatter formatter(randomScheme(random, mayJoin));
+        const Scheme scheme = randomScheme(random, mayJoin);
+        CppExprFormatter formatter(scheme);
         for (int i = 0; i < 10; ++i) {
             const std::string text = randomText(random);
             IndentStreamSettings settings = midLine(random() % 2 ? "    " : "", random() % 2, random() % 2 ? 5 : 0);
@@ -301,7 +305,8 @@ std::string repeated(std::string_view piece, int count) {
 }
 
 TEST(ExprFormatter, limitsNesting) {
-    CppExprFormatter formatter(schemeOf("OP"));
+    const Scheme scheme = schemeOf("OP");
+    CppExprFormatter formatter(scheme);
     for (const auto& [open, close] : {std::pair("(a+", ")"), std::pair("b[", "]"), std::pair("A<", " >")}) {
         const std::string deep = repeated(open, 990) + "x" + repeated(close, 990);
         EXPECT_EQ(withoutWs(formatter.format(deep, midLine())), withoutWs(deep));
@@ -313,7 +318,8 @@ TEST(ExprFormatter, limitsNesting) {
 
 // A cost that grows with the square of the text would take minutes here.
 TEST(ExprFormatter, costIsLinear) {
-    CppExprFormatter formatter(schemeOf("OP|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1"));
+    const Scheme scheme = schemeOf("OP|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1");
+    CppExprFormatter formatter(scheme);
     const auto start = std::chrono::steady_clock::now();
     for (const std::string_view piece : {"a<b+", "a<b,\n", "a<(b)&&", "f(a,b)+", "#x\n", "\"a\\\n\"", "(a)*b\\\n"}) {
         const std::string text = "(" + repeated(piece, 60000) + "c)";

@@ -15,15 +15,15 @@ namespace {
 
 using Values = std::vector<std::pair<std::string, int>>;
 
-PropertySet schemeWith(const Values& values) {
-    PropertySet scheme;
-    scheme.setBool("LINE_WRAP", true);
-    scheme.setInt("RIGHT_MARGIN", 20);
-    scheme.setInt("TAB_SIZE", 4);
-    scheme.setInt("WRAP_STYLE", 1);
-    scheme.setString("WRAP_INDENT", "    ");
-    for (const auto& [key, value] : values) scheme.setInt(key, value);
-    return scheme;
+Scheme schemeWith(const Values& values) {
+    PropertySet properties;
+    properties.setBool("LINE_WRAP", true);
+    properties.setInt("RIGHT_MARGIN", 20);
+    properties.setInt("TAB_SIZE", 4);
+    properties.setInt("WRAP_STYLE", 1);
+    properties.setString("WRAP_INDENT", "    ");
+    for (const auto& [key, value] : values) properties.setInt(key, value);
+    return Scheme::from(properties);
 }
 
 IndentStreamSettings settingsAt(int column, int convertMode = 0) {
@@ -45,7 +45,8 @@ struct Case {
 
 void expectExpressions(const std::vector<Case>& cases) {
     for (const Case& test : cases) {
-        CppExprLineWrapper wrapper(schemeWith(test.values));
+        const Scheme scheme = schemeWith(test.values);
+        CppExprLineWrapper wrapper(scheme);
         EXPECT_EQ(wrapper.wrapExpression(test.text, settingsAt(test.column), test.noExtraIndent), test.expected);
     }
 }
@@ -66,7 +67,8 @@ TEST(ExprLineWrapper, BreaksCallsAtTheirCommas) {
         {{}, "((aaaaaaaaa, bbbbbbbb))", "((aaaaaaaaa,\n  bbbbbbbb))"},
         {{{"CONVERT_WS", 2}}, "x = ffffff(aaaaaaa, bbbbbbbb);", "x = ffffff(aaaaaaa,\n           bbbbbbbb);"},
     });
-    CppExprLineWrapper wrapper(schemeWith({}));
+    const Scheme scheme = schemeWith({});
+    CppExprLineWrapper wrapper(scheme);
     EXPECT_EQ(wrapper.wrapExpression("x = ffffff(aaaaaaa, bbbbbbbb);", settingsAt(0, 2), false),
               "x = ffffff(aaaaaaa,\n\t\t   bbbbbbbb);");
 }
@@ -105,8 +107,8 @@ TEST(ExprLineWrapper, KeepsStringsCommentsAndDirectivesInPlace) {
         // White space behind a backslash at a line end stays as it is.
         {{}, "aaaaaaaaaa \\\n   + bbbbbbbbbbbbbbbbbbbb", "aaaaaaaaaa \\\n   + bbbbbbbbbbbbbbbbbbbb"},
     });
-    PropertySet off = schemeWith({});
-    off.setBool("LINE_WRAP", false);
+    Scheme off = schemeWith({});
+    off.lineWrap = false;
     EXPECT_EQ(CppExprLineWrapper(off).wrapExpression("f(\"a\" \"b\") + cccccccccccccccc", settingsAt(0), false),
               "f(\"a\" \"b\") + cccccccccccccccc");
 }
@@ -125,13 +127,15 @@ TEST(ExprLineWrapper, Lists) {
     for (const Case& test : cases) {
         Values values = test.values;
         values.emplace_back("RIGHT_MARGIN", 10);
-        CppExprLineWrapper wrapper(schemeWith(values));
+        const Scheme scheme = schemeWith(values);
+        CppExprLineWrapper wrapper(scheme);
         EXPECT_EQ(wrapper.wrapList(test.text, settingsAt(0), false), test.expected);
     }
 }
 
 TEST(ExprLineWrapper, ForHeads) {
-    CppExprLineWrapper wrapper(schemeWith({}));
+    const Scheme scheme = schemeWith({});
+    CppExprLineWrapper wrapper(scheme);
     EXPECT_EQ(wrapper.wrapForHead("int i = 0; i < n; ++i", settingsAt(5)), "int i = 0;\n     i < n;\n     ++i");
     EXPECT_EQ(wrapper.wrapForHead("aaaaaa(bbbbbbb, ccccccc); d; e", settingsAt(0)),
               "aaaaaa(bbbbbbb,\n       ccccccc);\nd;\ne");
@@ -213,7 +217,8 @@ TEST(ExprLineWrapper, ChangesNothingButWhiteSpace) {
              {"WRAP_STYLE", "EXPR_WRAP_STYLE", "SHIFT_WRAP_STYLE", "COMMA_WRAP_STYLE", "LIST_WRAP_STRATEGY"}) {
             values.emplace_back(key, static_cast<int>(random() % 4));
         }
-        CppExprLineWrapper wrapper(schemeWith(values));
+        const Scheme scheme = schemeWith(values);
+        CppExprLineWrapper wrapper(scheme);
         const std::string text = randomText(random);
         const IndentStreamSettings settings =
             settingsAt(static_cast<int>(random() % 20), static_cast<int>(random() % 3));
@@ -239,7 +244,8 @@ std::string repeated(const std::string& front, const std::string& unit, int coun
 // Calls on one long line are broken further and further to the right. Such columns are folded while the steps run, and
 // nothing of that may be seen in the result.
 TEST(ExprLineWrapper, FarColumns) {
-    CppExprLineWrapper wrapper(schemeWith({{"LIST_WRAP_STRATEGY", 2}}));
+    const Scheme scheme = schemeWith({{"LIST_WRAP_STRATEGY", 2}});
+    CppExprLineWrapper wrapper(scheme);
     // The break between the calls brings their arguments back.
     const std::string list = wrapper.wrapList(repeated("", "ff(aaaa, bbbb), ", 200, "0"), settingsAt(0), false);
     const std::string end = repeated("", "ff(aaaa,\n   bbbb),\n", 190, "0");
@@ -259,7 +265,8 @@ TEST(ExprLineWrapper, TimeGrowsWithTheText) {
                  {"", "a < b, ", "0", 10000},    {"", "{1, {2, 3}}, ", "0", 10000}, {"", "f(a) + ", "0", 10000},
                  {"", "f(a, b), ", "0", 2000},   {"", "a,\n", "0", 10000},          {"", nest, "0", 40}};
     for (const int strategy : {1, 2}) {
-        CppExprLineWrapper wrapper(schemeWith({{"LIST_WRAP_STRATEGY", strategy}}));
+        const Scheme scheme = schemeWith({{"LIST_WRAP_STRATEGY", strategy}});
+        CppExprLineWrapper wrapper(scheme);
         for (const auto& test : cases) {
             const auto seconds = [&](int count) {
                 const std::string text = repeated(test.front, test.unit, count, test.back);

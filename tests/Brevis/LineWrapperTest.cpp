@@ -9,6 +9,7 @@
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "format/Brevis_CppPreFormatter.h"
+#include "scheme/Brevis_FormatterProperties.h"
 #include "wrap/Brevis_CppLineWrapper.h"
 
 namespace Brevis {
@@ -51,7 +52,8 @@ std::string wrapped(const std::string& text, const PropertySet& scheme) {
     Cpp::Parser().parse(lexer, root, messages);
     CppPreFormatter preFormatter(regionTable());
     root.accept(preFormatter);
-    CppLineWrapper wrapper(FormatterProperties(scheme), text);
+    const FormatterProperties properties(scheme);
+    CppLineWrapper wrapper(properties.scheme, text);
     root.accept(wrapper);
     return wrapper.takeText();
 }

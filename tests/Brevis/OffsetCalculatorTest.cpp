@@ -68,14 +68,14 @@ protected:
 
     std::string names(const std::string& properties, const std::string& text) {
         parse(properties, text);
-        NameOffsetCalculator calculator(scheme);
+        NameOffsetCalculator calculator(Scheme::from(scheme));
         root->accept(calculator);
         return list(calculator.dataNameColumns(), calculator.functionNameColumns());
     }
 
     std::string initializers(const std::string& properties, const std::string& text) {
         parse(properties, text);
-        DataOffsetCalculator calculator(scheme);
+        DataOffsetCalculator calculator(Scheme::from(scheme));
         root->accept(calculator);
         return list(calculator.initializerColumns(), {});
     }

@@ -74,10 +74,10 @@ class CommentSlideTest : public testing::TestWithParam<const char*> {};
 
 TEST_P(CommentSlideTest, SurvivesBetweenAnyTwoTokens) {
     Brevis::PropertySet scheme = readScheme(sourceDirectory() / "schemes" / (std::string(GetParam()) + ".fsc"));
-    scheme.setBool(Brevis::Key::LINE_WRAP, false);
+    scheme.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), false);
     Brevis::PropertySet wrappingScheme = scheme;
-    wrappingScheme.setBool(Brevis::Key::LINE_WRAP, true);
-    wrappingScheme.setInt(Brevis::Key::RIGHT_MARGIN, 20);
+    wrappingScheme.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), true);
+    wrappingScheme.setInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::rightMargin), 20);
     const Brevis::FormatterProperties wrapping(wrappingScheme);
 
     int texts = 0;

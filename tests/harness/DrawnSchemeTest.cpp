@@ -31,7 +31,7 @@ TEST(DrawnSchemeTest, ChangesOnlyWhiteSpace) {
 
         // A value with a carriage return makes lines that end elsewhere for the second pass.
         if (trial.text.find('\r') != std::string::npos) continue;
-        scheme.setInt(Brevis::Key::RIGHT_MARGIN, 1 << 30);
+        scheme.setInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::rightMargin), 1 << 30);
         Trn::ParseMessageList messages;
         const Brevis::FormatterProperties properties(scheme);
         const Brevis::FormatResult wrapped = Brevis::Formatter().wrap(properties, trial.text, messages);

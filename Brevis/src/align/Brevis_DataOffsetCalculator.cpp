@@ -3,17 +3,12 @@
 
 #include <algorithm>
 
-#include "scheme/Brevis_PropertyCatalogue.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
 #include "text/Brevis_StreamColumns.h"
 
 namespace Brevis {
-
-DataOffsetCalculator::DataOffsetCalculator(const PropertySet& properties) : OffsetCalculator(properties) {
-    properties.getBool(Key::ALIGN_DD_NAMES_LEFT, alignNames_);
-}
 
 // A declaration with a type and no initializer is passed over: it neither joins the group nor ends it.
 void DataOffsetCalculator::visit(Cpp::DataDeclNode& node) {

@@ -7,7 +7,8 @@ namespace Brevis {
 
 class DataOffsetCalculator : public OffsetCalculator {
 public:
-    explicit DataOffsetCalculator(const PropertySet& properties);
+    explicit DataOffsetCalculator(const Scheme& scheme)
+        : OffsetCalculator(scheme), alignNames_(scheme.alignDdNamesLeft) {}
 
     // Complete once a root has accepted the calculator.
     const ColumnTable& initializerColumns() const { return columns_; }
@@ -25,7 +26,7 @@ private:
     void visitFunction(Cpp::FunctionDeclNode& node);
 
     // Configuration
-    bool alignNames_ = false;
+    bool alignNames_;
     // The open group
     std::vector<const Cpp::SyntaxNode*> pending_;
     int maxWidth_ = 0;

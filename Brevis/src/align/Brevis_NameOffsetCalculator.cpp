@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cctype>
 
-#include "scheme/Brevis_PropertyCatalogue.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
@@ -36,20 +35,18 @@ std::size_t lastIndexBeforeMark(const std::string& text, char mark) {
 
 }  // namespace
 
-NameOffsetCalculator::NameOffsetCalculator(const PropertySet& properties) : OffsetCalculator(properties) {
-    properties.getBool(Key::ALIGN_CLASS_MEMBER_NAMES_LEFT, alignClassMembers_);
-    properties.getBool(Key::ALIGN_FN_DECL_NAMES_LEFT, alignFunctions_);
-    properties.getBool(Key::ALIGN_DD_NAMES_LEFT, alignData_);
-    readSign(properties, asterisk_, Key::ASTERISK_ANCHOR, Key::WS_BETWEEN_ASTERISK_ANCHOR, Key::HANGING_ASTERISK);
-    readSign(properties, ampersand_, Key::AMPERSAND_ANCHOR, Key::WS_BETWEEN_AMPERSAND_ANCHOR, Key::HANGING_AMPERSAND);
-}
+NameOffsetCalculator::NameOffsetCalculator(const Scheme& scheme)
+    : OffsetCalculator(scheme),
+      alignClassMembers_(scheme.alignClassMemberNamesLeft),
+      alignFunctions_(scheme.alignFnDeclNamesLeft),
+      alignData_(scheme.alignDdNamesLeft),
+      asterisk_{'*', scheme.asteriskAnchor, signGap(scheme.asteriskAnchor, scheme.wsBetweenAsteriskAnchor),
+                scheme.hangingAsterisk},
+      ampersand_{'&', scheme.ampersandAnchor, signGap(scheme.ampersandAnchor, scheme.wsBetweenAmpersandAnchor),
+                 scheme.hangingAmpersand} {}
 
-void NameOffsetCalculator::readSign(const PropertySet& properties, SignStyle& sign, std::string_view anchorKey,
-                                    std::string_view gapKey, std::string_view hangingKey) const {
-    properties.getInt(anchorKey, sign.anchor);
-    properties.getBool(hangingKey, sign.hanging);
-    std::string gap;
-    if (sign.anchor != -1 && properties.getString(gapKey, gap)) sign.gap = columnAfter(gap, 0, tabSize());
+int NameOffsetCalculator::signGap(int anchor, const WsProperty& gap) const {
+    return anchor != -1 && gap.isSet ? columnAfter(gap.text, 0, tabSize()) : -1;
 }
 
 // The group in which a class ends stays open: the next end of a group closes it under the class rule, and a data

@@ -9,7 +9,7 @@ namespace Brevis {
 
 class NameOffsetCalculator : public OffsetCalculator {
 public:
-    explicit NameOffsetCalculator(const PropertySet& properties);
+    explicit NameOffsetCalculator(const Scheme& scheme);
 
     // Complete once a root has accepted the calculator.
     const ColumnTable& dataNameColumns() const { return dataNameColumns_; }
@@ -32,13 +32,12 @@ private:
     // How the scheme places one of the two pointer signs.
     struct SignStyle {
         char mark;
-        int anchor = -1;  // 0 with the type, 1 with the name
-        int gap = -1;     // the columns between the sign and what it is kept away from, -1 where the scheme is silent
-        bool hanging = false;
+        int anchor;  // 0 with the type, 1 with the name
+        int gap;     // the columns between the sign and what it is kept away from, -1 where the scheme is silent
+        bool hanging;
     };
 
-    void readSign(const PropertySet& properties, SignStyle& sign, std::string_view anchorKey, std::string_view gapKey,
-                  std::string_view hangingKey) const;
+    int signGap(int anchor, const WsProperty& gap) const;
     // The sign at the end of a type, or null.
     const SignStyle* trailingSign(const std::string& type) const;
 
@@ -53,11 +52,11 @@ private:
     static void settle(Group& group, ColumnTable& columns, int column);
 
     // Configuration
-    bool alignClassMembers_ = false;
-    bool alignFunctions_ = false;
-    bool alignData_ = false;
-    SignStyle asterisk_{'*'};
-    SignStyle ampersand_{'&'};
+    bool alignClassMembers_;
+    bool alignFunctions_;
+    bool alignData_;
+    SignStyle asterisk_;
+    SignStyle ampersand_;
     // Where the walk is
     bool inClass_ = false;
     bool classJustEnded_ = false;

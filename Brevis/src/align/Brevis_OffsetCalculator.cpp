@@ -1,17 +1,7 @@
 // The walk of the alignment passes.
 #include "align/Brevis_OffsetCalculator.h"
 
-#include <algorithm>
-
-#include "scheme/Brevis_PropertyCatalogue.h"
-
 namespace Brevis {
-
-OffsetCalculator::OffsetCalculator(const PropertySet& properties) {
-    std::int32_t tabSize = 1;
-    properties.getInt(Key::TAB_SIZE, tabSize);
-    tabSize_ = std::max(tabSize, 1);
-}
 
 void OffsetCalculator::visit(Cpp::BlockNode& node) {
     endGroup();

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "Cpp_Nodes.h"
-#include "scheme/Brevis_FormatterProperties.h"
+#include "scheme/Brevis_Scheme.h"
 
 namespace Brevis {
 
@@ -16,7 +16,7 @@ using ColumnTable = std::unordered_map<const Cpp::SyntaxNode*, std::int32_t>;
 
 class OffsetCalculator : public Cpp::Emitter {
 public:
-    explicit OffsetCalculator(const PropertySet& properties);
+    explicit OffsetCalculator(const Scheme& scheme) : tabSize_(scheme.tabSize) {}
 
     using Emitter::visit;
     void visit(Cpp::RootNode& node) override { closeBehind(node); }
@@ -52,7 +52,7 @@ protected:
 private:
     void closeBehind(Cpp::InteriorNode& node);
 
-    int tabSize_ = 1;
+    int tabSize_;
     bool afterTemplate_ = false;
     Cpp::Position templatePosition_;
 };

@@ -1,6 +1,5 @@
 // The walk of the expression formatter: which rule takes a token, and the rules for operators.
 #include "expr/Brevis_CppExprFormatter.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
 
 #include <algorithm>
 #include <array>
@@ -14,39 +13,33 @@ namespace Kind = Trn::Kind;
 
 // ---- Construction
 
-CppExprFormatter::CppExprFormatter(const PropertySet& scheme) : CppExprFormatterBase(scheme) {
-    const auto read = [this](std::string_view key) {
-        WsProperty value = wsProperty(properties(), key);
-        anyValueBreaks_ |= value.holdsLineFeed();
-        return value;
-    };
-    wsBetweenOpOperands_ = read(Key::WS_BETWEEN_EXPR_OP_OPERANDS);
-    wsAfterFnCallName_ = read(Key::WS_AFTER_FN_CALL_NAME);
-    parens_ = {read(Key::WS_AFTER_EXPR_OPEN_PAREN), read(Key::WS_BEFORE_EXPR_CLOSE_PAREN),
-               read(Key::WS_BEFORE_FN_CALL_COMMA), read(Key::WS_BETWEEN_FN_CALL_ARGS)};
-    bool alignCallArgs = false;
-    properties().getBool(Key::ALIGN_FN_CALL_ARGS_LEFT, alignCallArgs);
-    if (!parens_.between.isSet && alignCallArgs) {
-        parens_.between = newlineWs;
-        anyValueBreaks_ = true;
-    }
-    squares_ = {read(Key::WS_AFTER_LBRACKET), read(Key::WS_BEFORE_RBRACKET), noWs, noWs};
-    wsAfterTpOpen_ = read(Key::WS_AFTER_TP_OPEN_BRACKET);
-    wsBeforeTpClose_ = read(Key::WS_BEFORE_TP_CLOSE_BRACKET);
-    wsBetweenTpParams_ = read(Key::WS_BETWEEN_TP_PARAMS);
-    castAngles_ = {wsAfterTpOpen_, wsBeforeTpClose_, parens_.comma, parens_.between};
-    wsBetweenAsteriskAnchor_ = read(Key::WS_BETWEEN_ASTERISK_ANCHOR);
-    wsBetweenAmpersandAnchor_ = read(Key::WS_BETWEEN_AMPERSAND_ANCHOR);
-    wsBeforeDdOpenBrace_ = read(Key::WS_BEFORE_DD_OPEN_BRACE);
-    wsAfterDdOpenBrace_ = read(Key::WS_AFTER_DD_OPEN_BRACE);
-    wsBeforeDdCloseBrace_ = read(Key::WS_BEFORE_DD_CLOSE_BRACE);
-    wsBeforeDdComma_ = read(Key::WS_BEFORE_DD_COMMA);
-    wsBetweenDdElements_ = read(Key::WS_BETWEEN_DD_ELEMENTS);
-    indentDdContent_ = read(Key::INDENT_DD_CONTENT);
-    properties().getInt(Key::ASTERISK_ANCHOR, asteriskAnchor_);
-    properties().getInt(Key::AMPERSAND_ANCHOR, ampersandAnchor_);
-    properties().getBool(Key::LINE_WRAP, lineWrap_);
+namespace {
+
+// The values that act in expressions. What goes between call arguments is looked up on its own.
+constexpr WsProperty Scheme::*exprValues[] = {
+    &Scheme::wsBetweenExprOpOperands, &Scheme::wsAfterFnCallName,       &Scheme::wsAfterExprOpenParen,
+    &Scheme::wsBeforeExprCloseParen,  &Scheme::wsBeforeFnCallComma,     &Scheme::wsAfterLbracket,
+    &Scheme::wsBeforeRbracket,        &Scheme::wsAfterTpOpenBracket,    &Scheme::wsBeforeTpCloseBracket,
+    &Scheme::wsBetweenTpParams,       &Scheme::wsBetweenAsteriskAnchor, &Scheme::wsBetweenAmpersandAnchor,
+    &Scheme::wsBeforeDdOpenBrace,     &Scheme::wsAfterDdOpenBrace,      &Scheme::wsBeforeDdCloseBrace,
+    &Scheme::wsBeforeDdComma,         &Scheme::wsBetweenDdElements,     &Scheme::indentDdContent,
+};
+
+bool anyValueBreaks(const Scheme& scheme) {
+    const auto breaks = [&scheme](WsProperty Scheme::*value) { return (scheme.*value).holdsLineFeed(); };
+    return scheme.betweenFnCallArgs().holdsLineFeed() ||
+           std::any_of(std::begin(exprValues), std::end(exprValues), breaks);
 }
+
+}  // namespace
+
+CppExprFormatter::CppExprFormatter(const Scheme& scheme)
+    : CppExprFormatterBase(scheme),
+      anyValueBreaks_(anyValueBreaks(scheme)),
+      parens_{scheme.wsAfterExprOpenParen, scheme.wsBeforeExprCloseParen, scheme.wsBeforeFnCallComma,
+              scheme.betweenFnCallArgs()},
+      squares_{scheme.wsAfterLbracket, scheme.wsBeforeRbracket, noWs, noWs},
+      castAngles_{scheme.wsAfterTpOpenBracket, scheme.wsBeforeTpCloseBracket, parens_.comma, parens_.between} {}
 
 CppExprFormatter::~CppExprFormatter() = default;
 
@@ -209,14 +202,14 @@ void CppExprFormatter::skipTrivia(ExprWalk& walk) {
 }
 
 void CppExprFormatter::spaceBeforeOp(ExprWalk& walk, const ExprToken& before, const ExprToken& op) {
-    if (!isBinaryOp(op.kind) || !wsBetweenOpOperands_.isSet) return walk.copyBefore(op);
+    if (!isBinaryOp(op.kind) || !scheme().wsBetweenExprOpOperands.isSet) return walk.copyBefore(op);
     walk.copyThrough(before);
-    walk.writeTrimmed(walk.readBefore(op), wsBetweenOpOperands_);
+    walk.writeTrimmed(walk.readBefore(op), scheme().wsBetweenExprOpOperands);
 }
 
 void CppExprFormatter::spaceAfterOp(ExprWalk& walk, const ExprToken& op, const ExprToken& after) {
-    if (!isBinaryOp(op.kind) || !wsBetweenOpOperands_.isSet) return walk.copyBefore(after);
-    walk.writeTrimmed(walk.trimmedLeft(walk.readThrough(op)), wsBetweenOpOperands_);
+    if (!isBinaryOp(op.kind) || !scheme().wsBetweenExprOpOperands.isSet) return walk.copyBefore(after);
+    walk.writeTrimmed(walk.trimmedLeft(walk.readThrough(op)), scheme().wsBetweenExprOpOperands);
     if (Trn::isTrivia(after.kind))
         walk.copyBefore(after);
     else
@@ -232,7 +225,7 @@ void CppExprFormatter::spaceUnarySign(ExprWalk& walk) {
 
 // With wrapping on, a literal continued on the next line comes back to this line; the wrapper breaks it again.
 void CppExprFormatter::joinStrings(ExprWalk& walk) {
-    if (!lineWrap_) return walk.copyBefore(walk.next());
+    if (!scheme().lineWrap) return walk.copyBefore(walk.next());
     walk.copyThrough(walk.current());
     walk.write(" ");
     walk.writeTrimmedLeft(walk.readBefore(walk.next()));
@@ -240,13 +233,13 @@ void CppExprFormatter::joinStrings(ExprWalk& walk) {
 
 void CppExprFormatter::writeDirectiveToken(ExprWalk& walk, const ExprToken& token) {
     OIndentStream& out = walk.out();
-    if (!hasAlignPpdLeftMost()) return writeRaw(out, walk.readThrough(token));
+    if (!scheme().alignPpdLeftMost) return writeRaw(out, walk.readThrough(token));
 
     std::optional<LeadingWsGuard> keep;
     std::optional<IndentStringGuard> indent;
-    if (alignPpdLeftMost()) {
+    if (*scheme().alignPpdLeftMost) {
         keep.emplace(out, false);
-        if (leftMargin().isSet) indent.emplace(out, leftMargin().text);
+        if (scheme().leftMargin.isSet) indent.emplace(out, scheme().leftMargin.text);
     }
     walk.write(walk.readBefore(token));
     const int column = walk.columnOf(token.begin);

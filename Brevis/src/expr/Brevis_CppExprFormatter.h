@@ -17,7 +17,9 @@ namespace Brevis {
 
 class CppExprFormatter : public CppExprFormatterBase {
 public:
-    explicit CppExprFormatter(const PropertySet& scheme);
+    // The scheme must outlive the formatter.
+    explicit CppExprFormatter(const Scheme& scheme);
+    explicit CppExprFormatter(Scheme&& scheme) = delete;
     ~CppExprFormatter() override;
 
     // The re-spaced text. Throws Trn::Exception for brackets nested beyond Trn::NestingGuard::limit.
@@ -52,10 +54,10 @@ private:
 
     // The values at one kind of bracket. The last two are for the commas inside.
     struct BracketValues {
-        WsProperty afterOpen;
-        WsProperty beforeClose;
-        WsProperty comma;
-        WsProperty between;
+        const WsProperty& afterOpen;
+        const WsProperty& beforeClose;
+        const WsProperty& comma;
+        const WsProperty& between;
 
         bool spacesInside() const { return afterOpen.isSet || beforeClose.isSet; }
         bool spacesCommas() const { return comma.isSet || between.isSet; }
@@ -99,27 +101,11 @@ private:
 
     void writeAlignedLine(std::string_view line, int widest, OIndentStream& out) const;
 
-    // Values of the scheme
-    bool anyValueBreaks_ = false;  // one of them holds a line feed
-    WsProperty wsBetweenOpOperands_;
-    WsProperty wsAfterFnCallName_;
+    // Configuration, never changed after construction
+    bool anyValueBreaks_;  // one of the values that act in expressions holds a line feed
     BracketValues parens_;
     BracketValues squares_;
     BracketValues castAngles_;
-    WsProperty wsAfterTpOpen_;
-    WsProperty wsBeforeTpClose_;
-    WsProperty wsBetweenTpParams_;
-    WsProperty wsBetweenAsteriskAnchor_;
-    WsProperty wsBetweenAmpersandAnchor_;
-    WsProperty wsBeforeDdOpenBrace_;
-    WsProperty wsAfterDdOpenBrace_;
-    WsProperty wsBeforeDdCloseBrace_;
-    WsProperty wsBeforeDdComma_;
-    WsProperty wsBetweenDdElements_;
-    WsProperty indentDdContent_;
-    std::int32_t asteriskAnchor_ = -1;
-    std::int32_t ampersandAnchor_ = -1;
-    bool lineWrap_ = false;
 
     // State of the walk, changed under guards only
     bool typeMode_ = false;

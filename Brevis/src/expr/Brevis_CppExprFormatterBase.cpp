@@ -1,21 +1,10 @@
-// The members that both walkers read, and the writers for text of several lines.
+// The writers for text of several lines.
 #include "expr/Brevis_CppExprFormatterBase.h"
 
 #include <algorithm>
 #include <cctype>
 
-#include "scheme/Brevis_EngineDefaults.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
-
 namespace Brevis {
-
-CppExprFormatterBase::CppExprFormatterBase(const PropertySet& scheme) : properties_(scheme) {
-    applyEngineDefaults(properties_);
-    properties_.getInt(Key::TAB_SIZE, tabSize_);
-    tabSize_ = std::max(tabSize_, 1);  // a smaller one acts as 1 wherever columns are computed
-    leftMargin_ = wsProperty(properties_, Key::LEFT_MARGIN);
-    hasAlignPpdLeftMost_ = properties_.getBool(Key::ALIGN_PPD_LEFT_MOST, alignPpdLeftMost_);
-}
 
 std::string CppExprFormatterBase::writeOrdinary(std::string_view text, const IndentStreamSettings& settings) {
     const bool converts = settings.convertMode == 1 || settings.convertMode == 2;
@@ -62,10 +51,11 @@ void CppExprFormatterBase::writeMultiLine(Position first, Position last, ITextDo
 }
 
 void CppExprFormatterBase::writeDirective(Position first, Position last, ITextDocStream& in, OIndentStream& out) const {
-    if (alignPpdLeftMost_) {
-        const IndentStringGuard indent(out, leftMargin_.isSet ? leftMargin_.text : out.indent());
+    const std::optional<bool> leftMost = scheme_.alignPpdLeftMost;
+    if (leftMost == true) {
+        const IndentStringGuard indent(out, scheme_.leftMargin.isSet ? scheme_.leftMargin.text : out.indent());
         writeMultiLine(first, last, in, out);
-    } else if (hasAlignPpdLeftMost_) {
+    } else if (leftMost == false) {
         writeMultiLine(first, last, in, out);
     } else {
         const IndentStringGuard indent(out, {});

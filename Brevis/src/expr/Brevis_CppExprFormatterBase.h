@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "Trn_TokenKind.h"
-#include "scheme/Brevis_WsProperty.h"
+#include "scheme/Brevis_Scheme.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
@@ -47,8 +47,9 @@ constexpr bool isAssignment(Trn::TokenKind kind) {
 // the place where the text lands. The results hold the indent of the lines behind the first.
 class CppExprFormatterBase {
 public:
-    // Takes a private copy of the scheme with the engine defaults applied.
-    explicit CppExprFormatterBase(const PropertySet& scheme);
+    // The scheme must outlive the formatter.
+    explicit CppExprFormatterBase(const Scheme& scheme) : scheme_(scheme) {}
+    explicit CppExprFormatterBase(Scheme&& scheme) = delete;
     virtual ~CppExprFormatterBase() = default;
 
     // The text with the white space round each separator of token number `kind` at depth zero replaced, items
@@ -67,20 +68,12 @@ public:
     static std::string writeOrdinary(std::string_view text, const IndentStreamSettings& settings);
 
 protected:
-    const PropertySet& properties() const { return properties_; }
-    int tabSize() const { return tabSize_; }
-    const WsProperty& leftMargin() const { return leftMargin_; }
-    bool hasAlignPpdLeftMost() const { return hasAlignPpdLeftMost_; }
-    bool alignPpdLeftMost() const { return alignPpdLeftMost_; }
+    const Scheme& scheme() const { return scheme_; }
 
 private:
     class ListPass;
 
-    PropertySet properties_;
-    int tabSize_ = 1;
-    WsProperty leftMargin_;
-    bool hasAlignPpdLeftMost_ = false;
-    bool alignPpdLeftMost_ = false;
+    const Scheme& scheme_;
 };
 
 }  // namespace Brevis

@@ -220,7 +220,7 @@ void CppExprFormatterBase::ListPass::writeAligned(std::string_view separator) {
     if (wsBefore_.holdsLineFeed()) {
         std::string line = wsBefore_.text.substr(wsBefore_.text.rfind('\n') + 1);
         line += separator;
-        target = columnBefore(line, column_, writers_.tabSize());
+        target = columnBefore(line, column_, writers_.scheme_.tabSize);
     }
     const LeadingWsGuard keep(out_, true);
     const IndentStringGuard indent(out_, indentStringFor(out_, target));

@@ -107,13 +107,14 @@ void CppExprFormatter::afterParen(ExprWalk& walk) {
         case Kind::StringLiteral:
         case Kind::OpenParen:
         case Kind::Identifier:
-            if (wsBetweenOpOperands_.isSet) walk.writeTrimmed(walk.readBefore(walk.next()), wsBetweenOpOperands_);
+            if (scheme().wsBetweenExprOpOperands.isSet)
+                walk.writeTrimmed(walk.readBefore(walk.next()), scheme().wsBetweenExprOpOperands);
             break;
         case Kind::Star:
         case Kind::Amp:
             if (!lastIsSign) break;
-            if (wsBetweenOpOperands_.isSet)
-                walk.writeTrimmed(walk.readBefore(walk.next()), wsBetweenOpOperands_);
+            if (scheme().wsBetweenExprOpOperands.isSet)
+                walk.writeTrimmed(walk.readBefore(walk.next()), scheme().wsBetweenExprOpOperands);
             else
                 walk.copyBefore(walk.next());
             return walk.copyPair();  // the sign comes up as the current token, which makes it unary
@@ -124,9 +125,9 @@ void CppExprFormatter::afterParen(ExprWalk& walk) {
 }
 
 void CppExprFormatter::formatCall(ExprWalk& walk) {
-    if (wsAfterFnCallName_.isSet) {
+    if (scheme().wsAfterFnCallName.isSet) {
         walk.copyThrough(walk.current());
-        walk.writeTrimmed(walk.readBefore(walk.next()), wsAfterFnCallName_);
+        walk.writeTrimmed(walk.readBefore(walk.next()), scheme().wsAfterFnCallName);
     } else {
         walk.copyBefore(walk.next());
     }
@@ -142,10 +143,10 @@ void CppExprFormatter::formatCast(ExprWalk& walk) {
         const TypeMode typeMode(*this, noWs);
         formatBracket(walk, castAngles_);
     }
-    if (!wsBetweenOpOperands_.isSet) return;
+    if (!scheme().wsBetweenExprOpOperands.isSet) return;
     walk.advance();
     if (walk.more() && walk.nextKind() == Kind::OpenParen) {
-        walk.writeTrimmed(walk.readBefore(walk.next()), wsBetweenOpOperands_);
+        walk.writeTrimmed(walk.readBefore(walk.next()), scheme().wsBetweenExprOpOperands);
         formatToken(walk);
     }
 }
@@ -158,10 +159,10 @@ void CppExprFormatter::formatInitializer(ExprWalk& walk) {
     if (walk.nextKind() != Kind::OpenBrace) return defaultRule(walk);
     const ExprToken& eq = walk.current();
     const ExprToken& brace = walk.next();
-    if (wsBeforeDdOpenBrace_.isSet) {
+    if (scheme().wsBeforeDdOpenBrace.isSet) {
         walk.copyThrough(eq);
         walk.write(trimmedRight(walk.readBefore(brace)));
-        if (!Trn::isLineToken(eq.kind)) walk.writeWs(wsBeforeDdOpenBrace_);
+        if (!Trn::isLineToken(eq.kind)) walk.writeWs(scheme().wsBeforeDdOpenBrace);
     }
     walk.copyThrough(brace);
     walk.advance();
@@ -176,9 +177,9 @@ void CppExprFormatter::formatInitializer(ExprWalk& walk) {
         writeEmptyPair(walk, brace, close);
     } else {
         formatInitializerElements(walk, walk.readSlice(first, brace.close, walk.current().end));
-        if (wsBeforeDdCloseBrace_.isSet) {
+        if (scheme().wsBeforeDdCloseBrace.isSet) {
             walk.writeTrimmedLeft(walk.readBefore(close));
-            walk.writeWs(wsBeforeDdCloseBrace_);
+            walk.writeWs(scheme().wsBeforeDdCloseBrace);
         }
     }
     walk.copyThrough(close);
@@ -186,17 +187,17 @@ void CppExprFormatter::formatInitializer(ExprWalk& walk) {
 
 void CppExprFormatter::formatInitializerElements(ExprWalk& walk, const ExprSlice& elements) {
     ExprSlice slice = elements;
-    if (wsAfterDdOpenBrace_.isSet) {
+    if (scheme().wsAfterDdOpenBrace.isSet) {
         slice.begin = slice.end - static_cast<std::uint32_t>(trimmedLeft(slice.text()).size());
-        walk.writeWs(wsAfterDdOpenBrace_);
+        walk.writeWs(scheme().wsAfterDdOpenBrace);
     }
     OIndentStream& out = walk.out();
-    const LeadingWsGuard keep(out, out.keepLeadingWs() && !indentDdContent_.isSet);
-    const IndentStringGuard indent(out, out.indent() + indentDdContent_.text);
+    const LeadingWsGuard keep(out, out.keepLeadingWs() && !scheme().indentDdContent.isSet);
+    const IndentStringGuard indent(out, out.indent() + scheme().indentDdContent.text);
     const IndentStreamSettings settings = out.settings();
     std::string text = formatSlice(slice, settings);
-    if (wsBeforeDdComma_.isSet || wsBetweenDdElements_.isSet)
-        text = formatAround(text, Kind::Comma, wsBeforeDdComma_, wsBetweenDdElements_, settings);
+    if (scheme().wsBeforeDdComma.isSet || scheme().wsBetweenDdElements.isSet)
+        text = formatAround(text, Kind::Comma, scheme().wsBeforeDdComma, scheme().wsBetweenDdElements, settings);
     walk.write(text);
 }
 
@@ -259,23 +260,23 @@ void CppExprFormatter::formatArguments(ExprWalk& walk, std::uint32_t open, std::
     const ExprSlice slice = walk.readSlice(open + 1, close, last.end);
     const IndentStreamSettings settings = walk.out().settings();
     std::string text;
-    if (wsBetweenTpParams_.isSet) {
+    if (scheme().wsBetweenTpParams.isSet) {
         const TypeMode typeMode(*this, noWs);
-        text = formatAround(formatSlice(slice, settings), Kind::Comma, noWs, wsBetweenTpParams_, settings);
+        text = formatAround(formatSlice(slice, settings), Kind::Comma, noWs, scheme().wsBetweenTpParams, settings);
     } else {
         text = formatSlice(slice, settings);
     }
-    if (wsAfterTpOpen_.isSet) {
+    if (scheme().wsAfterTpOpenBracket.isSet) {
         trimLeft(text);
-        walk.writeWs(wsAfterTpOpen_);
+        walk.writeWs(scheme().wsAfterTpOpenBracket);
     }
     walk.write(text);
 
-    if (wsBeforeTpClose_.isSet) {
+    if (scheme().wsBeforeTpCloseBracket.isSet) {
         walk.writeTrimmedLeft(walk.readBefore(closeToken));
         // Two closing brackets never touch.
-        const bool wouldTouch = last.kind == Kind::Greater && wsBeforeTpClose_.text.empty();
-        writeWs(walk.out(), wouldTouch ? " " : wsBeforeTpClose_.text);
+        const bool wouldTouch = last.kind == Kind::Greater && scheme().wsBeforeTpCloseBracket.text.empty();
+        writeWs(walk.out(), wouldTouch ? " " : scheme().wsBeforeTpCloseBracket.text);
     }
     walk.copyThrough(closeToken);
 }

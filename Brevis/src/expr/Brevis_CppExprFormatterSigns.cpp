@@ -48,8 +48,8 @@ SignRun readRun(ExprWalk& walk) {
 // The type's last token is the current one and a sign is next. A mixed run goes by its first sign.
 void CppExprFormatter::pointerRun(ExprWalk& walk) {
     const bool isStar = walk.nextKind() == Kind::Star;
-    const int anchor = isStar ? asteriskAnchor_ : ampersandAnchor_;
-    const WsProperty& between = isStar ? wsBetweenAsteriskAnchor_ : wsBetweenAmpersandAnchor_;
+    const int anchor = isStar ? scheme().asteriskAnchor : scheme().ampersandAnchor;
+    const WsProperty& between = isStar ? scheme().wsBetweenAsteriskAnchor : scheme().wsBetweenAmpersandAnchor;
     OIndentStream& out = walk.out();
     const SignRun run = readRun(walk);
 

@@ -5,7 +5,6 @@
 #include <cctype>
 
 #include "Cpp_Lexer.h"
-#include "scheme/Brevis_EngineDefaults.h"
 
 namespace Brevis {
 
@@ -27,13 +26,8 @@ bool isLiteralOrNumber(const Trn::Token& token) {
 
 }  // namespace
 
-CppFormatter::CppFormatter(std::string_view source, const FormatterProperties& properties)
-    : props_(withEngineDefaults(properties)),
-      scheme_(props_),
-      source_(source),
-      in_(source, scheme_.tabSize),
-      out_(scheme_.outputSettings()),
-      expr_(properties) {}
+CppFormatter::CppFormatter(std::string_view source, const Scheme& scheme)
+    : scheme_(scheme), source_(source), in_(source, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme) {}
 
 bool hasBraces(const Cpp::InteriorNode& body) {
     if (body.childCount() == 0) return body.firstPosition() != body.lastPosition();

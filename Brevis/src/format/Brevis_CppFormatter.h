@@ -16,8 +16,7 @@
 #include "Cpp_Nodes.h"
 #include "align/Brevis_OffsetCalculator.h"
 #include "expr/Brevis_CppExprFormatter.h"
-#include "scheme/Brevis_CppFormatterScheme.h"
-#include "scheme/Brevis_FormatterProperties.h"
+#include "scheme/Brevis_Scheme.h"
 #include "text/Brevis_ColumnPush.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
@@ -30,8 +29,9 @@ namespace Brevis {
 // ...Classes, ...Functions, ...Data, ...Enums, ...Bodies, ...Statements and ...Trivia.
 class CppFormatter : public Cpp::Emitter {
 public:
-    // `source` is the text that the tree was parsed from; it must outlive the formatter.
-    CppFormatter(std::string_view source, const FormatterProperties& properties);
+    // `source` is the text that the tree was parsed from; it and the scheme must outlive the formatter.
+    CppFormatter(std::string_view source, const Scheme& scheme);
+    CppFormatter(std::string_view source, Scheme&& scheme) = delete;
 
     // The formatted text, complete once the root has accepted the formatter.
     std::string takeText() { return out_.takeStr(); }
@@ -171,9 +171,7 @@ private:
     void writeForClauses(const std::string& text, std::size_t firstEnd, std::size_t secondEnd, int insideColumn);
     void writeCondition(std::string text, Trn::TokenKind keyword, int insideColumn);
 
-    // Configuration, never changed after construction
-    PropertySet props_;
-    CppFormatterScheme scheme_;
+    const Scheme& scheme_;
 
     // The two cursors
     std::string_view source_;

@@ -46,7 +46,7 @@ void CppFormatter::visit(Cpp::BaseClauseListNode& list) {
     if (auto ws = popPending()) before = {true, std::move(*ws)};
     writeRaw(out_, expr_.formatAround(gap, Trn::Kind::Colon, before, scheme_.wsBeforeBaseClauses, out_.settings()));
 
-    const WsProperty& between = scheme_.alignBaseClausesLeft ? newlineWs : scheme_.wsBetweenBaseClauses;
+    const WsProperty& between = scheme_.betweenBaseClauses();
     formatListItems(list, scheme_.wsBeforeBaseClausesComma, between);
 }
 

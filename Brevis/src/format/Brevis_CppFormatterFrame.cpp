@@ -7,13 +7,13 @@ namespace Brevis {
 
 void CppFormatter::visit(Cpp::RootNode& root) {
     if (scheme_.alignClassMemberNamesLeft || scheme_.alignFnDeclNamesLeft || scheme_.alignDdNamesLeft) {
-        NameOffsetCalculator calculator(props_);
+        NameOffsetCalculator calculator(scheme_);
         root.accept(calculator);
         functionNameColumns_ = calculator.functionNameColumns();
         dataNameColumns_ = calculator.dataNameColumns();
     }
     if (scheme_.alignDdInitializers) {
-        DataOffsetCalculator calculator(props_);
+        DataOffsetCalculator calculator(scheme_);
         root.accept(calculator);
         initializerColumns_ = calculator.initializerColumns();
     }
@@ -104,7 +104,7 @@ void CppFormatter::visit(Cpp::TemplateNode& node) {
             }
         }
 
-        formatListItems(parameters, scheme_.wsBeforeTpComma, scheme_.wsBetweenTpParams);
+        formatListItems(parameters, scheme_.wsBeforeTpComma, scheme_.betweenTpParams());
 
         if (count > 0) {
             gap = expr_.formatType(readBefore(in_, parameters.lastPosition()), out_.settings(),

@@ -47,7 +47,7 @@ int CppFormatter::formatFunctionHead(Cpp::FunctionDeclNode& node) {
         }
         out_ << gap;
         formatParenList(*head.parameters, scheme_.wsAfterFnOpenParen, scheme_.wsBeforeFnComma,
-                        scheme_.wsBetweenFnParams, scheme_.wsBeforeFnCloseParen);
+                        scheme_.betweenFnParams(), scheme_.wsBeforeFnCloseParen);
     }
     // The close parenthesis with the qualifiers and specifiers behind it.
     writeRaw(out_, expr_.format(readThrough(in_, head.lastPosition()), out_.settings()));
@@ -164,7 +164,7 @@ void CppFormatter::visit(Cpp::FunctionPtrDeclNode& node) {
     if (node.parameters) {
         out_ << readBefore(in_, node.parameters->firstPosition());
         formatParenList(*node.parameters, scheme_.wsAfterFnOpenParen, scheme_.wsBeforeFnComma,
-                        scheme_.wsBetweenFnParams, scheme_.wsBeforeFnCloseParen);
+                        scheme_.betweenFnParams(), scheme_.wsBeforeFnCloseParen);
     }
     copyToEnd(node);
 }

@@ -1,11 +1,11 @@
-// What all stages of a format run are given: a copy of the scheme and of the table of region markers.
+// What a format run is given: the values of a scheme, read once, and the table of region markers.
 #pragma once
 
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "scheme/Brevis_PropertySet.h"
+#include "scheme/Brevis_Scheme.h"
 
 namespace Brevis {
 
@@ -15,10 +15,12 @@ using RegionTable = std::vector<std::pair<std::string, std::string>>;
 // The table that the program uses.
 const RegionTable& regionTable();
 
-struct FormatterProperties : PropertySet {
-    explicit FormatterProperties(const PropertySet& scheme, RegionTable table = regionTable())
-        : PropertySet(scheme), regions(std::move(table)) {}
+// Built from a scheme once; the run hands parts of it to the stages by reference.
+struct FormatterProperties {
+    explicit FormatterProperties(const PropertySet& properties, RegionTable table = regionTable())
+        : scheme(Scheme::from(properties)), regions(std::move(table)) {}
 
+    Scheme scheme;
     RegionTable regions;
 };
 

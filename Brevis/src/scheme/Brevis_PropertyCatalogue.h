@@ -1,178 +1,22 @@
-// The vocabulary of a scheme: every key that a PropertySet may hold, with its type and its page default. One table
-// feeds the readers of the keys, the tests, the reference page and the scheme editor; nothing else spells a key out.
+// The vocabulary of a scheme: every key that a PropertySet may hold, with its type, its page default and the member of
+// Scheme that it fills. One table feeds the reading of a scheme, the tests, the reference page and the scheme editor;
+// nothing else binds a key to what it means.
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <iterator>
+#include <optional>
+#include <span>
 #include <string_view>
+#include <variant>
+
+#include "scheme/Brevis_Scheme.h"
 
 namespace Brevis {
 
-// The program version that stands in the schemes of this program under Key::CORVANE_VERSION.
+// The program version that stands in the schemes of this program under CORVANE_VERSION.
 inline constexpr std::string_view schemeVersion = "1.2.1";
-
-namespace Key {
-
-inline constexpr std::string_view CORVANE_VERSION = "CORVANE_VERSION";
-
-// Global Settings.
-inline constexpr std::string_view TAB_SIZE = "TAB_SIZE";
-inline constexpr std::string_view CONVERT_WS = "CONVERT_WS";
-inline constexpr std::string_view LEFT_MARGIN = "LEFT_MARGIN";
-inline constexpr std::string_view GLOBAL_INDENT_CONTENT = "GLOBAL_INDENT_CONTENT";
-inline constexpr std::string_view GLOBAL_WS_AFTER_OPEN_PAREN = "GLOBAL_WS_AFTER_OPEN_PAREN";
-inline constexpr std::string_view GLOBAL_WS_BEFORE_CLOSE_PAREN = "GLOBAL_WS_BEFORE_CLOSE_PAREN";
-inline constexpr std::string_view GLOBAL_WS_BEFORE_OPEN_BRACE = "GLOBAL_WS_BEFORE_OPEN_BRACE";
-inline constexpr std::string_view GLOBAL_WS_AFTER_OPEN_BRACE = "GLOBAL_WS_AFTER_OPEN_BRACE";
-inline constexpr std::string_view GLOBAL_WS_BEFORE_CLOSE_BRACE = "GLOBAL_WS_BEFORE_CLOSE_BRACE";
-inline constexpr std::string_view GLOBAL_WS_BEFORE_COMMA = "GLOBAL_WS_BEFORE_COMMA";
-inline constexpr std::string_view GLOBALS_DO_NOT_FORMAT = "GLOBALS_DO_NOT_FORMAT";
-
-// Classes, Structs and Unions.
-inline constexpr std::string_view CLASS_USE_GLOBAL_SETTINGS = "CLASS_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view CLASS_DO_NOT_FORMAT = "CLASS_DO_NOT_FORMAT";
-inline constexpr std::string_view INDENT_CLASS_CONTENT = "INDENT_CLASS_CONTENT";
-inline constexpr std::string_view INDENT_ACCESS_SPEC_LABEL = "INDENT_ACCESS_SPEC_LABEL";
-inline constexpr std::string_view WS_BEFORE_CLASS_OPEN_BRACE = "WS_BEFORE_CLASS_OPEN_BRACE";
-inline constexpr std::string_view WS_AFTER_CLASS_OPEN_BRACE = "WS_AFTER_CLASS_OPEN_BRACE";
-inline constexpr std::string_view WS_BEFORE_CLASS_CLOSE_BRACE = "WS_BEFORE_CLASS_CLOSE_BRACE";
-inline constexpr std::string_view WS_AFTER_CLASS_NAME = "WS_AFTER_CLASS_NAME";
-inline constexpr std::string_view WS_BEFORE_BASE_CLAUSES = "WS_BEFORE_BASE_CLAUSES";
-inline constexpr std::string_view WS_BEFORE_BASE_CLAUSES_COMMA = "WS_BEFORE_BASE_CLAUSES_COMMA";
-inline constexpr std::string_view WS_BETWEEN_BASE_CLAUSES = "WS_BETWEEN_BASE_CLAUSES";
-inline constexpr std::string_view ALIGN_CLASS_MEMBER_NAMES_LEFT = "ALIGN_CLASS_MEMBER_NAMES_LEFT";
-
-// Functions.
-inline constexpr std::string_view FN_USE_GLOBAL_SETTINGS = "FN_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view FN_DO_NOT_FORMAT = "FN_DO_NOT_FORMAT";
-inline constexpr std::string_view INDENT_FN_CONTENT = "INDENT_FN_CONTENT";
-inline constexpr std::string_view WS_AFTER_FN_DECL_RETURN_TYPE = "WS_AFTER_FN_DECL_RETURN_TYPE";
-inline constexpr std::string_view WS_AFTER_FN_NAME = "WS_AFTER_FN_NAME";
-inline constexpr std::string_view WS_AFTER_FN_OPEN_PAREN = "WS_AFTER_FN_OPEN_PAREN";
-inline constexpr std::string_view WS_BEFORE_FN_CLOSE_PAREN = "WS_BEFORE_FN_CLOSE_PAREN";
-inline constexpr std::string_view WS_BEFORE_FN_COMMA = "WS_BEFORE_FN_COMMA";
-inline constexpr std::string_view WS_BETWEEN_FN_PARAMS = "WS_BETWEEN_FN_PARAMS";
-inline constexpr std::string_view WS_AFTER_FN_DEFN_RETURN_TYPE = "WS_AFTER_FN_DEFN_RETURN_TYPE";
-inline constexpr std::string_view WS_BEFORE_FN_OPEN_BRACE = "WS_BEFORE_FN_OPEN_BRACE";
-inline constexpr std::string_view WS_AFTER_FN_OPEN_BRACE = "WS_AFTER_FN_OPEN_BRACE";
-inline constexpr std::string_view WS_BEFORE_FN_CLOSE_BRACE = "WS_BEFORE_FN_CLOSE_BRACE";
-inline constexpr std::string_view ALIGN_FN_DECL_NAMES_LEFT = "ALIGN_FN_DECL_NAMES_LEFT";
-
-// Variable Declarations.
-inline constexpr std::string_view DATA_USE_GLOBAL_SETTINGS = "DATA_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view DATA_DO_NOT_FORMAT = "DATA_DO_NOT_FORMAT";
-inline constexpr std::string_view INDENT_DD_CONTENT = "INDENT_DD_CONTENT";
-inline constexpr std::string_view WS_AFTER_DD_TYPE_ID = "WS_AFTER_DD_TYPE_ID";
-inline constexpr std::string_view WS_BEFORE_DD_OPEN_BRACE = "WS_BEFORE_DD_OPEN_BRACE";
-inline constexpr std::string_view WS_AFTER_DD_OPEN_BRACE = "WS_AFTER_DD_OPEN_BRACE";
-inline constexpr std::string_view WS_BEFORE_DD_CLOSE_BRACE = "WS_BEFORE_DD_CLOSE_BRACE";
-inline constexpr std::string_view WS_BEFORE_DD_COMMA = "WS_BEFORE_DD_COMMA";
-inline constexpr std::string_view WS_BETWEEN_DD_ELEMENTS = "WS_BETWEEN_DD_ELEMENTS";
-inline constexpr std::string_view ALIGN_DD_NAMES_LEFT = "ALIGN_DD_NAMES_LEFT";
-inline constexpr std::string_view ALIGN_DD_INITIALIZERS = "ALIGN_DD_INITIALIZERS";
-
-// Enums.
-inline constexpr std::string_view ENUM_USE_GLOBAL_SETTINGS = "ENUM_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view ENUMS_DO_NOT_FORMAT = "ENUMS_DO_NOT_FORMAT";
-inline constexpr std::string_view INDENT_ENUM_CONTENT = "INDENT_ENUM_CONTENT";
-inline constexpr std::string_view WS_BEFORE_ENUM_OPEN_BRACE = "WS_BEFORE_ENUM_OPEN_BRACE";
-inline constexpr std::string_view WS_AFTER_ENUM_OPEN_BRACE = "WS_AFTER_ENUM_OPEN_BRACE";
-inline constexpr std::string_view WS_BEFORE_ENUM_CLOSE_BRACE = "WS_BEFORE_ENUM_CLOSE_BRACE";
-inline constexpr std::string_view WS_BEFORE_ENUM_COMMA = "WS_BEFORE_ENUM_COMMA";
-inline constexpr std::string_view WS_BETWEEN_ENUM_ELEMENTS = "WS_BETWEEN_ENUM_ELEMENTS";
-inline constexpr std::string_view ALIGN_ENUM_INITIALIZERS = "ALIGN_ENUM_INITIALIZERS";
-
-// Namespaces.
-inline constexpr std::string_view NS_USE_GLOBAL_SETTINGS = "NS_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view NAMESPACES_DO_NOT_FORMAT = "NAMESPACES_DO_NOT_FORMAT";
-inline constexpr std::string_view INDENT_NS_CONTENT = "INDENT_NS_CONTENT";
-inline constexpr std::string_view WS_BEFORE_NS_OPEN_BRACE = "WS_BEFORE_NS_OPEN_BRACE";
-inline constexpr std::string_view WS_AFTER_NS_OPEN_BRACE = "WS_AFTER_NS_OPEN_BRACE";
-inline constexpr std::string_view WS_BEFORE_NS_CLOSE_BRACE = "WS_BEFORE_NS_CLOSE_BRACE";
-
-// Control Statements.
-inline constexpr std::string_view CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS = "CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view CONTROL_STATEMENTS_DO_NOT_FORMAT = "CONTROL_STATEMENTS_DO_NOT_FORMAT";
-inline constexpr std::string_view INDENT_CS_CONTENT = "INDENT_CS_CONTENT";
-inline constexpr std::string_view INDENT_CS_CASE_LABELS = "INDENT_CS_CASE_LABELS";
-inline constexpr std::string_view INDENT_CS_CASE_CONTENT = "INDENT_CS_CASE_CONTENT";
-inline constexpr std::string_view WS_AFTER_CS_KEY = "WS_AFTER_CS_KEY";
-inline constexpr std::string_view WS_BETWEEN_CS_FOR_CLAUSES = "WS_BETWEEN_CS_FOR_CLAUSES";
-inline constexpr std::string_view WS_AFTER_CS_OPEN_PAREN = "WS_AFTER_CS_OPEN_PAREN";
-inline constexpr std::string_view WS_BEFORE_CS_CLOSE_PAREN = "WS_BEFORE_CS_CLOSE_PAREN";
-inline constexpr std::string_view WS_BEFORE_CS_OPEN_BRACE = "WS_BEFORE_CS_OPEN_BRACE";
-inline constexpr std::string_view WS_AFTER_CS_OPEN_BRACE = "WS_AFTER_CS_OPEN_BRACE";
-inline constexpr std::string_view WS_BEFORE_CS_CLOSE_BRACE = "WS_BEFORE_CS_CLOSE_BRACE";
-inline constexpr std::string_view WS_BETWEEN_CS = "WS_BETWEEN_CS";
-inline constexpr std::string_view WS_AFTER_CS_CASE_LABELS = "WS_AFTER_CS_CASE_LABELS";
-
-// Expressions.
-inline constexpr std::string_view EXPR_USE_GLOBAL_SETTINGS = "EXPR_USE_GLOBAL_SETTINGS";
-inline constexpr std::string_view EXPR_DO_NOT_FORMAT = "EXPR_DO_NOT_FORMAT";
-inline constexpr std::string_view WS_AFTER_EXPR_OPEN_PAREN = "WS_AFTER_EXPR_OPEN_PAREN";
-inline constexpr std::string_view WS_BEFORE_EXPR_CLOSE_PAREN = "WS_BEFORE_EXPR_CLOSE_PAREN";
-inline constexpr std::string_view WS_AFTER_LBRACKET = "WS_AFTER_LBRACKET";
-inline constexpr std::string_view WS_BEFORE_RBRACKET = "WS_BEFORE_RBRACKET";
-inline constexpr std::string_view WS_BETWEEN_EXPR_OP_OPERANDS = "WS_BETWEEN_EXPR_OP_OPERANDS";
-inline constexpr std::string_view WS_AFTER_FN_CALL_NAME = "WS_AFTER_FN_CALL_NAME";
-inline constexpr std::string_view WS_BEFORE_FN_CALL_COMMA = "WS_BEFORE_FN_CALL_COMMA";
-inline constexpr std::string_view WS_BETWEEN_FN_CALL_ARGS = "WS_BETWEEN_FN_CALL_ARGS";
-
-// Member Initializer Lists.
-inline constexpr std::string_view MEMBERINITS_DO_NOT_FORMAT = "MEMBERINITS_DO_NOT_FORMAT";
-inline constexpr std::string_view WS_BEFORE_CLASS_INIT_LIST = "WS_BEFORE_CLASS_INIT_LIST";
-inline constexpr std::string_view WS_BEFORE_CLASS_INITS = "WS_BEFORE_CLASS_INITS";
-inline constexpr std::string_view WS_BETWEEN_CLASS_INITS = "WS_BETWEEN_CLASS_INITS";
-inline constexpr std::string_view WS_AFTER_CLASS_INIT_LIST = "WS_AFTER_CLASS_INIT_LIST";
-inline constexpr std::string_view WS_BEFORE_CLASS_INITS_COMMA = "WS_BEFORE_CLASS_INITS_COMMA";
-
-// Templates.
-inline constexpr std::string_view TEMPLATES_DO_NOT_FORMAT = "TEMPLATES_DO_NOT_FORMAT";
-inline constexpr std::string_view WS_BEFORE_TP_OPEN_BRACKET = "WS_BEFORE_TP_OPEN_BRACKET";
-inline constexpr std::string_view WS_AFTER_TP_OPEN_BRACKET = "WS_AFTER_TP_OPEN_BRACKET";
-inline constexpr std::string_view WS_BEFORE_TP_CLOSE_BRACKET = "WS_BEFORE_TP_CLOSE_BRACKET";
-inline constexpr std::string_view WS_AFTER_TP_CLOSE_BRACKET = "WS_AFTER_TP_CLOSE_BRACKET";
-inline constexpr std::string_view WS_BETWEEN_TP_PARAMS = "WS_BETWEEN_TP_PARAMS";
-inline constexpr std::string_view WS_BEFORE_TP_COMMA = "WS_BEFORE_TP_COMMA";
-
-// Pointers and References.
-inline constexpr std::string_view POINTERSREFS_DO_NOT_FORMAT = "POINTERSREFS_DO_NOT_FORMAT";
-inline constexpr std::string_view ASTERISK_ANCHOR = "ASTERISK_ANCHOR";
-inline constexpr std::string_view WS_BETWEEN_ASTERISK_ANCHOR = "WS_BETWEEN_ASTERISK_ANCHOR";
-inline constexpr std::string_view HANGING_ASTERISK = "HANGING_ASTERISK";
-inline constexpr std::string_view AMPERSAND_ANCHOR = "AMPERSAND_ANCHOR";
-inline constexpr std::string_view WS_BETWEEN_AMPERSAND_ANCHOR = "WS_BETWEEN_AMPERSAND_ANCHOR";
-inline constexpr std::string_view HANGING_AMPERSAND = "HANGING_AMPERSAND";
-
-// Preprocessor Directives.
-inline constexpr std::string_view PPD_DO_NOT_FORMAT = "PPD_DO_NOT_FORMAT";
-inline constexpr std::string_view ALIGN_PPD_LEFT_MOST = "ALIGN_PPD_LEFT_MOST";
-
-// Line Wrapping.
-inline constexpr std::string_view LINE_WRAP = "LINE_WRAP";
-inline constexpr std::string_view RIGHT_MARGIN = "RIGHT_MARGIN";
-inline constexpr std::string_view WRAP_STYLE = "WRAP_STYLE";
-inline constexpr std::string_view WRAP_INDENT = "WRAP_INDENT";
-inline constexpr std::string_view EXPR_WRAP_STYLE = "EXPR_WRAP_STYLE";
-inline constexpr std::string_view SHIFT_WRAP_STYLE = "SHIFT_WRAP_STYLE";
-inline constexpr std::string_view COMMA_WRAP_STYLE = "COMMA_WRAP_STYLE";
-inline constexpr std::string_view LIST_WRAP_STRATEGY = "LIST_WRAP_STRATEGY";
-inline constexpr std::string_view LINE_WRAP_DO_NOT_FORMAT = "LINE_WRAP_DO_NOT_FORMAT";
-
-// Without a page.
-inline constexpr std::string_view WS_AFTER_PARAM_TYPE_ID = "WS_AFTER_PARAM_TYPE_ID";
-inline constexpr std::string_view WS_AFTER_DD_RBRACKET = "WS_AFTER_DD_RBRACKET";
-inline constexpr std::string_view WS_AFTER_DD_NAME = "WS_AFTER_DD_NAME";
-inline constexpr std::string_view WS_BEFORE_ACCESS_SPECS = "WS_BEFORE_ACCESS_SPECS";
-inline constexpr std::string_view ALIGN_BASE_CLAUSES_LEFT = "ALIGN_BASE_CLAUSES_LEFT";
-inline constexpr std::string_view ALIGN_FN_PARAMS_LEFT = "ALIGN_FN_PARAMS_LEFT";
-inline constexpr std::string_view ALIGN_CS_FOR_CLAUSES_LEFT = "ALIGN_CS_FOR_CLAUSES_LEFT";
-inline constexpr std::string_view ALIGN_TP_PARAMS_LEFT = "ALIGN_TP_PARAMS_LEFT";
-inline constexpr std::string_view ALIGN_FN_CALL_ARGS_LEFT = "ALIGN_FN_CALL_ARGS_LEFT";
-
-}  // namespace Key
 
 enum class PropertyType {
     WhiteSpace,  // a string of blanks, tabs and line feeds; empty removes the white space, absent leaves it alone
@@ -200,232 +44,250 @@ enum class PropertyPage {
     LineWrapping,
 };
 
+// Why the engine does not use a key.
+enum class Unused {
+    EditorOnly,  // state of a page, or a value that an editor copies into other keys
+    Version,     // which program wrote the scheme
+};
+
+// What the engine does with a key: fill a member of Scheme, or nothing.
+using SchemeField =
+    std::variant<Unused, WsProperty Scheme::*, bool Scheme::*, std::optional<bool> Scheme::*, std::int32_t Scheme::*>;
+
+// A value of a Choice. The label is that of its radio button, empty where none is selected.
+struct ChoiceValue {
+    std::int32_t value;
+    std::string_view label;
+};
+
 // The page default is what the editor puts in place when it loads a scheme without the key. The defaults of the engine
-// are others (Brevis_EngineDefaults.h).
+// are others (Brevis_Scheme.h).
 struct PropertyInfo {
     std::string_view key;
     PropertyType type;
     PropertyPage page;
+    SchemeField field;
     std::string_view label;        // of the control on the page, "&&" showing one "&"; empty for a key without one
     std::int32_t defaultNumber;    // of a Flag (0 or 1), Number or Choice
     std::string_view defaultText;  // of the other types
+    std::span<const ChoiceValue> choices;
 };
 
 namespace Catalogue {
 
 using Page = PropertyPage;
 
-constexpr PropertyInfo whiteSpace(std::string_view key, Page page, std::string_view label = "",
+constexpr PropertyInfo whiteSpace(std::string_view key, Page page, SchemeField field, std::string_view label = "",
                                   std::string_view text = "") {
-    return {key, PropertyType::WhiteSpace, page, label, 0, text};
+    return {key, PropertyType::WhiteSpace, page, field, label, 0, text, {}};
 }
 
-constexpr PropertyInfo indent(std::string_view key, Page page, std::string_view label) {
-    return {key, PropertyType::Indent, page, label, 0, ""};
+constexpr PropertyInfo indent(std::string_view key, Page page, SchemeField field, std::string_view label) {
+    return {key, PropertyType::Indent, page, field, label, 0, "", {}};
 }
 
-constexpr PropertyInfo flag(std::string_view key, Page page, std::string_view label = "", bool value = false) {
-    return {key, PropertyType::Flag, page, label, value ? 1 : 0, ""};
+constexpr PropertyInfo flag(std::string_view key, Page page, SchemeField field, std::string_view label = "",
+                            bool value = false) {
+    return {key, PropertyType::Flag, page, field, label, value ? 1 : 0, "", {}};
 }
 
-constexpr PropertyInfo number(std::string_view key, Page page, std::string_view label, std::int32_t value) {
-    return {key, PropertyType::Number, page, label, value, ""};
+constexpr PropertyInfo number(std::string_view key, Page page, SchemeField field, std::string_view label,
+                              std::int32_t value) {
+    return {key, PropertyType::Number, page, field, label, value, "", {}};
 }
 
-constexpr PropertyInfo choice(std::string_view key, Page page, std::string_view label, std::int32_t value) {
-    return {key, PropertyType::Choice, page, label, value, ""};
+constexpr PropertyInfo choice(std::string_view key, Page page, SchemeField field, std::string_view label,
+                              std::int32_t value, std::span<const ChoiceValue> choices) {
+    return {key, PropertyType::Choice, page, field, label, value, "", choices};
 }
+
+inline constexpr ChoiceValue convertValues[] = {{0, "do not convert"}, {1, "tabs to spaces"}, {2, "spaces to tabs"}};
+inline constexpr ChoiceValue anchorValues[] = {{-1, ""}, {0, "Typename"}, {1, "Identifier"}};
+inline constexpr ChoiceValue wrapStyleValues[] = {{0, ""}, {1, "Align logically with previous line"}, {2, "Indent by"}};
+inline constexpr ChoiceValue exprWrapStyleValues[] = {{1, "Before an operator"}, {2, "After an operator"}};
+inline constexpr ChoiceValue shiftWrapStyleValues[] = {{1, "Before the shift operator"},
+                                                       {2, "After the shift operator"}};
+inline constexpr ChoiceValue commaWrapStyleValues[] = {{1, "Before the comma"}, {2, "After the comma"}};
+inline constexpr ChoiceValue listWrapStrategyValues[] = {
+    {0, ""}, {1, "Fit as many elements as possible on a single line"}, {2, "Put each element on a separate line"}};
 
 // Page by page in the order of the controls.
-inline constexpr std::array<PropertyInfo, 128> properties{{
-    {Key::CORVANE_VERSION, PropertyType::Text, Page::None, "", 0, schemeVersion},
+inline constexpr PropertyInfo properties[] = {
+    {"CORVANE_VERSION", PropertyType::Text, Page::None, Unused::Version, "", 0, schemeVersion, {}},
 
     // Global Settings.
-    number(Key::TAB_SIZE, Page::Globals, "Tab size:", 4),
-    choice(Key::CONVERT_WS, Page::Globals, "Convert", 1),
-    indent(Key::LEFT_MARGIN, Page::Globals, "Left margin:"),
-    indent(Key::GLOBAL_INDENT_CONTENT, Page::Globals, "Body:"),
-    whiteSpace(Key::GLOBAL_WS_AFTER_OPEN_PAREN, Page::Globals, "After open paren:"),
-    whiteSpace(Key::GLOBAL_WS_BEFORE_CLOSE_PAREN, Page::Globals, "Before close paren:"),
-    whiteSpace(Key::GLOBAL_WS_BEFORE_OPEN_BRACE, Page::Globals, "Before body open:"),
-    whiteSpace(Key::GLOBAL_WS_AFTER_OPEN_BRACE, Page::Globals, "After body open:"),
-    whiteSpace(Key::GLOBAL_WS_BEFORE_CLOSE_BRACE, Page::Globals, "Before body close:"),
-    whiteSpace(Key::GLOBAL_WS_BEFORE_COMMA, Page::Globals, "Before comma:"),
-    flag(Key::GLOBALS_DO_NOT_FORMAT, Page::Globals, ""),
+    number("TAB_SIZE", Page::Globals, &Scheme::tabSize, "Tab size:", 4),
+    choice("CONVERT_WS", Page::Globals, &Scheme::convertWs, "Convert", 1, convertValues),
+    indent("LEFT_MARGIN", Page::Globals, &Scheme::leftMargin, "Left margin:"),
+    indent("GLOBAL_INDENT_CONTENT", Page::Globals, &Scheme::globalIndentContent, "Body:"),
+    whiteSpace("GLOBAL_WS_AFTER_OPEN_PAREN", Page::Globals, Unused::EditorOnly, "After open paren:"),
+    whiteSpace("GLOBAL_WS_BEFORE_CLOSE_PAREN", Page::Globals, Unused::EditorOnly, "Before close paren:"),
+    whiteSpace("GLOBAL_WS_BEFORE_OPEN_BRACE", Page::Globals, &Scheme::globalWsBeforeOpenBrace, "Before body open:"),
+    whiteSpace("GLOBAL_WS_AFTER_OPEN_BRACE", Page::Globals, &Scheme::globalWsAfterOpenBrace, "After body open:"),
+    whiteSpace("GLOBAL_WS_BEFORE_CLOSE_BRACE", Page::Globals, &Scheme::globalWsBeforeCloseBrace, "Before body close:"),
+    whiteSpace("GLOBAL_WS_BEFORE_COMMA", Page::Globals, Unused::EditorOnly, "Before comma:"),
+    flag("GLOBALS_DO_NOT_FORMAT", Page::Globals, Unused::EditorOnly),
 
     // Classes, Structs and Unions.
-    flag(Key::CLASS_USE_GLOBAL_SETTINGS, Page::Classes, "Use global settings"),
-    flag(Key::CLASS_DO_NOT_FORMAT, Page::Classes, "Do not format Classes, Structs or Unions"),
-    indent(Key::INDENT_CLASS_CONTENT, Page::Classes, "Body:"),
-    indent(Key::INDENT_ACCESS_SPEC_LABEL, Page::Classes, "Access specifier:"),
-    whiteSpace(Key::WS_BEFORE_CLASS_OPEN_BRACE, Page::Classes, "Before body open:"),
-    whiteSpace(Key::WS_AFTER_CLASS_OPEN_BRACE, Page::Classes, "After body open:"),
-    whiteSpace(Key::WS_BEFORE_CLASS_CLOSE_BRACE, Page::Classes, "Before body close:"),
-    whiteSpace(Key::WS_AFTER_CLASS_NAME, Page::Classes, "Before base clause open:"),
-    whiteSpace(Key::WS_BEFORE_BASE_CLAUSES, Page::Classes, "After base clause open:"),
-    whiteSpace(Key::WS_BEFORE_BASE_CLAUSES_COMMA, Page::Classes, "Before base clause comma:"),
-    whiteSpace(Key::WS_BETWEEN_BASE_CLAUSES, Page::Classes, "Between base clauses:"),
-    flag(Key::ALIGN_CLASS_MEMBER_NAMES_LEFT, Page::Classes, "Align class member names left"),
+    flag("CLASS_USE_GLOBAL_SETTINGS", Page::Classes, Unused::EditorOnly, "Use global settings"),
+    flag("CLASS_DO_NOT_FORMAT", Page::Classes, Unused::EditorOnly, "Do not format Classes, Structs or Unions"),
+    indent("INDENT_CLASS_CONTENT", Page::Classes, &Scheme::indentClassContent, "Body:"),
+    indent("INDENT_ACCESS_SPEC_LABEL", Page::Classes, &Scheme::indentAccessSpecLabel, "Access specifier:"),
+    whiteSpace("WS_BEFORE_CLASS_OPEN_BRACE", Page::Classes, &Scheme::wsBeforeClassOpenBrace, "Before body open:"),
+    whiteSpace("WS_AFTER_CLASS_OPEN_BRACE", Page::Classes, &Scheme::wsAfterClassOpenBrace, "After body open:"),
+    whiteSpace("WS_BEFORE_CLASS_CLOSE_BRACE", Page::Classes, &Scheme::wsBeforeClassCloseBrace, "Before body close:"),
+    whiteSpace("WS_AFTER_CLASS_NAME", Page::Classes, &Scheme::wsAfterClassName, "Before base clause open:"),
+    whiteSpace("WS_BEFORE_BASE_CLAUSES", Page::Classes, &Scheme::wsBeforeBaseClauses, "After base clause open:"),
+    whiteSpace("WS_BEFORE_BASE_CLAUSES_COMMA", Page::Classes, &Scheme::wsBeforeBaseClausesComma,
+               "Before base clause comma:"),
+    whiteSpace("WS_BETWEEN_BASE_CLAUSES", Page::Classes, &Scheme::wsBetweenBaseClauses, "Between base clauses:"),
+    flag("ALIGN_CLASS_MEMBER_NAMES_LEFT", Page::Classes, &Scheme::alignClassMemberNamesLeft,
+         "Align class member names left"),
 
     // Functions.
-    flag(Key::FN_USE_GLOBAL_SETTINGS, Page::Functions, "Use global settings"),
-    flag(Key::FN_DO_NOT_FORMAT, Page::Functions, "Do not format Functions"),
-    indent(Key::INDENT_FN_CONTENT, Page::Functions, "Body:"),
-    whiteSpace(Key::WS_AFTER_FN_DECL_RETURN_TYPE, Page::Functions, "After type name:", " "),
-    whiteSpace(Key::WS_AFTER_FN_NAME, Page::Functions, "After function name:"),
-    whiteSpace(Key::WS_AFTER_FN_OPEN_PAREN, Page::Functions, "After open paren:"),
-    whiteSpace(Key::WS_BEFORE_FN_CLOSE_PAREN, Page::Functions, "Before close paren:"),
-    whiteSpace(Key::WS_BEFORE_FN_COMMA, Page::Functions, "Before comma:"),
-    whiteSpace(Key::WS_BETWEEN_FN_PARAMS, Page::Functions, "Between parameters:"),
-    whiteSpace(Key::WS_AFTER_FN_DEFN_RETURN_TYPE, Page::Functions, "After type name:", " "),
-    whiteSpace(Key::WS_BEFORE_FN_OPEN_BRACE, Page::Functions, "Before body open:"),
-    whiteSpace(Key::WS_AFTER_FN_OPEN_BRACE, Page::Functions, "After body open:"),
-    whiteSpace(Key::WS_BEFORE_FN_CLOSE_BRACE, Page::Functions, "Before body close:"),
-    flag(Key::ALIGN_FN_DECL_NAMES_LEFT, Page::Functions,
+    flag("FN_USE_GLOBAL_SETTINGS", Page::Functions, Unused::EditorOnly, "Use global settings"),
+    flag("FN_DO_NOT_FORMAT", Page::Functions, &Scheme::fnDoNotFormat, "Do not format Functions"),
+    indent("INDENT_FN_CONTENT", Page::Functions, &Scheme::indentFnContent, "Body:"),
+    whiteSpace("WS_AFTER_FN_DECL_RETURN_TYPE", Page::Functions, &Scheme::wsAfterFnDeclReturnType,
+               "After type name:", " "),
+    whiteSpace("WS_AFTER_FN_NAME", Page::Functions, &Scheme::wsAfterFnName, "After function name:"),
+    whiteSpace("WS_AFTER_FN_OPEN_PAREN", Page::Functions, &Scheme::wsAfterFnOpenParen, "After open paren:"),
+    whiteSpace("WS_BEFORE_FN_CLOSE_PAREN", Page::Functions, &Scheme::wsBeforeFnCloseParen, "Before close paren:"),
+    whiteSpace("WS_BEFORE_FN_COMMA", Page::Functions, &Scheme::wsBeforeFnComma, "Before comma:"),
+    whiteSpace("WS_BETWEEN_FN_PARAMS", Page::Functions, &Scheme::wsBetweenFnParams, "Between parameters:"),
+    whiteSpace("WS_AFTER_FN_DEFN_RETURN_TYPE", Page::Functions, &Scheme::wsAfterFnDefnReturnType,
+               "After type name:", " "),
+    whiteSpace("WS_BEFORE_FN_OPEN_BRACE", Page::Functions, &Scheme::wsBeforeFnOpenBrace, "Before body open:"),
+    whiteSpace("WS_AFTER_FN_OPEN_BRACE", Page::Functions, &Scheme::wsAfterFnOpenBrace, "After body open:"),
+    whiteSpace("WS_BEFORE_FN_CLOSE_BRACE", Page::Functions, &Scheme::wsBeforeFnCloseBrace, "Before body close:"),
+    flag("ALIGN_FN_DECL_NAMES_LEFT", Page::Functions, &Scheme::alignFnDeclNamesLeft,
          "Left align function names in groups of function declarations"),
 
     // Variable Declarations.
-    flag(Key::DATA_USE_GLOBAL_SETTINGS, Page::Data, "Use global settings"),
-    flag(Key::DATA_DO_NOT_FORMAT, Page::Data, "Do not format Variable Declarations"),
-    indent(Key::INDENT_DD_CONTENT, Page::Data, "Body:"),
-    whiteSpace(Key::WS_AFTER_DD_TYPE_ID, Page::Data, "After typename:", " "),
-    whiteSpace(Key::WS_BEFORE_DD_OPEN_BRACE, Page::Data, "Before init body open:"),
-    whiteSpace(Key::WS_AFTER_DD_OPEN_BRACE, Page::Data, "After init body open:"),
-    whiteSpace(Key::WS_BEFORE_DD_CLOSE_BRACE, Page::Data, "Before init body close:"),
-    whiteSpace(Key::WS_BEFORE_DD_COMMA, Page::Data, "Before comma:"),
-    whiteSpace(Key::WS_BETWEEN_DD_ELEMENTS, Page::Data, "Between init elements:", " "),
-    flag(Key::ALIGN_DD_NAMES_LEFT, Page::Data, "Align identifiers"),
-    flag(Key::ALIGN_DD_INITIALIZERS, Page::Data, "Align initializers"),
+    flag("DATA_USE_GLOBAL_SETTINGS", Page::Data, Unused::EditorOnly, "Use global settings"),
+    flag("DATA_DO_NOT_FORMAT", Page::Data, &Scheme::dataDoNotFormat, "Do not format Variable Declarations"),
+    indent("INDENT_DD_CONTENT", Page::Data, &Scheme::indentDdContent, "Body:"),
+    whiteSpace("WS_AFTER_DD_TYPE_ID", Page::Data, &Scheme::wsAfterDdTypeId, "After typename:", " "),
+    whiteSpace("WS_BEFORE_DD_OPEN_BRACE", Page::Data, &Scheme::wsBeforeDdOpenBrace, "Before init body open:"),
+    whiteSpace("WS_AFTER_DD_OPEN_BRACE", Page::Data, &Scheme::wsAfterDdOpenBrace, "After init body open:"),
+    whiteSpace("WS_BEFORE_DD_CLOSE_BRACE", Page::Data, &Scheme::wsBeforeDdCloseBrace, "Before init body close:"),
+    whiteSpace("WS_BEFORE_DD_COMMA", Page::Data, &Scheme::wsBeforeDdComma, "Before comma:"),
+    whiteSpace("WS_BETWEEN_DD_ELEMENTS", Page::Data, &Scheme::wsBetweenDdElements, "Between init elements:", " "),
+    flag("ALIGN_DD_NAMES_LEFT", Page::Data, &Scheme::alignDdNamesLeft, "Align identifiers"),
+    flag("ALIGN_DD_INITIALIZERS", Page::Data, &Scheme::alignDdInitializers, "Align initializers"),
 
     // Enums.
-    flag(Key::ENUM_USE_GLOBAL_SETTINGS, Page::Enums, "Use global settings"),
-    flag(Key::ENUMS_DO_NOT_FORMAT, Page::Enums, "Do not format Enums"),
-    indent(Key::INDENT_ENUM_CONTENT, Page::Enums, "Body:"),
-    whiteSpace(Key::WS_BEFORE_ENUM_OPEN_BRACE, Page::Enums, "Before body open:"),
-    whiteSpace(Key::WS_AFTER_ENUM_OPEN_BRACE, Page::Enums, "After body open:"),
-    whiteSpace(Key::WS_BEFORE_ENUM_CLOSE_BRACE, Page::Enums, "Before body close:"),
-    whiteSpace(Key::WS_BEFORE_ENUM_COMMA, Page::Enums, "Before comma:"),
-    whiteSpace(Key::WS_BETWEEN_ENUM_ELEMENTS, Page::Enums, "Between elements:"),
-    flag(Key::ALIGN_ENUM_INITIALIZERS, Page::Enums, "Align initializers"),
+    flag("ENUM_USE_GLOBAL_SETTINGS", Page::Enums, Unused::EditorOnly, "Use global settings"),
+    flag("ENUMS_DO_NOT_FORMAT", Page::Enums, Unused::EditorOnly, "Do not format Enums"),
+    indent("INDENT_ENUM_CONTENT", Page::Enums, &Scheme::indentEnumContent, "Body:"),
+    whiteSpace("WS_BEFORE_ENUM_OPEN_BRACE", Page::Enums, &Scheme::wsBeforeEnumOpenBrace, "Before body open:"),
+    whiteSpace("WS_AFTER_ENUM_OPEN_BRACE", Page::Enums, &Scheme::wsAfterEnumOpenBrace, "After body open:"),
+    whiteSpace("WS_BEFORE_ENUM_CLOSE_BRACE", Page::Enums, &Scheme::wsBeforeEnumCloseBrace, "Before body close:"),
+    whiteSpace("WS_BEFORE_ENUM_COMMA", Page::Enums, &Scheme::wsBeforeEnumComma, "Before comma:"),
+    whiteSpace("WS_BETWEEN_ENUM_ELEMENTS", Page::Enums, &Scheme::wsBetweenEnumElements, "Between elements:"),
+    flag("ALIGN_ENUM_INITIALIZERS", Page::Enums, &Scheme::alignEnumInitializers, "Align initializers"),
 
     // Namespaces.
-    flag(Key::NS_USE_GLOBAL_SETTINGS, Page::Namespaces, "Use global settings"),
-    flag(Key::NAMESPACES_DO_NOT_FORMAT, Page::Namespaces, "Do not format Namespaces"),
-    indent(Key::INDENT_NS_CONTENT, Page::Namespaces, "Body:"),
-    whiteSpace(Key::WS_BEFORE_NS_OPEN_BRACE, Page::Namespaces, "Before body open:"),
-    whiteSpace(Key::WS_AFTER_NS_OPEN_BRACE, Page::Namespaces, "After body open:"),
-    whiteSpace(Key::WS_BEFORE_NS_CLOSE_BRACE, Page::Namespaces, "Before body close:"),
+    flag("NS_USE_GLOBAL_SETTINGS", Page::Namespaces, Unused::EditorOnly, "Use global settings"),
+    flag("NAMESPACES_DO_NOT_FORMAT", Page::Namespaces, Unused::EditorOnly, "Do not format Namespaces"),
+    indent("INDENT_NS_CONTENT", Page::Namespaces, &Scheme::indentNsContent, "Body:"),
+    whiteSpace("WS_BEFORE_NS_OPEN_BRACE", Page::Namespaces, &Scheme::wsBeforeNsOpenBrace, "Before body open:"),
+    whiteSpace("WS_AFTER_NS_OPEN_BRACE", Page::Namespaces, &Scheme::wsAfterNsOpenBrace, "After body open:"),
+    whiteSpace("WS_BEFORE_NS_CLOSE_BRACE", Page::Namespaces, &Scheme::wsBeforeNsCloseBrace, "Before body close:"),
 
     // Control Statements.
-    flag(Key::CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS, Page::ControlStatements, "Use global settings"),
-    flag(Key::CONTROL_STATEMENTS_DO_NOT_FORMAT, Page::ControlStatements, "Do not format Control Statements"),
-    indent(Key::INDENT_CS_CONTENT, Page::ControlStatements, "Body:"),
-    indent(Key::INDENT_CS_CASE_LABELS, Page::ControlStatements, "Case labels:"),
-    indent(Key::INDENT_CS_CASE_CONTENT, Page::ControlStatements, "Case content:"),
-    whiteSpace(Key::WS_AFTER_CS_KEY, Page::ControlStatements, "After keyword:"),
-    whiteSpace(Key::WS_BETWEEN_CS_FOR_CLAUSES, Page::ControlStatements, "Between \"for\" clauses:"),
-    whiteSpace(Key::WS_AFTER_CS_OPEN_PAREN, Page::ControlStatements, "After open paren:"),
-    whiteSpace(Key::WS_BEFORE_CS_CLOSE_PAREN, Page::ControlStatements, "Before close paren:"),
-    whiteSpace(Key::WS_BEFORE_CS_OPEN_BRACE, Page::ControlStatements, "Before body open:"),
-    whiteSpace(Key::WS_AFTER_CS_OPEN_BRACE, Page::ControlStatements, "After body open:"),
-    whiteSpace(Key::WS_BEFORE_CS_CLOSE_BRACE, Page::ControlStatements, "Before body close:"),
-    whiteSpace(Key::WS_BETWEEN_CS, Page::ControlStatements, "After body close:"),
-    whiteSpace(Key::WS_AFTER_CS_CASE_LABELS, Page::ControlStatements, "After case labels:"),
+    flag("CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS", Page::ControlStatements, Unused::EditorOnly, "Use global settings"),
+    flag("CONTROL_STATEMENTS_DO_NOT_FORMAT", Page::ControlStatements, Unused::EditorOnly,
+         "Do not format Control Statements"),
+    indent("INDENT_CS_CONTENT", Page::ControlStatements, &Scheme::indentCsContent, "Body:"),
+    indent("INDENT_CS_CASE_LABELS", Page::ControlStatements, &Scheme::indentCsCaseLabels, "Case labels:"),
+    indent("INDENT_CS_CASE_CONTENT", Page::ControlStatements, &Scheme::indentCsCaseContent, "Case content:"),
+    whiteSpace("WS_AFTER_CS_KEY", Page::ControlStatements, &Scheme::wsAfterCsKey, "After keyword:"),
+    whiteSpace("WS_BETWEEN_CS_FOR_CLAUSES", Page::ControlStatements, &Scheme::wsBetweenCsForClauses,
+               "Between \"for\" clauses:"),
+    whiteSpace("WS_AFTER_CS_OPEN_PAREN", Page::ControlStatements, &Scheme::wsAfterCsOpenParen, "After open paren:"),
+    whiteSpace("WS_BEFORE_CS_CLOSE_PAREN", Page::ControlStatements, &Scheme::wsBeforeCsCloseParen,
+               "Before close paren:"),
+    whiteSpace("WS_BEFORE_CS_OPEN_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsOpenBrace, "Before body open:"),
+    whiteSpace("WS_AFTER_CS_OPEN_BRACE", Page::ControlStatements, &Scheme::wsAfterCsOpenBrace, "After body open:"),
+    whiteSpace("WS_BEFORE_CS_CLOSE_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsCloseBrace,
+               "Before body close:"),
+    whiteSpace("WS_BETWEEN_CS", Page::ControlStatements, &Scheme::wsBetweenCs, "After body close:"),
+    whiteSpace("WS_AFTER_CS_CASE_LABELS", Page::ControlStatements, &Scheme::wsAfterCsCaseLabels, "After case labels:"),
 
     // Expressions.
-    flag(Key::EXPR_USE_GLOBAL_SETTINGS, Page::Expressions, "Use global settings"),
-    flag(Key::EXPR_DO_NOT_FORMAT, Page::Expressions, "Do not format Expressions"),
-    whiteSpace(Key::WS_AFTER_EXPR_OPEN_PAREN, Page::Expressions, "After open paren:"),
-    whiteSpace(Key::WS_BEFORE_EXPR_CLOSE_PAREN, Page::Expressions, "Before close paren:"),
-    whiteSpace(Key::WS_AFTER_LBRACKET, Page::Expressions, "After left bracket:"),
-    whiteSpace(Key::WS_BEFORE_RBRACKET, Page::Expressions, "Before right bracket:"),
-    whiteSpace(Key::WS_BETWEEN_EXPR_OP_OPERANDS, Page::Expressions, "Either side of an operator:"),
-    whiteSpace(Key::WS_AFTER_FN_CALL_NAME, Page::Expressions, "After function name:"),
-    whiteSpace(Key::WS_BEFORE_FN_CALL_COMMA, Page::Expressions, "Before comma:"),
-    whiteSpace(Key::WS_BETWEEN_FN_CALL_ARGS, Page::Expressions, "Between arguments:"),
+    flag("EXPR_USE_GLOBAL_SETTINGS", Page::Expressions, Unused::EditorOnly, "Use global settings"),
+    flag("EXPR_DO_NOT_FORMAT", Page::Expressions, Unused::EditorOnly, "Do not format Expressions"),
+    whiteSpace("WS_AFTER_EXPR_OPEN_PAREN", Page::Expressions, &Scheme::wsAfterExprOpenParen, "After open paren:"),
+    whiteSpace("WS_BEFORE_EXPR_CLOSE_PAREN", Page::Expressions, &Scheme::wsBeforeExprCloseParen, "Before close paren:"),
+    whiteSpace("WS_AFTER_LBRACKET", Page::Expressions, &Scheme::wsAfterLbracket, "After left bracket:"),
+    whiteSpace("WS_BEFORE_RBRACKET", Page::Expressions, &Scheme::wsBeforeRbracket, "Before right bracket:"),
+    whiteSpace("WS_BETWEEN_EXPR_OP_OPERANDS", Page::Expressions, &Scheme::wsBetweenExprOpOperands,
+               "Either side of an operator:"),
+    whiteSpace("WS_AFTER_FN_CALL_NAME", Page::Expressions, &Scheme::wsAfterFnCallName, "After function name:"),
+    whiteSpace("WS_BEFORE_FN_CALL_COMMA", Page::Expressions, &Scheme::wsBeforeFnCallComma, "Before comma:"),
+    whiteSpace("WS_BETWEEN_FN_CALL_ARGS", Page::Expressions, &Scheme::wsBetweenFnCallArgs, "Between arguments:"),
 
     // Member Initializer Lists.
-    flag(Key::MEMBERINITS_DO_NOT_FORMAT, Page::MemberInits, "Do not format Member Initializer Lists"),
-    whiteSpace(Key::WS_BEFORE_CLASS_INIT_LIST, Page::MemberInits, "Before initializer list:"),
-    whiteSpace(Key::WS_BEFORE_CLASS_INITS, Page::MemberInits, "Before first initializer:"),
-    whiteSpace(Key::WS_BETWEEN_CLASS_INITS, Page::MemberInits, "Between initializers:"),
-    whiteSpace(Key::WS_AFTER_CLASS_INIT_LIST, Page::MemberInits, "After initializer list:"),
-    whiteSpace(Key::WS_BEFORE_CLASS_INITS_COMMA, Page::MemberInits, "Before comma:"),
+    flag("MEMBERINITS_DO_NOT_FORMAT", Page::MemberInits, Unused::EditorOnly, "Do not format Member Initializer Lists"),
+    whiteSpace("WS_BEFORE_CLASS_INIT_LIST", Page::MemberInits, &Scheme::wsBeforeClassInitList,
+               "Before initializer list:"),
+    whiteSpace("WS_BEFORE_CLASS_INITS", Page::MemberInits, &Scheme::wsBeforeClassInits, "Before first initializer:"),
+    whiteSpace("WS_BETWEEN_CLASS_INITS", Page::MemberInits, &Scheme::wsBetweenClassInits, "Between initializers:"),
+    whiteSpace("WS_AFTER_CLASS_INIT_LIST", Page::MemberInits, &Scheme::wsAfterClassInitList, "After initializer list:"),
+    whiteSpace("WS_BEFORE_CLASS_INITS_COMMA", Page::MemberInits, &Scheme::wsBeforeClassInitsComma, "Before comma:"),
 
     // Templates.
-    flag(Key::TEMPLATES_DO_NOT_FORMAT, Page::Templates, "Do not format Templates"),
-    whiteSpace(Key::WS_BEFORE_TP_OPEN_BRACKET, Page::Templates, "Before open angle bracket:"),
-    whiteSpace(Key::WS_AFTER_TP_OPEN_BRACKET, Page::Templates, "After open angle bracket:"),
-    whiteSpace(Key::WS_BEFORE_TP_CLOSE_BRACKET, Page::Templates, "Before close angle bracket:"),
-    whiteSpace(Key::WS_AFTER_TP_CLOSE_BRACKET, Page::Templates, "After close angle bracket:"),
-    whiteSpace(Key::WS_BETWEEN_TP_PARAMS, Page::Templates, "Between parameters:"),
-    whiteSpace(Key::WS_BEFORE_TP_COMMA, Page::Templates, "Before comma:"),
+    flag("TEMPLATES_DO_NOT_FORMAT", Page::Templates, Unused::EditorOnly, "Do not format Templates"),
+    whiteSpace("WS_BEFORE_TP_OPEN_BRACKET", Page::Templates, &Scheme::wsBeforeTpOpenBracket,
+               "Before open angle bracket:"),
+    whiteSpace("WS_AFTER_TP_OPEN_BRACKET", Page::Templates, &Scheme::wsAfterTpOpenBracket, "After open angle bracket:"),
+    whiteSpace("WS_BEFORE_TP_CLOSE_BRACKET", Page::Templates, &Scheme::wsBeforeTpCloseBracket,
+               "Before close angle bracket:"),
+    whiteSpace("WS_AFTER_TP_CLOSE_BRACKET", Page::Templates, &Scheme::wsAfterTpCloseBracket,
+               "After close angle bracket:"),
+    whiteSpace("WS_BETWEEN_TP_PARAMS", Page::Templates, &Scheme::wsBetweenTpParams, "Between parameters:"),
+    whiteSpace("WS_BEFORE_TP_COMMA", Page::Templates, &Scheme::wsBeforeTpComma, "Before comma:"),
 
     // Pointers and References.
-    flag(Key::POINTERSREFS_DO_NOT_FORMAT, Page::PointersRefs, "Do not format Pointers && References"),
-    choice(Key::ASTERISK_ANCHOR, Page::PointersRefs, "Keep * with:", -1),
-    whiteSpace(Key::WS_BETWEEN_ASTERISK_ANCHOR, Page::PointersRefs, "White space between * and Identifier:"),
-    flag(Key::HANGING_ASTERISK, Page::PointersRefs, "Hang * to left of aligned names:"),
-    choice(Key::AMPERSAND_ANCHOR, Page::PointersRefs, "Keep && with:", -1),
-    whiteSpace(Key::WS_BETWEEN_AMPERSAND_ANCHOR, Page::PointersRefs, "White space between && and Identifier:"),
-    flag(Key::HANGING_AMPERSAND, Page::PointersRefs, "Hang && to left of aligned names:"),
+    flag("POINTERSREFS_DO_NOT_FORMAT", Page::PointersRefs, Unused::EditorOnly, "Do not format Pointers && References"),
+    choice("ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::asteriskAnchor, "Keep * with:", -1, anchorValues),
+    whiteSpace("WS_BETWEEN_ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::wsBetweenAsteriskAnchor,
+               "White space between * and Identifier:"),
+    flag("HANGING_ASTERISK", Page::PointersRefs, &Scheme::hangingAsterisk, "Hang * to left of aligned names:"),
+    choice("AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::ampersandAnchor, "Keep && with:", -1, anchorValues),
+    whiteSpace("WS_BETWEEN_AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::wsBetweenAmpersandAnchor,
+               "White space between && and Identifier:"),
+    flag("HANGING_AMPERSAND", Page::PointersRefs, &Scheme::hangingAmpersand, "Hang && to left of aligned names:"),
 
     // Preprocessor Directives.
-    flag(Key::PPD_DO_NOT_FORMAT, Page::Preprocessor, "Leave as is"),
-    flag(Key::ALIGN_PPD_LEFT_MOST, Page::Preprocessor, "Align to left-most margin", true),
+    flag("PPD_DO_NOT_FORMAT", Page::Preprocessor, Unused::EditorOnly, "Leave as is"),
+    flag("ALIGN_PPD_LEFT_MOST", Page::Preprocessor, &Scheme::alignPpdLeftMost, "Align to left-most margin", true),
 
     // Line Wrapping.
-    flag(Key::LINE_WRAP, Page::LineWrapping, "Wrap long lines"),
-    number(Key::RIGHT_MARGIN, Page::LineWrapping, "Right margin:", 78),
-    choice(Key::WRAP_STYLE, Page::LineWrapping, "Treatment of line continuation", 1),
-    indent(Key::WRAP_INDENT, Page::LineWrapping, "Indent by"),
-    choice(Key::EXPR_WRAP_STYLE, Page::LineWrapping, "Wrap expressions", 2),
-    choice(Key::SHIFT_WRAP_STYLE, Page::LineWrapping, "Wrap input and output expressions", 1),
-    choice(Key::COMMA_WRAP_STYLE, Page::LineWrapping, "Wrap comma separated lists", 2),
-    choice(Key::LIST_WRAP_STRATEGY, Page::LineWrapping, "List wrap strategy", 1),
-    flag(Key::LINE_WRAP_DO_NOT_FORMAT, Page::LineWrapping, ""),
+    flag("LINE_WRAP", Page::LineWrapping, &Scheme::lineWrap, "Wrap long lines"),
+    number("RIGHT_MARGIN", Page::LineWrapping, &Scheme::rightMargin, "Right margin:", 78),
+    choice("WRAP_STYLE", Page::LineWrapping, &Scheme::wrapStyle, "Treatment of line continuation", 1, wrapStyleValues),
+    indent("WRAP_INDENT", Page::LineWrapping, &Scheme::wrapIndent, "Indent by"),
+    choice("EXPR_WRAP_STYLE", Page::LineWrapping, &Scheme::exprWrapStyle, "Wrap expressions", 2, exprWrapStyleValues),
+    choice("SHIFT_WRAP_STYLE", Page::LineWrapping, &Scheme::shiftWrapStyle, "Wrap input and output expressions", 1,
+           shiftWrapStyleValues),
+    choice("COMMA_WRAP_STYLE", Page::LineWrapping, &Scheme::commaWrapStyle, "Wrap comma separated lists", 2,
+           commaWrapStyleValues),
+    choice("LIST_WRAP_STRATEGY", Page::LineWrapping, &Scheme::listWrapStrategy, "List wrap strategy", 1,
+           listWrapStrategyValues),
+    flag("LINE_WRAP_DO_NOT_FORMAT", Page::LineWrapping, Unused::EditorOnly),
 
     // No page shows these, they can only come from a file.
-    whiteSpace(Key::WS_AFTER_PARAM_TYPE_ID, Page::None),
-    whiteSpace(Key::WS_AFTER_DD_RBRACKET, Page::None),
-    whiteSpace(Key::WS_AFTER_DD_NAME, Page::None),
-    whiteSpace(Key::WS_BEFORE_ACCESS_SPECS, Page::None),
-    flag(Key::ALIGN_BASE_CLAUSES_LEFT, Page::None),
-    flag(Key::ALIGN_FN_PARAMS_LEFT, Page::None),
-    flag(Key::ALIGN_CS_FOR_CLAUSES_LEFT, Page::None),
-    flag(Key::ALIGN_TP_PARAMS_LEFT, Page::None),
-    flag(Key::ALIGN_FN_CALL_ARGS_LEFT, Page::None),
-}};
-
-// The values of the Choice keys. A label is that of the value's radio button, empty where none is selected.
-struct ChoiceValue {
-    std::string_view key;
-    std::int32_t value;
-    std::string_view label;
-};
-
-inline constexpr ChoiceValue choices[] = {
-    {Key::CONVERT_WS, 0, "do not convert"},
-    {Key::CONVERT_WS, 1, "tabs to spaces"},
-    {Key::CONVERT_WS, 2, "spaces to tabs"},
-    {Key::ASTERISK_ANCHOR, -1, ""},
-    {Key::ASTERISK_ANCHOR, 0, "Typename"},
-    {Key::ASTERISK_ANCHOR, 1, "Identifier"},
-    {Key::AMPERSAND_ANCHOR, -1, ""},
-    {Key::AMPERSAND_ANCHOR, 0, "Typename"},
-    {Key::AMPERSAND_ANCHOR, 1, "Identifier"},
-    {Key::WRAP_STYLE, 0, ""},
-    {Key::WRAP_STYLE, 1, "Align logically with previous line"},
-    {Key::WRAP_STYLE, 2, "Indent by"},
-    {Key::EXPR_WRAP_STYLE, 1, "Before an operator"},
-    {Key::EXPR_WRAP_STYLE, 2, "After an operator"},
-    {Key::SHIFT_WRAP_STYLE, 1, "Before the shift operator"},
-    {Key::SHIFT_WRAP_STYLE, 2, "After the shift operator"},
-    {Key::COMMA_WRAP_STYLE, 1, "Before the comma"},
-    {Key::COMMA_WRAP_STYLE, 2, "After the comma"},
-    {Key::LIST_WRAP_STRATEGY, 0, ""},
-    {Key::LIST_WRAP_STRATEGY, 1, "Fit as many elements as possible on a single line"},
-    {Key::LIST_WRAP_STRATEGY, 2, "Put each element on a separate line"},
+    whiteSpace("WS_AFTER_PARAM_TYPE_ID", Page::None, &Scheme::wsAfterParamTypeId),
+    whiteSpace("WS_AFTER_DD_RBRACKET", Page::None, &Scheme::wsAfterDdRbracket),
+    whiteSpace("WS_AFTER_DD_NAME", Page::None, &Scheme::wsAfterDdName),
+    whiteSpace("WS_BEFORE_ACCESS_SPECS", Page::None, &Scheme::wsBeforeAccessSpecs),
+    flag("ALIGN_BASE_CLAUSES_LEFT", Page::None, &Scheme::alignBaseClausesLeft),
+    flag("ALIGN_FN_PARAMS_LEFT", Page::None, &Scheme::alignFnParamsLeft),
+    flag("ALIGN_CS_FOR_CLAUSES_LEFT", Page::None, &Scheme::alignCsForClausesLeft),
+    flag("ALIGN_TP_PARAMS_LEFT", Page::None, &Scheme::alignTpParamsLeft),
+    flag("ALIGN_FN_CALL_ARGS_LEFT", Page::None, &Scheme::alignFnCallArgsLeft),
 };
 
 // Keys without an effect that are kept for schemes that hold them: two that belong to a page without a control of
@@ -459,6 +321,15 @@ constexpr const PropertyInfo* find(std::string_view key) {
         if (property.key == key) return &property;
     }
     return nullptr;
+}
+
+// The key of the row that fills a member; there is no such key if this doesn't compile.
+template <class T>
+consteval std::string_view keyOf(T Scheme::*member) {
+    for (const PropertyInfo& property : properties) {
+        if (property.field == SchemeField(member)) return property.key;
+    }
+    throw "no row fills this member";
 }
 
 // Whether a key belongs to the vocabulary, that of old schemes included.

@@ -2,9 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
-
-#include "scheme/Brevis_PropertySet.h"
 
 namespace Brevis {
 
@@ -19,8 +16,5 @@ struct WsProperty {
 
 inline const WsProperty noWs{};
 inline const WsProperty newlineWs{true, "\n"};
-
-// The property as the scheme's string table has it.
-WsProperty wsProperty(const PropertySet& properties, std::string_view key);
 
 }  // namespace Brevis

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "Trn_NestingGuard.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
 #include "wrap/Brevis_BraceWalker.h"
 #include "wrap/Brevis_ColumnFold.h"
 #include "wrap/Brevis_FindFirstElem.h"
@@ -30,12 +29,6 @@ private:
     bool& flag_;
     bool saved_;
 };
-
-int styleValue(const PropertySet& scheme, std::string_view key, int whenAbsent, int whenOutOfRange) {
-    std::int32_t value = whenAbsent;
-    scheme.getInt(key, value);
-    return value < 0 || value > 2 ? whenOutOfRange : value;
-}
 
 // The column behind `text`, written from `column` on.
 int columnBehind(std::string_view text, int column, int tabSize) {
@@ -82,22 +75,14 @@ void checkGrowth(std::size_t wrappedSize, std::size_t size) {
     if (wrappedSize > size + maxGrowth) throw Trn::Exception("The text is too long once its lines are wrapped.");
 }
 
-CppExprLineWrapper::CppExprLineWrapper(const PropertySet& scheme) : CppExprFormatterBase(scheme) {
-    properties().getInt(Key::RIGHT_MARGIN, rightMargin_);
-    rightMargin_ = std::max(0, rightMargin_);
-    properties().getBool(Key::LINE_WRAP, lineWrap_);
-    wrapStyle_ = styleValue(properties(), Key::WRAP_STYLE, 0, 0);
-    shiftWrapStyle_ = styleValue(properties(), Key::SHIFT_WRAP_STYLE, 1, 1);
-    exprWrapStyle_ = styleValue(properties(), Key::EXPR_WRAP_STYLE, 1, 1);
-    commaWrapStyle_ = styleValue(properties(), Key::COMMA_WRAP_STYLE, 2, 2);
-    listWrapStrategy_ = styleValue(properties(), Key::LIST_WRAP_STRATEGY, 0, 0);
-    properties().getString(Key::WRAP_INDENT, wrapIndent_);
-}
+CppExprLineWrapper::CppExprLineWrapper(const Scheme& scheme)
+    : CppExprFormatterBase(scheme),
+      commaWrapStyle_(scheme.commaWrapStyle < 0 || scheme.commaWrapStyle > 2 ? 2 : scheme.commaWrapStyle) {}
 
 std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStreamSettings& settings,
                                                bool noExtraIndent) {
     const FlagGuard guard(noExtraIndent_, noExtraIndent);
-    if (!lineWrap_) return placeDirectives(std::move(text), settings);
+    if (!scheme().lineWrap) return placeDirectives(std::move(text), settings);
     if (!overflows(text, WrapPlace(settings))) {
         return placeDirectives(alignStrings(std::move(text), settings), settings);
     }
@@ -116,7 +101,7 @@ std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStr
 
 std::string CppExprLineWrapper::wrapOperands(const std::string& text, const WrapPlace& place) const {
     if (ColumnFold::isSafe(text)) {
-        ColumnFold fold(rightMargin_, place);
+        ColumnFold fold(scheme().rightMargin, place);
         WrapPlace folded = place;
         folded.fold = &fold;
         std::string result = runSteps(text, folded);
@@ -256,9 +241,9 @@ bool CppExprLineWrapper::wrapBraces(WrapText& text, const WrapPlace& place, int 
 
 std::string CppExprLineWrapper::wrapList(std::string text, const IndentStreamSettings& settings, bool noExtraIndent) {
     const FlagGuard guard(noExtraIndent_, noExtraIndent);
-    if (!lineWrap_) return text;
-    if (listWrapStrategy_ != 0 && overflows(text, WrapPlace(settings))) {
-        if (listWrapStrategy_ == 2) return wrapExpression(std::move(text), settings, noExtraIndent);
+    if (!scheme().lineWrap) return text;
+    if (scheme().listWrapStrategy != 0 && overflows(text, WrapPlace(settings))) {
+        if (scheme().listWrapStrategy == 2) return wrapExpression(std::move(text), settings, noExtraIndent);
         text = wrapFill(std::move(text), WrapPlace(settings));
     }
     return placeDirectives(alignStrings(std::move(text), settings), settings);
@@ -289,7 +274,7 @@ std::string CppExprLineWrapper::wrapForHead(std::string text, const IndentStream
 bool CppExprLineWrapper::overflows(std::string_view text, int column, int tabSize) const {
     while (!text.empty()) {
         const std::string_view line = text.substr(0, text.find('\n'));
-        if (columnAfter(line, column, tabSize) > rightMargin_) return true;
+        if (columnAfter(line, column, tabSize) > scheme().rightMargin) return true;
         if (line.size() == text.size()) return false;
         text.remove_prefix(line.size() + 1);
         column = 0;

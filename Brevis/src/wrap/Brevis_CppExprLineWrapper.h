@@ -25,8 +25,9 @@ void checkGrowth(std::size_t wrappedSize, std::size_t size);
 
 class CppExprLineWrapper : public CppExprFormatterBase {
 public:
-    // Reads the wrap keys of the scheme once.
-    explicit CppExprLineWrapper(const PropertySet& scheme);
+    // The scheme must outlive the wrapper.
+    explicit CppExprLineWrapper(const Scheme& scheme);
+    explicit CppExprLineWrapper(Scheme&& scheme) = delete;
 
     // `settings` says where the text will stand: its column, its indent. The results hold the line feeds and the
     // continuation indents, so the caller writes them raw. With `noExtraIndent` a continuation line is not indented by
@@ -85,16 +86,7 @@ private:
     std::string placeDirectives(std::string text, const IndentStreamSettings& settings) const;
     std::string rewritten(std::string text, const IndentStreamSettings& settings) const;
 
-    // Configuration, never changed after construction
-    int rightMargin_ = 0;
-    bool lineWrap_ = false;
-    int wrapStyle_ = 0;       // 1 aligns a continuation, 2 indents it, 0 puts a line feed alone
-    int shiftWrapStyle_ = 1;  // here and below: 1 breaks in front of the separator, 2 behind it, 0 not
-    int exprWrapStyle_ = 1;
-    int commaWrapStyle_ = 2;
-    int listWrapStrategy_ = 0;  // 0 leaves a list, 1 fills lines, 2 goes through wrapExpression
-    std::string wrapIndent_;
-
+    const int commaWrapStyle_;  // a value beyond 0 to 2 acts as 2
     // State
     bool noExtraIndent_ = false;
 };

@@ -48,11 +48,11 @@ std::string CppExprLineWrapper::wrapAtBreaks(std::string text, const WrapPlace& 
     if (overflows(text, place)) text = wrapShifts(text, place);
     if (overflows(text, place)) {
         FindFirstElem logicalFinder(WrapTokens::logicalOps);
-        text = breakAll(text, place, logicalFinder, exprWrapStyle_ == 2);
+        text = breakAll(text, place, logicalFinder, scheme().exprWrapStyle == 2);
     }
     if (overflows(text, place)) {
         FindFirstBinaryOp binaryFinder;
-        text = breakAll(text, place, binaryFinder, exprWrapStyle_ == 2);
+        text = breakAll(text, place, binaryFinder, scheme().exprWrapStyle == 2);
     }
     if (overflows(text, place)) {
         FindFirstCast castFinder;
@@ -65,7 +65,7 @@ std::string CppExprLineWrapper::wrapAtBreaks(std::string text, const WrapPlace& 
 
 std::string CppExprLineWrapper::breakAll(const std::string& text, const WrapPlace& place, FirstWrapToken& finder,
                                          bool breakAfter) const {
-    if (!lineWrap_ || rightMargin_ < 1) return text;
+    if (!scheme().lineWrap || scheme().rightMargin < 1) return text;
     const LexedText lexed(text);
     PieceReader rest(lexed, finder);
     WrapStream out(place);
@@ -91,7 +91,7 @@ void CppExprLineWrapper::breakBehind(PieceReader& rest, FirstWrapToken& finder, 
             out.raw(piece);
         } else if (isFirst) {
             isFirst = false;
-            if (wrapStyle_ == 1) column = out.writeFirstChar(piece);
+            if (scheme().wrapStyle == 1) column = out.writeFirstChar(piece);
             out.raw(piece);
         } else {
             if (needsBreak) out.lineFeed();
@@ -105,7 +105,7 @@ void CppExprLineWrapper::breakInFront(PieceReader& rest, WrapStream& out) const 
     int column = out.indentWidth();
     std::string_view piece = rest.cut(rest.textBefore()).text;
     std::string_view tail = splitTrailingWs(piece);
-    if (wrapStyle_ == 1) column = out.writeFirstChar(piece);
+    if (scheme().wrapStyle == 1) column = out.writeFirstChar(piece);
     out.raw(piece);
     while (!rest.empty()) {
         Piece unit = rest.cut(rest.textThrough());
@@ -129,7 +129,7 @@ void CppExprLineWrapper::breakInFront(PieceReader& rest, WrapStream& out) const 
 
 // The rung for `<<` and `>>` breaks only where a further operand doesn't fit.
 std::string CppExprLineWrapper::wrapShifts(const std::string& text, const WrapPlace& place) const {
-    if (shiftWrapStyle_ == 0) return text;
+    if (scheme().shiftWrapStyle == 0) return text;
     FindFirstElem shiftFinder(WrapTokens::shiftOps);
     const LexedText lexed(text);
     PieceReader rest(lexed, shiftFinder);
@@ -137,7 +137,7 @@ std::string CppExprLineWrapper::wrapShifts(const std::string& text, const WrapPl
     std::string_view head = rest.cut(rest.textBefore()).text;
     const int column = out.writeFirstChar(head);
     out.raw(head);
-    if (shiftWrapStyle_ == 1) {
+    if (scheme().shiftWrapStyle == 1) {
         wrapInFrontOfShifts(rest, column, out);
     } else {
         wrapBehindShifts(rest, place, column, out);
@@ -150,7 +150,7 @@ void CppExprLineWrapper::wrapInFrontOfShifts(PieceReader& rest, int column, Wrap
     std::string_view next = rest.cut(rest.textBefore()).text;
     std::string_view tail = splitTrailingWs(next);
     // Later operators stand under this one.
-    if (wrapStyle_ == 1) column = out.writeFirstChar(op);
+    if (scheme().wrapStyle == 1) column = out.writeFirstChar(op);
     out.raw(op);
     out.raw(next);
     while (!rest.empty()) {
@@ -177,7 +177,7 @@ void CppExprLineWrapper::wrapBehindShifts(PieceReader& rest, const WrapPlace& pl
     Piece op = rest.cut(rest.textThrough());
     const Piece next = rest.cut(rest.textBefore());
     const std::string_view tail = splitTrailingWs(op.text);
-    if (wrapStyle_ == 1) column = out.writeFirstChar(op.text);
+    if (scheme().wrapStyle == 1) column = out.writeFirstChar(op.text);
     out.raw(op.text);
     // The second operand is measured from where the whole text began.
     if (overflows(std::string(tail) + std::string(next.text), place)) {
@@ -208,7 +208,7 @@ std::string CppExprLineWrapper::wrapFill(std::string text, const WrapPlace& plac
 // Puts as many elements on a line as fit.
 std::string CppExprLineWrapper::fillLines(const std::string& text, const WrapPlace& place,
                                           FirstWrapToken& finder) const {
-    if (!lineWrap_ || rightMargin_ < 1 || commaWrapStyle_ == 0) return text;
+    if (!scheme().lineWrap || scheme().rightMargin < 1 || commaWrapStyle_ == 0) return text;
     const LexedText lexed(text);
     PieceReader rest(lexed, finder);
     WrapStream out(place);
@@ -223,7 +223,7 @@ std::string CppExprLineWrapper::fillLines(const std::string& text, const WrapPla
 void CppExprLineWrapper::fillBehind(PieceReader& rest, WrapStream& out) const {
     int column = out.indentWidth();
     std::string_view first = rest.cut(rest.textThrough()).text;
-    if (wrapStyle_ == 1) column = out.writeFirstChar(first);
+    if (scheme().wrapStyle == 1) column = out.writeFirstChar(first);
     out.raw(first);
     while (!rest.empty()) {
         std::string_view unit = rest.cut(rest.textThrough()).text;
@@ -241,7 +241,7 @@ void CppExprLineWrapper::fillInFront(PieceReader& rest, WrapStream& out) const {
     int column = out.indentWidth();
     std::string_view first = rest.cut(rest.textBefore()).text;
     std::string_view tail = splitTrailingWs(first);
-    if (wrapStyle_ == 1) column = out.writeFirstChar(first);
+    if (scheme().wrapStyle == 1) column = out.writeFirstChar(first);
     out.raw(first);
     while (!rest.empty()) {
         Piece piece = rest.cut(rest.textThrough());
@@ -267,11 +267,11 @@ void CppExprLineWrapper::fillInFront(PieceReader& rest, WrapStream& out) const {
 void CppExprLineWrapper::writeContinuation(WrapStream& out, std::string_view text, int column, bool breakAfter) const {
     const std::string_view first = text.substr(0, text.find('\n'));
     const std::string_view more = text.substr(first.size());
-    if (wrapStyle_ == 0) {
+    if (scheme().wrapStyle == 0) {
         out.raw(text);
         return;
     }
-    const bool aligns = wrapStyle_ == 1;
+    const bool aligns = scheme().wrapStyle == 1;
     // A separator hangs to the left, so that the operand behind it stands at the column.
     if (aligns && !breakAfter) {
         const int target = columnBefore(first, column, out.tabSize());
@@ -280,7 +280,7 @@ void CppExprLineWrapper::writeContinuation(WrapStream& out, std::string_view tex
     }
     OIndentStream& stream = out.stream();
     std::string indent = indentStringFor(stream, column);
-    if (!aligns && !noExtraIndent_) indent += wrapIndent_;
+    if (!aligns && !noExtraIndent_) indent += scheme().wrapIndent.text;
     {
         const LeadingWsGuard keep(stream, aligns);
         const IndentStringGuard under(stream, std::move(indent));

@@ -5,8 +5,6 @@
 
 #include "Trn_NestingGuard.h"
 #include "format/Brevis_CppFormatter.h"
-#include "scheme/Brevis_EngineDefaults.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
 
 namespace Brevis {
 
@@ -15,28 +13,13 @@ namespace {
 const WsProperty blankWs{true, " "};
 const WsProperty emptyWs{true, ""};
 
-std::int32_t intValue(const PropertySet& properties, std::string_view key, std::int32_t whenAbsent) {
-    properties.getInt(key, whenAbsent);
-    return whenAbsent;
-}
-
 }  // namespace
 
-CppLineWrapper::CppLineWrapper(const FormatterProperties& properties, std::string_view text)
-    : props_(withEngineDefaults(properties)),
-      scheme_(props_),
-      in_(text, scheme_.tabSize),
-      out_(scheme_.outputSettings()),
-      expr_(properties),
-      exprWrapper_(properties) {
-    props_.getBool(Key::LINE_WRAP, lineWrap_);
-    const std::int32_t wrapStyle = intValue(props_, Key::WRAP_STYLE, 0);
-    wrapsEnums_ = wrapStyle == 1 || wrapStyle == 2;
-    breaksBehindComma_ = intValue(props_, Key::COMMA_WRAP_STYLE, 2) == 2;
-    const std::int32_t rightMargin = intValue(props_, Key::RIGHT_MARGIN, 0);
-    if (lineWrap_ && rightMargin > 0) {
-        ITextDocStream cursor(text, scheme_.tabSize);
-        overlongLineNumbers_ = overlongLines(cursor, rightMargin);
+CppLineWrapper::CppLineWrapper(const Scheme& scheme, std::string_view text)
+    : scheme_(scheme), in_(text, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme), exprWrapper_(scheme) {
+    if (scheme.lineWrap && scheme.rightMargin > 0) {
+        ITextDocStream cursor(text, scheme.tabSize);
+        overlongLineNumbers_ = overlongLines(cursor, scheme.rightMargin);
     }
 }
 
@@ -72,7 +55,7 @@ void CppLineWrapper::clearTemplate() {
 // ---- Bodies
 
 void CppLineWrapper::visit(Cpp::RootNode& root) {
-    if (lineWrap_ && isOverlong(root)) {
+    if (scheme_.lineWrap && isOverlong(root)) {
         const LeadingWsGuard keep(out_, !scheme_.leftMargin.isSet);
         wrapChildren(root, scheme_.leftMargin);
     }

@@ -14,8 +14,7 @@
 
 #include "Cpp_Nodes.h"
 #include "expr/Brevis_CppExprFormatter.h"
-#include "scheme/Brevis_CppFormatterScheme.h"
-#include "scheme/Brevis_FormatterProperties.h"
+#include "scheme/Brevis_Scheme.h"
 #include "text/Brevis_ColumnPush.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
@@ -32,8 +31,9 @@ namespace Brevis {
 // behind it ...Decls and ...Statements.
 class CppLineWrapper : public Cpp::Emitter {
 public:
-    // `text` must be the text that the tree was parsed from, and must outlive the wrapper.
-    CppLineWrapper(const FormatterProperties& properties, std::string_view text);
+    // `text` must be the text that the tree was parsed from; it and the scheme must outlive the wrapper.
+    CppLineWrapper(const Scheme& scheme, std::string_view text);
+    CppLineWrapper(Scheme&& scheme, std::string_view text) = delete;
 
     // The wrapped text, complete once the root has accepted the wrapper.
     std::string takeText() { return out_.takeStr(); }
@@ -122,11 +122,7 @@ private:
     void wrapForCondition(std::string inner, std::string_view close, int column);
 
     // Configuration, never changed after construction
-    PropertySet props_;
-    CppFormatterScheme scheme_;
-    bool lineWrap_ = false;
-    bool wrapsEnums_ = false;               // WRAP_STYLE asks for any layout at all
-    bool breaksBehindComma_ = true;         // COMMA_WRAP_STYLE is 2
+    const Scheme& scheme_;
     std::vector<int> overlongLineNumbers_;  // ascending
 
     // The two cursors

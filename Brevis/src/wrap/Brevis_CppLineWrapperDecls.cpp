@@ -23,8 +23,8 @@ void CppLineWrapper::visit(Cpp::ClassHeadNode& head) {
 void CppLineWrapper::visit(Cpp::BaseClauseListNode& list) {
     if (!isOverlong(list)) return copyToEnd(list);
     copyBeforeRaw(in_, out_, list.firstPosition());
-    const WsProperty& between = scheme_.alignBaseClausesLeft ? newlineWs : scheme_.wsBetweenBaseClauses;
-    wrapListItems(list, scheme_.wsBeforeBaseClausesComma, between, breaksBehindComma_);
+    const WsProperty& between = scheme_.betweenBaseClauses();
+    wrapListItems(list, scheme_.wsBeforeBaseClausesComma, between, scheme_.commaWrapStyle == 2);
 }
 
 void CppLineWrapper::visit(Cpp::BaseClauseNode& clause) { copyThrough(in_, out_, clause.lastPosition()); }
@@ -35,7 +35,7 @@ void CppLineWrapper::visit(Cpp::TemplateNode& node) {
     templatePending_ = true;
     if (isOverlong(node) && node.parameters) {
         copyThroughRaw(in_, out_, node.parameters->firstPosition());
-        wrapListItems(*node.parameters, scheme_.wsBeforeTpComma, scheme_.wsBetweenTpParams, false);
+        wrapListItems(*node.parameters, scheme_.wsBeforeTpComma, scheme_.betweenTpParams(), false);
     }
     copyToEnd(node);
 }
@@ -70,7 +70,7 @@ int CppLineWrapper::wrapFunctionHead(Cpp::FunctionDeclNode& node) {
     if (head.name) copyToEnd(*head.name);
     if (head.parameters) {
         const ColumnPush push(columnStack_, column);
-        wrapParenList(*head.parameters, scheme_.wsBeforeFnComma, scheme_.wsBetweenFnParams);
+        wrapParenList(*head.parameters, scheme_.wsBeforeFnComma, scheme_.betweenFnParams());
     }
     copyToEnd(head);
     return column;
@@ -121,7 +121,7 @@ void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
     const ColumnPush push(columnStack_, node.name ? wrapPointerDeclarator(node) : topColumn());
     if (node.parameters) {
         out_ << readBefore(in_, node.parameters->firstPosition());
-        wrapParenList(*node.parameters, scheme_.wsBeforeFnComma, scheme_.wsBetweenFnParams);
+        wrapParenList(*node.parameters, scheme_.wsBeforeFnComma, scheme_.betweenFnParams());
     }
     copyThrough(in_, out_, node.lastPosition());
 }
@@ -193,7 +193,7 @@ void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
 
 bool CppLineWrapper::isEnumWrapped(const Cpp::EnumBodyNode& body) const {
     const bool isBroken = scheme_.wsBeforeEnumComma.holdsLineFeed() || scheme_.wsBetweenEnumElements.holdsLineFeed();
-    return body.childCount() > 0 && isOverlong(body) && !isBroken && wrapsEnums_;
+    return body.childCount() > 0 && isOverlong(body) && !isBroken && scheme_.wrapStyle != 0;
 }
 
 void CppLineWrapper::visit(Cpp::EnumBodyNode& body) {
