@@ -1,28 +1,14 @@
-// corvane-inspect: shows what the stages of the engine make of a source text, for people who debug it and for tests.
-// Each sub-command is one function from a source to a text.
+// corvane-inspect: shows what the engine makes of a source text or of a scheme, for people who debug it, for users who
+// wonder and for tests. Here stand its arguments; Console_InspectCommands has what it does.
 #include <CLI/CLI.hpp>
 #include <cstring>
 #include <exception>
 #include <string>
 
-#include "BrevisUI_Files.h"
-#include "BrevisUI_Messages.h"
-#include "Brevis_Formatter.h"
-#include "Console_SchemeFinder.h"
+#include "Console_InspectCommands.h"
 #include "Console_StandardStreams.h"
-#include "Console_TreePrinter.h"
-#include "Cpp_Lexer.h"
-#include "Cpp_Parser.h"
-#include "Trn_Escapes.h"
-#include "Vellum_LineEnds.h"
-#include "format/Brevis_CppPreFormatter.h"
 
 namespace {
-
-constexpr const char* program = "corvane-inspect";
-constexpr const char* standardInput = "-";
-constexpr int exitGood = 0;
-constexpr int exitTrouble = 2;
 
 constexpr const char* versionText = "corvane-inspect (Corvane C++) " CORVANE_VERSION_TEXT
                                     "\n"
@@ -32,9 +18,12 @@ constexpr const char* helpText =
     R"(Usage: corvane-inspect tokens [FILE]
   or:  corvane-inspect tree [--preformat] [FILE]
   or:  corvane-inspect wrap --scheme SCHEME [FILE]
-Show what the stages of the formatter make of a C or C++ source text.
+  or:  corvane-inspect scheme [--scheme SCHEME] [FILE]
+Show what the stages of the formatter make of a C or C++ source text, or of a
+scheme.
 
-Without FILE, or where FILE is -, standard input is read.
+Without FILE, or where FILE is -, standard input is read; to the command scheme it
+stands for a file in the current directory.
 
   tokens       one token a line: its number, its first and last position and its
                  text, between tabs; the end of the text comes last
@@ -43,8 +32,11 @@ Without FILE, or where FILE is -, standard input is read.
                      alone is a single comment
   wrap         the text as the second pass leaves it, which wraps long lines; the
                  text is taken as formatted already
+  scheme       one property a line: its key, the value in force and where that comes
+                 from, between tabs; the path of the scheme comes first
   -s, --scheme SCHEME
-               the scheme file
+               the scheme file; without one, the command scheme shows the scheme that
+                 corvane-format would take for FILE, which it doesn't read
       --help     show this help and exit
       --version  show the version and exit
 
@@ -53,96 +45,22 @@ backslashes are escaped. What the parser reports goes to standard error; the tre
 is shown even so.
 
 Exit status:
-  0  if the text was read, whatever the parser reports,
-  2  if it or the scheme could not be read, if it is nested too deeply or can't be
+  0  if the text or the scheme was read, whatever the parser reports,
+  2  if one of them could not be read, if the text is nested too deeply or can't be
        wrapped for what the parser reports, or if the arguments are bad.
 )";
 
-void complain(const std::string& complaint) { Console::writeErrorLine(std::string(program) + ": " + complaint); }
-
-struct Source {
-    std::string name;  // for messages
-    std::string text;  // with normalised line ends
-};
-
-// What the arguments ask of a command beside its source.
-struct Options {
-    bool preformat = false;
-    std::string scheme;
-};
-
-// A command writes its text to `out` and gives the exit status.
-int showTokens(const Source& source, const Options&, std::string& out) {
-    Cpp::Lexer lexer(source.text);
-    for (;;) {
-        const Trn::Token token = lexer.next();
-        out += std::to_string(token.kind()) + '\t' + Console::printPosition(token.first()) + '-' +
-               Console::printPosition(token.last()) + '\t' + Trn::escape(token.text()) + '\n';
-        if (token.kind() == Trn::Kind::EndOfInput) return exitGood;
-    }
-}
-
-void writeMessages(const Source& source, const Trn::ParseMessageList& messages) {
-    for (const Trn::ParseMessage& message : messages) {
-        Console::writeErrorLine(BrevisUI::parseMessageLine(source.name, message));
-    }
-}
-
-int showTree(const Source& source, const Options& options, std::string& out) {
-    Cpp::Lexer lexer(source.text);
-    Cpp::RootNode root;
-    Trn::ParseMessageList messages;
-    Cpp::Parser().parse(lexer, root, messages);
-    writeMessages(source, messages);
-    if (options.preformat) {
-        Brevis::CppPreFormatter preFormatter(Brevis::regionTable());
-        root.accept(preFormatter);
-    }
-    out = Console::printTree(root);
-    return exitGood;
-}
-
-int showWrapped(const Source& source, const Options& options, std::string& out) {
-    const Console::LoadedScheme loaded = Console::loadScheme(options.scheme);
-    for (const Console::Remark& remark : loaded.remarks) Console::writeErrorLine(remark.text);
-    if (!loaded.good) return exitTrouble;
-
-    Trn::ParseMessageList messages;
-    const Brevis::FormatterProperties properties(loaded.scheme);
-    Brevis::FormatResult result = Brevis::Formatter().wrap(properties, source.text, messages);
-    writeMessages(source, messages);
-    if (!result.isFormatted()) return exitTrouble;
-    out = std::move(result.text);
-    return exitGood;
-}
-
-using Command = int (*)(const Source& source, const Options& options, std::string& out);
-
-bool readSource(const std::string& file, Source& source) {
-    const bool isStandardInput = file == standardInput;
-    source.name = isStandardInput ? "<stdin>" : file;
-    const bool isRead =
-        isStandardInput ? BrevisUI::readStream(stdin, source.text) : BrevisUI::readFile(file, source.text);
-    if (!isRead) {
-        complain("cannot read '" + source.name + "': " + std::strerror(errno));
-        return false;
-    }
-    Vellum::normalizeLineEnds(source.text);
-    return true;
-}
-
-// What the arguments ask for: a command with its file and options, or a status to end with.
+// What the arguments ask for: a command with its options, or a status to end with.
 struct Request {
-    Command command = nullptr;
-    std::string file = standardInput;
-    Options options;
-    int status = exitGood;
+    Console::InspectCommand command = nullptr;
+    Console::InspectOptions options;
+    int status = Console::inspectGood;
 };
 
-CLI::App& addCommand(CLI::App& app, const char* name, Command command, Request& request) {
+CLI::App& addCommand(CLI::App& app, const char* name, Console::InspectCommand command, Request& request) {
     CLI::App* sub = app.add_subcommand(name);
     sub->set_help_flag("--help");
-    sub->add_option("FILE", request.file);
+    sub->add_option("FILE", request.options.file);
     sub->callback([&request, command] { request.command = command; });
     return *sub;
 }
@@ -153,9 +71,12 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     app.set_help_flag("--help");
     app.set_version_flag("--version", versionText);
     app.require_subcommand(1);
-    addCommand(app, "tokens", showTokens, request);
-    addCommand(app, "tree", showTree, request).add_flag("--preformat", request.options.preformat);
-    addCommand(app, "wrap", showWrapped, request).add_option("-s,--scheme", request.options.scheme)->required();
+    addCommand(app, "tokens", Console::showTokens, request);
+    addCommand(app, "tree", Console::showTree, request).add_flag("--preformat", request.options.preformat);
+    addCommand(app, "wrap", Console::showWrapped, request)
+        .add_option("-s,--scheme", request.options.scheme)
+        ->required();
+    addCommand(app, "scheme", Console::showScheme, request).add_option("-s,--scheme", request.options.scheme);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -165,10 +86,10 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
         output.write(versionText);
         request.command = nullptr;
     } catch (const CLI::ParseError& error) {
-        complain(error.what());
-        complain(std::string("try '") + program + " --help' for more information");
+        Console::complainOfInspect(error.what());
+        Console::complainOfInspect(std::string("try '") + Console::inspectProgram + " --help' for more information");
         request.command = nullptr;
-        request.status = exitTrouble;
+        request.status = Console::inspectTrouble;
     }
     return request;
 }
@@ -177,15 +98,13 @@ int guardedMain(int argc, char** argv) {
     Console::StandardOutput output;
     Request request = parseArguments(argc, argv, output);
     if (request.command) {
-        Source source;
-        if (!readSource(request.file, source)) return exitTrouble;
         std::string text;
-        request.status = request.command(source, request.options, text);
+        request.status = request.command(request.options, text);
         output.write(text);
     }
     if (const int error = output.finish()) {
-        complain(std::string("write error: ") + std::strerror(error));
-        return exitTrouble;
+        Console::complainOfInspect(std::string("write error: ") + std::strerror(error));
+        return Console::inspectTrouble;
     }
     return request.status;
 }
@@ -197,7 +116,7 @@ int main(int argc, char** argv) {
     try {
         return guardedMain(argc, argv);
     } catch (const std::exception& exception) {
-        complain(exception.what());
+        Console::complainOfInspect(exception.what());
     }
-    return exitTrouble;
+    return Console::inspectTrouble;
 }

@@ -74,6 +74,35 @@ TEST_F(CorvaneInspectTest, EveryAttributeOfANodeIsShown) {
     }
 }
 
+// The scheme is the one that corvane-format would take.
+TEST_F(CorvaneInspectTest, ShowsTheSchemeInForce) {
+    const std::string path =
+        dir.file(".corvane.fsc",
+                 "Brevis::PropertySet\n1\n\"s\"\n1 CONVERT_WS 1\n1 NS_USE_GLOBAL_SETTINGS 1\n2 TAB_SIZE 99999\n"
+                 "3 WS_BETWEEN_CS \"\\n\"\n3 WS_AFTER_DD_TYPE_ID \"\"\n3 INDENT_FN_PARAMS \" \"\n");
+    for (const char* command :
+         {"$I scheme", "$I scheme - < a.cpp", "$I scheme a.cpp", "$I scheme -s \"$PWD/.corvane.fsc\""}) {
+        run(command);
+        EXPECT_EQ(status, 0) << command;
+        EXPECT_EQ(err, "");
+        EXPECT_EQ(out.rfind("# " + path + "\nCORVANE_VERSION\tunset\tnot used by the engine: ", 0), 0u)
+            << command << out;
+    }
+    for (const char* line :
+         {"TAB_SIZE\t32767\tlimited, the scheme has 99999", "ASTERISK_ANCHOR\t-1\tengine default",
+          "CONVERT_WS\t0\tengine default, the scheme has the key with another type",
+          "WS_BETWEEN_CS\t\"\\n\"\tset in the scheme",
+          "WS_AFTER_DD_TYPE_ID\t\" \"\tengine default, the scheme has \"\"", "WS_BEFORE_ACCESS_SPECS\tunset\tabsent",
+          "ALIGN_PPD_LEFT_MOST\tunset\tabsent",
+          "NS_USE_GLOBAL_SETTINGS\t1\tnot used by the engine: only a scheme editor reads it",
+          "INDENT_FN_PARAMS\t\" \"\tnot used by the engine: it is reserved or of an older version"}) {
+        EXPECT_NE(out.find('\n' + std::string(line) + '\n'), std::string::npos) << line << "\n" << out;
+    }
+    run("$I scheme -s missing.fsc");
+    EXPECT_EQ(status, 2);
+    EXPECT_EQ(err, "The scheme file \"missing.fsc\" cannot be found.\n");
+}
+
 TEST_F(CorvaneInspectTest, TellsWhatItCannotDo) {
     for (const char* command : {"$I tokens missing.cpp", "$I tree .", "$I tree deep.cpp", "$I", "$I shape a.cpp",
                                 "$I tokens a.cpp a.cpp", "$I tokens --wrong", "$I tokens a.cpp > /dev/full"}) {

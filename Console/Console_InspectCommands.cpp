@@ -1,0 +1,120 @@
+// What each command of corvane-inspect shows.
+#include "Console_InspectCommands.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "BrevisUI_Files.h"
+#include "BrevisUI_Messages.h"
+#include "Brevis_Formatter.h"
+#include "Console_SchemeFinder.h"
+#include "Console_SchemePrinter.h"
+#include "Console_StandardStreams.h"
+#include "Console_TreePrinter.h"
+#include "Cpp_Lexer.h"
+#include "Cpp_Parser.h"
+#include "Trn_Escapes.h"
+#include "Vellum_LineEnds.h"
+#include "format/Brevis_CppPreFormatter.h"
+
+namespace Console {
+
+namespace {
+
+struct Source {
+    std::string name;  // for messages
+    std::string text;  // with normalised line ends
+};
+
+bool isStandardInput(const std::string& file) { return file.empty() || file == "-"; }
+
+std::optional<Source> readSource(const std::string& file) {
+    Source source;
+    source.name = isStandardInput(file) ? "<stdin>" : file;
+    const bool isRead =
+        isStandardInput(file) ? BrevisUI::readStream(stdin, source.text) : BrevisUI::readFile(file, source.text);
+    if (!isRead) {
+        complainOfInspect("cannot read '" + source.name + "': " + std::strerror(errno));
+        return std::nullopt;
+    }
+    Vellum::normalizeLineEnds(source.text);
+    return source;
+}
+
+void writeMessages(const Source& source, const Trn::ParseMessageList& messages) {
+    for (const Trn::ParseMessage& message : messages) {
+        writeErrorLine(BrevisUI::parseMessageLine(source.name, message));
+    }
+}
+
+LoadedScheme loadAndRemark(const std::string& path) {
+    LoadedScheme loaded = loadScheme(path);
+    for (const Remark& remark : loaded.remarks) writeErrorLine(remark.text);
+    return loaded;
+}
+
+// The scheme that corvane-format would take.
+std::string schemePath(const InspectOptions& options) {
+    if (!options.scheme.empty()) return options.scheme;
+    return SchemeFinder(shippedSchemePath()).pathFor(isStandardInput(options.file) ? "" : options.file);
+}
+
+}  // namespace
+
+void complainOfInspect(const std::string& complaint) { writeErrorLine(std::string(inspectProgram) + ": " + complaint); }
+
+int showTokens(const InspectOptions& options, std::string& out) {
+    const std::optional<Source> source = readSource(options.file);
+    if (!source) return inspectTrouble;
+    Cpp::Lexer lexer(source->text);
+    for (;;) {
+        const Trn::Token token = lexer.next();
+        out += std::to_string(token.kind()) + '\t' + printPosition(token.first()) + '-' + printPosition(token.last()) +
+               '\t' + Trn::escape(token.text()) + '\n';
+        if (token.kind() == Trn::Kind::EndOfInput) return inspectGood;
+    }
+}
+
+int showTree(const InspectOptions& options, std::string& out) {
+    const std::optional<Source> source = readSource(options.file);
+    if (!source) return inspectTrouble;
+    Cpp::Lexer lexer(source->text);
+    Cpp::RootNode root;
+    Trn::ParseMessageList messages;
+    Cpp::Parser().parse(lexer, root, messages);
+    writeMessages(*source, messages);
+    if (options.preformat) {
+        Brevis::CppPreFormatter preFormatter(Brevis::regionTable());
+        root.accept(preFormatter);
+    }
+    out = printTree(root);
+    return inspectGood;
+}
+
+int showWrapped(const InspectOptions& options, std::string& out) {
+    const std::optional<Source> source = readSource(options.file);
+    if (!source) return inspectTrouble;
+    const LoadedScheme loaded = loadAndRemark(options.scheme);
+    if (!loaded.good) return inspectTrouble;
+
+    Trn::ParseMessageList messages;
+    const Brevis::FormatterProperties properties(loaded.scheme);
+    Brevis::FormatResult result = Brevis::Formatter().wrap(properties, source->text, messages);
+    writeMessages(*source, messages);
+    if (!result.isFormatted()) return inspectTrouble;
+    out = std::move(result.text);
+    return inspectGood;
+}
+
+int showScheme(const InspectOptions& options, std::string& out) {
+    const std::string path = schemePath(options);
+    const LoadedScheme loaded = loadAndRemark(path);
+    if (!loaded.good) return inspectTrouble;
+    out = "# " + path + '\n' + printScheme(loaded.scheme);
+    return inspectGood;
+}
+
+}  // namespace Console
