@@ -4,9 +4,13 @@
 
 #include <array>
 #include <cstdint>
-#include <string_view>
+
+#include "Vellum_WhiteSpace.h"
 
 namespace Cpp {
+
+using Vellum::isSpace;
+using Vellum::trimmed;
 
 namespace CharClass {
 
@@ -21,12 +25,11 @@ constexpr std::array<std::uint8_t, 256> makeCharClasses() {
         const bool isDigit = c >= '0' && c <= '9';
         const bool isAlpha = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
         const bool isHexLetter = (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-        const bool isSpace = c == ' ' || (c >= '\t' && c <= '\r');
         const bool isGraph = c > ' ' && c < 0x7f;
         classes[c] = static_cast<std::uint8_t>(
-            (isSpace ? CharClass::space : 0) | (isAlpha ? CharClass::alpha : 0) | (isDigit ? CharClass::digit : 0) |
-            (isDigit || isHexLetter ? CharClass::hexDigit : 0) | (c == '_' ? CharClass::underscore : 0) |
-            (isGraph && !isAlpha && !isDigit ? CharClass::punct : 0));
+            (isSpace(static_cast<char>(c)) ? CharClass::space : 0) | (isAlpha ? CharClass::alpha : 0) |
+            (isDigit ? CharClass::digit : 0) | (isDigit || isHexLetter ? CharClass::hexDigit : 0) |
+            (c == '_' ? CharClass::underscore : 0) | (isGraph && !isAlpha && !isDigit ? CharClass::punct : 0));
     }
     return classes;
 }
@@ -35,14 +38,6 @@ inline constexpr std::array<std::uint8_t, 256> charClasses = makeCharClasses();
 
 constexpr bool isAny(char c, std::uint8_t classes) {
     return (charClasses[static_cast<unsigned char>(c)] & classes) != 0;
-}
-constexpr bool isSpace(char c) { return isAny(c, CharClass::space); }
-
-// The text without the white space at both its ends.
-constexpr std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isSpace(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isSpace(text.back())) text.remove_suffix(1);
-    return text;
 }
 
 }  // namespace Cpp

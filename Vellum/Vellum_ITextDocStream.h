@@ -31,9 +31,9 @@ public:
     bool unget();
 
     bool good() const { return good_; }
-    Position position() const { return position_; }
-    int line() const { return position_.line; }
-    int column() const { return position_.column; }
+    Position position() const { return {line_, column()}; }
+    int line() const { return line_; }
+    int column() const { return static_cast<int>(static_cast<std::ptrdiff_t>(offset_) - lineStart_); }
     // Byte offset of the cursor in the text given to the constructor.
     std::size_t offset() const { return offset_; }
 
@@ -48,10 +48,18 @@ public:
     std::string_view readRest();
 
 private:
+    static constexpr std::size_t unknown = std::string_view::npos;
+
+    void startLine();
+    std::size_t lineFeed();
+
     std::string_view text_;
     std::size_t offset_ = 0;
-    Position start_;
-    Position position_;
+    int line_;
+    // Where column 0 of the current line is, which on the first line may lie in front of the text.
+    std::ptrdiff_t lineStart_;
+    std::ptrdiff_t firstLineStart_;
+    std::size_t lineFeed_ = unknown;  // the offset at which the current line ends, once it has been looked for
     int tabSize_;
     bool good_ = true;
 };

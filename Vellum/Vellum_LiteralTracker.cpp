@@ -4,62 +4,63 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+
+#include "Vellum_WhiteSpace.h"
 
 namespace Vellum {
 
 namespace {
 
-// The characters of code that can change the state, and those that are white space.
-constexpr std::array<bool, 256> charactersOf(std::string_view set) {
-    std::array<bool, 256> characters{};
-    for (const char c : set) characters[static_cast<unsigned char>(c)] = true;
-    return characters;
-}
-
-constexpr std::array<bool, 256> signs = charactersOf("/*\"'#\\\n");
-constexpr std::array<bool, 256> blanks = charactersOf(" \t\v\f\r");
+// For each state the characters that can change it, and those that are looked back at. A stretch without them is passed
+// over in one step.
+constexpr std::array<CharSet, 6> stops = {
+    CharSet("/*\"'#\\\n"),  // Normal
+    CharSet("\n"),          // LineComment
+    CharSet("*/\n"),        // BlockComment
+    CharSet("\"\\\n"),      // String
+    CharSet("'\\\n"),       // Character
+    CharSet("/*\"'\\\n"),   // Directive
+};
 
 }  // namespace
 
 void LiteralTracker::feed(std::string_view text) {
-    while (!text.empty()) {
-        if (state_ == State::Normal) text.remove_prefix(skipCode(text));
-        if (state_ == State::LineComment) text.remove_prefix(std::min(text.find('\n'), text.size()));
-        if (text.empty()) return;
-        feed(text.front());
-        text.remove_prefix(1);
+    while (true) {
+        const std::size_t length = state_ == State::LineComment ? std::min(text.find('\n'), text.size())
+                                                                : stops[static_cast<std::size_t>(state_)].findIn(text);
+        pass(text.substr(0, length));
+        if (length == text.size()) return;
+        feed(text[length]);
+        text.remove_prefix(length + 1);
     }
 }
 
-// Passes over the code up to the next sign and gives its length.
-std::size_t LiteralTracker::skipCode(std::string_view text) {
-    std::size_t length = 0;
-    for (; length < text.size() && !signs[static_cast<unsigned char>(text[length])]; ++length) {
-        if (blanks[static_cast<unsigned char>(text[length])]) continue;
-        behindBackslash_ = false;
-        lastNonSpace_ = text[length];
-    }
-    if (length > 0) previous_ = text[length - 1];
-    return length;
+// Takes a stretch without any of the characters that matter in this state.
+void LiteralTracker::pass(std::string_view stretch) {
+    if (stretch.empty()) return;
+    previous_ = stretch.back();
+    escaped_ = false;
+    const std::string_view trimmed = withoutTrailingSpace(stretch);
+    if (trimmed.empty()) return;
+    lastNonSpace_ = trimmed.back();
+    behindBackslash_ = false;
 }
 
 void LiteralTracker::feed(char c) {
-    const bool isSpace = std::isspace(static_cast<unsigned char>(c)) != 0;
     switch (state_) {
         case State::Normal:
-            return feedNormal(c, isSpace);
+            return feedNormal(c);
         case State::LineComment:
             if (c == '\n') leave('\0');
             return;
         case State::BlockComment:
             return feedBlockComment(c);
         case State::String:
-            return feedString(c, isSpace);
+            return feedString(c);
         case State::Character:
-            return feedCharacter(c, isSpace);
+            return feedCharacter(c);
         case State::Directive:
-            return feedDirective(c, isSpace);
+            return feedDirective(c);
     }
 }
 
@@ -73,10 +74,10 @@ LiteralTracker::LineStart LiteralTracker::lineStart() const {
     return behindBackslash() ? LineStart::Backslash : LineStart::Plain;
 }
 
-void LiteralTracker::feedNormal(char c, bool isSpace) {
+void LiteralTracker::feedNormal(char c) {
     const char previous = previous_;
     previous_ = c;
-    if (isSpace) {
+    if (isSpace(c)) {
         if (c == '\n') {
             if (lastNonSpace_ == '\\') behindBackslash_ = true;
             lastNonSpace_ = '\0';
@@ -117,8 +118,8 @@ void LiteralTracker::feedBlockComment(char c) {
     previous_ = c;
 }
 
-void LiteralTracker::feedString(char c, bool isSpace) {
-    if (!isSpace) lastNonSpace_ = c;
+void LiteralTracker::feedString(char c) {
+    if (!isSpace(c)) lastNonSpace_ = c;
     if (c == '\n') {
         // A backslash continues the literal, also with blanks behind it; without one it is defective and ends here.
         // Then a backslash with nothing but white space behind it is one in the open.
@@ -134,8 +135,8 @@ void LiteralTracker::feedString(char c, bool isSpace) {
     escaped_ = !escaped_ && c == '\\';
 }
 
-void LiteralTracker::feedCharacter(char c, bool isSpace) {
-    if (!isSpace) lastNonSpace_ = c;
+void LiteralTracker::feedCharacter(char c) {
+    if (!isSpace(c)) lastNonSpace_ = c;
     if (c == '\n') {
         // A line end cuts the literal for the lexer, a backslash continues it for a compiler: what it stands in front
         // of stays as it is.
@@ -148,10 +149,10 @@ void LiteralTracker::feedCharacter(char c, bool isSpace) {
     escaped_ = !escaped_ && c == '\\';
 }
 
-void LiteralTracker::feedDirective(char c, bool isSpace) {
+void LiteralTracker::feedDirective(char c) {
     const char previous = previous_;
     previous_ = c;
-    if (!isSpace) lastNonSpace_ = c;
+    if (!isSpace(c)) lastNonSpace_ = c;
     // The lexer looks for comments inside the literals of a directive too.
     if (previous == '/' && c == '/') return enter(State::LineComment);
     if (previous == '/' && c == '*') {

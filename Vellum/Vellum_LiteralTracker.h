@@ -2,7 +2,6 @@
 // directive, by the rules of the C++ lexer. It looks only at the characters that it is fed.
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 
 namespace Vellum {
@@ -37,14 +36,14 @@ public:
     LineStart lineStart() const;
 
 private:
-    enum class State { Normal, LineComment, BlockComment, String, Character, Directive };
+    enum class State : unsigned char { Normal, LineComment, BlockComment, String, Character, Directive };
 
-    std::size_t skipCode(std::string_view text);
-    void feedNormal(char c, bool isSpace);
+    void pass(std::string_view stretch);
+    void feedNormal(char c);
     void feedBlockComment(char c);
-    void feedString(char c, bool isSpace);
-    void feedCharacter(char c, bool isSpace);
-    void feedDirective(char c, bool isSpace);
+    void feedString(char c);
+    void feedCharacter(char c);
+    void feedDirective(char c);
     void feedDirectiveLiteral(char c);
     void enter(State state);
     void leave(char lastNonSpace);

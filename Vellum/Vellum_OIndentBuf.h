@@ -24,6 +24,8 @@ public:
     void swapIndent(std::string& indent) { indent_.swap(indent); }
 
     void write(std::string_view text);
+    // Character for character: no indent put in front, no white space dropped.
+    void writeRaw(std::string_view text) { put(text); }
 
 private:
     bool startsLine() const { return column() == 0 && lineStart() == LiteralTracker::LineStart::Plain; }

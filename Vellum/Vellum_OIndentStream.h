@@ -28,6 +28,8 @@ public:
     OIndentStream& operator<<(std::string_view text);
     OIndentStream& operator<<(char c);
     OIndentStream& operator<<(Verbatim verbatim);
+    // Character for character: no indent added, no white space dropped.
+    void writeRaw(std::string_view text) { buf_.writeRaw(text); }
 
     // Writes held-back spaces and gives the text written so far.
     const std::string& str();

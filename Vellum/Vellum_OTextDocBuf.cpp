@@ -1,9 +1,11 @@
-// Writing with the three convert modes. Without conversion whole stretches are copied and counted in bulk.
+// Writing with the three convert modes: runs of plain characters are copied and counted in one step, and only the
+// characters that a mode looks at are taken one by one.
 #include "Vellum_OTextDocBuf.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+
+#include "Vellum_WhiteSpace.h"
 
 namespace Vellum {
 
@@ -11,24 +13,15 @@ using LineStart = LiteralTracker::LineStart;
 
 namespace {
 
-bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+// The characters at which a run ends, by convert mode. With conversion nothing has to stay as it is on a line without
+// quotes and backslashes.
+constexpr std::array<CharSet, 3> stops = {
+    CharSet("\n\t"),
+    CharSet("\n\t\"'\\"),
+    CharSet("\n\t \"'\\"),
+};
 
 int knownMode(int mode) { return mode == 1 || mode == 2 ? mode : 0; }
-
-int nextTabStop(int column, int tabSize) { return column + tabSize - column % tabSize; }
-
-int columnBehind(std::string_view piece, int column, int tabSize) {
-    if (piece.size() < 16) {  // too short for a search to pay
-        for (const char c : piece) column = c == '\t' ? nextTabStop(column, tabSize) : column + 1;
-        return column;
-    }
-    std::size_t tab;
-    while ((tab = piece.find('\t')) != std::string_view::npos) {
-        column = nextTabStop(column + static_cast<int>(tab), tabSize);
-        piece.remove_prefix(tab + 1);
-    }
-    return column + static_cast<int>(piece.size());
-}
 
 }  // namespace
 
@@ -69,146 +62,70 @@ void OTextDocBuf::sync() {
     pendingSpaces_ = 0;
 }
 
-bool OTextDocBuf::behindBackslash() const {
-    if (lineStart_ != LineStart::Backslash) return false;
-    const auto lastOnLine = std::find_if(text_.rbegin(), text_.rend(), [](char c) { return c == '\n' || !isSpace(c); });
-    return lastOnLine == text_.rend() || *lastOnLine == '\n';
-}
+bool OTextDocBuf::behindBackslash() const { return lineStart_ == LineStart::Backslash && lastOnLine() == '\n'; }
 
 bool OTextDocBuf::convertsAfresh() const { return convertMode_ == 0 || (quote_ == '\0' && last_ != '\\'); }
 
-void OTextDocBuf::put(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
-        putLine(text.substr(0, length));
-        text.remove_prefix(length);
+// The last character of the current line that is no white space, or a line feed if there is none.
+char OTextDocBuf::lastOnLine() const {
+    for (std::size_t end = text_.size(); end > 0; --end) {
+        if (const char c = text_[end - 1]; c == '\n' || !isSpace(c)) return c;
     }
+    return '\n';
 }
 
-void OTextDocBuf::putLine(std::string_view line) {
-    if (convertMode_ != 0) return putConverted(line);
-    const bool isEnded = line.back() == '\n';
-    putUnconverted(line.substr(0, line.size() - isEnded));
-    if (isEnded) putLineFeed();
+// ---- Writing
+
+void OTextDocBuf::put(std::string_view text) {
+    while (!text.empty()) text.remove_prefix(putLine(text));
 }
 
-// ---- Without conversion
-
-void OTextDocBuf::putUnconverted(std::string_view piece) {
-    text_.append(piece);
-    column_ = columnBehind(piece, column_, tabSize_);
-}
-
-void OTextDocBuf::putLineFeed() {
-    const bool matters = lineStart_ != LineStart::Plain || lineEndsInBackslash();
-    text_ += '\n';
-    ++line_;
-    column_ = 0;
-    // Only a backslash carries a literal, or white space that has to stay, over a line end.
-    if (matters) catchUp();
-    lineStart_ = matters ? tracker_.lineStart() : LineStart::Plain;
-}
-
-bool OTextDocBuf::lineEndsInBackslash() const {
-    const auto last = std::find_if(text_.rbegin(), text_.rend(), [](char c) { return c == '\n' || !isSpace(c); });
-    return last != text_.rend() && *last == '\\';
-}
-
-void OTextDocBuf::catchUp() {
-    tracker_.feed(std::string_view(text_).substr(tracked_));
-    tracked_ = text_.size();
-}
-
-// ---- With conversion
-
-namespace {
-
-// The characters that end a stretch in which nothing has to stay: line ends, quotes and backslashes.
-constexpr std::array<bool, 256> makeMarks() {
-    std::array<bool, 256> marks{};
-    for (const unsigned char c : {'\n', '"', '\'', '\\'}) marks[c] = true;
-    return marks;
-}
-
-constexpr std::array<bool, 256> marks = makeMarks();
-
-std::size_t findMark(std::string_view text) {
+std::size_t OTextDocBuf::putLine(std::string_view text) {
     std::size_t at = 0;
-    while (at < text.size() && !marks[static_cast<unsigned char>(text[at])]) ++at;
+    while (at < text.size()) {
+        // The blanks behind a backslash may have to be restored.
+        if (followsClosely_ && tracker_.followsBackslash()) {
+            putFollowed(text[at]);
+        } else {
+            const std::size_t end = stops[static_cast<std::size_t>(convertMode_)].findIn(text, at);
+            if (end > at) putRun(text.substr(at, end - at));
+            if (end == text.size()) return end;
+            at = end;
+            putStop(text[at]);
+        }
+        if (text[at++] == '\n') break;
+    }
     return at;
 }
 
-}  // namespace
+void OTextDocBuf::putRun(std::string_view run) {
+    sync();
+    text_.append(run);
+    column_ += static_cast<int>(run.size());
+    if (!followsClosely_) return;
+    tracker_.feed(run);
+    last_ = run.back();
+}
 
-void OTextDocBuf::putConverted(std::string_view text) {
-    while (!text.empty()) {
-        if (followsClosely_) {
-            putFollowed(text.front());
-            text.remove_prefix(1);
-            continue;
-        }
-        const std::size_t end = findMark(text);
-        putPlainPiece(text.substr(0, end));
-        if (end == text.size()) return;
-        if (text[end] == '\n') {
-            sync();
-            text_ += '\n';
-            ++line_;
-            column_ = 0;
-            lineStart_ = LineStart::Plain;
-        } else {
-            catchUp();
-            for (int i = 0; i < pendingSpaces_; ++i) tracker_.feed(' ');
-            followsClosely_ = true;
-            putFollowed(text[end]);
-        }
-        text.remove_prefix(end + 1);
+void OTextDocBuf::putStop(char c) {
+    if (followsClosely_) return putFollowed(c);
+    switch (c) {
+        case '\n':
+            return endLine();
+        case '\t':
+            return convertMode_ == 1 ? putTabAsSpaces() : putTab();
+        case ' ':
+            return putSpaceHeldBack();
+        default:
+            followClosely();
+            return putFollowed(c);
     }
 }
 
-// A piece of a line in which every tab and blank may be converted.
-void OTextDocBuf::putPlainPiece(std::string_view piece) {
-    const char converted = convertMode_ == 1 ? '\t' : ' ';
-    while (!piece.empty()) {
-        const std::size_t length = std::min(piece.find(converted), piece.size());
-        if (length > 0) {
-            sync();
-            putUnconverted(piece.substr(0, length));
-            piece.remove_prefix(length);
-        }
-        for (; !piece.empty() && piece.front() == converted; piece.remove_prefix(1)) {
-            if (convertMode_ == 1)
-                putTabAsSpaces();
-            else
-                putSpaceHeldBack();
-        }
-    }
-}
-
-void OTextDocBuf::putFollowed(char c) {
-    trackQuote(c);
-    const bool stays = quote_ != '\0' || tracker_.inLiteral() || tracker_.behindBackslash();
-    const bool followsBackslash = tracker_.followsBackslash();
-    tracker_.feed(c);
-
-    if (followsBackslash && isSpace(c) && c != '\n') blanksBehindBackslash_ += c;
-    if (c == ' ' && convertMode_ == 2 && !stays) {
-        putSpaceHeldBack();
-    } else if (c == '\t' && convertMode_ == 1 && !stays) {
-        putTabAsSpaces();
-    } else {
-        sync();
-        if (c == '\n' && followsBackslash) restoreBlanksBehindBackslash();
-        putChar(c);
-    }
-    if (c == '\\' && tracker_.followsBackslash()) {
-        blanksBehindBackslash_.clear();
-        backslashEnd_ = text_.size();
-    }
-    if (c == '\n') {
-        followsClosely_ = lineStart_ != LineStart::Plain;
-        tracked_ = text_.size();
-    }
+void OTextDocBuf::putTab() {
+    sync();
+    text_ += '\t';
+    column_ += tabSize_ - column_ % tabSize_;
 }
 
 void OTextDocBuf::putTabAsSpaces() {
@@ -219,28 +136,70 @@ void OTextDocBuf::putTabAsSpaces() {
 
 // Only a run that starts at a tab stop and reaches the next one becomes a tab.
 void OTextDocBuf::putSpaceHeldBack() {
-    if (pendingSpaces_ == 0) {
-        if (column_ % tabSize_ != 0) return putChar(' ');
-        ++column_;
-        pendingSpaces_ = 1;  // not a tab yet, even where a single column makes one
-        return;
-    }
-    ++column_;
-    if (++pendingSpaces_ == tabSize_) {
+    const bool isHeldBack = pendingSpaces_ > 0;
+    if (!isHeldBack && column_ % tabSize_ != 0) {
+        text_ += ' ';
+    } else if (++pendingSpaces_ == tabSize_ && isHeldBack) {  // one space is no tab yet, even where it is as wide
         pendingSpaces_ = 0;
         text_ += '\t';
     }
+    ++column_;
 }
 
-void OTextDocBuf::putChar(char c) {
+void OTextDocBuf::startLine(LineStart lineStart) {
+    sync();
+    text_ += '\n';
+    ++line_;
+    column_ = 0;
+    lineStart_ = lineStart;
+}
+
+void OTextDocBuf::endLine() {
+    // Only a backslash carries a literal, or white space that has to stay, over a line end.
+    const bool carries = convertMode_ == 0 && (lineStart_ != LineStart::Plain || lastOnLine() == '\\');
+    startLine(LineStart::Plain);
+    if (!carries) return;
+    catchUp();
+    lineStart_ = tracker_.lineStart();
+}
+
+// ---- With conversion, on a line where something may have to stay as it is
+
+void OTextDocBuf::followClosely() {
+    catchUp();
+    for (int i = 0; i < pendingSpaces_; ++i) tracker_.feed(' ');
+    followsClosely_ = true;
+}
+
+// One of the stops, or what stands behind a backslash.
+void OTextDocBuf::putFollowed(char c) {
+    trackQuote(c);
+    const bool stays = quote_ != '\0' || tracker_.inLiteral() || tracker_.behindBackslash();
+    const bool followsBackslash = tracker_.followsBackslash();
+    tracker_.feed(c);
+
+    if (c == '\n') return endFollowedLine(followsBackslash);
+    if (followsBackslash && isSpace(c)) blanksBehindBackslash_ += c;
+    if (c == ' ' && convertMode_ == 2 && !stays) return putSpaceHeldBack();
+    if (c == '\t') return convertMode_ == 1 && !stays ? putTabAsSpaces() : putTab();
+    sync();
     text_ += c;
-    if (c == '\n') {
-        ++line_;
-        column_ = 0;
-        lineStart_ = tracker_.lineStart();
-    } else {
-        column_ = c == '\t' ? nextTabStop(column_, tabSize_) : column_ + 1;
+    ++column_;
+    if (c == '\\' && tracker_.followsBackslash()) {
+        blanksBehindBackslash_.clear();
+        backslashEnd_ = text_.size();
     }
+}
+
+void OTextDocBuf::endFollowedLine(bool followsBackslash) {
+    if (followsBackslash) {  // its blanks stay as they came in
+        sync();
+        text_.resize(backslashEnd_);
+        text_ += blanksBehindBackslash_;
+    }
+    startLine(tracker_.lineStart());
+    followsClosely_ = lineStart_ != LineStart::Plain;
+    tracked_ = text_.size();
 }
 
 void OTextDocBuf::trackQuote(char c) {
@@ -252,9 +211,9 @@ void OTextDocBuf::trackQuote(char c) {
     last_ = c;
 }
 
-void OTextDocBuf::restoreBlanksBehindBackslash() {
-    text_.resize(backslashEnd_);
-    text_ += blanksBehindBackslash_;
+void OTextDocBuf::catchUp() {
+    tracker_.feed(std::string_view(text_).substr(tracked_));
+    tracked_ = text_.size();
 }
 
 }  // namespace Vellum

@@ -42,21 +42,22 @@ public:
 
 protected:
     void put(std::string_view text);
-    // The same for a text that holds no line feed but at its end.
-    void putLine(std::string_view line);
+    // Writes the text through its first line feed and gives the number of characters taken.
+    std::size_t putLine(std::string_view text);
 
 private:
-    void putUnconverted(std::string_view piece);
-    void putConverted(std::string_view text);
-    void putPlainPiece(std::string_view piece);
+    void putRun(std::string_view run);
+    void putStop(char c);
     void putFollowed(char c);
-    void putSpaceHeldBack();
+    void putTab();
     void putTabAsSpaces();
-    void putChar(char c);
-    void putLineFeed();
+    void putSpaceHeldBack();
+    void startLine(LiteralTracker::LineStart lineStart);
+    void endLine();
+    void endFollowedLine(bool followsBackslash);
+    void followClosely();
     void trackQuote(char c);
-    void restoreBlanksBehindBackslash();
-    bool lineEndsInBackslash() const;
+    char lastOnLine() const;
     void catchUp();
 
     std::string text_;
@@ -74,8 +75,8 @@ private:
     char quote_ = '\0';
     char last_ = '\0';
 
-    // The exact state of the text. It follows only where it is needed, up to `tracked_`: with conversion, character by
-    // character on a line that holds a quote or a backslash or that begins behind one.
+    // The exact state of the text. It follows only where it is needed, up to `tracked_`: with conversion, at once on a
+    // line that holds a quote or a backslash or that begins behind one.
     LiteralTracker tracker_;
     std::size_t tracked_ = 0;
     bool followsClosely_ = false;

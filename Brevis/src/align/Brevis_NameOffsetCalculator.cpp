@@ -2,8 +2,8 @@
 #include "align/Brevis_NameOffsetCalculator.h"
 
 #include <algorithm>
-#include <cctype>
 
+#include "Vellum_WhiteSpace.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
@@ -13,7 +13,7 @@ namespace Brevis {
 
 namespace {
 
-bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+using Vellum::isSpace;
 
 // Whether the last character that is no white space is `mark`. The first character of the text is not looked at.
 bool endsWithMark(const std::string& text, char mark) {

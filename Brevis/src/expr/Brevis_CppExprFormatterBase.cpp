@@ -2,7 +2,8 @@
 #include "expr/Brevis_CppExprFormatterBase.h"
 
 #include <algorithm>
-#include <cctype>
+
+#include "Vellum_WhiteSpace.h"
 
 namespace Brevis {
 
@@ -22,8 +23,7 @@ namespace {
 std::string_view withoutLayout(std::string_view line, int firstColumn, int tabSize) {
     int column = 1;
     std::size_t i = 0;
-    while (i < line.size() && column < firstColumn && line[i] != '\n' &&
-           std::isspace(static_cast<unsigned char>(line[i]))) {
+    while (i < line.size() && column < firstColumn && line[i] != '\n' && Vellum::isSpace(line[i])) {
         column += charWidth(line[i], column, tabSize);
         ++i;
     }

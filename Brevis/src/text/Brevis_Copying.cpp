@@ -38,11 +38,7 @@ bool copyBeforeRaw(ITextDocStream& in, OIndentStream& out, Position position) {
     return in.good();
 }
 
-void writeRaw(OIndentStream& out, std::string_view text) {
-    const LeadingWsGuard keep(out, true);
-    const IndentStringGuard indent(out, {});
-    out << text;
-}
+void writeRaw(OIndentStream& out, std::string_view text) { out.writeRaw(text); }
 
 bool skipThrough(ITextDocStream& in, Position position) {
     in.readWhileBelow(position);

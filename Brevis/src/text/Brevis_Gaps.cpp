@@ -3,10 +3,10 @@
 #include "text/Brevis_Gaps.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "Cpp_Lexer.h"
 #include "Vellum_LiteralTracker.h"
+#include "Vellum_WhiteSpace.h"
 
 namespace Brevis {
 
@@ -15,11 +15,9 @@ using Trn::Token;
 namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
-constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+constexpr Vellum::CharSet triviaSigns("/#");
 
-bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
-
-bool mayHoldTrivia(std::string_view text) { return text.find_first_of("/#") != npos; }
+bool mayHoldTrivia(std::string_view text) { return triviaSigns.isIn(text); }
 
 template <typename Test>
 bool anyToken(std::string_view text, Test test) {
@@ -52,12 +50,14 @@ std::size_t splitOfLeadingLineToken(std::string_view text) {
     return lineFeed == npos ? text.size() : lineFeed + 1;
 }
 
-// Trims the part behind the last line feed on the right. A text without one stays as it is.
-void trimLastLine(std::string& text) {
+// The length of a text without the white space at its end, unless that has to stay.
+std::size_t trimmedLength(std::string_view text) { return trimmedRight(text).size(); }
+
+// The same without a line feed that ends a line comment or a directive: only what stands behind the last line feed is
+// trimmed. A text without one stays as it is.
+std::size_t lengthWithLineEnd(std::string_view text) {
     const std::size_t lineFeed = text.rfind('\n');
-    if (lineFeed == std::string::npos || endsBehindBackslash(text)) return;
-    const std::size_t last = text.find_last_not_of(whiteSpace);
-    text.resize(std::max(lineFeed, last == std::string::npos ? 0 : last) + 1);
+    return lineFeed == npos ? text.size() : std::max(lineFeed + 1, trimmedLength(text));
 }
 
 bool holdsLineFeed(std::string_view ws) { return ws.find('\n') != npos; }
@@ -82,8 +82,8 @@ bool holdsLineComment(std::string_view text) {
 bool holdsCommentOrDirective(std::string_view text) { return anyToken(text, Trn::isTrivia); }
 
 bool endsBehindBackslash(std::string_view text) {
-    const std::size_t last = text.find_last_not_of(whiteSpace);
-    if (last == npos || text[last] != '\\' || text.find('\n', last) == npos) return false;
+    const std::size_t length = Vellum::withoutTrailingSpace(text).size();
+    if (length == 0 || text[length - 1] != '\\' || text.find('\n', length) == npos) return false;
     Vellum::LiteralTracker tracker;
     tracker.feed(text);
     return tracker.behindBackslash();
@@ -101,51 +101,42 @@ void appendWs(std::string& text, std::string_view ws) {
     if (!endsBehindBackslash(text)) text += ws;
 }
 
-std::string_view trimmedLeft(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(whiteSpace), text.size()));
-    return text;
-}
+std::string_view trimmedLeft(std::string_view text) { return Vellum::withoutLeadingSpace(text); }
 
 std::string_view trimmedRight(std::string_view text) {
-    if (endsBehindBackslash(text)) return text;
-    return text.substr(0, text.find_last_not_of(whiteSpace) + 1);
+    return endsBehindBackslash(text) ? text : Vellum::withoutTrailingSpace(text);
 }
 
 void trimLeft(std::string& text) { text.erase(0, text.size() - trimmedLeft(text).size()); }
 
-void trimRight(std::string& text) { text.resize(trimmedRight(text).size()); }
+void trimRight(std::string& text) { text.resize(trimmedLength(text)); }
 
 void setGapTrailing(std::string& text, std::string_view ws) {
-    if (!holdsLineFeed(ws) && endsInLineToken(text)) return trimLastLine(text);
-    trimRight(text);
-    appendWs(text, ws);
+    if (!holdsLineFeed(ws) && endsInLineToken(text)) {
+        text.resize(lengthWithLineEnd(text));
+    } else {
+        trimRight(text);
+        appendWs(text, ws);
+    }
 }
 
 void setGapLeading(std::string& text, std::string_view ws) {
     const std::size_t split = splitOfLeadingLineToken(text);
-    std::string result = text.substr(0, split);
-    result += ws;
-    result += trimmedLeft(std::string_view(text).substr(split));
-    text = std::move(result);
+    const std::string_view rest = std::string_view(text).substr(split);
+    text.replace(split, rest.size() - trimmedLeft(rest).size(), ws);
 }
 
 void setGapBoth(std::string& text, std::string_view leading, std::string_view trailing) {
     const bool keepsLineEnd = !holdsLineFeed(trailing) && endsInLineToken(text);
     setGapLeading(text, leading);
-    if (keepsLineEnd)
-        trimLastLine(text);
-    else
-        trimRight(text);
+    text.resize(keepsLineEnd ? lengthWithLineEnd(text) : trimmedLength(text));
     appendWs(text, trailing);
 }
 
 void trimGapLeading(std::string& text) { setGapLeading(text, {}); }
 
 void trimGapTrailing(std::string& text) {
-    if (endsInLineToken(text))
-        trimLastLine(text);
-    else
-        trimRight(text);
+    text.resize(endsInLineToken(text) ? lengthWithLineEnd(text) : trimmedLength(text));
 }
 
 void trimGapBoth(std::string& text) {
@@ -161,7 +152,7 @@ void replaceCharInGap(std::string& text, char from, char to) {
     Vellum::LiteralTracker tracker;
     for (char& c : text) {
         const bool literal = tracker.inLiteral();
-        const bool backslash = tracker.behindBackslash() || (tracker.followsBackslash() && isSpace(c));
+        const bool backslash = tracker.behindBackslash() || (tracker.followsBackslash() && Vellum::isSpace(c));
         const bool lineEnd = tracker.inLineToken() && c == '\n';
         tracker.feed(c);
         if (c == from && !literal && !backslash && !lineEnd) c = to;

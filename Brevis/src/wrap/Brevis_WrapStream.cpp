@@ -1,6 +1,6 @@
 #include "wrap/Brevis_WrapStream.h"
 
-#include <cctype>
+#include "Vellum_WhiteSpace.h"
 
 namespace Brevis {
 
@@ -24,7 +24,7 @@ void WrapStream::lineFeed() {
 
 int WrapStream::writeFirstChar(std::string_view& text) {
     std::size_t end = 0;
-    while (end < text.size() && std::isspace(static_cast<unsigned char>(text[end])) != 0) ++end;
+    while (end < text.size() && Vellum::isSpace(text[end])) ++end;
     const bool hasChar = end < text.size();
     if (hasChar) ++end;
     raw(text.substr(0, end));
