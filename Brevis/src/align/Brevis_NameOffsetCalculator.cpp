@@ -7,6 +7,7 @@
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
+#include "text/Brevis_Signs.h"
 #include "text/Brevis_StreamColumns.h"
 
 namespace Brevis {
@@ -14,14 +15,6 @@ namespace Brevis {
 namespace {
 
 using Vellum::isSpace;
-
-// Whether the last character that is no white space is `mark`. The first character of the text is not looked at.
-bool endsWithMark(const std::string& text, char mark) {
-    for (std::size_t index = text.size(); index > 1; --index) {
-        if (!isSpace(text[index - 1])) return text[index - 1] == mark;
-    }
-    return false;
-}
 
 // The index of the last character in front of the last mark, or that of the last character of the text where there is
 // nothing in front of the mark but one character.
@@ -114,8 +107,8 @@ bool NameOffsetCalculator::joinGroup(const Cpp::SyntaxNode& node, Cpp::Position 
 }
 
 const NameOffsetCalculator::SignStyle* NameOffsetCalculator::trailingSign(const std::string& type) const {
-    if (endsWithMark(type, asterisk_.mark)) return &asterisk_;
-    if (endsWithMark(type, ampersand_.mark)) return &ampersand_;
+    if (endsInMark(type, asterisk_.mark)) return &asterisk_;
+    if (endsInMark(type, ampersand_.mark)) return &ampersand_;
     return nullptr;
 }
 

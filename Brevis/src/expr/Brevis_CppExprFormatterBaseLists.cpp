@@ -3,6 +3,7 @@
 #include <array>
 
 #include "expr/Brevis_CppExprFormatterBase.h"
+#include "text/Brevis_FirstCharacter.h"
 #include "text/Brevis_TokenReader.h"
 
 namespace Brevis {
@@ -97,7 +98,6 @@ private:
 
     void writeSeparatorAround();
     void writeItemAndSeparator();
-    void writeFirstCharacter(std::string& gap);
     std::string readSeparator();
     void writeAligned(std::string_view separator);
     void writeNext();
@@ -175,9 +175,11 @@ void CppExprFormatterBase::ListPass::writeSeparatorAround() {
 void CppExprFormatterBase::ListPass::writeItemAndSeparator() {
     std::string gap(readBefore(in_, reader_.current().first()));
     if (wsBefore_.isSet) trimGapTrailing(gap);
-    if (isFirst_) writeFirstCharacter(gap);
+    std::string_view rest = gap;
+    // The other items line up under the first one's first character.
+    if (isFirst_ && !gap.empty()) column_ = writeFirstCharacter(out_, rest);
     isFirst_ = false;
-    out_ << gap;
+    out_ << rest;
 
     const std::string separator = readSeparator();
     if (wsBefore_.holdsLineFeed() || breaksAfter()) {
@@ -190,17 +192,6 @@ void CppExprFormatterBase::ListPass::writeItemAndSeparator() {
         else
             writeNext();
     }
-}
-
-// Writes the first item's first character and takes its column, under which the other items line up.
-void CppExprFormatterBase::ListPass::writeFirstCharacter(std::string& gap) {
-    if (gap.empty()) return;
-    const std::size_t leading = gap.size() - trimmedLeft(gap).size();
-    const bool isBlank = leading == gap.size();
-    const std::size_t length = isBlank ? leading : leading + 1;
-    out_ << std::string_view(gap).substr(0, length);
-    gap.erase(0, length);
-    column_ = isBlank ? 0 : lastColumn(out_);
 }
 
 // The separator and the gap behind it, with the value at its end.

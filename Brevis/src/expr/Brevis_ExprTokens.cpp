@@ -4,28 +4,13 @@
 #include <algorithm>
 
 #include "Cpp_Lexer.h"
+#include "text/Brevis_OffsetFinder.h"
 
 namespace Brevis {
 
 namespace {
 
 namespace Kind = Trn::Kind;
-
-// Turns ascending positions of a text into offsets.
-class OffsetFinder {
-public:
-    explicit OffsetFinder(std::string_view text) : text_(text) {}
-
-    std::uint32_t operator()(Trn::Position position) {
-        for (; line_ < position.line; ++line_) lineStart_ = text_.find('\n', lineStart_) + 1;
-        return static_cast<std::uint32_t>(lineStart_) + static_cast<std::uint32_t>(position.column);
-    }
-
-private:
-    std::string_view text_;
-    int line_ = 1;
-    std::size_t lineStart_ = 0;
-};
 
 constexpr struct {
     Trn::TokenKind open, close;
@@ -64,8 +49,8 @@ void ExprTokens::appendLexed(std::uint32_t begin, std::uint32_t end, std::vector
     OffsetFinder offsetOf(text);
     for (Trn::Token token = lexer.next(); token.kind() != Kind::EndOfInput; token = lexer.next()) {
         // A first position stands behind the first character.
-        const std::uint32_t first = begin + offsetOf(token.first()) - 1;
-        tokens.push_back({token.kind(), first, begin + offsetOf(token.last()), none});
+        const std::uint32_t first = begin + static_cast<std::uint32_t>(offsetOf(token.first())) - 1;
+        tokens.push_back({token.kind(), first, begin + static_cast<std::uint32_t>(offsetOf(token.last())), none});
     }
 }
 

@@ -1,27 +1,23 @@
 // The steps that the visits of the main formatter share, and its smallest visits.
 #include "format/Brevis_CppFormatter.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "Cpp_Lexer.h"
+#include "text/Brevis_FirstCharacter.h"
 
 namespace Brevis {
 
 namespace {
 
-bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+constexpr Vellum::CharSet signsAndSpace("*& \t\n\v\f\r");
 
-// The last character that is no white space, the first character of the text not being looked at; NUL if there is none.
-char lastMark(std::string_view text) {
-    const std::string_view trimmed = trimmedRight(text);
-    return trimmed.size() > 1 ? trimmed.back() : '\0';
-}
-
-// The rest of such a token, lexed on its own, would pass for code.
-bool isLiteralOrNumber(const Trn::Token& token) {
+// The end of the literal or number with which a text starts, if it does: the rest of such a token, lexed on its own,
+// would pass for code. Positions count from `start`.
+std::optional<Position> endOfLeadingLiteral(std::string_view text, Position start) {
+    const Trn::Token token = Cpp::Lexer(text, start).next();
     const Trn::TokenKind kind = token.kind();
-    return kind == Trn::Kind::StringLiteral || kind == Trn::Kind::CharLiteral || kind == Trn::Kind::Number;
+    if (kind != Trn::Kind::StringLiteral && kind != Trn::Kind::CharLiteral && kind != Trn::Kind::Number) return {};
+    if (token.first() != Position{start.line, start.column + 1}) return {};
+    return token.last();
 }
 
 }  // namespace
@@ -29,25 +25,10 @@ bool isLiteralOrNumber(const Trn::Token& token) {
 CppFormatter::CppFormatter(std::string_view source, const Scheme& scheme)
     : scheme_(scheme), source_(source), in_(source, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme) {}
 
-bool hasBraces(const Cpp::InteriorNode& body) {
-    if (body.childCount() == 0) return body.firstPosition() != body.lastPosition();
-    return body.firstPosition() != body.child(0).firstPosition();
-}
-
-bool endsInStar(std::string_view text) { return lastMark(text) == '*'; }
-bool endsInAmp(std::string_view text) { return lastMark(text) == '&'; }
-
 int offsetFor(const ColumnTable& table, const Cpp::SyntaxNode& node) {
     const auto found = table.find(&node);
     return found == table.end() ? 1 : found->second;
 }
-
-bool isLineCommentNode(const Cpp::SyntaxNode& node) {
-    const auto* comment = dynamic_cast<const Cpp::CommentNode*>(&node);
-    return comment && comment->isLineComment();
-}
-
-bool endsLine(const Cpp::SyntaxNode& node) { return is<Cpp::PreprocDirectiveNode>(node) || isLineCommentNode(node); }
 
 // ---- Guards
 
@@ -74,19 +55,15 @@ void CppFormatter::pushPending(const WsProperty& value) {
     if (value.isSet) pendingWs_.push_back(value.text);
 }
 
-std::optional<std::string> CppFormatter::popPending() {
+std::optional<std::string_view> CppFormatter::popPending() {
     if (pendingWs_.empty()) return std::nullopt;
-    std::string ws = std::move(pendingWs_.back());
+    const std::string_view ws = pendingWs_.back();
     pendingWs_.pop_back();
     return ws;
 }
 
 void CppFormatter::applyPending(const Cpp::SyntaxNode& node) {
-    if (const auto ws = popPending()) {
-        std::string gap = readGap(node.firstPosition());
-        setGapTrailing(gap, *ws);
-        writeVerbatim(gap);
-    }
+    if (const auto ws = popPending()) writeGapTrailing(node.firstPosition(), *ws);
 }
 
 // ---- Copying
@@ -101,40 +78,55 @@ int CppFormatter::copyFirstCharacter(const Cpp::SyntaxNode& node) {
 int CppFormatter::copyFirstUnit(const Cpp::SyntaxNode& node) {
     const int column = copyFirstCharacter(node);
     if (in_.position() == node.firstPosition()) {
-        Cpp::Lexer lexer(source_.substr(in_.offset() - 1), {in_.line(), in_.column() - 1});
-        if (const Trn::Token token = lexer.next(); isLiteralOrNumber(token)) copyThrough(in_, out_, token.last());
+        const Position start{in_.line(), in_.column() - 1};
+        const auto end = endOfLeadingLiteral(source_.substr(in_.offset() - 1), start);
+        if (end) copyThrough(in_, out_, *end);
     }
     return column;
 }
 
-void CppFormatter::writeFirstCharacter(std::string& text, bool raw, int& column) {
-    const auto first = std::find_if_not(text.begin(), text.end(), isSpace);
-    if (first == text.end()) return;
-    const auto length = static_cast<std::size_t>(first - text.begin()) + 1;
-    const auto start = std::string_view(text).substr(0, length);
-    if (raw)
-        writeRaw(out_, start);
-    else
-        out_ << start;
-    text.erase(0, length);
-    column = lastColumn(out_);
+void CppFormatter::writeFirstCharacter(std::string_view& text, bool raw, int& column) {
+    if (Vellum::isBlank(text)) return;
+    column = raw ? writeFirstCharacterRaw(out_, text) : Brevis::writeFirstCharacter(out_, text);
 }
 
-void CppFormatter::writeFirstUnit(std::string& text, int& column) {
-    Cpp::Lexer lexer(text);
-    const Trn::Token token = lexer.next();
-    ITextDocStream cursor(text);
-    const bool startsText = trimmedLeft(readThrough(cursor, token.first())).size() == 1;
-    const std::size_t rest = startsText && isLiteralOrNumber(token) ? readThrough(cursor, token.last()).size() : 0;
-    writeFirstCharacter(text, true, column);
-    writeRaw(out_, std::string_view(text).substr(0, rest));
-    text.erase(0, rest);
+int CppFormatter::writeFirstUnit(std::string_view& text) {
+    ITextDocStream cursor(trimmedLeft(text));
+    const auto end = endOfLeadingLiteral(trimmedLeft(text), cursor.position());
+    const std::size_t length = end ? readThrough(cursor, *end).size() : 1;
+    const int column = writeFirstCharacterRaw(out_, text);
+    writeRaw(out_, text.substr(0, length - 1));
+    text.remove_prefix(length - 1);
+    return column;
+}
+
+// Most gaps are white space alone: then the value is all that is left of them.
+void CppFormatter::writeGapTrailing(Position before, std::string_view ws) {
+    const std::string_view gap = readBefore(in_, before);
+    if (Vellum::isBlank(gap)) return writeVerbatim(ws);
+    std::string text(gap);
+    setGapTrailing(text, ws);
+    writeVerbatim(text);
+}
+
+void CppFormatter::writeGapLeading(Position before, std::string_view ws) {
+    const std::string_view gap = readBefore(in_, before);
+    if (Vellum::isBlank(gap)) return writeVerbatim(ws);
+    std::string text(gap);
+    setGapLeading(text, ws);
+    writeVerbatim(text);
+}
+
+void CppFormatter::writeGapTrailing(Position before, const WsProperty& ws) {
+    if (ws.isSet)
+        writeGapTrailing(before, ws.text);
+    else
+        writeGap(before);
 }
 
 // ---- Bodies
 
-void CppFormatter::formatChildren(Cpp::InteriorNode& node, const WsProperty& indentValue) {
-    const BodyIndent guard(*this, indentValue);
+void CppFormatter::formatChildren(Cpp::InteriorNode& node) {
     for (int i = 0; i < node.childCount(); ++i) {
         Cpp::SyntaxNode& child = node.child(i);
         if (classTailPending_ && is<Cpp::DataDeclNode>(child)) {
@@ -155,48 +147,45 @@ void CppFormatter::formatChildren(Cpp::InteriorNode& node, const WsProperty& ind
 
 void CppFormatter::formatBracedBody(Cpp::InteriorNode& body, const WsProperty& indentValue,
                                     const WsProperty& wsAfterOpen, const WsProperty& wsBeforeClose) {
-    if (const auto ws = popPending()) {
-        std::string gap = readGap(body.firstPosition());
-        const bool hasLineComment = holdsLineComment(gap);
-        setGapTrailing(gap, *ws);
-        if (hasLineComment) {
-            // The comment lines move with the body.
-            const BodyIndent guard(*this, indentValue, true);
-            out_ << gap;
-        } else {
-            writeVerbatim(gap);
-        }
-    }
+    if (const auto ws = popPending()) writeGapInFront(body, indentValue, *ws);
+    if (body.childCount() == 0) return formatEmptyBody(body, indentValue, wsAfterOpen, wsBeforeClose);
 
     const bool braced = hasBraces(body);
-    if (body.childCount() == 0) {
-        if (braced) {
-            formatEmptyBraces(body, indentValue, wsAfterOpen, wsBeforeClose);
-        } else {
-            const BodyIndent guard(*this, indentValue, true);
-            copyToEnd(body);
-        }
-        return;
-    }
-
-    if (braced) {
-        copyThrough(in_, out_, body.firstPosition());
-        std::string gap = readGap(body.child(0).firstPosition());
-        if (wsAfterOpen.isSet) setGapLeading(gap, wsAfterOpen.text);
+    if (braced) copyThrough(in_, out_, body.firstPosition());
+    {
         const BodyIndent guard(*this, indentValue);
-        out_ << gap;
+        if (braced) {
+            std::string gap = readGap(body.child(0).firstPosition());
+            if (wsAfterOpen.isSet) setGapLeading(gap, wsAfterOpen.text);
+            out_ << gap;
+        }
+        formatChildren(body);
     }
-    formatChildren(body, indentValue);
 
-    std::string gap = readGap(body.lastPosition());
     if (braced && wsBeforeClose.isSet) {
         std::string ws = wsBeforeClose.text;
         if (endsLine(body.child(body.childCount() - 1))) std::erase(ws, '\n');  // that child ends the line itself
-        setGapTrailing(gap, ws);
-        writeVerbatim(gap);
+        writeGapTrailing(body.lastPosition(), ws);
     } else {
-        out_ << gap;
+        writeGap(body.lastPosition());
     }
+    copyToEnd(body);
+}
+
+void CppFormatter::writeGapInFront(const Cpp::InteriorNode& body, const WsProperty& indentValue, std::string_view ws) {
+    std::string gap = readGap(body.firstPosition());
+    const bool hasLineComment = holdsLineComment(gap);
+    setGapTrailing(gap, ws);
+    if (!hasLineComment) return writeVerbatim(gap);
+    // The comment lines move with the body.
+    const BodyIndent guard(*this, indentValue, true);
+    out_ << gap;
+}
+
+void CppFormatter::formatEmptyBody(Cpp::InteriorNode& body, const WsProperty& indentValue,
+                                   const WsProperty& wsAfterOpen, const WsProperty& wsBeforeClose) {
+    if (hasBraces(body)) return formatEmptyBraces(body, indentValue, wsAfterOpen, wsBeforeClose);
+    const BodyIndent guard(*this, indentValue, true);
     copyToEnd(body);
 }
 
@@ -226,66 +215,55 @@ void CppFormatter::formatEmptyBraces(Cpp::InteriorNode& body, const WsProperty& 
 void CppFormatter::formatParenList(Cpp::InteriorNode& list, const WsProperty& wsAfterOpen,
                                    const WsProperty& wsBeforeComma, const WsProperty& wsBetween,
                                    const WsProperty& wsBeforeClose) {
+    formatEnclosedItems(list, wsAfterOpen, wsBeforeComma, wsBetween, wsBeforeClose);
+    if (wsAfterOpen.isSet || wsBeforeClose.isSet)
+        writeGapLeading(list.lastPosition(), "");
+    else
+        writeGap(list.lastPosition());
+}
+
+void CppFormatter::formatEnclosedItems(Cpp::InteriorNode& list, const WsProperty& wsAfterOpen,
+                                       const WsProperty& wsBeforeComma, const WsProperty& wsBetween,
+                                       const WsProperty& wsBeforeClose) {
     copyThrough(in_, out_, list.firstPosition());
     const bool hasItems = list.childCount() > 0;
-    if (hasItems) {
-        std::string gap = readGap(list.child(0).firstPosition());
-        if (wsAfterOpen.isSet) {
-            setGapTrailing(gap, wsAfterOpen.text);
-            writeVerbatim(gap);
-        } else {
-            out_ << gap;
-        }
-    }
-
+    if (hasItems) writeGapTrailing(list.child(0).firstPosition(), wsAfterOpen);
     formatListItems(list, wsBeforeComma, wsBetween);
+    if (!hasItems) return;
 
-    if (hasItems) {
-        std::string gap =
-            expr_.formatType(readBefore(in_, list.lastPosition()), out_.settings(), scheme_.wsAfterParamTypeId);
-        if (wsBeforeClose.isSet) setGapTrailing(gap, wsBeforeClose.text);
-        writeRaw(out_, gap);
-    }
-
-    // The whole inside of an empty list; nothing otherwise.
-    std::string gap = readGap(list.lastPosition());
-    if (wsAfterOpen.isSet || wsBeforeClose.isSet) {
-        setGapLeading(gap, "");
-        writeVerbatim(gap);
-    } else {
-        out_ << gap;
-    }
+    const std::string_view text = readBefore(in_, list.lastPosition());
+    std::string gap = expr_.formatType(text, out_.settings(), scheme_.wsAfterParamTypeId);
+    if (wsBeforeClose.isSet) setGapTrailing(gap, wsBeforeClose.text);
+    writeRaw(out_, gap);
 }
 
 void CppFormatter::formatListItems(Cpp::InteriorNode& list, const WsProperty& wsBeforeComma,
                                    const WsProperty& wsBetween) {
-    const bool breaksBetween = wsBetween.holdsLineFeed();
-    const bool breaks = breaksBetween || wsBeforeComma.holdsLineFeed();
     std::optional<Layout> layout;
-    if (breaks) {
+    if (wsBetween.holdsLineFeed() || wsBeforeComma.holdsLineFeed()) {
         // The items on new lines stand under the first item.
         int column = topColumn();
         if (list.childCount() > 0) column = copyFirstUnit(list.child(0));
         layout.emplace(out_, false, indentStringFor(out_, column));
     }
-
     for (int i = 0; i < list.childCount(); ++i) {
-        Cpp::SyntaxNode& child = list.child(i);
-        child.accept(*this);
-        if (i + 1 == list.childCount()) break;
-
-        const Cpp::SyntaxNode& next = list.child(i + 1);
-        std::string gap = readGap(next.firstPosition());
-        const WsProperty* between = &wsBetween;
-        if (breaksBetween) {
-            if (holdsLineComment(gap)) trimGapTrailing(gap);
-            // The line break exists already.
-            if (isLineCommentNode(next) || endsLine(child)) between = &noWs;
-        } else if (is<Cpp::PreprocDirectiveNode>(next)) {
-            between = &newlineWs;  // a directive must start a line
-        }
-        writeRaw(out_, expr_.formatSeparated(gap, Trn::Kind::Comma, wsBeforeComma, *between, out_.settings()));
+        if (i > 0) formatGapBetween(list.child(i - 1), list.child(i), wsBeforeComma, wsBetween);
+        list.child(i).accept(*this);
     }
+}
+
+void CppFormatter::formatGapBetween(const Cpp::SyntaxNode& item, const Cpp::SyntaxNode& next,
+                                    const WsProperty& wsBeforeComma, const WsProperty& wsBetween) {
+    std::string gap = readGap(next.firstPosition());
+    const WsProperty* between = &wsBetween;
+    if (wsBetween.holdsLineFeed()) {
+        if (holdsLineComment(gap)) trimGapTrailing(gap);
+        // The line break exists already.
+        if (isLineCommentNode(next) || endsLine(item)) between = &noWs;
+    } else if (is<Cpp::PreprocDirectiveNode>(next)) {
+        between = &newlineWs;  // a directive must start a line
+    }
+    writeRaw(out_, expr_.formatSeparated(gap, Trn::Kind::Comma, wsBeforeComma, *between, out_.settings()));
 }
 
 // ---- Signs of pointers and references in front of aligned names
@@ -298,7 +276,7 @@ CppFormatter::SignSplit CppFormatter::splitSign(std::string& text) const {
     if (!split.isAnchored) return split;
 
     std::size_t start = text.size();
-    while (start > 0 && (text[start - 1] == '*' || text[start - 1] == '&' || isSpace(text[start - 1]))) --start;
+    while (start > 0 && signsAndSpace.has(text[start - 1])) --start;
     // The line feed of a line comment or directive stays with it.
     for (std::size_t feed; (feed = text.find('\n', start)) != std::string::npos;) {
         if (!endsInLineToken(std::string_view(text).substr(0, feed + 1))) break;

@@ -21,6 +21,8 @@
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
+#include "text/Brevis_NodeTests.h"
+#include "text/Brevis_Signs.h"
 #include "text/Brevis_StreamColumns.h"
 
 namespace Brevis {
@@ -118,7 +120,7 @@ private:
     // Takes the column of a template head over, if one has just been written; tells whether it was.
     bool takeTemplateColumn();
     void pushPending(const WsProperty& value);
-    std::optional<std::string> popPending();
+    std::optional<std::string_view> popPending();
     void applyPending(const Cpp::SyntaxNode& node);
     void copyToEnd(const Cpp::SyntaxNode& node);
     // Writes through the first character of the node and gives that character's output column.
@@ -127,20 +129,37 @@ private:
     int copyFirstUnit(const Cpp::SyntaxNode& node);
     std::string readGap(Position before) { return std::string(readBefore(in_, before)); }
     void writeVerbatim(std::string_view text) { out_ << Verbatim{text}; }
+    // Writes the gap in front of a position as it stands.
+    void writeGap(Position before) { out_ << readBefore(in_, before); }
+    // Writes it verbatim, the value in place of the white space at its end or its start.
+    void writeGapTrailing(Position before, std::string_view ws);
+    void writeGapLeading(Position before, std::string_view ws);
+    // The first of these if the value is set, otherwise as it stands.
+    void writeGapTrailing(Position before, const WsProperty& ws);
     // Writes `text` up to and including its first character that is no white space, takes it off `text` and puts its
     // output column in `column`. Without such a character nothing happens.
-    void writeFirstCharacter(std::string& text, bool raw, int& column);
-    // The same where the rest of the text is lexed on its own, as above; always raw.
-    void writeFirstUnit(std::string& text, int& column);
+    void writeFirstCharacter(std::string_view& text, bool raw, int& column);
+    // The same where the rest of the text is lexed on its own, as above; always raw, and gives the column.
+    int writeFirstUnit(std::string_view& text);
 
-    void formatChildren(Cpp::InteriorNode& node, const WsProperty& indentValue);
+    void formatChildren(Cpp::InteriorNode& node);
+    void writeGapInFront(const Cpp::InteriorNode& body, const WsProperty& indentValue, std::string_view ws);
     void formatBracedBody(Cpp::InteriorNode& body, const WsProperty& indentValue, const WsProperty& wsAfterOpen,
                           const WsProperty& wsBeforeClose);
+    void formatEmptyBody(Cpp::InteriorNode& body, const WsProperty& indentValue, const WsProperty& wsAfterOpen,
+                         const WsProperty& wsBeforeClose);
     void formatEmptyBraces(Cpp::InteriorNode& body, const WsProperty& indentValue, const WsProperty& wsAfterOpen,
                            const WsProperty& wsBeforeClose);
     void formatParenList(Cpp::InteriorNode& list, const WsProperty& wsAfterOpen, const WsProperty& wsBeforeComma,
                          const WsProperty& wsBetween, const WsProperty& wsBeforeClose);
+    // A list with its brackets, but for what stands inside an empty one.
+    void formatEnclosedItems(Cpp::InteriorNode& list, const WsProperty& wsAfterOpen, const WsProperty& wsBeforeComma,
+                             const WsProperty& wsBetween, const WsProperty& wsBeforeClose);
     void formatListItems(Cpp::InteriorNode& list, const WsProperty& wsBeforeComma, const WsProperty& wsBetween);
+    void formatGapBetween(const Cpp::SyntaxNode& item, const Cpp::SyntaxNode& next, const WsProperty& wsBeforeComma,
+                          const WsProperty& wsBetween);
+
+    void formatTemplateParameters(Cpp::ParameterListNode& list);
 
     SignSplit splitSign(std::string& text) const;
     // Writes alignment white space up to the column that `offset` stands for, then the sign.
@@ -164,12 +183,13 @@ private:
 
     // ---- Enums (Brevis_CppFormatterEnums.cpp)
     void formatEnumElements(Cpp::EnumBodyNode& body);
+    void writeGapBehindElements(const Cpp::EnumBodyNode& body);
 
     // ---- Statements (Brevis_CppFormatterStatements.cpp)
-    static bool isElseIf(const Cpp::CtrlSubStmtNode& node);
-    void formatForInside(std::string text, int insideColumn);
-    void writeForClauses(const std::string& text, std::size_t firstEnd, std::size_t secondEnd, int insideColumn);
-    void writeCondition(std::string text, Trn::TokenKind keyword, int insideColumn);
+    void formatForInside(std::string_view text, int insideColumn);
+    void writeForClauses(std::string_view text, std::size_t firstEnd, std::size_t secondEnd, int insideColumn);
+    void writeCondition(std::string_view text, Trn::TokenKind keyword, int insideColumn);
+    std::string formattedCondition(std::string_view text, Trn::TokenKind keyword);
 
     const Scheme& scheme_;
 
@@ -180,11 +200,11 @@ private:
 
     // State
     bool inClassBody_ = false;
-    bool templatePending_ = false;        // a template head has left its column on the stack
-    bool inElseIf_ = false;               // the current statement is the `if` of an `else if`
-    bool classTailPending_ = false;       // the last class ended at its brace: a declarator follows
-    std::vector<int> columnStack_;        // 0-based output columns of the enclosing constructs' first tokens
-    std::vector<std::string> pendingWs_;  // white space that the next visit is to write
+    bool templatePending_ = false;             // a template head has left its column on the stack
+    bool inElseIf_ = false;                    // the current statement is the `if` of an `else if`
+    bool classTailPending_ = false;            // the last class ended at its brace: a declarator follows
+    std::vector<int> columnStack_;             // 0-based output columns of the enclosing constructs' first tokens
+    std::vector<std::string_view> pendingWs_;  // values of the scheme that the next visit is to write
 
     // Alignment columns, filled by the visit of the root
     ColumnTable functionNameColumns_;
@@ -194,21 +214,7 @@ private:
     CppExprFormatter expr_;
 };
 
-// Whether the body has real braces, and does not just stand for a single statement.
-bool hasBraces(const Cpp::InteriorNode& body);
-// Whether the text ends, white space aside, in `*` or `&`. Its first character is not looked at.
-bool endsInStar(std::string_view text);
-bool endsInAmp(std::string_view text);
-inline bool endsInSign(std::string_view text) { return endsInStar(text) || endsInAmp(text); }
 // The value stored for the node, or 1.
 int offsetFor(const ColumnTable& table, const Cpp::SyntaxNode& node);
-
-template <class T>
-bool is(const Cpp::SyntaxNode& node) {
-    return dynamic_cast<const T*>(&node) != nullptr;
-}
-bool isLineCommentNode(const Cpp::SyntaxNode& node);
-// A child that ends its own line: a line comment or a directive.
-bool endsLine(const Cpp::SyntaxNode& node);
 
 }  // namespace Brevis

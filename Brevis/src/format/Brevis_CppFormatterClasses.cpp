@@ -1,16 +1,7 @@
 // The visits of the main formatter for classes: declaration, head, base clauses, body and access labels.
-#include <algorithm>
-#include <cctype>
-
 #include "format/Brevis_CppFormatter.h"
 
 namespace Brevis {
-
-namespace {
-
-bool isOnlyWhiteSpace(std::string_view text) { return trimmedLeft(text).empty(); }
-
-}  // namespace
 
 void CppFormatter::visit(Cpp::ClassDeclNode& node) {
     applyPending(node);
@@ -43,7 +34,7 @@ void CppFormatter::visit(Cpp::ClassNameNode& name) { copyToEnd(name); }
 void CppFormatter::visit(Cpp::BaseClauseListNode& list) {
     const std::string_view gap = readBefore(in_, list.firstPosition());
     WsProperty before = noWs;
-    if (auto ws = popPending()) before = {true, std::move(*ws)};
+    if (auto ws = popPending()) before = {true, std::string(*ws)};
     writeRaw(out_, expr_.formatAround(gap, Trn::Kind::Colon, before, scheme_.wsBeforeBaseClauses, out_.settings()));
 
     const WsProperty& between = scheme_.betweenBaseClauses();
@@ -63,16 +54,7 @@ void CppFormatter::visit(Cpp::ClassBodyNode& body) {
 
 // A label stands at the column of the class, whatever the indent of the members.
 void CppFormatter::visit(Cpp::AccessSpecNode& node) {
-    std::string gap = readGap(node.firstPosition());
-    if (scheme_.wsBeforeAccessSpecs.isSet) {
-        if (isOnlyWhiteSpace(gap))
-            gap = scheme_.wsBeforeAccessSpecs.text;
-        else
-            setGapTrailing(gap, scheme_.wsBeforeAccessSpecs.text);
-        writeVerbatim(gap);
-    } else {
-        out_ << gap;
-    }
+    writeGapTrailing(node.firstPosition(), scheme_.wsBeforeAccessSpecs);
 
     const std::string_view label = readThrough(in_, node.lastPosition());
     const WsProperty& indent = scheme_.indentAccessSpecLabel;

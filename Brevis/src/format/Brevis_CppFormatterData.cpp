@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_OffsetFinder.h"
 #include "text/Brevis_TokenReader.h"
 
 namespace Brevis {
@@ -12,12 +13,9 @@ namespace {
 // The offset of the first token of the kind in the text, or npos.
 std::size_t findToken(std::string_view text, Trn::TokenKind kind) {
     TokenReader reader(text);
-    ITextDocStream cursor(text);
+    OffsetFinder offsetOf(text);
     for (reader.advance(); reader.current().kind() != Trn::Kind::EndOfInput; reader.advance()) {
-        if (reader.current().kind() == kind) {
-            skipBefore(cursor, reader.current().first());
-            return cursor.offset();
-        }
+        if (reader.current().kind() == kind) return offsetOf(reader.current().first()) - 1;
         if (!reader.more()) break;
     }
     return std::string_view::npos;
@@ -61,8 +59,9 @@ int CppFormatter::writeAlignedDataHead(Cpp::DataDeclNode& node) {
     }
     text = expr_.formatType(text, out_.settings(), noWs);
     const SignSplit sign = splitSign(text);
-    writeFirstCharacter(text, true, declColumn);
-    out_ << text;
+    std::string_view rest = text;
+    writeFirstCharacter(rest, true, declColumn);
+    out_ << rest;
     if (aligned)
         writeAligned(offsetFor(dataNameColumns_, node), sign);
     else
@@ -86,11 +85,12 @@ int CppFormatter::writePlainDataHead(Cpp::DataDeclNode& node) {
             setGapTrailing(text, ws);
         }
     }
-    writeFirstCharacter(text, reformat, declColumn);
+    std::string_view rest = text;
+    writeFirstCharacter(rest, reformat, declColumn);
     if (reformat)
-        writeRaw(out_, text);
+        writeRaw(out_, rest);
     else
-        out_ << text;
+        out_ << rest;
 
     if (node.initializer && dataNamesAligned()) {
         out_ << Pad{alignPad(offsetFor(dataNameColumns_, node), out_.column(), indentWidth(out_), scheme_.tabSize)};

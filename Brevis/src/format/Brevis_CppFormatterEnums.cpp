@@ -29,29 +29,27 @@ void CppFormatter::visit(Cpp::EnumBodyNode& body) {
     }
 
     const Cpp::SyntaxNode& first = body.child(0);
-    std::string gap = readGap(first.firstPosition());
-    if (scheme_.wsAfterEnumOpenBrace.isSet && !is<Cpp::PreprocDirectiveNode>(first)) {
-        setGapLeading(gap, scheme_.wsAfterEnumOpenBrace.text);
-        writeVerbatim(gap);
-    } else {
-        out_ << gap;
-    }
+    if (scheme_.wsAfterEnumOpenBrace.isSet && !is<Cpp::PreprocDirectiveNode>(first))
+        writeGapLeading(first.firstPosition(), scheme_.wsAfterEnumOpenBrace.text);
+    else
+        writeGap(first.firstPosition());
 
     formatEnumElements(body);
-
-    const bool lastEndsLine = endsLine(body.child(body.childCount() - 1));
-    gap = readGap(body.lastPosition());
-    if (scheme_.wsBeforeEnumCloseBrace.isSet) {
-        // A last element that ends its line has put the brace on a line of its own already.
-        const bool isBlank = trimmedLeft(gap).empty();
-        if (!(lastEndsLine && isBlank)) {
-            setGapTrailing(gap, scheme_.wsBeforeEnumCloseBrace.text);
-            writeVerbatim(gap);
-        }
-    } else {
-        out_ << gap;
-    }
+    writeGapBehindElements(body);
     copyToEnd(body);
+}
+
+void CppFormatter::writeGapBehindElements(const Cpp::EnumBodyNode& body) {
+    const std::string_view gap = readBefore(in_, body.lastPosition());
+    if (!scheme_.wsBeforeEnumCloseBrace.isSet) {
+        out_ << gap;
+        return;
+    }
+    // A last element that ends its line has put the brace on a line of its own already.
+    if (Vellum::isBlank(gap) && endsLine(body.child(body.childCount() - 1))) return;
+    std::string text(gap);
+    setGapTrailing(text, scheme_.wsBeforeEnumCloseBrace.text);
+    writeVerbatim(text);
 }
 
 namespace {

@@ -19,7 +19,10 @@ void CppFormatter::visit(Cpp::RootNode& root) {
     }
 
     const LeadingWsGuard keep(out_, !scheme_.leftMargin.isSet);
-    formatChildren(root, scheme_.leftMargin);
+    {
+        const BodyIndent indent(*this, scheme_.leftMargin);
+        formatChildren(root);
+    }
     out_ << remainderOf(in_);
 }
 
@@ -64,9 +67,7 @@ void CppFormatter::visit(Cpp::BlockNode& block) {
     if (scheme_.globalWsBeforeOpenBrace.isSet) {
         std::string_view ws = scheme_.globalWsBeforeOpenBrace.text;
         if (ws.starts_with('\n') && out_.column() == 0) ws.remove_prefix(1);  // a new line has been started already
-        std::string gap = readGap(block.firstPosition());
-        setGapTrailing(gap, ws);
-        writeVerbatim(gap);
+        writeGapTrailing(block.firstPosition(), ws);
     }
     formatBracedBody(block, scheme_.globalIndentContent, scheme_.globalWsAfterOpenBrace,
                      scheme_.globalWsBeforeCloseBrace);
@@ -78,57 +79,42 @@ void CppFormatter::visit(Cpp::TemplateNode& node) {
     columnStack_.push_back(copyFirstCharacter(node));
     templatePending_ = true;
 
-    if (node.parameters) {
-        Cpp::ParameterListNode& parameters = *node.parameters;
-        std::string gap = readGap(parameters.firstPosition());
-        if (scheme_.wsBeforeTpOpenBracket.isSet) {
-            setGapTrailing(gap, scheme_.wsBeforeTpOpenBracket.text);
-            writeVerbatim(gap);
-        } else {
-            out_ << gap;
-        }
-        copyThrough(in_, out_, parameters.firstPosition());
-
-        const int count = parameters.childCount();
-        if (count > 0) {
-            gap = readGap(parameters.child(0).firstPosition());
-            if (scheme_.wsAfterTpOpenBracket.isSet) {
-                std::string ws = scheme_.wsAfterTpOpenBracket.text;
-                const auto* first = dynamic_cast<Cpp::ParameterNode*>(&parameters.child(0));
-                if (ws.empty() && first && first->text.starts_with('<'))
-                    ws = " ";  // two brackets must not run together
-                setGapTrailing(gap, ws);
-                writeVerbatim(gap);
-            } else {
-                out_ << gap;
-            }
-        }
-
-        formatListItems(parameters, scheme_.wsBeforeTpComma, scheme_.betweenTpParams());
-
-        if (count > 0) {
-            gap = expr_.formatType(readBefore(in_, parameters.lastPosition()), out_.settings(),
-                                   scheme_.wsAfterParamTypeId);
-            if (scheme_.wsBeforeTpCloseBracket.isSet) {
-                std::string ws = scheme_.wsBeforeTpCloseBracket.text;
-                const auto* last = dynamic_cast<Cpp::ParameterNode*>(&parameters.child(count - 1));
-                if (ws.empty() && last && last->text.ends_with('>')) ws = " ";
-                setGapTrailing(gap, ws);
-            }
-            writeRaw(out_, gap);
-        }
-
-        // The whole inside of an empty list; nothing otherwise.
-        gap = readGap(parameters.lastPosition());
-        if (scheme_.wsAfterTpOpenBracket.isSet || scheme_.wsBeforeTpCloseBracket.isSet) {
-            setGapTrailing(gap, "");
-            writeVerbatim(gap);
-        } else {
-            out_ << gap;
-        }
-    }
+    if (node.parameters) formatTemplateParameters(*node.parameters);
     copyToEnd(node);
     pushPending(scheme_.wsAfterTpCloseBracket);
+}
+
+namespace {
+
+// The value, or a blank where an empty one would let two angle brackets run together.
+WsProperty apartFromBracket(const WsProperty& value, bool isBesideBracket) {
+    return isBesideBracket && value.isSet && value.text.empty() ? WsProperty{true, " "} : value;
+}
+
+bool startsWithBracket(const Cpp::SyntaxNode& node) {
+    const auto* parameter = dynamic_cast<const Cpp::ParameterNode*>(&node);
+    return parameter && parameter->text.starts_with('<');
+}
+
+bool endsWithBracket(const Cpp::SyntaxNode& node) {
+    const auto* parameter = dynamic_cast<const Cpp::ParameterNode*>(&node);
+    return parameter && parameter->text.ends_with('>');
+}
+
+}  // namespace
+
+void CppFormatter::formatTemplateParameters(Cpp::ParameterListNode& list) {
+    writeGapTrailing(list.firstPosition(), scheme_.wsBeforeTpOpenBracket);
+    const int count = list.childCount();
+    const WsProperty& afterOpen = scheme_.wsAfterTpOpenBracket;
+    const WsProperty& beforeClose = scheme_.wsBeforeTpCloseBracket;
+    formatEnclosedItems(list, apartFromBracket(afterOpen, count > 0 && startsWithBracket(list.child(0))),
+                        scheme_.wsBeforeTpComma, scheme_.betweenTpParams(),
+                        apartFromBracket(beforeClose, count > 0 && endsWithBracket(list.child(count - 1))));
+    if (afterOpen.isSet || beforeClose.isSet)
+        writeGapTrailing(list.lastPosition(), "");
+    else
+        writeGap(list.lastPosition());
 }
 
 }  // namespace Brevis

@@ -1,5 +1,6 @@
 // The visits of the main formatter for functions, their parameters, function pointers and member initializers.
 #include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_ParenText.h"
 
 namespace Brevis {
 
@@ -40,12 +41,14 @@ int CppFormatter::formatFunctionHead(Cpp::FunctionDeclNode& node) {
 
     const ColumnPush push(columnStack_, column);
     if (head.parameters) {
-        std::string gap = readGap(head.parameters->firstPosition());
         if (scheme_.wsAfterFnName.isSet) {
+            std::string gap = readGap(head.parameters->firstPosition());
             trimGapBoth(gap);
             writeVerbatim(scheme_.wsAfterFnName.text);
+            out_ << gap;
+        } else {
+            writeGap(head.parameters->firstPosition());
         }
-        out_ << gap;
         formatParenList(*head.parameters, scheme_.wsAfterFnOpenParen, scheme_.wsBeforeFnComma,
                         scheme_.betweenFnParams(), scheme_.wsBeforeFnCloseParen);
     }
@@ -73,30 +76,23 @@ int CppFormatter::writeReturnTypeAndName(Cpp::FunctionDeclNode& node, int column
         text = expr_.formatType(text, out_.settings(), wsAfterType);
     }
 
-    if (!isDefinition && namesAligned && !holdsCommentOrDirective(text)) {
-        SignSplit sign;
-        if (type) {
-            trimGapTrailing(text);
-            replaceCharInGap(text, '\n', ' ');
-            sign = splitSign(text);
-            // A reformatted text has been through a scratch stream and holds its indent already.
-            if (!hadTemplate) writeFirstCharacter(text, reformatted, column);
-        }
-        out_ << text;
-        writeAligned(offsetFor(functionNameColumns_, node), sign);
-    } else if (!isDefinition) {
-        if (type && !isPointer) {
-            if (scheme_.wsAfterFnDeclReturnType.isSet) setGapTrailing(text, scheme_.wsAfterFnDeclReturnType.text);
-            if (!hadTemplate) writeFirstCharacter(text, false, column);
-        }
-        out_ << text;
-    } else {
-        if (type) {
-            if (scheme_.wsAfterFnDefnReturnType.isSet) setGapTrailing(text, scheme_.wsAfterFnDefnReturnType.text);
-            if (!hadTemplate) writeFirstCharacter(text, reformatted, column);
-        }
-        out_ << text;
+    const bool aligned = !isDefinition && namesAligned && !holdsCommentOrDirective(text);
+    // The sign of a declaration's type that isn't aligned has had its white space from the expression formatter.
+    const bool isSpaced = type && (aligned || isDefinition || !isPointer);
+    SignSplit sign;
+    if (isSpaced && aligned) {
+        trimGapTrailing(text);
+        replaceCharInGap(text, '\n', ' ');
+        sign = splitSign(text);
+    } else if (isSpaced) {
+        const WsProperty& ws = isDefinition ? scheme_.wsAfterFnDefnReturnType : scheme_.wsAfterFnDeclReturnType;
+        if (ws.isSet) setGapTrailing(text, ws.text);
     }
+    std::string_view rest = text;
+    // A reformatted text has been through a scratch stream and holds its indent already.
+    if (isSpaced && !hadTemplate) writeFirstCharacter(rest, reformatted, column);
+    out_ << rest;
+    if (aligned) writeAligned(offsetFor(functionNameColumns_, node), sign);
 
     copyThrough(in_, out_, name.firstPosition());
     if (!type && !hadTemplate) column = lastColumn(out_);
@@ -115,7 +111,7 @@ void CppFormatter::visit(Cpp::InitializerListNode& list) {
     const std::string_view gap = readBefore(in_, list.firstPosition());
     WsProperty before = noWs;
     if (scheme_.wsBeforeFnOpenBrace.isSet || scheme_.wsBeforeClassInitList.isSet) {
-        if (auto ws = popPending()) before = {true, std::move(*ws)};
+        if (auto ws = popPending()) before = {true, std::string(*ws)};
     }
     writeRaw(out_, expr_.formatAround(gap, Trn::Kind::Colon, before, scheme_.wsBeforeClassInits, out_.settings()));
     formatListItems(list, scheme_.wsBeforeClassInitsComma, scheme_.wsBetweenClassInits);
@@ -125,23 +121,6 @@ void CppFormatter::visit(Cpp::InitializerNode& node) {
     out_ << expr_.formatType(readThrough(in_, node.lastPosition()), out_.settings(), noWs);
 }
 
-namespace {
-
-// Puts the values of the parentheses into a parenthesised declarator such as `(*name)`.
-std::string spacedDeclarator(std::string_view declarator, const WsProperty& wsAfterOpen,
-                             const WsProperty& wsBeforeClose) {
-    if (declarator.size() < 2) return std::string(declarator);
-    std::string inside(declarator.substr(1, declarator.size() - 2));
-    if (wsAfterOpen.isSet) {
-        trimLeft(inside);
-        inside.insert(0, wsAfterOpen.text);
-    }
-    if (wsBeforeClose.isSet) setGapTrailing(inside, wsBeforeClose.text);
-    return declarator.front() + inside + declarator.back();
-}
-
-}  // namespace
-
 // The name is the parenthesised declarator, as `(*name)`.
 void CppFormatter::visit(Cpp::FunctionPtrDeclNode& node) {
     int column = topColumn();
@@ -149,16 +128,15 @@ void CppFormatter::visit(Cpp::FunctionPtrDeclNode& node) {
         if (node.type) copyBefore(in_, out_, node.type->firstPosition());
         std::string text = readGap(node.name->firstPosition());
         if (node.type) text = expr_.formatType(text, out_.settings(), noWs);
-        std::string inner = spacedDeclarator(readThrough(in_, node.name->lastPosition()), scheme_.wsAfterFnOpenParen,
-                                             scheme_.wsBeforeFnCloseParen);
-        if (node.type && !text.empty()) {
-            writeFirstCharacter(text, false, column);
-            out_ << text;
-        } else {
-            out_ << text;
-            writeFirstCharacter(inner, false, column);
-        }
-        out_ << inner;
+        std::string declarator(readThrough(in_, node.name->lastPosition()));
+        padInsideParens(declarator, scheme_.wsAfterFnOpenParen, scheme_.wsBeforeFnCloseParen);
+        std::string_view front = text;
+        std::string_view rest = declarator;
+        const bool startsWithType = node.type && !text.empty();
+        if (startsWithType) writeFirstCharacter(front, false, column);
+        out_ << front;
+        if (!startsWithType) writeFirstCharacter(rest, false, column);
+        out_ << rest;
     }
     const ColumnPush push(columnStack_, column);
     if (node.parameters) {

@@ -1,5 +1,7 @@
 // The visits of the main formatter for control statements and case labels.
 #include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_OffsetFinder.h"
+#include "text/Brevis_ParenText.h"
 #include "text/Brevis_TokenReader.h"
 
 namespace Brevis {
@@ -30,32 +32,16 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
         Cpp::SyntaxNode& child = node.child(i);
         const bool isTrivia = is<Cpp::CommentNode>(child) || is<Cpp::PreprocDirectiveNode>(child);
         if (useBetween && i > 0 && !isTrivia && !afterTrivia) {
-            std::string gap = readGap(child.firstPosition());
-            setGapTrailing(gap, between);
-            writeVerbatim(gap);
+            writeGapTrailing(child.firstPosition(), between);
         }
         child.accept(*this);
         afterTrivia = isTrivia;
     }
 }
 
-// An `else` whose body is, without braces, an `if` statement alone.
-bool CppFormatter::isElseIf(const Cpp::CtrlSubStmtNode& node) {
-    if (!node.body || node.body->childCount() != 1) return false;
-    const auto* statement = dynamic_cast<const Cpp::CtrlStmtNode*>(&node.body->child(0));
-    if (!statement || statement->childCount() == 0) return false;
-    const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&statement->child(0));
-    return part && node.body->firstPosition() == part->firstPosition() && part->head && part->head->keyword &&
-           part->head->keyword->kind() == Trn::Kind::If;
-}
-
 void CppFormatter::visit(Cpp::CtrlSubStmtNode& node) {
-    const Cpp::KeywordNode* keyword = node.head ? node.head->keyword.get() : nullptr;
-    const bool isSwitch = keyword && keyword->kind() == Trn::Kind::Switch;
-    if (inElseIf_)
-        inElseIf_ = false;  // this is the `if` of the chain, an ordinary part from here on
-    else if (keyword && keyword->kind() == Trn::Kind::Else && isElseIf(node))
-        inElseIf_ = true;
+    // The `if` of a chain is an ordinary part from here on.
+    inElseIf_ = !inElseIf_ && isElseIf(node);
 
     if (node.head) node.head->accept(*this);
     if (!node.body) return;
@@ -68,6 +54,7 @@ void CppFormatter::visit(Cpp::CtrlSubStmtNode& node) {
         return;
     }
     if (node.head) pushPending(hasBraces(body) ? scheme_.wsBeforeCsOpenBrace : scheme_.wsAfterCsOpenBrace);
+    const bool isSwitch = keywordOf(node.head.get()) == Trn::Kind::Switch;
     formatBracedBody(body, isSwitch ? scheme_.indentCsCaseContent : scheme_.indentCsContent, scheme_.wsAfterCsOpenBrace,
                      scheme_.wsBeforeCsCloseBrace);
 }
@@ -87,26 +74,16 @@ void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& head) {
         copyBefore(in_, out_, head.condition->firstPosition());
     }
 
-    std::string open, close;
-    std::string text(readThrough(in_, head.condition->lastPosition()));
-    const std::size_t openParen = text.find('(');
-    const std::size_t closeParen = text.rfind(')');
-    if (openParen != std::string::npos && closeParen != std::string::npos) {
-        open = text.substr(0, openParen + 1);
-        close = text.substr(closeParen);
-        text = text.substr(openParen + 1, closeParen - openParen - 1);
-    }
-
-    out_ << open;
+    const ParenParts parts(readThrough(in_, head.condition->lastPosition()));
+    out_ << parts.open;
     const int insideColumn = out_.column();
-    const Trn::TokenKind keyword = head.keyword ? head.keyword->kind() : Trn::Kind::Defective;
-    if (keyword == Trn::Kind::For)
-        formatForInside(std::move(text), insideColumn);
+    if (keywordOf(&head) == Trn::Kind::For)
+        formatForInside(parts.inner, insideColumn);
     else
-        writeCondition(std::move(text), keyword, insideColumn);
+        writeCondition(parts.inner, keywordOf(&head), insideColumn);
 
     const IndentStringGuard indent(out_, indentStringFor(out_, insideColumn - 1));
-    out_ << close;
+    out_ << parts.close;
 }
 
 namespace {
@@ -120,12 +97,11 @@ struct Separators {
 Separators findSemicolons(std::string_view text) {
     Separators found;
     TokenReader reader(text);
-    ITextDocStream cursor(text);
+    OffsetFinder offsetOf(text);
     do {
         reader.advance();
         if (reader.current().kind() != Trn::Kind::Semicolon) continue;
-        skipBefore(cursor, reader.current().first());
-        found.last = cursor.offset();
+        found.last = offsetOf(reader.current().first()) - 1;
         if (found.first == std::string_view::npos) found.first = found.last;
     } while (reader.more());
     return found;
@@ -133,23 +109,23 @@ Separators findSemicolons(std::string_view text) {
 
 }  // namespace
 
-void CppFormatter::formatForInside(std::string text, int insideColumn) {
+void CppFormatter::formatForInside(std::string_view inside, int insideColumn) {
     IndentStreamSettings settings;
     settings.keepLeadingWs = true;
     settings.convertMode = out_.convertMode();
     settings.tabSize = scheme_.tabSize;
-    text = expr_.formatType(text, settings, noWs);
+    const std::string text = expr_.formatType(inside, settings, noWs);
 
     const Separators semicolons = findSemicolons(text);
     const bool byClause = scheme_.alignCsForClausesLeft || scheme_.wsBetweenCsForClauses.isSet;
     if (byClause && semicolons.first != std::string_view::npos)
         writeForClauses(text, semicolons.first + 1, semicolons.last + 1, insideColumn);
     else
-        writeCondition(std::move(text), Trn::Kind::For, insideColumn);
+        writeCondition(text, Trn::Kind::For, insideColumn);
 }
 
 // Writes the three clauses of a `for` one by one; the ends of the first two are offsets behind their semicolons.
-void CppFormatter::writeForClauses(const std::string& text, std::size_t firstEnd, std::size_t secondEnd,
+void CppFormatter::writeForClauses(std::string_view text, std::size_t firstEnd, std::size_t secondEnd,
                                    int insideColumn) {
     const bool align = scheme_.alignCsForClausesLeft;
     const std::string between = align ? "\n" : scheme_.wsBetweenCsForClauses.text;
@@ -158,10 +134,11 @@ void CppFormatter::writeForClauses(const std::string& text, std::size_t firstEnd
     std::string clause = expr_.formatType(text.substr(0, firstEnd), out_.settings(), noWs);
     setGapBoth(clause, scheme_.wsAfterCsOpenParen.text, "");
     int clauseColumn = insideColumn;
+    std::string_view rest = clause;
     // The following clauses start under the first character.
-    if (align) writeFirstUnit(clause, clauseColumn);
+    if (align) clauseColumn = writeFirstUnit(rest);
     const IndentStringGuard clauseIndent(out_, indentStringFor(out_, clauseColumn));
-    writeRaw(out_, expr_.formatType(clause, out_.settings(), noWs));
+    writeRaw(out_, expr_.formatType(rest, out_.settings(), noWs));
 
     clause = text.substr(firstEnd, secondEnd - firstEnd);
     setGapBoth(clause, between, "");
@@ -175,32 +152,29 @@ void CppFormatter::writeForClauses(const std::string& text, std::size_t firstEnd
     out_ << clause;
 }
 
+std::string CppFormatter::formattedCondition(std::string_view text, Trn::TokenKind keyword) {
+    if (keyword == Trn::Kind::For) return expr_.formatType(text, out_.settings(), noWs);
+    if (keyword != Trn::Kind::Catch) return expr_.format(text, out_.settings());
+    return expr_.format(expr_.formatType(text, out_.settings(), scheme_.wsAfterParamTypeId), out_.settings());
+}
+
 // Writes what stands between the parentheses of a condition as one text.
-void CppFormatter::writeCondition(std::string text, Trn::TokenKind keyword, int insideColumn) {
-    const auto formatted = [&](const std::string& inside) {
-        if (keyword == Trn::Kind::For) return expr_.formatType(inside, out_.settings(), noWs);
-        if (keyword != Trn::Kind::Catch) return expr_.format(inside, out_.settings());
-        return expr_.format(expr_.formatType(inside, out_.settings(), scheme_.wsAfterParamTypeId), out_.settings());
-    };
+void CppFormatter::writeCondition(std::string_view text, Trn::TokenKind keyword, int insideColumn) {
     const WsProperty& after = scheme_.wsAfterCsOpenParen;
     const WsProperty& before = scheme_.wsBeforeCsCloseParen;
-
     if (!after.isSet && !before.isSet) {
-        const std::string result = formatted(text);
-        if (keyword == Trn::Kind::For)
-            writeRaw(out_, result);
-        else
-            writeVerbatim(result);
-        return;
+        const std::string formatted = formattedCondition(text, keyword);
+        return keyword == Trn::Kind::For ? writeRaw(out_, formatted) : writeVerbatim(formatted);
     }
+    std::string inside(text);
     if (after.isSet && before.isSet)
-        setGapBoth(text, after.text, before.text);
+        setGapBoth(inside, after.text, before.text);
     else if (after.isSet)
-        setGapLeading(text, after.text);
+        setGapLeading(inside, after.text);
     else
-        setGapTrailing(text, before.text);
+        setGapTrailing(inside, before.text);
     const Layout layout(out_, false, indentStringFor(out_, insideColumn));
-    writeRaw(out_, formatted(text));
+    writeRaw(out_, formattedCondition(inside, keyword));
 }
 
 void CppFormatter::visit(Cpp::CaseNode& node) {

@@ -7,6 +7,7 @@
 #include "Cpp_Lexer.h"
 #include "Vellum_LiteralTracker.h"
 #include "Vellum_WhiteSpace.h"
+#include "text/Brevis_OffsetFinder.h"
 
 namespace Brevis {
 
@@ -29,13 +30,6 @@ bool anyToken(std::string_view text, Test test) {
     return false;
 }
 
-// The offset of a position in a text that starts at line 1, column 0.
-std::size_t offsetOf(std::string_view text, Position position) {
-    std::size_t lineStart = 0;
-    for (int line = 1; line < position.line; ++line) lineStart = text.find('\n', lineStart) + 1;
-    return lineStart + static_cast<std::size_t>(position.column);
-}
-
 // Where a text that starts with a line comment or a directive is split: behind its first line feed, and behind the
 // whole directive if that line feed stands in one of several lines. 0 if the text starts with neither, the whole length
 // if there is no line feed.
@@ -44,9 +38,9 @@ std::size_t splitOfLeadingLineToken(std::string_view text) {
     Cpp::Lexer lexer(text);
     const Token token = lexer.next();
     if (!Trn::isLineToken(token.kind())) return 0;
+    OffsetFinder offsetOf(text);
     std::size_t lineFeed = text.find('\n');
-    if (lineFeed != npos && lineFeed >= offsetOf(text, token.first()))
-        lineFeed = text.find('\n', offsetOf(text, token.last()) - 1);
+    if (lineFeed != npos && lineFeed >= offsetOf(token.first())) lineFeed = text.find('\n', offsetOf(token.last()) - 1);
     return lineFeed == npos ? text.size() : lineFeed + 1;
 }
 

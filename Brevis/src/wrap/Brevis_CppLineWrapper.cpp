@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "Trn_NestingGuard.h"
-#include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_NodeTests.h"
 
 namespace Brevis {
 

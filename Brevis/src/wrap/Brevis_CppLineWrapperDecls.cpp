@@ -1,5 +1,7 @@
 // The visits of the line wrapper for classes, functions, data declarations and enums.
-#include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_FirstCharacter.h"
+#include "text/Brevis_NodeTests.h"
+#include "text/Brevis_ParenText.h"
 #include "text/Brevis_TokenReader.h"
 #include "wrap/Brevis_CppLineWrapper.h"
 
@@ -90,32 +92,6 @@ void CppLineWrapper::visit(Cpp::InitializerNode& node) {
 
 // ---- Function pointers
 
-namespace {
-
-// Replaces the white space inside the outer parentheses of `text`, which are its first and last character.
-void padInsideParens(std::string& text, const WsProperty& afterOpen, const WsProperty& beforeClose) {
-    if (text.size() < 2) return;
-    std::string inner = text.substr(1, text.size() - 2);
-    if (afterOpen.isSet) {
-        trimLeft(inner);
-        inner.insert(0, afterOpen.text);
-    }
-    // A line comment in front of the parenthesis keeps its line end.
-    if (beforeClose.isSet) setGapTrailing(inner, beforeClose.text);
-    text.replace(1, text.size() - 2, inner);
-}
-
-// Writes through the first character of `text` that is no white space, takes it off, and gives its output column.
-int putFirstChar(OIndentStream& out, std::string& text) {
-    const std::size_t length = text.size() - trimmedLeft(text).size();
-    const bool hasChar = length < text.size();
-    out << std::string_view(text).substr(0, length + (hasChar ? 1 : 0));
-    text.erase(0, length + (hasChar ? 1 : 0));
-    return hasChar ? lastColumn(out) : 0;
-}
-
-}  // namespace
-
 void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
     if (!isOverlong(node)) return copyToEnd(node);
     const ColumnPush push(columnStack_, node.name ? wrapPointerDeclarator(node) : topColumn());
@@ -134,8 +110,9 @@ int CppLineWrapper::wrapPointerDeclarator(Cpp::FunctionPtrDeclNode& node) {
     std::string declarator = readToEnd(*node.name);
     padInsideParens(declarator, scheme_.wsAfterFnOpenParen, scheme_.wsBeforeFnCloseParen);
     out_ << typeText;
-    const int column = putFirstChar(out_, declarator);
-    out_ << declarator;
+    std::string_view rest = declarator;
+    const int column = writeFirstCharacter(out_, rest);
+    out_ << rest;
     return column;
 }
 

@@ -1,40 +1,9 @@
 // The visits of the line wrapper for control statements.
-#include "format/Brevis_CppFormatter.h"
+#include "text/Brevis_NodeTests.h"
+#include "text/Brevis_ParenText.h"
 #include "wrap/Brevis_CppLineWrapper.h"
 
 namespace Brevis {
-
-namespace {
-
-Trn::TokenKind keywordOf(const Cpp::CtrlSubStmtHeadNode* head) {
-    return head != nullptr && head->keyword ? head->keyword->kind() : Trn::Kind::Defective;
-}
-
-// An `else` whose body is, without braces, an `if` statement alone.
-bool isElseIf(const Cpp::CtrlSubStmtNode& node) {
-    if (keywordOf(node.head.get()) != Trn::Kind::Else || !node.body || node.body->childCount() != 1) return false;
-    const auto* statement = dynamic_cast<const Cpp::CtrlStmtNode*>(&node.body->child(0));
-    if (statement == nullptr || statement->childCount() == 0) return false;
-    const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&statement->child(0));
-    return part != nullptr && node.body->firstPosition() == part->firstPosition() &&
-           keywordOf(part->head.get()) == Trn::Kind::If;
-}
-
-// A condition taken apart at its outer parentheses. Without both of them all of it is `inner`.
-struct ConditionParts {
-    explicit ConditionParts(std::string_view text) : inner(text) {
-        const std::size_t first = text.find('(');
-        const std::size_t last = text.rfind(')');
-        if (first == std::string_view::npos || last == std::string_view::npos || last < first) return;
-        open = text.substr(0, first + 1);
-        inner = text.substr(first + 1, last - first - 1);
-        close = text.substr(last);
-    }
-
-    std::string_view open, inner, close;
-};
-
-}  // namespace
 
 void CppLineWrapper::visit(Cpp::CtrlStmtNode& node) {
     if (!isOverlong(node)) return copyToEnd(node);
@@ -81,7 +50,7 @@ void CppLineWrapper::wrapCondition(const Cpp::ExprNode& condition, Trn::TokenKin
         writeVerbatim(gap);
     }
     copyBefore(in_, out_, condition.firstPosition());
-    const ConditionParts parts(readThrough(in_, condition.lastPosition()));
+    const ParenParts parts(readThrough(in_, condition.lastPosition()));
     out_ << parts.open;
     const int column = out_.column();  // behind the parenthesis
 

@@ -5,32 +5,12 @@
 #include <array>
 
 #include "Cpp_Lexer.h"
+#include "text/Brevis_OffsetFinder.h"
 #include "wrap/Brevis_WrapTokenSets.h"
 
 namespace Brevis {
 
 using namespace Trn::Kind;
-
-namespace {
-
-// Turns ascending positions of a text into offsets.
-class OffsetFinder {
-public:
-    explicit OffsetFinder(std::string_view text) : text_(text) {}
-
-    // The offset of the cursor that stands at `position`.
-    std::size_t operator()(Trn::Position position) {
-        for (; line_ < position.line; ++line_) lineStart_ = text_.find('\n', lineStart_) + 1;
-        return lineStart_ + static_cast<std::size_t>(position.column);
-    }
-
-private:
-    std::string_view text_;
-    int line_ = 1;
-    std::size_t lineStart_ = 0;
-};
-
-}  // namespace
 
 LexedText::LexedText(std::string_view text) : text_(text) {
     Cpp::Lexer lexer(text);

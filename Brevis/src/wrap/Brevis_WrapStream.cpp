@@ -1,6 +1,7 @@
 #include "wrap/Brevis_WrapStream.h"
 
 #include "Vellum_WhiteSpace.h"
+#include "text/Brevis_FirstCharacter.h"
 
 namespace Brevis {
 
@@ -23,13 +24,9 @@ void WrapStream::lineFeed() {
 }
 
 int WrapStream::writeFirstChar(std::string_view& text) {
-    std::size_t end = 0;
-    while (end < text.size() && Vellum::isSpace(text[end])) ++end;
-    const bool hasChar = end < text.size();
-    if (hasChar) ++end;
-    raw(text.substr(0, end));
-    text.remove_prefix(end);
-    return hasChar ? lastColumn(out_) : 0;
+    const std::string_view front = takeFirstCharacter(text);
+    raw(front);
+    return Vellum::isBlank(front) ? 0 : lastColumn(out_);
 }
 
 OIndentStream& WrapStream::stream() {
