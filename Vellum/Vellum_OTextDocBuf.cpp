@@ -21,6 +21,9 @@ constexpr std::array<CharSet, 3> stops = {
     CharSet("\n\t \"'\\"),
 };
 
+// Most texts of a scratch stream are shorter, so that memory is asked for once.
+constexpr std::size_t leastCapacity = 120;
+
 int knownMode(int mode) { return mode == 1 || mode == 2 ? mode : 0; }
 
 }  // namespace
@@ -100,6 +103,8 @@ std::size_t OTextDocBuf::putLine(std::string_view text) {
 
 void OTextDocBuf::putRun(std::string_view run) {
     sync();
+    const std::size_t size = text_.size() + run.size();
+    if (size > text_.capacity()) text_.reserve(std::max(2 * size, leastCapacity));
     text_.append(run);
     column_ += static_cast<int>(run.size());
     if (!followsClosely_) return;

@@ -1,10 +1,9 @@
 // The typed dictionary of a scheme. The text form of a scheme stands in Brevis_SchemeReader.cpp and in `write` below.
 #include "scheme/Brevis_PropertySet.h"
 
-#include <algorithm>
-#include <cctype>
 #include <ostream>
 
+#include "Vellum_WhiteSpace.h"
 #include "scheme/Brevis_Escapes.h"
 #include "scheme/Brevis_SchemeReader.h"
 
@@ -13,8 +12,7 @@ namespace Brevis {
 namespace {
 
 void checkKey(std::string_view key) {
-    const auto isSpace = [](unsigned char c) { return std::isspace(c) != 0; };
-    if (key.empty() || std::any_of(key.begin(), key.end(), isSpace)) throw InvalidPropertyName();
+    if (key.empty() || Vellum::whiteSpace.isIn(key)) throw InvalidPropertyName();
 }
 
 template <class Table, class Value>
