@@ -17,6 +17,13 @@ public:
 
     // The offset of the first character at or behind `from` that is in the set, or the length of the text.
     constexpr std::size_t findIn(std::string_view text, std::size_t from = 0) const {
+        // Four a round: every character of a run passes here.
+        for (; from + 4 <= text.size(); from += 4) {
+            if (has(text[from])) return from;
+            if (has(text[from + 1])) return from + 1;
+            if (has(text[from + 2])) return from + 2;
+            if (has(text[from + 3])) return from + 3;
+        }
         while (from < text.size() && !has(text[from])) ++from;
         return from;
     }

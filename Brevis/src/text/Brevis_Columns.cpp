@@ -12,8 +12,11 @@ int charWidth(char c, int column, int tabSize) {
 int columnAfter(std::string_view text, int startColumn, int tabSize) {
     if (tabSize < 1 || startColumn < 0) return static_cast<int>(text.size());
     int column = startColumn;
-    for (const char c : text) column += charWidth(c, column, tabSize);
-    return column;
+    for (std::size_t tab; (tab = text.find('\t')) != std::string_view::npos; text.remove_prefix(tab + 1)) {
+        column += static_cast<int>(tab);
+        column += charWidth('\t', column, tabSize);
+    }
+    return column + static_cast<int>(text.size());
 }
 
 int columnBefore(std::string_view text, int column, int tabSize) {
