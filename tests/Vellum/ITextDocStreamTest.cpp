@@ -79,6 +79,10 @@ TEST(ITextDocStream, StretchesEndWhereSingleReadsWould) {
             ASSERT_EQ(fast.readWhileBelow(limit), expected) << text;
             ASSERT_EQ(fast.position(), slow.position()) << text;
             ASSERT_EQ(fast.good(), slow.good()) << text;
+            if (random() % 3 == 0) {
+                ASSERT_EQ(fast.unget(), slow.unget());
+                ASSERT_EQ(fast.position(), slow.position()) << text;
+            }
             if (random() % 8 == 0) break;
         }
         if (!fast.good()) continue;

@@ -167,6 +167,7 @@ private:
 
     // ---- Functions (Brevis_CppFormatterFunctions.cpp)
     int formatFunctionHead(Cpp::FunctionDeclNode& node);
+    SignSplit splitAlignedSign(std::string& text) const;
     int writeReturnTypeAndName(Cpp::FunctionDeclNode& node, int column, bool hadTemplate);
     void formatFunctionBody(Cpp::FunctionDeclNode& node);
 

@@ -57,6 +57,13 @@ int CppFormatter::formatFunctionHead(Cpp::FunctionDeclNode& node) {
     return column;
 }
 
+// The sign behind a return type that stands on one line in front of an aligned name.
+CppFormatter::SignSplit CppFormatter::splitAlignedSign(std::string& text) const {
+    trimGapTrailing(text);
+    replaceCharInGap(text, '\n', ' ');
+    return splitSign(text);
+}
+
 int CppFormatter::writeReturnTypeAndName(Cpp::FunctionDeclNode& node, int column, bool hadTemplate) {
     const Cpp::FunctionReturnNode* type = node.head->returnType.get();
     const Cpp::IdNode& name = *node.head->name;
@@ -69,25 +76,15 @@ int CppFormatter::writeReturnTypeAndName(Cpp::FunctionDeclNode& node, int column
 
     const bool isPointer = type && endsInSign(text);
     const bool reformatted = isPointer && !scheme_.fnDoNotFormat;
-    if (reformatted) {
-        const WsProperty& wsAfterType = isDefinition   ? scheme_.wsAfterFnDefnReturnType
-                                        : namesAligned ? noWs
-                                                       : scheme_.wsAfterFnDeclReturnType;
-        text = expr_.formatType(text, out_.settings(), wsAfterType);
-    }
+    const WsProperty& ws = isDefinition ? scheme_.wsAfterFnDefnReturnType : scheme_.wsAfterFnDeclReturnType;
+    if (reformatted) text = expr_.formatType(text, out_.settings(), !isDefinition && namesAligned ? noWs : ws);
 
     const bool aligned = !isDefinition && namesAligned && !holdsCommentOrDirective(text);
     // The sign of a declaration's type that isn't aligned has had its white space from the expression formatter.
     const bool isSpaced = type && (aligned || isDefinition || !isPointer);
-    SignSplit sign;
-    if (isSpaced && aligned) {
-        trimGapTrailing(text);
-        replaceCharInGap(text, '\n', ' ');
-        sign = splitSign(text);
-    } else if (isSpaced) {
-        const WsProperty& ws = isDefinition ? scheme_.wsAfterFnDefnReturnType : scheme_.wsAfterFnDeclReturnType;
-        if (ws.isSet) setGapTrailing(text, ws.text);
-    }
+    const SignSplit sign = isSpaced && aligned ? splitAlignedSign(text) : SignSplit{};
+    if (isSpaced && !aligned && ws.isSet) setGapTrailing(text, ws.text);
+
     std::string_view rest = text;
     // A reformatted text has been through a scratch stream and holds its indent already.
     if (isSpaced && !hadTemplate) writeFirstCharacter(rest, reformatted, column);
