@@ -2,7 +2,8 @@
 #include "Soak_Differences.h"
 
 #include <algorithm>
-#include <cctype>
+
+#include "Vellum_WhiteSpace.h"
 
 namespace Soak {
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr std::size_t mostKinds = 40;
 
-bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+using Vellum::isSpace;
 
 std::string_view gapAt(std::string_view text, std::size_t at) {
     std::size_t end = at;

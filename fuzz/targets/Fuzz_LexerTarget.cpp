@@ -1,16 +1,15 @@
 // The lexer target.
-#include <cctype>
-
 #include "Cpp_Lexer.h"
 #include "Fuzz_LineTable.h"
 #include "Fuzz_Targets.h"
 #include "Fuzz_Trial.h"
+#include "Vellum_WhiteSpace.h"
 
 namespace Fuzz {
 
 namespace {
 
-bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+using Vellum::isSpace;
 
 // Behind a quote whose literal its line end cuts off: where reading goes on, which a backslash at a line end puts off.
 std::size_t endOfCutString(std::string_view text, std::size_t quote) {
