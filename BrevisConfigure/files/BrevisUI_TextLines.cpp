@@ -101,10 +101,18 @@ std::vector<std::string> splitList(std::string_view text, char separator) {
 }
 
 std::string_view trimBlanks(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
+    constexpr std::string_view blanks = " \t\n\v\f\r";
     const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return lower;
 }
 
 }  // namespace BrevisUI

@@ -17,6 +17,10 @@ std::vector<std::string_view> linesOf(std::string_view text);
 // The pieces between separators, white space at their ends removed; empty ones are left out.
 std::vector<std::string> splitList(std::string_view text, char separator);
 
+// The text without the white space at its ends.
 std::string_view trimBlanks(std::string_view text);
+
+// With the letters of ASCII in lower case.
+std::string lowerCase(std::string_view text);
 
 }  // namespace BrevisUI

@@ -46,8 +46,8 @@ public:
             const auto onEvent = [this](int depth, Json::parse_event_t event, const Json& value) {
                 return accept(depth, event, value);
             };
-            const Json kept =
-                Json::parse(CountingIterator(begin, line_), CountingIterator(begin + input_.text.size(), atEnd), onEvent);
+            const Json kept = Json::parse(CountingIterator(begin, line_),
+                                          CountingIterator(begin + input_.text.size(), atEnd), onEvent);
             if (!kept.is_array()) fail("A list is expected here.");
         } catch (const Json::exception&) {
             fail("The file cannot be read as JSON.");

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
@@ -111,7 +110,7 @@ private:
 };
 
 std::string projectFileAt(const std::string& path) {
-    const std::string full = fullPath(std::filesystem::current_path().string(), path);
+    const std::string full = fullPath(path);
     return isDirectory(full) ? fullPath(full, "compile_commands.json") : full;
 }
 

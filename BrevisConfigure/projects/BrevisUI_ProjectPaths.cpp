@@ -7,18 +7,13 @@
 #include <filesystem>
 
 #include "files/BrevisUI_GlobPattern.h"
+#include "files/BrevisUI_TextLines.h"
 
 namespace BrevisUI {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    std::ranges::transform(lower, lower.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return lower;
-}
 
 std::string withSlashes(std::string_view path) {
     std::string result(path);
@@ -30,8 +25,6 @@ std::string withSlashes(std::string_view path) {
 bool hasDrive(std::string_view path) {
     return path.size() > 1 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0]));
 }
-
-bool hasWildcard(std::string_view path) { return path.find_first_of("*?") != std::string_view::npos; }
 
 // In project files a bracket is a character of a name.
 std::string asGlob(std::string_view pattern) {
@@ -53,12 +46,12 @@ std::vector<std::string> filesBelow(const std::string& directory, bool deep) {
     return paths;
 }
 
-std::vector<std::string> expandWildcards(const std::string& pattern) {
-    const std::size_t slash = pattern.rfind('/', pattern.find_first_of("*?"));
-    const bool deep = pattern.find_first_of('/', slash + 1) != std::string::npos || pattern.ends_with("**");
+// `directory` ends with a slash.
+std::vector<std::string> expandWildcards(const std::string& directory, const std::string& pattern) {
+    const bool deep = pattern.find('/') != std::string::npos || pattern.ends_with("**");
     const GlobPattern glob(asGlob(pattern));
-    std::vector<std::string> paths = filesBelow(pattern.substr(0, slash + 1), deep);
-    std::erase_if(paths, [&](const std::string& path) { return !glob.matches(path); });
+    std::vector<std::string> paths = filesBelow(directory, deep);
+    std::erase_if(paths, [&](const std::string& path) { return !glob.matches(path.substr(directory.size())); });
     std::ranges::sort(paths);
     return paths;
 }
@@ -66,7 +59,7 @@ std::vector<std::string> expandWildcards(const std::string& pattern) {
 }  // namespace
 
 ProjectPaths::ProjectPaths(const std::string& projectFile)
-    : directory_((fs::path(fullPath(fs::current_path().string(), projectFile)).parent_path() / "").string()) {}
+    : directory_((fs::path(fullPath(projectFile)).parent_path() / "").string()) {}
 
 void ProjectPaths::define(std::string_view name, std::string value) {
     values_.insert_or_assign(lowerCase(name), std::move(value));
@@ -77,18 +70,17 @@ std::string ProjectPaths::expand(std::string_view text) const {
     for (std::size_t begin; (begin = text.find("$(")) != std::string_view::npos;) {
         const std::size_t end = text.find(')', begin);
         if (end == std::string_view::npos) break;
-        const std::string name(text.substr(begin + 2, end - begin - 2));
-        const auto found = values_.find(lowerCase(name));
-        const char* variable = std::getenv(name.c_str());
-        result.append(text.substr(0, begin));
-        if (found != values_.end()) {
-            result.append(found->second);
-        } else {
-            result.append(variable ? std::string_view(variable) : text.substr(begin, end + 1 - begin));
-        }
+        const std::string_view macro = text.substr(begin, end + 1 - begin);
+        result.append(text.substr(0, begin)).append(valueOf(macro.substr(2, macro.size() - 3)).value_or(macro));
         text.remove_prefix(end + 1);
     }
     return result.append(text);
+}
+
+std::optional<std::string_view> ProjectPaths::valueOf(std::string_view name) const {
+    if (const auto found = values_.find(lowerCase(name)); found != values_.end()) return found->second;
+    const char* variable = std::getenv(std::string(name).c_str());
+    return variable ? std::optional<std::string_view>(variable) : std::nullopt;
 }
 
 std::string ProjectPaths::resolve(std::string_view path) const {
@@ -97,17 +89,26 @@ std::string ProjectPaths::resolve(std::string_view path) const {
 }
 
 std::vector<std::string> ProjectPaths::find(std::string_view path) const {
-    const std::string resolved = resolve(path);
-    return hasWildcard(path) ? expandWildcards(resolved) : std::vector{resolved};
+    const std::string slashed = withSlashes(path);
+    const std::size_t wildcard = slashed.find_first_of("*?");
+    if (wildcard == std::string::npos) return {resolve(path)};
+    const std::size_t name = slashed.rfind('/', wildcard) + 1;
+    return expandWildcards(resolve(slashed.substr(0, name)), slashed.substr(name));
 }
 
 // Behind a symbolic link to a directory, ".." leads to where the link's target stands.
 std::string fullPath(const std::string& directory, const std::string& path) {
     const fs::path full = fs::path(directory) / path;
     const fs::path normal = full.lexically_normal();
+    if (full.native() == normal.native()) return full.string();
     std::error_code error;
     const bool isOther = fs::exists(full, error) && !fs::equivalent(full, normal, error);
     return (isOther ? full : normal).string();
+}
+
+std::string fullPath(const std::string& path) {
+    std::error_code error;
+    return fullPath(fs::current_path(error).string(), path);
 }
 
 }  // namespace BrevisUI

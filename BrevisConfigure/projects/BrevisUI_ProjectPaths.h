@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,11 +31,15 @@ public:
     std::vector<std::string> find(std::string_view path) const;
 
 private:
+    std::optional<std::string_view> valueOf(std::string_view name) const;
+
     std::string directory_;
     std::map<std::string, std::string, std::less<>> values_;  // by the name in lower case
 };
 
 // `path` as seen from `directory`, without "." and with ".." only where leaving it out would name another file.
 std::string fullPath(const std::string& directory, const std::string& path);
+// As seen from the working directory.
+std::string fullPath(const std::string& path);
 
 }  // namespace BrevisUI

@@ -1,4 +1,5 @@
-// The readers of projects and workspaces: what they list, and what they tell of malformed files.
+// The readers of projects and workspaces. A sample under projects/ is a file or directory NAME with what it lists in
+// NAME.expected, each project with its files and then the complaints; paths start at projects/.
 #include "projects/BrevisUI_ProjectFiles.h"
 
 #include <gtest/gtest.h>
@@ -6,200 +7,72 @@
 #include <cstdlib>
 
 #include "../support/TestFiles.h"
-#include "BrevisUI_Messages.h"
 #include "projects/BrevisUI_ProjectError.h"
 
 namespace BrevisUI {
 namespace {
 
 namespace fs = std::filesystem;
-using Lines = std::vector<std::string>;
+
+const std::string samples = CORVANE_SOURCE_DIR "/tests/BrevisConfigure/projects";
+
+std::string listing(const std::string& path) {
+    const ProjectList list = readProjects(path);
+    std::string text;
+    for (const Project& project : list.projects) {
+        text += project.name + "\n";
+        for (const std::string& file : project.files) text += "  " + file + "\n";
+    }
+    for (const auto& [severity, complaint] : list.complaints)
+        text += std::to_string(severity) + ": " + complaint + "\n";
+    return text;
+}
+
+// Takes the directory of the samples away wherever it stands; what is beside it begins with "..".
+std::string shortened(std::string text) {
+    const std::string beside = fs::path(samples).parent_path().string();
+    for (std::size_t at; (at = text.find(samples + "/")) != std::string::npos;) text.erase(at, samples.size() + 1);
+    for (std::size_t at; (at = text.find(beside)) != std::string::npos;) text.replace(at, beside.size(), "..");
+    return text;
+}
+
+TEST(ProjectFiles, ListWhatTheSamplesHold) {
+    setenv("CORVANE_TEST_ROOT", "/root/of/the/test", 1);
+    int count = 0;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(samples)) {
+        if (entry.path().extension() != ".expected") continue;
+        const std::string path = entry.path().string(), sample = path.substr(0, path.rfind('.'));
+        EXPECT_EQ(TestFiles::contents(path), shortened(listing(sample))) << sample;
+        ++count;
+    }
+    EXPECT_EQ(12, count);
+}
+
+// Behind a link ".." leads to where the link's target stands, which is another file.
+TEST(ProjectFiles, KeepWhatALinkMeans) {
+    const TestFiles::TempDir dir;
+    fs::create_directories(dir.file("real/deep"));
+    dir.file("real/s.c", "");
+    fs::create_directory_symlink(dir.file("real/deep"), dir.file("link"));
+    const std::string list = dir.file("compile_commands.json", R"([{"directory": "link", "file": "../s.c"}])");
+    EXPECT_EQ(list + "\n  " + dir.file("link/../s.c") + "\n", listing(list));
+}
 
 constexpr const char* dspHead = "# Microsoft Developer Studio Project File - Name=\"x\" - Package Owner=<4>\n";
 constexpr const char* dswHead = "Microsoft Developer Studio Workspace File, Format Version 6.00\n";
 constexpr const char* slnHead = "\r\nMicrosoft Visual Studio Solution File, Format Version 12.00\r\n";
 
-std::string item(const std::string& include) { return "<ClCompile Include=\"" + include + "\" />\n"; }
-std::string msBuild(const std::string& body) { return "<Project>\n" + body + "</Project>\n"; }
-
-// The text in UTF-16, for a text of ASCII with '@' for U+1F600 and '#' for half of a pair.
-std::string utf16(const std::string& text, bool bigEndian) {
-    std::u16string units = u"\uFEFF";
-    for (const char c : text) {
-        if (c == '@') {
-            units += u"\U0001F600";
-        } else {
-            units += c == '#' ? char16_t{0xD801} : static_cast<char16_t>(c);
-        }
+std::string errorOf(const std::string& path) {
+    try {
+        readProjects(path);
+    } catch (const Trn::Exception& error) {
+        return error.what();
     }
-    std::string bytes;
-    for (const char16_t unit : units) {
-        const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
-        bytes += bigEndian ? std::string{high, low} : std::string{low, high};
-    }
-    return bytes;
+    return "no error";
 }
 
-class ProjectFilesTest : public testing::Test {
-protected:
-    // The files of the only project, relative to the directory if they are in it.
-    Lines filesOf(const std::string& name, const std::string& text) const {
-        const ProjectList list = readProjects(dir.file(name, text));
-        EXPECT_EQ(1u, list.projects.size());
-        EXPECT_EQ(dir.file(name), list.projects.at(0).name);
-        EXPECT_TRUE(list.complaints.empty());
-        return relative(list.projects.at(0).files);
-    }
-    Lines relative(Lines paths) const {
-        for (std::string& path : paths) {
-            if (path.starts_with(dir.path() + "/")) path.erase(0, dir.path().size() + 1);
-        }
-        return paths;
-    }
-    std::string errorOf(const std::string& name, const std::string& text) const {
-        dir.file(name, text);
-        return errorOf(name);
-    }
-    std::string errorOf(const std::string& name) const {
-        try {
-            readProjects(dir.file(name));
-        } catch (const Trn::Exception& error) {
-            return error.what();
-        }
-        return "no error";
-    }
-
-    TestFiles::TempDir dir;
-};
-
-TEST_F(ProjectFilesTest, ListsTheFilesOfADeveloperStudioProject) {
-    setenv("CORVANE_TEST_ROOT", dir.path().c_str(), 1);
-    const std::string text = std::string(dspHead) +
-                             "# TARGTYPE \"Console\" 0x0103\nCFG=x - Debug\n!MESSAGE SOURCE=not.c\n# Begin Project\n"
-                             "!IF  \"$(CFG)\" == \"x - Debug\"\n# PROP Use_MFC 0\n!ENDIF\n# Begin Target\n"
-                             "# Name \"x - Debug\"\n# Begin Group \"Source - Files\"\n# PROP Default_Filter \"cpp;c\"\n"
-                             "# Begin Source File\n\nSOURCE=.\\b.cpp\n\n!IF  \"$(CFG)\" == \"x - Debug\"\n"
-                             "# Begin Custom Build - Running $(InputPath)\nInputPath=.\\b.cpp\n# End Custom Build\n"
-                             "!ENDIF\n# End Source File\n# Begin Group \"inner\"\n# Begin Source File\n"
-                             "SOURCE=\"..\\up\\with blank.h\"\n# End Source File\n# End Group\n# Begin Source File\n"
-                             "SOURCE=.\\sub\\..\\b.cpp\n# End Source File\n# End Group\n# Begin Source File\n"
-                             "SOURCE=$(CORVANE_TEST_ROOT)\\a.c\n# End Source File\n# Begin Source File\n"
-                             "SOURCE=$(NO_SUCH_ROOT)\\c.c\n# End Source File\n# Begin Source File\n"
-                             "SOURCE=C:\\lib\\d.c\n# End Source File\n# End Target\n# End Project\n";
-    const Lines expected{"p/b.cpp", "up/with blank.h", "a.c", "p/$(NO_SUCH_ROOT)/c.c", "C:/lib/d.c"};
-    EXPECT_EQ(expected, filesOf("p/x.dsp", text));
-    std::string carriageReturns = "\xEF\xBB\xBF";
-    for (const char c : text) carriageReturns += c == '\n' ? "\r\n" : std::string(1, c);
-    EXPECT_EQ(expected, filesOf("p/y.DSP", carriageReturns));
-}
-
-TEST_F(ProjectFilesTest, ListsTheItemsOfAnXmlProject) {
-    for (const char* name : {"p/w/b.cpp", "p/w/a.cpp", "p/w/d/c.cpp", "p/w/not.cpp", "p/w/a.txt"}) dir.file(name, "");
-    const std::string text = msBuild(
-        "<PropertyGroup Label=\"Globals\"><Shared>$(ProjectDir)..\\shared</Shared></PropertyGroup>\n"
-        "<ItemDefinitionGroup><ClCompile><WarningLevel>Level3</WarningLevel></ClCompile></ItemDefinitionGroup>\n"
-        "<ItemGroup>" +
-        item("z.cpp") + item("sub\\y.cpp;$(shared)\\s%28 1%29.cpp; z.cpp") + item("$(Unknown)x.cpp") +
-        "<ClInclude Include=\"&amp;.h\"><Filter>Headers</Filter></ClInclude><None Include=\"readme.txt\" "
-        "/></ItemGroup>\n"
-        "<ItemGroup Condition=\"false\"><ClCompile Include=\"w\\**\\*.cpp\" Exclude=\"w\\not*\" />" +
-        item("w\\?.cpp") + item("$(MSBuildProjectDirectory)/$(MSBuildProjectName).cpp") + item("none\\*.cpp") +
-        "</ItemGroup>\n");
-    EXPECT_EQ((Lines{"p/z.cpp", "p/sub/y.cpp", "shared/s( 1).cpp", "p/$(Unknown)x.cpp", "p/&.h", "p/w/a.cpp",
-                     "p/w/b.cpp", "p/w/d/c.cpp", "p/x.cpp"}),
-              filesOf("p/x.vcxproj", text));
-    EXPECT_EQ(Lines{"i/q.cpp"}, filesOf("i/x.vcxitems", msBuild(item("$(MSBuildThisFileDirectory)q.cpp"))));
-    EXPECT_EQ((Lines{"v/a.cpp", "v/b.h"}),
-              filesOf("v/x.vcproj",
-                      "<VisualStudioProject><Files><Filter Name=\"s\"><File RelativePath=\".\\a.cpp\">"
-                      "</File></Filter><File RelativePath=\"b.h\"/></Files></VisualStudioProject>"));
-}
-
-TEST_F(ProjectFilesTest, ReadsTextsWithAByteOrderMark) {
-    const std::string text = msBuild(item("a@.cpp"));
-    const Lines expected{"a\xF0\x9F\x98\x80.cpp"};
-    EXPECT_EQ(expected, filesOf("le.vcxproj", utf16(text, false)));
-    EXPECT_EQ(expected, filesOf("be.vcxproj", utf16(text, true)));
-    EXPECT_EQ(Lines{"a.cpp"}, filesOf("u8.vcxproj", "\xEF\xBB\xBF" + msBuild(item("a.cpp"))));
-    EXPECT_EQ(Lines{"\xEF\xBF\xBDz.cpp"}, filesOf("half.vcxproj", utf16(msBuild(item("#z.cpp")), true)));
-    EXPECT_EQ(dir.file("odd.sln") + "(1) : error: The file is not a solution.",
-              errorOf("odd.sln", utf16("S", false) + "x"));
-}
-
-TEST_F(ProjectFilesTest, ListsTheFilesOfACompilationDatabase) {
-    fs::create_directories(dir.file("real/deep"));
-    dir.file("real/s.c", "");
-    fs::create_directory_symlink(dir.file("real/deep"), dir.file("link"));
-    const std::string text = R"([
-  {"directory": "/abs/build", "command": "cc -c ../src/a.c", "file": "../src/a.c"},
-  {"directory": "/abs/build", "arguments": ["cc", "-c", "b.c"], "file": "/b.c", "output": "b.o"},
-  {"directory": "sub", "file": "c\\d \u00e4.c", "extra": {"file": ["not.c"]}},
-  {"directory": "/abs/src", "file": "./a.c"},
-  {"directory": ")" + dir.file("link") +
-                             "\", \"file\": \"../s.c\"}\n]\n";
-    const Lines expected{"/abs/src/a.c", "/b.c", "sub/c\\d \xC3\xA4.c", "link/../s.c"};
-    EXPECT_EQ(expected, filesOf("compile_commands.json", text));
-    EXPECT_EQ(expected, relative(readProjects(dir.path()).projects.at(0).files));
-    EXPECT_EQ(Lines(), filesOf("e/compile_commands.json", "[]"));
-}
-
-TEST_F(ProjectFilesTest, ListsAWorkspaceInFrontOfItsProjects) {
-    const std::string one = dir.file("w/one/one.dsp", std::string(dspHead) + "SOURCE=a.c\nSOURCE=b.c\n");
-    const std::string two = dir.file("w/two 2/two.vcxproj", msBuild(item("$(SolutionDir)c.c")));
-    const std::string csproj = dir.file("w/other.csproj", "<Project/>");
-    const std::string broken = dir.file("w/broken.vcxproj", "<Project>\n<ItemGroup>\n</Project>\n");
-    dir.file("w/inner.sln", slnHead);
-    const std::string cpp = "{8BC9CEB8-8B4A-11D0-8D11-00A0C91BC942}", folder = "{2150E333-8FDC-42A3-9474-1A3956D46DE8}";
-    const auto project = [](const std::string& kind, const std::string& path) {
-        return "Project(\"" + kind + "\") = \"n, \", \"" + path +
-               "\", \"{1}\"\r\n\tProjectSection(X) = preProject\r\n\tEndProjectSection\r\nEndProject\r\n";
-    };
-    const struct {
-        const char* name;
-        std::string text;
-        int line;  // of the first project; the others follow at equal distances
-        int step;
-    } cases[] = {
-        {"w/all.dsw",
-         std::string(dswHead) + "\n# WARNING\n\nProject: \"one\"=.\\one\\one.dsp - Package Owner=<4>\n\nPackage=<5>\n" +
-             "{{{\nProject: \"no\"=.\\no.dsp\n}}}\n\nProject: \"two\"=\".\\two 2\\two.vcxproj\" - Package Owner=<4>\n"
-             "Project: \"one\"=one\\one.dsp\nProject: \"g\"=gone.dsp - Package Owner=<4>\nProject: \"c\"=other.csproj\n"
-             "Project: \"b\"=broken.vcxproj\nProject: \"i\"=inner.sln\nGlobal:\n\nPackage=<3>\n{{{\n}}}\n",
-         14, 1},
-        {"w/all.sln",
-         slnHead + project(cpp, "one\\one.dsp") + project(folder, "Folder") + project(cpp, "two 2\\two.vcxproj") +
-             project(cpp, "gone.dsp") + project("{FAE04EC0}", "other.csproj") + project(cpp, "broken.vcxproj") +
-             project(cpp, "inner.sln") + "Global\r\nEndGlobal\r\n",
-         15, 4},
-        {"w/all.slnx",
-         "<Solution>\n<Project Path=\"one/one.dsp\" />\n<Folder Name=\"/f/\"><File Path=\"x.txt\" />\n"
-         "<Project Path=\"two 2\\two.vcxproj\"><Build Project=\"false\" /></Project></Folder>\n"
-         "<Project Path=\"gone.dsp\" />\n<Project Path=\"other.csproj\"/>\n<Project Path=\"broken.vcxproj\"/>\n"
-         "<Project Path=\"inner.sln\"/>\n</Solution>\n",
-         5, 1},
-    };
-    for (const auto& [name, text, line, step] : cases) {
-        const std::string path = dir.file(name, text);
-        const ProjectList list = readProjects(path);
-        const std::vector<Project> expected{
-            {path, {}},
-            {one, {dir.file("w/one/a.c"), dir.file("w/one/b.c")}},
-            {two, {dir.file("w/c.c")}},
-        };
-        EXPECT_EQ(expected, list.projects) << name;
-        const auto at = [&](int index) { return path + "(" + std::to_string(line + index * step) + ") : "; };
-        const std::vector<ProjectComplaint> complaints{
-            {Severity::error, at(0) + "error: The project \"" + dir.file("w/gone.dsp") + "\" cannot be found."},
-            {Severity::information, at(1) + "information: Corvane C++ cannot read projects of this kind."},
-            {Severity::error, broken + "(2) : error: The file cannot be read as XML."},
-            {Severity::error, at(3) + "error: The workspace \"" + dir.file("w/inner.sln") +
-                                  "\" is inside another one and will not be formatted."},
-        };
-        EXPECT_EQ(complaints, list.complaints) << name;
-    }
-}
-
-TEST_F(ProjectFilesTest, TellsFileAndLineOfAMalformedFile) {
+TEST(ProjectFiles, TellFileAndLineOfAMalformedFile) {
+    const TestFiles::TempDir dir;
     const struct {
         const char* name;
         std::string text;
@@ -234,10 +107,14 @@ TEST_F(ProjectFilesTest, TellsFileAndLineOfAMalformedFile) {
         {"f.json", "", "(1) : error: The file cannot be read as JSON."},
         {"a.cpp", "", " : error: Corvane C++ cannot read projects of this kind."},
     };
-    for (const auto& [name, text, error] : cases) EXPECT_EQ(dir.file(name) + error, errorOf(name, text));
-    EXPECT_EQ(dir.file("gone.dsp") + " : error: The file cannot be found.", errorOf("gone.dsp"));
+    for (const auto& [name, text, error] : cases) {
+        const std::string path = dir.file(name, text);
+        EXPECT_EQ(path + error, errorOf(path));
+    }
+    EXPECT_EQ(dir.file("gone.dsp") + " : error: The file cannot be found.", errorOf(dir.file("gone.dsp")));
     fs::create_directory(dir.file("empty"));
-    EXPECT_EQ(dir.file("empty/compile_commands.json") + " : error: The file cannot be found.", errorOf("empty"));
+    EXPECT_EQ(dir.file("empty/compile_commands.json") + " : error: The file cannot be found.",
+              errorOf(dir.file("empty")));
 }
 
 }  // namespace
