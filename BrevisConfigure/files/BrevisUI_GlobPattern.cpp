@@ -113,7 +113,7 @@ public:
 
     void run() {
         while (at_ < pattern_.size() && result_.isValid_) readElement();
-        for (const GlobPattern::Element& element : result_.elements_) addToTail(element);
+        for (const GlobPattern::Element& element : result_.elements_) addToEnds(element);
     }
 
 private:
@@ -183,9 +183,10 @@ private:
 
     void addCharacter(char c) { result_.elements_.push_back({Kind::Character, c, 0}); }
 
-    void addToTail(const GlobPattern::Element& element) {
+    void addToEnds(const GlobPattern::Element& element) {
         if (element.kind == Kind::Character) {
             result_.tail_ += element.character;
+            if (result_.isLiteral_) result_.head_ += element.character;
             return;
         }
         result_.tail_.clear();
@@ -205,7 +206,7 @@ GlobPattern::GlobPattern(std::string_view pattern) {
 }
 
 bool GlobPattern::matches(std::string_view path) const {
-    if (!isValid_ || !path.ends_with(tail_)) return false;
+    if (!isValid_ || !path.starts_with(head_) || !path.ends_with(tail_)) return false;
     if (isLiteral_) return path.size() == tail_.size();
     Places places(elements_.size() + 1), next(elements_.size() + 1);
     enter(places, 0);

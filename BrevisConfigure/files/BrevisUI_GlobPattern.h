@@ -46,8 +46,9 @@ private:
 
     std::vector<Element> elements_;
     std::vector<Set> sets_;
-    std::string tail_;       // what every matching path ends with
-    bool isLiteral_ = true;  // the tail is the whole pattern
+    // What every matching path begins and ends with; most others are told by these.
+    std::string head_, tail_;
+    bool isLiteral_ = true;  // each of them is the whole pattern
     bool isValid_ = true;
 };
 

@@ -44,9 +44,9 @@ std::string pathInFile(const std::string& file, std::string_view key, const std:
 // The directory that holds the settings of a work tree: .git itself, or, if that is a file, what it leads to, be it a
 // submodule's directory or that of the repository which a further work tree belongs to.
 std::string gitDirectory(const std::string& head) {
-    const std::string git = head + ".git";
+    std::string git = head + ".git";
     if (isDirectory(git)) return git;
-    const std::string linked = pathInFile(git, "gitdir:", head);
+    std::string linked = pathInFile(git, "gitdir:", head);
     if (linked.empty()) return linked;
     const std::string common = pathInFile(linked + "/commondir", "", linked);
     return common.empty() ? linked : common;
