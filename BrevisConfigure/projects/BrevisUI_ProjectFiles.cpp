@@ -40,6 +40,7 @@ constexpr std::array<WorkspaceFormat, 3> workspaceFormats{{
 }};
 
 constexpr std::string_view unknownFormat = "Corvane C++ cannot read projects of this kind.";
+constexpr std::string_view foreignProject = "The project \"%s\" is of a kind that Corvane C++ cannot read.";
 constexpr std::string_view missingProject = "The project \"%s\" cannot be found.";
 constexpr std::string_view nestedWorkspace = "The workspace \"%s\" is inside another one and will not be formatted.";
 
@@ -81,7 +82,7 @@ private:
         } else if (!fileExists(reference.path)) {
             complain(Severity::error, reference, fillIn(missingProject, reference.path));
         } else if (!format) {
-            complain(Severity::information, reference, std::string(unknownFormat));
+            complain(Severity::information, reference, fillIn(foreignProject, reference.path));
         } else {
             addReadable(*format, reference.path);
         }
