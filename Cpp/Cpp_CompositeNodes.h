@@ -1,93 +1,63 @@
 // The nodes with single members. Every member may be empty, so whoever reads one tests it first.
-//
-// A position query goes down a fixed chain to the first member that is present; the setters go the same way.
-// A class with an `endPosition` (or a `colonPosition`) stores the last position there and answers with it when set.
 #pragma once
 
 #include "Cpp_InteriorNodes.h"
 #include "Cpp_LeafNodes.h"
-#include "Cpp_Owned.h"
+#include "Cpp_MemberNode.h"
 
 namespace Cpp {
 
-class ClassHeadNode : public Visitable<ClassHeadNode, SyntaxNode> {
+class ClassHeadNode final : public MemberNode<ClassHeadNode, SyntaxNode, NodeKind::ClassHead> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<ClassNameNode> name;
     Owned<BaseClauseListNode> bases;
+    static constexpr std::tuple members{&ClassHeadNode::name, &ClassHeadNode::bases};
 };
 
-class ClassDeclNode : public Visitable<ClassDeclNode, DeclNode> {
+class ClassDeclNode final : public EndedNode<ClassDeclNode, DeclNode, NodeKind::ClassDecl> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { endPosition = position; }
-    Position lastPosition() const override;
-
     Owned<ClassHeadNode> head;
     Owned<ClassBodyNode> body;
     Position endPosition;
+    static constexpr std::tuple members{&ClassDeclNode::head, &ClassDeclNode::body};
+    static constexpr auto end = &ClassDeclNode::endPosition;
 };
 
-class EnumDeclNode : public Visitable<EnumDeclNode, DeclNode> {
+class EnumDeclNode final : public EndedNode<EnumDeclNode, DeclNode, NodeKind::EnumDecl> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { endPosition = position; }
-    Position lastPosition() const override;
-
     Owned<EnumHeadNode> head;
     Owned<EnumBodyNode> body;
     Position endPosition;
+    static constexpr std::tuple members{&EnumDeclNode::head, &EnumDeclNode::body};
+    static constexpr auto end = &EnumDeclNode::endPosition;
 };
 
-class NamespaceDeclNode : public Visitable<NamespaceDeclNode, SyntaxNode> {
+class NamespaceDeclNode final : public MemberNode<NamespaceDeclNode, SyntaxNode, NodeKind::NamespaceDecl> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<NamespaceHeadNode> head;
     Owned<NamespaceBodyNode> body;
+    static constexpr std::tuple members{&NamespaceDeclNode::head, &NamespaceDeclNode::body};
 };
 
-class LinkageBlockNode : public Visitable<LinkageBlockNode, DeclNode> {
+class LinkageBlockNode final : public MemberNode<LinkageBlockNode, DeclNode, NodeKind::LinkageBlock> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<ExprNode> head;
     Owned<LinkageBlockBodyNode> body;
+    static constexpr std::tuple members{&LinkageBlockNode::head, &LinkageBlockNode::body};
 };
 
-class TemplateNode : public Visitable<TemplateNode, SyntaxNode> {
+class TemplateNode final : public MemberNode<TemplateNode, SyntaxNode, NodeKind::Template> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<KeywordNode> keyword;
     Owned<ParameterListNode> parameters;
+    static constexpr std::tuple members{&TemplateNode::keyword, &TemplateNode::parameters};
 };
 
-class FunctionHeadNode : public Visitable<FunctionHeadNode, SyntaxNode> {
+class FunctionHeadNode final : public EndedNode<FunctionHeadNode, SyntaxNode, NodeKind::FunctionHead> {
 public:
     FunctionHeadNode() = default;
     // A copy stores the end that its source answers with.
     FunctionHeadNode(const FunctionHeadNode& other);
-
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { endPosition = position; }
-    Position lastPosition() const override;
 
     Position endPosition;
     Owned<FunctionReturnNode> returnType;
@@ -96,128 +66,103 @@ public:
     Owned<TextNode> qualifiers;     // the `const` and `volatile` behind the parameter list
     Owned<ExprNode> exceptionSpec;  // the `throw(...)` clause
     Owned<ExprNode> pureSpec;       // the `= 0`
+    static constexpr std::tuple members{&FunctionHeadNode::returnType,    &FunctionHeadNode::name,
+                                        &FunctionHeadNode::parameters,    &FunctionHeadNode::qualifiers,
+                                        &FunctionHeadNode::exceptionSpec, &FunctionHeadNode::pureSpec};
+    static constexpr auto end = &FunctionHeadNode::endPosition;
 };
 
-class FunctionDeclNode : public Visitable<FunctionDeclNode, DeclNode> {
+class FunctionDeclNode : public MemberNode<FunctionDeclNode, DeclNode, NodeKind::FunctionDecl> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<FunctionHeadNode> head;
     Owned<BlockNode> body;
+    static constexpr std::tuple members{&FunctionDeclNode::head, &FunctionDeclNode::body};
 };
 
 // A function definition with a member initializer list.
-class CtorDeclNode : public Visitable<CtorDeclNode, FunctionDeclNode> {
+class CtorDeclNode final : public MemberNode<CtorDeclNode, FunctionDeclNode, NodeKind::CtorDecl> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<InitializerListNode> initializers;
+    static constexpr std::tuple members{&CtorDeclNode::head, &CtorDeclNode::initializers, &CtorDeclNode::body};
 };
 
-class InitializerNode : public Visitable<InitializerNode, SyntaxNode> {
+class InitializerNode final : public MemberNode<InitializerNode, SyntaxNode, NodeKind::Initializer> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<IdNode> name;
     Owned<ArgListNode> arguments;
+    static constexpr std::tuple members{&InitializerNode::name, &InitializerNode::arguments};
 };
 
-class FunctionPtrDeclNode : public Visitable<FunctionPtrDeclNode, DeclNode> {
+class FunctionPtrDeclNode final : public EndedNode<FunctionPtrDeclNode, DeclNode, NodeKind::FunctionPtrDecl> {
 public:
     FunctionPtrDeclNode() = default;
     // A copy stores the end that its source answers with.
     FunctionPtrDeclNode(const FunctionPtrDeclNode& other);
-
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { endPosition = position; }
-    Position lastPosition() const override;
 
     Position endPosition;
     Owned<TypeNode> type;
     Owned<IdNode> name;
     Owned<ParameterListNode> parameters;
     Owned<TextNode> qualifiers;
+    static constexpr std::tuple members{&FunctionPtrDeclNode::type, &FunctionPtrDeclNode::name,
+                                        &FunctionPtrDeclNode::parameters, &FunctionPtrDeclNode::qualifiers};
+    static constexpr auto end = &FunctionPtrDeclNode::endPosition;
 };
 
-class DataDeclNode : public Visitable<DataDeclNode, DeclNode> {
+class DataDeclNode final : public EndedNode<DataDeclNode, DeclNode, NodeKind::DataDecl> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { endPosition = position; }
-    Position lastPosition() const override;
-
     Owned<TypeNode> type;
     Owned<IdNode> name;
     Owned<ExprNode> initializer;
     Position endPosition;
+    static constexpr std::tuple members{&DataDeclNode::type, &DataDeclNode::name, &DataDeclNode::initializer};
+    static constexpr auto end = &DataDeclNode::endPosition;
 };
 
-class CtrlSubStmtHeadNode : public Visitable<CtrlSubStmtHeadNode, SyntaxNode> {
+class CtrlSubStmtHeadNode final : public EndedNode<CtrlSubStmtHeadNode, SyntaxNode, NodeKind::CtrlSubStmtHead> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { endPosition = position; }
-    Position lastPosition() const override;
-
     Owned<KeywordNode> keyword;
     Owned<ExprNode> condition;
     Position endPosition;
+    static constexpr std::tuple members{&CtrlSubStmtHeadNode::keyword, &CtrlSubStmtHeadNode::condition};
+    static constexpr auto end = &CtrlSubStmtHeadNode::endPosition;
 };
 
-class CtrlSubStmtNode : public Visitable<CtrlSubStmtNode, SyntaxNode> {
+class CtrlSubStmtNode final : public MemberNode<CtrlSubStmtNode, SyntaxNode, NodeKind::CtrlSubStmt> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<CtrlSubStmtHeadNode> head;
     Owned<BlockNode> body;
+    static constexpr std::tuple members{&CtrlSubStmtNode::head, &CtrlSubStmtNode::body};
 };
 
-class CaseNode : public Visitable<CaseNode, SyntaxNode> {
+// This and the next one answer with the colon for a first position that no member gives.
+class CaseNode final : public EndedNode<CaseNode, SyntaxNode, NodeKind::Case> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { colonPosition = position; }
-    Position lastPosition() const override;
+    Position firstPosition() const override { return firstMember() ? EndedNode::firstPosition() : colonPosition; }
 
     Owned<KeywordNode> keyword;
     Owned<ExprNode> value;
     Position colonPosition;
+    static constexpr std::tuple members{&CaseNode::keyword, &CaseNode::value};
+    static constexpr auto end = &CaseNode::colonPosition;
 };
 
-class LabelNode : public Visitable<LabelNode, SyntaxNode> {
+class LabelNode final : public EndedNode<LabelNode, SyntaxNode, NodeKind::Label> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override { colonPosition = position; }
-    Position lastPosition() const override;
+    Position firstPosition() const override { return firstMember() ? EndedNode::firstPosition() : colonPosition; }
 
     Owned<IdNode> name;
     Position colonPosition;
+    static constexpr std::tuple members{&LabelNode::name};
+    static constexpr auto end = &LabelNode::colonPosition;
 };
 
-class AsmNode : public Visitable<AsmNode, SyntaxNode> {
+class AsmNode final : public MemberNode<AsmNode, SyntaxNode, NodeKind::Asm> {
 public:
-    void setFirstPosition(Position position) override;
-    Position firstPosition() const override;
-    void setLastPosition(Position position) override;
-    Position lastPosition() const override;
-
     Owned<TextNode> text;
     Owned<BlockNode> block;
     int asmForm = 0;  // 0 simple, 1 with a bracket on its line, 2 a braced block
+    static constexpr std::tuple members{&AsmNode::text, &AsmNode::block};
 };
 
 }  // namespace Cpp

@@ -5,55 +5,54 @@
 
 namespace Cpp {
 
-class RootNode : public Visitable<RootNode, InteriorNode> {};
+class RootNode final : public Visitable<RootNode, InteriorNode, NodeKind::Root> {};
 
 // Access labels, declarations, templates.
-class ClassBodyNode : public Visitable<ClassBodyNode, StoredInteriorNode> {
+class ClassBodyNode final : public Visitable<ClassBodyNode, StoredInteriorNode, NodeKind::ClassBody> {
 public:
     using Visitable::Visitable;
 };
 
 // One ExprNode per enumerator.
-class EnumBodyNode : public Visitable<EnumBodyNode, StoredInteriorNode> {
+class EnumBodyNode final : public Visitable<EnumBodyNode, StoredInteriorNode, NodeKind::EnumBody> {
 public:
     using Visitable::Visitable;
 };
 
-class NamespaceBodyNode : public Visitable<NamespaceBodyNode, StoredInteriorNode> {
+class NamespaceBodyNode final : public Visitable<NamespaceBodyNode, StoredInteriorNode, NodeKind::NamespaceBody> {
 public:
     using Visitable::Visitable;
 };
 
-class LinkageBlockBodyNode : public Visitable<LinkageBlockBodyNode, FallbackInteriorNode> {
+class LinkageBlockBodyNode final
+    : public Visitable<LinkageBlockBodyNode, FallbackInteriorNode, NodeKind::LinkageBlockBody> {
 public:
     using Visitable::Visitable;
 };
 
 // A braced block, or the single statement of a control statement without braces, whose positions are not set.
-class BlockNode : public Visitable<BlockNode, FallbackInteriorNode> {
+class BlockNode final : public Visitable<BlockNode, FallbackInteriorNode, NodeKind::Block> {
 public:
     using Visitable::Visitable;
 };
 
 // ArgNode children. Arrives at the catch-all visit.
-class ArgListNode : public StoredInteriorNode {
-public:
-    using StoredInteriorNode::StoredInteriorNode;
-    void accept(Emitter& emitter) override { emitter.visit(static_cast<SyntaxNode&>(*this)); }
-    std::unique_ptr<SyntaxNode> clone() const override { return std::make_unique<ArgListNode>(*this); }
-};
-
-class ParameterListNode : public Visitable<ParameterListNode, StoredInteriorNode> {
+class ArgListNode final : public Visitable<ArgListNode, StoredInteriorNode, NodeKind::ArgList> {
 public:
     using Visitable::Visitable;
 };
 
-class BaseClauseListNode : public Visitable<BaseClauseListNode, InteriorNode> {};
+class ParameterListNode final : public Visitable<ParameterListNode, StoredInteriorNode, NodeKind::ParameterList> {
+public:
+    using Visitable::Visitable;
+};
+
+class BaseClauseListNode final : public Visitable<BaseClauseListNode, InteriorNode, NodeKind::BaseClauseList> {};
 
 // InitializerNode children.
-class InitializerListNode : public Visitable<InitializerListNode, InteriorNode> {};
+class InitializerListNode final : public Visitable<InitializerListNode, InteriorNode, NodeKind::InitializerList> {};
 
 // The parts of one control statement: `if` and `else`, `try` and its `catch`, `do` and its `while`.
-class CtrlStmtNode : public Visitable<CtrlStmtNode, InteriorNode> {};
+class CtrlStmtNode final : public Visitable<CtrlStmtNode, InteriorNode, NodeKind::CtrlStmt> {};
 
 }  // namespace Cpp

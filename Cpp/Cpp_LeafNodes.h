@@ -32,7 +32,7 @@ public:
     std::string text;
 };
 
-class TextNode : public Visitable<TextNode, TextLeafNode> {
+class TextNode : public Visitable<TextNode, TextLeafNode, NodeKind::Text> {
 public:
     using Visitable::Visitable;
 };
@@ -42,7 +42,7 @@ public:
 std::string_view bodyOfComment(std::string_view text);
 
 // A comment with its delimiters, or, when `verbatim` is set, a whole region of source that is left alone.
-class CommentNode : public Visitable<CommentNode, TextNode> {
+class CommentNode final : public Visitable<CommentNode, TextNode, NodeKind::Comment> {
 public:
     using Visitable::Visitable;
 
@@ -55,18 +55,18 @@ public:
 };
 
 // A directive with its line feed, or with empty text a whole `#if 0` region.
-class PreprocDirectiveNode : public Visitable<PreprocDirectiveNode, TextNode> {
+class PreprocDirectiveNode final : public Visitable<PreprocDirectiveNode, TextNode, NodeKind::PreprocDirective> {
 public:
     using Visitable::Visitable;
 };
 
 // A name; never empty.
-class IdNode : public Visitable<IdNode, TextNode> {
+class IdNode final : public Visitable<IdNode, TextNode, NodeKind::Id> {
 public:
     explicit IdNode(std::string name, Position first = {}, Position last = {});
 };
 
-class KeywordNode : public Visitable<KeywordNode, LeafNode> {
+class KeywordNode final : public Visitable<KeywordNode, LeafNode, NodeKind::Keyword> {
 public:
     // Throws InvalidKeyword unless the kind is one of `class` to `default` (53 to 103).
     explicit KeywordNode(Trn::TokenKind kind, Position first = {}, Position last = {});
@@ -79,7 +79,7 @@ private:
     Trn::TokenKind kind_;
 };
 
-class AccessSpecNode : public Visitable<AccessSpecNode, LeafNode> {
+class AccessSpecNode final : public Visitable<AccessSpecNode, LeafNode, NodeKind::AccessSpec> {
 public:
     AccessSpecNode() = default;
     AccessSpecNode(int kind, Position first, Position last) : Visitable(first, last), accessKind(kind) {}
@@ -87,7 +87,7 @@ public:
     int accessKind = 0;  // 1 public, 2 protected, 3 private, 4 a word that stands as an access label
 };
 
-class BaseClauseNode : public Visitable<BaseClauseNode, TextLeafNode> {
+class BaseClauseNode final : public Visitable<BaseClauseNode, TextLeafNode, NodeKind::BaseClause> {
 public:
     BaseClauseNode() = default;
     BaseClauseNode(int access, bool isVirtualBase, std::string nodeText, Position first, Position last)
@@ -98,7 +98,7 @@ public:
 };
 
 // The whole head of a class up to its base clauses or body.
-class ClassNameNode : public Visitable<ClassNameNode, TextLeafNode> {
+class ClassNameNode final : public Visitable<ClassNameNode, TextLeafNode, NodeKind::ClassName> {
 public:
     ClassNameNode() = default;
     ClassNameNode(int key, std::string nodeText, Position first, Position last)
@@ -107,40 +107,38 @@ public:
     int classKey = 0;  // 0 class, 1 struct, 2 union
 };
 
-class EnumHeadNode : public Visitable<EnumHeadNode, TextLeafNode> {
+class EnumHeadNode final : public Visitable<EnumHeadNode, TextLeafNode, NodeKind::EnumHead> {
 public:
     using Visitable::Visitable;
 };
 
-class NamespaceHeadNode : public Visitable<NamespaceHeadNode, TextLeafNode> {
+class NamespaceHeadNode final : public Visitable<NamespaceHeadNode, TextLeafNode, NodeKind::NamespaceHead> {
 public:
     using Visitable::Visitable;
 };
 
-class ExprNode : public Visitable<ExprNode, TextLeafNode> {
+class ExprNode final : public Visitable<ExprNode, TextLeafNode, NodeKind::Expr> {
 public:
     using Visitable::Visitable;
 };
 
 // Arrives at the catch-all visit.
-class ArgNode : public TextLeafNode {
-public:
-    using TextLeafNode::TextLeafNode;
-    void accept(Emitter& emitter) override { emitter.visit(static_cast<SyntaxNode&>(*this)); }
-    std::unique_ptr<SyntaxNode> clone() const override { return std::make_unique<ArgNode>(*this); }
-};
-
-class ParameterNode : public Visitable<ParameterNode, TextLeafNode> {
+class ArgNode final : public Visitable<ArgNode, TextLeafNode, NodeKind::Arg> {
 public:
     using Visitable::Visitable;
 };
 
-class TypeNode : public Visitable<TypeNode, TextLeafNode> {
+class ParameterNode final : public Visitable<ParameterNode, TextLeafNode, NodeKind::Parameter> {
 public:
     using Visitable::Visitable;
 };
 
-class FunctionReturnNode : public Visitable<FunctionReturnNode, TypeNode> {
+class TypeNode : public Visitable<TypeNode, TextLeafNode, NodeKind::Type> {
+public:
+    using Visitable::Visitable;
+};
+
+class FunctionReturnNode final : public Visitable<FunctionReturnNode, TypeNode, NodeKind::FunctionReturn> {
 public:
     using Visitable::Visitable;
 };

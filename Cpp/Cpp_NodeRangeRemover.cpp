@@ -25,10 +25,13 @@ void NodeRangeRemover::walkChildren(InteriorNode& node) {
     node.eraseChildren(std::remove(node.begin(), node.end(), nullptr), node.end());
 }
 
-bool NodeRangeRemover::isRemovable(SyntaxNode* member) {
-    if (member == nullptr) return false;
-    if (auto* interior = dynamic_cast<InteriorNode*>(member)) walkChildren(*interior);
-    return updateRange(*member);
+// Here the walk takes the qualifiers in front of the parameters.
+void NodeRangeRemover::each(FunctionPtrDeclNode& node) {
+    removeIfInRange(node.type);
+    removeIfInRange(node.name);
+    removeIfInRange(node.qualifiers);
+    removeIfInRange(node.parameters);
+    updateRange(node);
 }
 
 }  // namespace Cpp

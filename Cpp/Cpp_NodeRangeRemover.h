@@ -2,9 +2,10 @@
 // from the tree; no text is lost, since what no node covers is copied by position.
 #pragma once
 
+#include <type_traits>
 #include <unordered_map>
 
-#include "Cpp_Nodes.h"
+#include "Cpp_EachVisit.h"
 
 namespace Cpp {
 
@@ -14,7 +15,9 @@ namespace Cpp {
 // Any number of ranges can be removed in one walk, which leaves the tree as one run for each of them would, provided
 // that they don't overlap. A range whose `first` is never met removes nothing; one whose `last` is never met removes
 // everything behind `first` but the root.
-class NodeRangeRemover : public Emitter {
+//
+// The caller runs the visit of the root. It throws Trn::Exception for a tree beyond Trn::NestingGuard::limit.
+class NodeRangeRemover : public EachVisit<NodeRangeRemover> {
 public:
     NodeRangeRemover() = default;
     NodeRangeRemover(const SyntaxNode& first, const SyntaxNode& last) { addRange(first, last); }
@@ -22,79 +25,29 @@ public:
     // The two must be different nodes.
     void addRange(const SyntaxNode& first, const SyntaxNode& last) { lastOf_.emplace(&first, &last); }
 
-    // The visit that the caller runs. Throws Trn::Exception for a tree beyond Trn::NestingGuard::limit.
-    void visit(RootNode& node) override { visitInterior(node); }
-
-    using Emitter::visit;
-    void visit(AsmNode& node) override { visitMembers(node, node.text, node.block); }
-    void visit(LabelNode& node) override { visitMembers(node, node.name); }
-    void visit(FunctionPtrDeclNode& node) override {
-        visitMembers(node, node.type, node.name, node.qualifiers, node.parameters);
+    // What each visit does: the parts of the node are judged first, in the order of its members or children.
+    template <class Node>
+    void each(Node& node) {
+        if constexpr (std::is_base_of_v<InteriorNode, Node>) walkChildren(node);
+        if constexpr (HasMembers<Node>) forEachMember(node, [this](auto& member) { removeIfInRange(member); });
+        updateRange(node);
     }
-    void visit(LinkageBlockNode& node) override { visitMembers(node, node.head, node.body); }
-    void visit(EnumDeclNode& node) override { visitMembers(node, node.head, node.body); }
-    void visit(TemplateNode& node) override { visitMembers(node, node.keyword, node.parameters); }
-    void visit(CaseNode& node) override { visitMembers(node, node.keyword, node.value); }
-    void visit(CtrlSubStmtHeadNode& node) override { visitMembers(node, node.keyword, node.condition); }
-    void visit(CtrlSubStmtNode& node) override { visitMembers(node, node.head, node.body); }
-    void visit(InitializerNode& node) override { visitMembers(node, node.name, node.arguments); }
-    void visit(DataDeclNode& node) override { visitMembers(node, node.type, node.name, node.initializer); }
-    void visit(FunctionDeclNode& node) override { visitMembers(node, node.head, node.body); }
-    void visit(CtorDeclNode& node) override { visitMembers(node, node.head, node.initializers, node.body); }
-    void visit(NamespaceDeclNode& node) override { visitMembers(node, node.head, node.body); }
-    void visit(ClassDeclNode& node) override { visitMembers(node, node.head, node.body); }
-
-    void visit(ClassBodyNode& node) override { visitInterior(node); }
-    void visit(EnumBodyNode& node) override { visitInterior(node); }
-    void visit(NamespaceBodyNode& node) override { visitInterior(node); }
-    void visit(LinkageBlockBodyNode& node) override { visitInterior(node); }
-    void visit(BlockNode& node) override { visitInterior(node); }
-    void visit(CtrlStmtNode& node) override { visitInterior(node); }
-    void visit(ParameterListNode& node) override { visitInterior(node); }
-    void visit(InitializerListNode& node) override { visitInterior(node); }
-    void visit(BaseClauseListNode& node) override { visitInterior(node); }
-
-    void visit(TextNode& node) override { updateRange(node); }
-    void visit(PreprocDirectiveNode& node) override { updateRange(node); }
-    void visit(CommentNode& node) override { updateRange(node); }
-    void visit(ExprNode& node) override { updateRange(node); }
-    void visit(TypeNode& node) override { updateRange(node); }
-    void visit(KeywordNode& node) override { updateRange(node); }
-    void visit(IdNode& node) override { updateRange(node); }
-    void visit(ParameterNode& node) override { updateRange(node); }
-    void visit(FunctionReturnNode& node) override { updateRange(node); }
-    void visit(EnumHeadNode& node) override { updateRange(node); }
-    void visit(NamespaceHeadNode& node) override { updateRange(node); }
-    void visit(ClassNameNode& node) override { updateRange(node); }
-    void visit(AccessSpecNode& node) override { updateRange(node); }
-    // These two are only judged as members of their declaration, never visited.
-    void visit(ClassHeadNode& node) override { updateRange(node); }
-    void visit(FunctionHeadNode& node) override { updateRange(node); }
-    // These do nothing: a base clause, an argument and an argument list neither open nor close a range.
-    void visit(BaseClauseNode&) override {}
-    void visit(SyntaxNode&) override {}
+    void each(FunctionPtrDeclNode& node);
+    // A base clause, an argument and an argument list neither open nor close a range.
+    void each(BaseClauseNode&) {}
+    void each(SyntaxNode&) {}
 
 private:
     // Takes the node into account and tells whether it lies in a range.
     bool updateRange(const SyntaxNode& node);
     void walkChildren(InteriorNode& node);
-    // Whether a member lies in a range. Its `accept` is not called: a head's own members are not looked at.
-    bool isRemovable(SyntaxNode* member);
 
-    void visitInterior(InteriorNode& node) {
-        walkChildren(node);
-        updateRange(node);
-    }
-
-    template <class... Members>
-    void visitMembers(const SyntaxNode& node, Members&... members) {
-        (removeIfInRange(members), ...);
-        updateRange(node);
-    }
-
-    template <class Member>
-    void removeIfInRange(Member& member) {
-        if (isRemovable(member.get())) member.reset();
+    // A member is not visited: what is in a list is looked at, a head's own members are not.
+    template <class Node>
+    void removeIfInRange(Owned<Node>& member) {
+        if (!member) return;
+        if constexpr (std::is_base_of_v<InteriorNode, Node>) walkChildren(*member);
+        if (updateRange(*member)) member.reset();
     }
 
     std::unordered_map<const SyntaxNode*, const SyntaxNode*> lastOf_;  // keyed by `first`

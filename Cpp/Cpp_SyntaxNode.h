@@ -6,9 +6,12 @@
 #pragma once
 
 #include <memory>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "Cpp_Emitter.h"
+#include "Cpp_NodeKind.h"
 #include "Trn_SyntaxNode.h"
 
 namespace Cpp {
@@ -21,18 +24,46 @@ public:
     virtual void accept(Emitter& emitter) = 0;
     // A deep copy.
     virtual std::unique_ptr<SyntaxNode> clone() const = 0;
+
+    // Tells the node's own class.
+    NodeKind nodeKind() const { return nodeKind_; }
+
+protected:
+    void setNodeKind(NodeKind kind) { nodeKind_ = kind; }
+
+private:
+    NodeKind nodeKind_{};
 };
 
-// Gives the concrete class Derived its `accept` and `clone`.
-template <class Derived, class Base>
+// Gives the concrete class Derived its `accept`, its `clone` and its tag.
+template <class Derived, class Base, NodeKind kind>
 class Visitable : public Base {
 public:
-    using Base::Base;
+    static constexpr NodeKind classKind = kind;
+
+    template <class... Args>
+    Visitable(Args&&... args) : Base(std::forward<Args>(args)...) {
+        this->setNodeKind(kind);
+    }
+
     void accept(Emitter& emitter) override { emitter.visit(static_cast<Derived&>(*this)); }
     std::unique_ptr<SyntaxNode> clone() const override {
         return std::make_unique<Derived>(static_cast<const Derived&>(*this));
     }
 };
+
+// Whether the node is of the class T, which must have no derived classes.
+template <class T>
+bool is(const SyntaxNode& node) {
+    static_assert(std::is_final_v<T>);
+    return node.nodeKind() == T::classKind;
+}
+
+// The node as a T, or null if it is none.
+template <class T>
+const T* nodeCast(const SyntaxNode& node) {
+    return is<T>(node) ? static_cast<const T*>(&node) : nullptr;
+}
 
 // Stores both positions.
 class LeafNode : public SyntaxNode {

@@ -129,7 +129,7 @@ void CppFormatter::writeGapTrailing(Position before, const WsProperty& ws) {
 void CppFormatter::formatChildren(Cpp::InteriorNode& node) {
     for (int i = 0; i < node.childCount(); ++i) {
         Cpp::SyntaxNode& child = node.child(i);
-        if (classTailPending_ && is<Cpp::DataDeclNode>(child)) {
+        if (classTailPending_ && Cpp::is<Cpp::DataDeclNode>(child)) {
             child.accept(*this);
             classTailPending_ = false;
         } else {
@@ -137,7 +137,7 @@ void CppFormatter::formatChildren(Cpp::InteriorNode& node) {
             child.accept(*this);
         }
         // The visit of the label has written the white space behind the colon already.
-        if (scheme_.wsAfterCsCaseLabels.isSet && i + 1 < node.childCount() && is<Cpp::CaseNode>(child)) {
+        if (scheme_.wsAfterCsCaseLabels.isSet && i + 1 < node.childCount() && Cpp::is<Cpp::CaseNode>(child)) {
             std::string gap = readGap(node.child(i + 1).firstPosition());
             trimGapLeading(gap);
             out_ << gap;
@@ -260,7 +260,7 @@ void CppFormatter::formatGapBetween(const Cpp::SyntaxNode& item, const Cpp::Synt
         if (holdsLineComment(gap)) trimGapTrailing(gap);
         // The line break exists already.
         if (isLineCommentNode(next) || endsLine(item)) between = &noWs;
-    } else if (is<Cpp::PreprocDirectiveNode>(next)) {
+    } else if (Cpp::is<Cpp::PreprocDirectiveNode>(next)) {
         between = &newlineWs;  // a directive must start a line
     }
     writeRaw(out_, expr_.formatSeparated(gap, Trn::Kind::Comma, wsBeforeComma, *between, out_.settings()));

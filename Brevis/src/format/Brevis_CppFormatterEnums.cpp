@@ -29,7 +29,7 @@ void CppFormatter::visit(Cpp::EnumBodyNode& body) {
     }
 
     const Cpp::SyntaxNode& first = body.child(0);
-    if (scheme_.wsAfterEnumOpenBrace.isSet && !is<Cpp::PreprocDirectiveNode>(first))
+    if (scheme_.wsAfterEnumOpenBrace.isSet && !Cpp::is<Cpp::PreprocDirectiveNode>(first))
         writeGapLeading(first.firstPosition(), scheme_.wsAfterEnumOpenBrace.text);
     else
         writeGap(first.firstPosition());

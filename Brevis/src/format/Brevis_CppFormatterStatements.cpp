@@ -22,7 +22,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
     std::string_view between = scheme_.wsBetweenCs.text;
     const bool useBetween = scheme_.wsBetweenCs.isSet && node.childCount() > 1;
     if (useBetween) {
-        const auto* first = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&node.child(0));
+        const auto* first = Cpp::nodeCast<Cpp::CtrlSubStmtNode>(node.child(0));
         if (first && first->body && !hasBraces(*first->body))
             between = "\n";  // an `else` is not put behind a statement
     }
@@ -30,7 +30,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
     bool afterTrivia = false;
     for (int i = 0; i < node.childCount(); ++i) {
         Cpp::SyntaxNode& child = node.child(i);
-        const bool isTrivia = is<Cpp::CommentNode>(child) || is<Cpp::PreprocDirectiveNode>(child);
+        const bool isTrivia = Cpp::is<Cpp::CommentNode>(child) || Cpp::is<Cpp::PreprocDirectiveNode>(child);
         if (useBetween && i > 0 && !isTrivia && !afterTrivia) {
             writeGapTrailing(child.firstPosition(), between);
         }

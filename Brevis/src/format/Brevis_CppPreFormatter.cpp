@@ -2,7 +2,6 @@
 #include "format/Brevis_CppPreFormatter.h"
 
 #include "Cpp_NodeRangeRemover.h"
-#include "Trn_NestingGuard.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
 #include "text/Brevis_Gaps.h"
@@ -29,25 +28,10 @@ void CppPreFormatter::visit(Cpp::CommentNode& comment) {
     }
 }
 
-void CppPreFormatter::visit(Cpp::FunctionDeclNode& node) {
-    visitMember(node.head);
-    visitMember(node.body);
-}
-
 void CppPreFormatter::visit(Cpp::CtorDeclNode& node) {
-    visitMember(node.initializers);
-    visitMember(node.head);
-    visitMember(node.body);
-}
-
-void CppPreFormatter::visit(Cpp::ClassDeclNode& node) {
-    visitMember(node.head);
-    visitMember(node.body);
-}
-
-void CppPreFormatter::walkChildren(Cpp::InteriorNode& node) {
-    const Trn::NestingGuard guard(depth_);
-    for (auto& child : node) child->accept(*this);
+    walk(node.initializers.get());
+    walk(node.head.get());
+    walk(node.body.get());
 }
 
 void CppPreFormatter::openRegion(const Cpp::CommentNode& comment, const std::string& marker) {

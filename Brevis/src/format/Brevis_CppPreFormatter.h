@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Cpp_Nodes.h"
+#include "Cpp_TreeWalk.h"
 #include "scheme/Brevis_FormatterProperties.h"
 
 namespace Brevis {
@@ -16,35 +16,16 @@ namespace Brevis {
 // closes it. The closing comment then stands for the whole region: it has the positions of both comments, no text and
 // its `verbatim` flag set, and the nodes in front of it, the opening comment included, are gone. A region that is never
 // closed is no region.
-class CppPreFormatter : public Cpp::Emitter {
+class CppPreFormatter : public Cpp::TreeWalk {
 public:
     explicit CppPreFormatter(RegionTable regions) : regions_(std::move(regions)) {}
 
-    using Emitter::visit;
+    using TreeWalk::visit;
     void visit(Cpp::RootNode& root) override;
     void visit(Cpp::CommentNode& comment) override;
-
-    void visit(Cpp::FunctionPtrDeclNode& node) override { visitMember(node.parameters); }
-    void visit(Cpp::LinkageBlockNode& node) override { visitMember(node.body); }
-    void visit(Cpp::EnumDeclNode& node) override { visitMember(node.body); }
-    void visit(Cpp::TemplateNode& node) override { visitMember(node.parameters); }
-    void visit(Cpp::CtrlSubStmtNode& node) override { visitMember(node.body); }
-    void visit(Cpp::FunctionHeadNode& node) override { visitMember(node.parameters); }
-    void visit(Cpp::NamespaceDeclNode& node) override { visitMember(node.body); }
-    void visit(Cpp::ClassHeadNode& node) override { visitMember(node.bases); }
-    void visit(Cpp::FunctionDeclNode& node) override;
+    // The initializers come first. What stands between their brackets opens and closes no region.
     void visit(Cpp::CtorDeclNode& node) override;
-    void visit(Cpp::ClassDeclNode& node) override;
-
-    void visit(Cpp::LinkageBlockBodyNode& node) override { walkChildren(node); }
-    void visit(Cpp::EnumBodyNode& node) override { walkChildren(node); }
-    void visit(Cpp::CtrlStmtNode& node) override { walkChildren(node); }
-    void visit(Cpp::InitializerListNode& node) override { walkChildren(node); }
-    void visit(Cpp::ParameterListNode& node) override { walkChildren(node); }
-    void visit(Cpp::BlockNode& node) override { walkChildren(node); }
-    void visit(Cpp::NamespaceBodyNode& node) override { walkChildren(node); }
-    void visit(Cpp::ClassBodyNode& node) override { walkChildren(node); }
-    void visit(Cpp::BaseClauseListNode& node) override { walkChildren(node); }
+    void visit(Cpp::InitializerNode&) override {}
 
 private:
     struct Region {
@@ -52,15 +33,9 @@ private:
         const Cpp::CommentNode* end;
     };
 
-    void walkChildren(Cpp::InteriorNode& node);
     void openRegion(const Cpp::CommentNode& comment, const std::string& marker);
     void closeRegion(Cpp::CommentNode& comment);
     void removeRegions(Cpp::RootNode& root);
-
-    template <class Member>
-    void visitMember(Member& member) {
-        if (member) member->accept(*this);
-    }
 
     const RegionTable regions_;
 
@@ -68,7 +43,6 @@ private:
     const Cpp::CommentNode* regionStart_ = nullptr;
     std::string closeMarker_;  // empty while no region is open
     std::vector<Region> found_;
-    int depth_ = 0;
 };
 
 }  // namespace Brevis

@@ -9,11 +9,11 @@ bool hasBraces(const Cpp::InteriorNode& body) {
 }
 
 bool isLineCommentNode(const Cpp::SyntaxNode& node) {
-    const auto* comment = dynamic_cast<const Cpp::CommentNode*>(&node);
+    const auto* comment = Cpp::nodeCast<Cpp::CommentNode>(node);
     return comment && comment->isLineComment();
 }
 
-bool endsLine(const Cpp::SyntaxNode& node) { return is<Cpp::PreprocDirectiveNode>(node) || isLineCommentNode(node); }
+bool endsLine(const Cpp::SyntaxNode& node) { return Cpp::is<Cpp::PreprocDirectiveNode>(node) || isLineCommentNode(node); }
 
 Trn::TokenKind keywordOf(const Cpp::CtrlSubStmtHeadNode* head) {
     return head && head->keyword ? head->keyword->kind() : Trn::Kind::Defective;
@@ -21,9 +21,9 @@ Trn::TokenKind keywordOf(const Cpp::CtrlSubStmtHeadNode* head) {
 
 bool isElseIf(const Cpp::CtrlSubStmtNode& node) {
     if (keywordOf(node.head.get()) != Trn::Kind::Else || !node.body || node.body->childCount() != 1) return false;
-    const auto* statement = dynamic_cast<const Cpp::CtrlStmtNode*>(&node.body->child(0));
+    const auto* statement = Cpp::nodeCast<Cpp::CtrlStmtNode>(node.body->child(0));
     if (!statement || statement->childCount() == 0) return false;
-    const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(&statement->child(0));
+    const auto* part = Cpp::nodeCast<Cpp::CtrlSubStmtNode>(statement->child(0));
     return part && node.body->firstPosition() == part->firstPosition() && keywordOf(part->head.get()) == Trn::Kind::If;
 }
 

@@ -5,10 +5,6 @@
 
 namespace Brevis {
 
-template <class T>
-bool is(const Cpp::SyntaxNode& node) {
-    return dynamic_cast<const T*>(&node) != nullptr;
-}
 
 // Whether the body has real braces, and does not just stand for a single statement.
 bool hasBraces(const Cpp::InteriorNode& body);

@@ -178,7 +178,7 @@ void CppLineWrapper::visit(Cpp::EnumBodyNode& body) {
     copyThroughRaw(in_, out_, body.firstPosition());
     const Cpp::SyntaxNode& first = body.child(0);
     std::string gap = readGap(first.firstPosition());
-    if (scheme_.wsAfterEnumOpenBrace.isSet && !is<Cpp::PreprocDirectiveNode>(first)) {
+    if (scheme_.wsAfterEnumOpenBrace.isSet && !Cpp::is<Cpp::PreprocDirectiveNode>(first)) {
         setGapLeading(gap, scheme_.wsAfterEnumOpenBrace.text);
         writeVerbatim(gap);
     } else {
