@@ -47,10 +47,19 @@ private:
 
     // ---- Frame (Cpp_Parser.cpp)
 
-    Step parseFileItem(Stream& stream, RootNode& root);
-    void parseFileWord(Stream& stream, RootNode& root);
-    void parseFileAsm(Stream& stream, RootNode& root);
-    void parseFileStatement(Stream& stream, RootNode& root);
+    void skipUntil(Stream& stream, TokenKind kind);
+    void skipUntilAttaching(Stream& stream, InteriorNode& node, TokenKind kind);
+    bool collectUntil(Stream& stream, Tokens& list, TokenKind kind);
+    Position consumeSemicolon(Stream& stream);
+
+    void report(Position position, ParseCode code);
+    void report(Position position, std::string text);
+    // Goes back to the last real token behind the end token just read, reports the end there and gives that token.
+    Token reportUnexpectedEnd(Stream& stream);
+    // Reads a `{`. Any other token is put back and reported with `text`.
+    std::optional<Position> readOpenBrace(Stream& stream, std::string_view text);
+
+    // ---- Comments and directives (Cpp_ParserTrivia.cpp)
 
     // Trivia are the comments and directives. A null result stands for a region that doesn't end.
     Ptr<CommentNode> parseComment(Stream& stream);
@@ -66,19 +75,26 @@ private:
     // A copy of the first token ahead that is no trivia; reads nothing.
     Token peekSignificant(Stream& stream);
 
-    void skipUntil(Stream& stream, TokenKind kind);
-    void skipUntilAttaching(Stream& stream, InteriorNode& node, TokenKind kind);
-    bool collectUntil(Stream& stream, Tokens& list, TokenKind kind);
-    Position consumeSemicolon(Stream& stream);
+    // ---- The items of a file and of bodies (Cpp_ParserItems.cpp)
 
-    void report(Position position, ParseCode code);
-    void report(Position position, std::string text);
-    // Goes back to the last real token behind the end token just read, reports the end there and gives that token.
-    Token reportUnexpectedEnd(Stream& stream);
-    // Reads a `{`. Any other token is put back and reported with `text`.
-    std::optional<Position> readOpenBrace(Stream& stream, std::string_view text);
+    struct ItemLoop;
 
-    // ---- Declaration dispatch (Cpp_ParserDeclarations.cpp)
+    void parseFileItems(Stream& stream, RootNode& root);
+    // False if an item makes the whole body useless.
+    bool parseNamespaceItems(Stream& stream, NamespaceBodyNode& body);
+    bool parseLinkageItems(Stream& stream, LinkageBlockBodyNode& body);
+    bool parseClassItems(Stream& stream, ClassBodyNode& body);
+    bool parseItems(Stream& stream, ItemLoop loop);
+    Step parseItem(Stream& stream, ItemLoop& loop);
+    Step closeItemBrace(Stream& stream, ItemLoop& loop);
+    Step parseItemDeclaration(Stream& stream, ItemLoop& loop);
+    void parseItemNode(Stream& stream, ItemLoop& loop);
+    void parseNamespaceOrAlias(Stream& stream, InteriorNode& body);
+    void parseFileWord(Stream& stream, InteriorNode& body);
+    void parseFileAsm(Stream& stream, InteriorNode& body);
+    void parseFileStatement(Stream& stream, InteriorNode& body);
+
+    // ---- Declarations (Cpp_ParserDeclarations.cpp, Cpp_ParserFunctionScan.cpp, Cpp_ParserCollecting.cpp)
 
     enum class Decision { Data, Function, FunctionPtr, Class, Enum };
     struct DeclarationScan;
@@ -107,7 +123,7 @@ private:
     Ptr<DeclNode> parseCollectedEnum(Stream& stream, Tokens& list);
     std::optional<Trn::TokenStretch> collectBody(Stream& stream);
 
-    // ---- Classes (Cpp_ParserClasses.cpp)
+    // ---- Classes (Cpp_ParserClasses.cpp, Cpp_ParserBaseClauses.cpp)
 
     Ptr<ClassDeclNode> parseClassDecl(Stream& stream);
     Ptr<ClassHeadNode> parseClassHead(Stream& stream);
@@ -117,10 +133,9 @@ private:
     bool readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, int& angleDepth);
     bool acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause);
     Ptr<ClassBodyNode> parseClassBody(Stream& stream);
-    Step parseClassItem(Stream& stream, ClassBodyNode& body, int& depth);
     Ptr<AccessSpecNode> parseAccessLabel(Stream& stream);
 
-    // ---- Enums, namespaces and linkage blocks (Cpp_ParserBodies.cpp)
+    // ---- Enums, namespaces and linkage blocks (Cpp_ParserEnums.cpp and so on)
 
     struct Enumerator;
 
@@ -131,15 +146,13 @@ private:
     Ptr<NamespaceDeclNode> parseNamespaceDecl(Stream& stream);
     Ptr<NamespaceHeadNode> parseNamespaceHead(Stream& stream);
     Ptr<NamespaceBodyNode> parseNamespaceBody(Stream& stream);
-    Step parseNamespaceItem(Stream& stream, NamespaceBodyNode& body, int& depth);
     bool startsNamespaceAlias(const Stream& stream) const;
     Ptr<SyntaxNode> parseExtern(Stream& stream);
     bool startsLinkageBlock(const Stream& stream) const;
     Ptr<LinkageBlockNode> parseLinkageBlock(Stream& stream);
     Ptr<LinkageBlockBodyNode> parseLinkageBody(Stream& stream);
-    Step parseLinkageItem(Stream& stream, LinkageBlockBodyNode& body, int& depth);
 
-    // ---- Functions, parameters and templates (Cpp_ParserFunctions.cpp, Cpp_ParserParameters.cpp)
+    // ---- Functions, parameters and templates (Cpp_ParserFunctions.cpp, Cpp_ParserFunctionNames.cpp and so on)
 
     struct HeadScan;
 
@@ -169,7 +182,8 @@ private:
     // Either a TemplateNode or, for an explicit instantiation, an ExprNode.
     Ptr<SyntaxNode> parseTemplate(Stream& stream);
 
-    // ---- Data and function pointer declarations (Cpp_ParserData.cpp)
+    // ---- Data and function pointer declarations (Cpp_ParserData.cpp, Cpp_ParserInitializers.cpp,
+    // Cpp_ParserFunctionPtrs.cpp)
 
     struct DataHead;
     struct FunctionPtrScan;
@@ -189,7 +203,7 @@ private:
     Step scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan);
     Step endFunctionPtrName(Stream& stream, FunctionPtrScan& scan, const Token& paren);
 
-    // ---- Statements (Cpp_ParserStatements.cpp, Cpp_ParserControl.cpp)
+    // ---- Statements (Cpp_ParserBlocks.cpp, Cpp_ParserExpressions.cpp, Cpp_ParserControl.cpp and so on)
 
     struct Expression;
 

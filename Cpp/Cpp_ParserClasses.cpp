@@ -10,26 +10,6 @@ namespace Cpp {
 namespace Kind = Trn::Kind;
 using Trn::isEnd;
 
-namespace {
-
-// The kind of a word that stands as an access label.
-constexpr int wordAccessKind = 4;
-
-int accessKindOf(Trn::TokenKind kind) {
-    switch (kind) {
-        case Kind::Public:
-            return 1;
-        case Kind::Protected:
-            return 2;
-        case Kind::Private:
-            return 3;
-        default:
-            return 0;
-    }
-}
-
-}  // namespace
-
 std::unique_ptr<ClassDeclNode> Parser::parseClassDecl(Stream& stream) {
     auto declaration = std::make_unique<ClassDeclNode>();
     declaration->head = parseClassHead(stream);
@@ -81,107 +61,6 @@ std::unique_ptr<ClassNameNode> Parser::parseClassName(Stream& stream) {
     return nullptr;
 }
 
-// ---- Base clauses
-
-std::unique_ptr<BaseClauseListNode> Parser::parseBaseClauseList(Stream& stream) {
-    dropTrivia(stream);
-    auto list = std::make_unique<BaseClauseListNode>();
-    for (;;) {
-        const TokenKind next = stream.peek().kind();
-        if (isEnd(next)) {
-            report(stream.get().first(), ParseCode::UnexpectedEnd);
-            return nullptr;
-        }
-        if (next == Kind::OpenBrace) break;
-        if (next == Kind::Comma) {
-            stream.get();
-        } else if (Trn::isTrivia(next)) {
-            list->addChild(parseTrivia(stream));
-        } else {
-            list->addChild(parseBaseClause(stream));
-        }
-    }
-    if (list->childCount() == 0) return nullptr;
-    return list;
-}
-
-std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {
-    dropTrivia(stream);
-    auto clause = std::make_unique<BaseClauseNode>();
-    clause->setFirstPosition(stream.peek().first());
-    for (int angleDepth = 0;;) {
-        dropTrivia(stream);
-        const Token token = stream.get();
-        switch (token.kind()) {
-            case Kind::Public:
-            case Kind::Protected:
-            case Kind::Private:
-            case Kind::Virtual:
-                if (!acceptBaseKeyword(token, *clause)) return nullptr;
-                break;
-            case Kind::Comma:
-                if (angleDepth == 0) {
-                    stream.stepBack();
-                    return clause;
-                }
-                clause->text += token.text();
-                break;
-            case Kind::OpenBrace:
-                stream.stepBack();
-                return clause;
-            case Kind::Star:
-            case Kind::Amp:
-            case Kind::Identifier:
-                clause->text += token.text();
-                clause->setLastPosition(token.last());
-                break;
-            case Kind::Less:
-                clause->text += token.text();
-                if (!readBaseTemplateArguments(stream, *clause, angleDepth)) return nullptr;
-                break;
-            case Kind::Greater:
-                clause->text += token.text();
-                if (--angleDepth == 0) clause->setLastPosition(token.last());
-                break;
-            default:
-                report(token.first(), "Unexpected Token: \"" + std::string(token.text()) + '"');
-                return nullptr;
-        }
-    }
-}
-
-// An access keyword may come once, and none of these words behind the name.
-bool Parser::acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause) {
-    const bool isAccess = keyword.kind() != Kind::Virtual;
-    if (!clause.text.empty() || (isAccess && clause.accessKind != 0)) {
-        report(keyword.first(), "Not expecting to find keyword \"" + std::string(keyword.text()) + '"');
-        return false;
-    }
-    if (isAccess) {
-        clause.accessKind = accessKindOf(keyword.kind());
-    } else {
-        clause.isVirtual = true;
-    }
-    return true;
-}
-
-// Starts behind the opening `<`. Without a closing `>` the arguments go to the end of the list.
-bool Parser::readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, int& angleDepth) {
-    for (++angleDepth; angleDepth != 0;) {
-        dropTrivia(stream);
-        const Token token = stream.get();
-        if (isEnd(token.kind())) {
-            reportUnexpectedEnd(stream);
-            return false;
-        }
-        clause.text += token.text();
-        if (token.kind() == Kind::Less) ++angleDepth;
-        if (token.kind() == Kind::Greater) --angleDepth;
-        clause.setLastPosition(token.last());
-    }
-    return true;
-}
-
 // ---- The body
 
 std::unique_ptr<ClassBodyNode> Parser::parseClassBody(Stream& stream) {
@@ -190,51 +69,8 @@ std::unique_ptr<ClassBodyNode> Parser::parseClassBody(Stream& stream) {
     if (!first) return nullptr;
     auto body = std::make_unique<ClassBodyNode>();
     body->setFirstPosition(*first);
-    int depth = 1;
-    if (repeat(stream, [&] { return parseClassItem(stream, *body, depth); }) == Step::Fail) return nullptr;
+    if (!parseClassItems(stream, *body)) return nullptr;
     return body;
-}
-
-// A block among the members is passed over by its braces.
-Parser::Step Parser::parseClassItem(Stream& stream, ClassBodyNode& body, int& depth) {
-    attachTrivia(stream, body);
-    const Token token = stream.get();
-    switch (token.kind()) {
-        case Kind::EndOfInput:
-        case Kind::Defective:
-            reportUnexpectedEnd(stream);
-            return Step::Stop;
-        case Kind::Semicolon:
-            return Step::GoOn;
-        case Kind::OpenBrace:
-            ++depth;
-            return Step::GoOn;
-        case Kind::CloseBrace:
-            if (--depth > 0) return Step::GoOn;
-            body.setLastPosition(token.last());
-            return Step::Stop;
-        case Kind::Namespace:
-            report(token.first(), "Namespace declaration illegal inside class declaration.");
-            return Step::GoOn;
-        case Kind::Using:
-            skipUntilAttaching(stream, body, Kind::Semicolon);
-            return Step::GoOn;
-        default:
-            break;
-    }
-    const bool isLabel =
-        isAccessKeyword(token.kind()) || (token.kind() == Kind::Identifier && stream.peek().kind() == Kind::Colon);
-    stream.stepBack();
-    if (isLabel) {
-        body.addChild(parseAccessLabel(stream));
-    } else if (token.kind() == Kind::Template) {
-        body.addChild(parseTemplate(stream));
-    } else if (token.kind() == Kind::Extern) {
-        body.addChild(parseExtern(stream));
-    } else if (!addDeclaration(stream, body, true)) {
-        return Step::Fail;
-    }
-    return Step::GoOn;
 }
 
 std::unique_ptr<AccessSpecNode> Parser::parseAccessLabel(Stream& stream) {

@@ -1,5 +1,4 @@
-// The lists of functions: parameters, which templates share, a constructor's initializers and their arguments; and
-// template heads.
+// Parameter lists, of functions and of templates.
 #include "Cpp_JoinedText.h"
 #include "Cpp_Parser.h"
 
@@ -7,8 +6,6 @@ namespace Cpp {
 
 namespace Kind = Trn::Kind;
 using Trn::isEnd;
-
-// ---- Parameters
 
 struct Parser::ParameterScan {
     TokenKind open;
@@ -93,111 +90,6 @@ Parser::Step Parser::scanParameterToken(Stream& stream, ParameterListNode& list,
         scan.join(token);
     }
     return Step::GoOn;
-}
-
-// ---- A constructor's initializers
-
-std::unique_ptr<InitializerListNode> Parser::parseCtorInitializerList(Stream& stream) {
-    auto list = std::make_unique<InitializerListNode>();
-    for (;;) {
-        const TokenKind next = stream.peek().kind();
-        if (isEnd(next)) {
-            report(stream.get().first(), ParseCode::UnexpectedEnd);
-            return nullptr;
-        }
-        if (next == Kind::OpenBrace) break;
-        if (next == Kind::Comma) {
-            stream.get();
-        } else if (Trn::isTrivia(next)) {
-            list->addChild(parseTrivia(stream));
-        } else {
-            list->addChild(parseCtorInitializer(stream));
-        }
-    }
-    if (list->childCount() == 0) return nullptr;
-    return list;
-}
-
-std::unique_ptr<InitializerNode> Parser::parseCtorInitializer(Stream& stream) {
-    auto name = parseCtorInitializerName(stream);
-    if (!name) return nullptr;
-    auto initializer = std::make_unique<InitializerNode>();
-    initializer->name = std::move(name);
-    initializer->arguments = parseCtorArguments(stream);
-    if (!initializer->arguments) return nullptr;
-    return initializer;
-}
-
-// All up to the next `(`, which stays on the stream.
-std::unique_ptr<IdNode> Parser::parseCtorInitializerName(Stream& stream) {
-    dropTrivia(stream);
-    const Token name = stream.get();
-    if (name.kind() != Kind::Identifier) {
-        report(name.first(), "Expected a variable name for an initializer. Got: \"" + std::string(name.text()) + '"');
-        return nullptr;
-    }
-    JoinedText text;
-    text.add(name.text());
-    Position last = name.last();
-    for (;;) {
-        const Token token = stream.get();
-        if (isEnd(token.kind()) || token.kind() == Kind::OpenBrace) {
-            stream.stepBack();
-            report(stream.get().first(), ParseCode::UnexpectedEnd);
-            return nullptr;
-        }
-        if (token.kind() == Kind::OpenParen) {
-            stream.stepBack();
-            return std::make_unique<IdNode>(text.take(), name.first(), last);
-        }
-        text.add(token.text());
-        last = token.last();
-    }
-}
-
-std::unique_ptr<ArgListNode> Parser::parseCtorArguments(Stream& stream) {
-    auto list = std::make_unique<ArgListNode>();
-    list->setFirstPosition(stream.get().first());
-    attachTrivia(stream, *list);
-    auto argument = std::make_unique<ArgNode>(std::string(), stream.peek().first(), Position());
-    for (int depth = 1;;) {
-        attachTrivia(stream, *list);
-        const Token token = stream.get();
-        if (isEnd(token.kind())) {
-            report(stream.get().first(), ParseCode::UnexpectedEnd);
-            return nullptr;
-        }
-        if (token.kind() == Kind::OpenParen) ++depth;
-        if (token.kind() == Kind::CloseParen && --depth == 0) {
-            list->addChild(std::move(argument));
-            list->setLastPosition(token.last());
-            return list;
-        }
-        if (token.kind() == Kind::Comma && depth == 1) {
-            list->addChild(std::move(argument));
-            argument = std::make_unique<ArgNode>(std::string(), stream.peek().first(), Position());
-            continue;
-        }
-        argument->text += token.text();
-        argument->setLastPosition(token.last());
-    }
-}
-
-// ---- Templates
-
-// The declaration behind the head is the next item of the enclosing body.
-std::unique_ptr<SyntaxNode> Parser::parseTemplate(Stream& stream) {
-    dropTrivia(stream);
-    const Token keyword = stream.get();
-    dropTrivia(stream);
-    if (stream.peek().kind() != Kind::Less) {
-        stream.unget(keyword);
-        return parseExpressionStatement(stream);
-    }
-    auto node = std::make_unique<TemplateNode>();
-    node->keyword = std::make_unique<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
-    node->parameters = parseParameterList(stream, true);
-    return node;
 }
 
 }  // namespace Cpp

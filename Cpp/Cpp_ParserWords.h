@@ -26,6 +26,23 @@ constexpr bool isAccessKeyword(Trn::TokenKind kind) {
     return kind >= Trn::Kind::Public && kind <= Trn::Kind::Protected;
 }
 
+// The kind of a word that stands as an access label.
+inline constexpr int wordAccessKind = 4;
+
+constexpr int accessKindOf(Trn::TokenKind kind) {
+    namespace Kind = Trn::Kind;
+    switch (kind) {
+        case Kind::Public:
+            return 1;
+        case Kind::Protected:
+            return 2;
+        case Kind::Private:
+            return 3;
+        default:
+            return 0;
+    }
+}
+
 // `if`, `else`, `for`, `do`, `while`, `try`, `catch` and `switch`.
 constexpr bool isControlKeyword(Trn::TokenKind kind) { return kind >= Trn::Kind::If && kind <= Trn::Kind::Switch; }
 

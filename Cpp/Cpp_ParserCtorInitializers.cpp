@@ -1,0 +1,96 @@
+// The initializers of a constructor and their arguments.
+#include "Cpp_JoinedText.h"
+#include "Cpp_Parser.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+using Trn::isEnd;
+
+std::unique_ptr<InitializerListNode> Parser::parseCtorInitializerList(Stream& stream) {
+    auto list = std::make_unique<InitializerListNode>();
+    for (;;) {
+        const TokenKind next = stream.peek().kind();
+        if (isEnd(next)) {
+            report(stream.get().first(), ParseCode::UnexpectedEnd);
+            return nullptr;
+        }
+        if (next == Kind::OpenBrace) break;
+        if (next == Kind::Comma) {
+            stream.get();
+        } else if (Trn::isTrivia(next)) {
+            list->addChild(parseTrivia(stream));
+        } else {
+            list->addChild(parseCtorInitializer(stream));
+        }
+    }
+    if (list->childCount() == 0) return nullptr;
+    return list;
+}
+
+std::unique_ptr<InitializerNode> Parser::parseCtorInitializer(Stream& stream) {
+    auto name = parseCtorInitializerName(stream);
+    if (!name) return nullptr;
+    auto initializer = std::make_unique<InitializerNode>();
+    initializer->name = std::move(name);
+    initializer->arguments = parseCtorArguments(stream);
+    if (!initializer->arguments) return nullptr;
+    return initializer;
+}
+
+// All up to the next `(`, which stays on the stream.
+std::unique_ptr<IdNode> Parser::parseCtorInitializerName(Stream& stream) {
+    dropTrivia(stream);
+    const Token name = stream.get();
+    if (name.kind() != Kind::Identifier) {
+        report(name.first(), "Expected a variable name for an initializer. Got: \"" + std::string(name.text()) + '"');
+        return nullptr;
+    }
+    JoinedText text;
+    text.add(name.text());
+    Position last = name.last();
+    for (;;) {
+        const Token token = stream.get();
+        if (isEnd(token.kind()) || token.kind() == Kind::OpenBrace) {
+            stream.stepBack();
+            report(stream.get().first(), ParseCode::UnexpectedEnd);
+            return nullptr;
+        }
+        if (token.kind() == Kind::OpenParen) {
+            stream.stepBack();
+            return std::make_unique<IdNode>(text.take(), name.first(), last);
+        }
+        text.add(token.text());
+        last = token.last();
+    }
+}
+
+std::unique_ptr<ArgListNode> Parser::parseCtorArguments(Stream& stream) {
+    auto list = std::make_unique<ArgListNode>();
+    list->setFirstPosition(stream.get().first());
+    attachTrivia(stream, *list);
+    auto argument = std::make_unique<ArgNode>(std::string(), stream.peek().first(), Position());
+    for (int depth = 1;;) {
+        attachTrivia(stream, *list);
+        const Token token = stream.get();
+        if (isEnd(token.kind())) {
+            report(stream.get().first(), ParseCode::UnexpectedEnd);
+            return nullptr;
+        }
+        if (token.kind() == Kind::OpenParen) ++depth;
+        if (token.kind() == Kind::CloseParen && --depth == 0) {
+            list->addChild(std::move(argument));
+            list->setLastPosition(token.last());
+            return list;
+        }
+        if (token.kind() == Kind::Comma && depth == 1) {
+            list->addChild(std::move(argument));
+            argument = std::make_unique<ArgNode>(std::string(), stream.peek().first(), Position());
+            continue;
+        }
+        argument->text += token.text();
+        argument->setLastPosition(token.last());
+    }
+}
+
+}  // namespace Cpp

@@ -1,0 +1,91 @@
+// Expression statements: what is nothing else, as a run of tokens up to a `;` or a landmark.
+#include <algorithm>
+
+#include "Cpp_JoinedText.h"
+#include "Cpp_Parser.h"
+#include "Cpp_ParserWords.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+using Trn::isEnd;
+using Trn::TokenKind;
+
+struct Parser::Expression {
+    std::string text{};
+    int parens = 0;
+    int angles = 0;
+    bool seenTemplate = false;
+
+    // Brackets are counted, all else joins the text.
+    void add(const Token& token) {
+        switch (token.kind()) {
+            case Kind::OpenParen:
+                ++parens;
+                break;
+            case Kind::CloseParen:
+                parens = std::max(parens - 1, 0);
+                break;
+            case Kind::Less:
+                ++angles;
+                break;
+            case Kind::Greater:
+                angles = std::max(angles - 1, 0);
+                break;
+            case Kind::Template:
+                seenTemplate = true;
+                break;
+            default:
+                joinTo(text, token.text());
+                break;
+        }
+    }
+};
+
+// A run of tokens up to a `;` or a landmark. Its text is a sketch for measuring, without brackets.
+std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
+    dropTrivia(stream);
+    const Position first = stream.peek().first();
+    Expression expression;
+    for (;;) {
+        const Token token = stream.get();
+        const TokenKind kind = token.kind();
+        if (isEnd(kind)) {
+            const Position last = reportUnexpectedEnd(stream).last();
+            return std::make_unique<ExprNode>(std::move(expression.text), first, last);
+        }
+        if (endsExpression(token, expression)) {
+            stream.stepBack();
+            stream.stepBack();
+            return std::make_unique<ExprNode>(std::move(expression.text), first, stream.get().last());
+        }
+        if (kind == Kind::Semicolon && expression.parens == 0) {
+            expression.text += token.text();
+            return std::make_unique<ExprNode>(std::move(expression.text), first, token.last());
+        }
+        expression.add(token);
+    }
+}
+
+// Whether the token is a landmark in front of which the expression ends. So a missing `;` is caught, and a macro
+// call without one is complete.
+bool Parser::endsExpression(const Token& token, const Expression& expression) const {
+    const TokenKind kind = token.kind();
+    switch (kind) {
+        case Kind::Directive:
+            return true;
+        case Kind::Throw:
+        case Kind::Return:
+            return !expression.text.empty();
+        case Kind::Class:
+        case Kind::Struct:
+            return expression.parens == 0 && expression.angles == 0 && !expression.seenTemplate;
+        case Kind::OpenBrace:
+        case Kind::CloseBrace:
+            return expression.parens == 0;
+        default:
+            return isStatementKeyword(kind) && expression.parens == 0;
+    }
+}
+
+}  // namespace Cpp

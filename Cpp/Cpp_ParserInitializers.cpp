@@ -1,0 +1,111 @@
+// What may follow the head of a data declaration: an initializer behind `=` or in brackets, or the widths of
+// bit-fields.
+#include "Cpp_JoinedText.h"
+#include "Cpp_Parser.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+using Trn::isEnd;
+
+// The first `;` ends it; braces are tokens like any other.
+std::unique_ptr<ExprNode> Parser::parseAssignInitializer(Stream& stream, const Token& assign) {
+    std::string text(assign.text());
+    for (;;) {
+        dropTrivia(stream);
+        const Token& token = stream.get();
+        if (token.kind() == Kind::Semicolon) {
+            return std::make_unique<ExprNode>(std::move(text), assign.first(), token.last());
+        }
+        if (isEnd(token.kind())) {
+            reportUnexpectedEnd(stream);
+            return nullptr;
+        }
+        joinBehindBlank(text, token.text());
+    }
+}
+
+std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& stream, const Token& paren) {
+    std::string text(paren.text());
+    for (int depth = 1;;) {
+        dropTrivia(list);
+        const Token token = list.get();
+        switch (token.kind()) {
+            case Kind::EndOfInput:
+            case Kind::Defective:
+                report(stream.get().first(), ParseCode::UnexpectedEnd);
+                return nullptr;
+            case Kind::Semicolon:
+                if (depth == 0) return std::make_unique<ExprNode>(std::move(text), paren.first(), token.last());
+                report(token.first(), ParseCode::UnexpectedSemicolon);
+                return nullptr;
+            case Kind::Less:
+            case Kind::Greater:
+                continue;
+            case Kind::OpenParen:
+                ++depth;
+                break;
+            case Kind::CloseParen:
+                --depth;
+                break;
+            default:
+                break;
+        }
+        joinBehindBlank(text, token.text());
+    }
+}
+
+std::unique_ptr<ExprNode> Parser::parseBitfield(Stream& list, Stream& stream, const Token& colon) {
+    std::string text(colon.text());
+    if (!readBitfieldWidth(list, text)) return nullptr;
+    for (;;) {
+        dropTrivia(list);
+        const Token token = list.get();
+        if (token.kind() == Kind::Semicolon) {
+            return std::make_unique<ExprNode>(std::move(text), colon.first(), token.last());
+        }
+        if (token.kind() != Kind::Comma) {
+            report(stream.get().first(), ParseCode::StrayInData);
+            return nullptr;
+        }
+        joinBehindBlank(text, token.text());
+        if (!readNextBitfield(list, text)) return nullptr;
+    }
+}
+
+bool Parser::readBitfieldWidth(Stream& list, std::string& text) {
+    dropTrivia(list);
+    const Token token = list.get();
+    if (token.kind() != Kind::Identifier && token.kind() != Kind::Number) {
+        reportBadBitfield(token, "an identifier or an integer literal");
+        return false;
+    }
+    joinBehindBlank(text, token.text());
+    return true;
+}
+
+// The name, the colon and the width behind a `,`.
+bool Parser::readNextBitfield(Stream& list, std::string& text) {
+    dropTrivia(list);
+    const Token name = list.get();
+    if (name.kind() != Kind::Identifier) {
+        reportBadBitfield(name, "an Identifier");
+        return false;
+    }
+    joinBehindBlank(text, name.text());
+    dropTrivia(list);
+    const Token colon = list.get();
+    if (colon.kind() != Kind::Colon) {
+        reportBadBitfield(colon, "':'");
+        return false;
+    }
+    joinBehindBlank(text, colon.text());
+    return readBitfieldWidth(list, text);
+}
+
+void Parser::reportBadBitfield(const Token& token, std::string_view expected) {
+    report(token.first(),
+           "Bad looking bitfield. Expected " + std::string(expected) + ". Got: '" + std::string(token.text()) + "'.");
+}
+
+}  // namespace Cpp

@@ -1,0 +1,22 @@
+// Template heads. The declaration behind one is the next item of the enclosing body.
+#include "Cpp_Parser.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+
+std::unique_ptr<SyntaxNode> Parser::parseTemplate(Stream& stream) {
+    dropTrivia(stream);
+    const Token keyword = stream.get();
+    dropTrivia(stream);
+    if (stream.peek().kind() != Kind::Less) {
+        stream.unget(keyword);
+        return parseExpressionStatement(stream);
+    }
+    auto node = std::make_unique<TemplateNode>();
+    node->keyword = std::make_unique<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
+    node->parameters = parseParameterList(stream, true);
+    return node;
+}
+
+}  // namespace Cpp

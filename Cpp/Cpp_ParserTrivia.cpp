@@ -1,0 +1,150 @@
+// Comments and directives, with the regions that they open.
+#include "Cpp_CharClasses.h"
+#include "Cpp_Parser.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+using Trn::isComment;
+using Trn::isTrivia;
+
+namespace {
+
+constexpr std::string_view regionStart = "CORVANE-OFF";
+constexpr std::string_view regionEnd = "CORVANE-ON";
+
+std::string_view markerOf(const Trn::Token& comment) { return trimmed(bodyOfComment(comment.text())); }
+
+bool opensCommentRegion(const Trn::Token& comment) { return markerOf(comment) == regionStart; }
+
+// The change of depth that a token inside a comment region makes.
+int commentRegionStep(const Trn::Token& token) {
+    if (!isComment(token.kind())) return 0;
+    const std::string_view marker = markerOf(token);
+    if (marker.starts_with(regionStart)) return 1;
+    return marker == regionEnd ? -1 : 0;
+}
+
+// Compares as if the text had no white space.
+bool startsWithoutSpaces(std::string_view text, std::string_view start) {
+    for (const char c : text) {
+        if (start.empty()) break;
+        if (isSpace(c)) continue;
+        if (c != start.front()) return false;
+        start.remove_prefix(1);
+    }
+    return start.empty();
+}
+
+bool opensDeadRegion(const Trn::Token& directive) { return startsWithoutSpaces(directive.text(), "#if0"); }
+
+int deadRegionStep(const Trn::Token& token) {
+    if (token.kind() != Kind::Directive) return 0;
+    if (startsWithoutSpaces(token.text(), "#if")) return 1;
+    return startsWithoutSpaces(token.text(), "#endif") ? -1 : 0;
+}
+
+}  // namespace
+
+std::unique_ptr<CommentNode> Parser::parseComment(Stream& stream) {
+    const Token comment = stream.get();
+    if (!opensCommentRegion(comment)) {
+        return std::make_unique<CommentNode>(std::string(comment.text()), comment.first(), comment.last());
+    }
+    const auto last = passCommentRegion(stream);
+    if (!last) return nullptr;
+    auto region = std::make_unique<CommentNode>(std::string(), comment.first(), *last);
+    region->verbatim = true;
+    return region;
+}
+
+std::unique_ptr<PreprocDirectiveNode> Parser::parseDirective(Stream& stream) {
+    const Token directive = stream.get();
+    if (!opensDeadRegion(directive)) {
+        return std::make_unique<PreprocDirectiveNode>(std::string(directive.text()), directive.first(),
+                                                      directive.last());
+    }
+    const auto last = passDeadRegion(stream);
+    if (!last) return nullptr;
+    return std::make_unique<PreprocDirectiveNode>(std::string(), directive.first(), *last);
+}
+
+std::optional<Position> Parser::passCommentRegion(Stream& stream) {
+    for (int depth = 1;;) {
+        const Token& token = stream.get();
+        if (token.kind() == Kind::EndOfInput) {
+            report(token.first(), ParseCode::UnexpectedEnd);
+            return std::nullopt;
+        }
+        depth += commentRegionStep(token);
+        if (depth == 0) return token.last();
+    }
+}
+
+std::optional<Position> Parser::passDeadRegion(Stream& stream) {
+    for (int depth = 1;;) {
+        const Token& token = stream.get();
+        if (token.kind() == Kind::EndOfInput) {
+            report(token.first(), ParseCode::UnexpectedEnd);
+            return std::nullopt;
+        }
+        depth += deadRegionStep(token);
+        if (depth == 0) return token.last();
+    }
+}
+
+std::unique_ptr<SyntaxNode> Parser::parseTrivia(Stream& stream) {
+    if (isComment(stream.peek().kind())) return parseComment(stream);
+    return parseDirective(stream);
+}
+
+void Parser::passTrivia(Stream& stream) {
+    const Token token = stream.get();
+    if (isComment(token.kind())) {
+        if (opensCommentRegion(token)) passCommentRegion(stream);
+    } else if (opensDeadRegion(token)) {
+        passDeadRegion(stream);
+    }
+}
+
+void Parser::dropTrivia(Stream& stream) {
+    while (isTrivia(stream.peek().kind())) passTrivia(stream);
+}
+
+void Parser::attachTrivia(Stream& stream, InteriorNode& node) {
+    while (isTrivia(stream.peek().kind())) node.addChild(parseTrivia(stream));
+}
+
+namespace {
+
+// How far ahead the comment region ends that the token `ahead` opens, or else the end of the input.
+std::size_t commentRegionEnd(const Trn::TokenStream& stream, std::size_t ahead) {
+    for (int depth = 1; depth > 0 && stream.peek(ahead).kind() != Kind::EndOfInput;) {
+        ++ahead;
+        depth += commentRegionStep(stream.peek(ahead));
+    }
+    return ahead;
+}
+
+}  // namespace
+
+// A comment region is passed over as a whole, a dead region is not. The result is noted at the stream, since
+// nested statements ask for it again and again from the same place.
+Trn::Token Parser::peekSignificant(Stream& stream) {
+    if (!stream.lookAhead()) {
+        std::size_t ahead = 1;
+        bool reachedEnd = false;
+        while (isTrivia(stream.peek(ahead).kind()) && !reachedEnd) {
+            const Token& token = stream.peek(ahead);
+            if (isComment(token.kind()) && opensCommentRegion(token)) ahead = commentRegionEnd(stream, ahead);
+            reachedEnd = stream.peek(ahead).kind() == Kind::EndOfInput;
+            if (!reachedEnd) ++ahead;
+        }
+        stream.setLookAhead(ahead, reachedEnd);
+    }
+    const Token& token = stream.peek(stream.lookAhead()->ahead);
+    if (stream.lookAhead()->reachedEnd) report(token.first(), ParseCode::UnexpectedEnd);
+    return token;
+}
+
+}  // namespace Cpp
