@@ -3,6 +3,7 @@
 #include "Cpp_Lexer.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <ostream>
 
@@ -13,6 +14,7 @@ namespace Cpp {
 
 using Trn::Position;
 using Trn::Token;
+using Trn::TokenKind;
 namespace Kind = Trn::Kind;
 
 namespace {
@@ -20,91 +22,186 @@ namespace {
 // What a look beyond the end of the text gives: a character of no class.
 constexpr char endCharacter = '\xff';
 
+Token::ValueType valueTypeOf(TokenKind kind) {
+    switch (kind) {
+        case Kind::Identifier:
+        case Kind::StringLiteral:
+            return Token::ValueType::String;
+        case Kind::CharLiteral:
+            return Token::ValueType::Char;
+        default:
+            return Token::ValueType::None;
+    }
+}
+
 }  // namespace
 
 Lexer::Lexer(std::string_view text, Position start)
-    : text_(text), line_(std::max(start.line, 1)), lineStart_(-std::max<std::ptrdiff_t>(start.column, 0)) {}
+    : text_(text.data()),
+      size_(text.size()),
+      line_(std::max(start.line, 1)),
+      lineStart_(-std::max<std::ptrdiff_t>(start.column, 0)) {}
 
 Lexer::~Lexer() = default;
 
 Token Lexer::next() {
-    if (pending_.kind() != Kind::EndOfInput) {
-        const Token token = pending_;
-        pending_ = Token();
-        return token;
+    if (hasPending_) {
+        hasPending_ = false;
+        return pending_;
     }
     // An end token stands where the last token ended, in front of the white space behind it.
     const Position start = cursor();
-    Token token;
-    for (skipWhiteSpace(); !atEnd(); skipWhiteSpace()) {
-        if (recognize(token)) return token;
+    const Lexeme found = read();
+    if (found.kind == nothing) return endToken(start);
+    if (found.kind == isOdd) return odd_;
+    const Position first{found.line, static_cast<int>(static_cast<std::ptrdiff_t>(found.begin) - found.lineStart) + 1};
+    return Token(found.kind, first, cursor(), text(found.begin, found.end), valueTypeOf(found.kind));
+}
+
+Trn::TokenBuffer Lexer::readAll() {
+    Trn::TokenBuffer buffer({text_, size_}, Trn::LineTable(line_, lineStart_));
+    buffer_ = &buffer;
+    for (;;) {
+        if (hasPending_) buffer.add(pending_);
+        hasPending_ = false;
+        const Position start = cursor();
+        const Lexeme found = read();
+        if (found.kind == nothing) {
+            buffer.add(endToken(start));
+            break;
+        }
+        if (found.kind == isOdd) {
+            buffer.add(odd_);
+        } else {
+            buffer.add(found.kind, found.begin, found.end);
+        }
     }
-    return Token(Kind::EndOfInput, start, start);
+    buffer.add(endToken(cursor()));
+    buffer_ = nullptr;
+    return buffer;
 }
 
 void Lexer::dump(std::ostream& os) const {
     os << "line:\t" << cursor().line << "\tcol:\t" << cursor().column << "\tlastlinecol:\t" << -1 << '\n';
 }
 
-bool Lexer::recognize(Token& token) {
-    const char c = peek();
-    if (isAny(c, CharClass::alpha | CharClass::underscore)) {
-        token = word();
-        return true;
+inline Lexer::Lexeme Lexer::read() {
+    Lexeme found;
+    for (skipWhiteSpace(); !atEnd(); skipWhiteSpace()) {
+        found.begin = offset_;
+        found.line = line_;
+        found.lineStart = lineStart_;
+        found.kind = recognize(found.begin);
+        found.end = offset_;
+        if (found.kind != nothing) break;
     }
-    if (isAny(c, CharClass::digit)) return recognizeNumber(token);
-    switch (c) {
-        case '/':
-            return recognizeSlash(token);
-        case ':':
-            return recognizeColon(token);
-        case '~':
-            return recognizeTilde(token);
-        case '"':
-            return recognizeString(token);
-        case '\'':
-            token = charLiteral();
-            return true;
-        case '#':
-            token = directive();
-            return true;
+    return found;
+}
+
+namespace {
+
+// What a token may be that begins with a character: one of the sorts below, or the kind of an operator that no
+// character extends.
+namespace Sort {
+
+constexpr std::int8_t none = -1, word = -2, number = -3, slash = -4, colon = -5, tilde = -6, quote = -7,
+                      apostrophe = -8, hash = -9, longOperator = -10;
+
+}  // namespace Sort
+
+constexpr std::array<std::int8_t, 256> makeSorts() {
+    std::array<std::int8_t, 256> sorts{};
+    for (unsigned c = 0; c < sorts.size(); ++c) {
+        const char character = static_cast<char>(c);
+        sorts[c] = isAny(character, CharClass::alpha | CharClass::underscore) ? Sort::word
+                   : isAny(character, CharClass::digit)                       ? Sort::number
+                                                                              : Sort::none;
+    }
+    constexpr std::pair<char, TokenKind> singles[] = {
+        {'(', Kind::OpenParen},  {')', Kind::CloseParen},  {'{', Kind::OpenBrace},
+        {'}', Kind::CloseBrace}, {'[', Kind::OpenBracket}, {']', Kind::CloseBracket},
+        {';', Kind::Semicolon},  {',', Kind::Comma},       {'?', Kind::Question},
+    };
+    for (const auto& [c, kind] : singles) sorts[static_cast<unsigned char>(c)] = static_cast<std::int8_t>(kind);
+    for (const char c : {'!', '%', '&', '*', '+', '-', '.', '<', '=', '>', '^', '|'}) {
+        sorts[static_cast<unsigned char>(c)] = Sort::longOperator;
+    }
+    constexpr std::pair<char, std::int8_t> others[] = {{'/', Sort::slash}, {':', Sort::colon},       {'~', Sort::tilde},
+                                                       {'"', Sort::quote}, {'\'', Sort::apostrophe}, {'#', Sort::hash}};
+    for (const auto& [c, sort] : others) sorts[static_cast<unsigned char>(c)] = sort;
+    return sorts;
+}
+
+constexpr std::array<std::int8_t, 256> sorts = makeSorts();
+
+}  // namespace
+
+inline TokenKind Lexer::recognize(std::size_t begin) {
+    const std::int8_t sort = sorts[static_cast<unsigned char>(text_[begin])];
+    switch (sort) {
+        case Sort::word:
+            return word(begin);
+        case Sort::number:
+            return number();
+        case Sort::longOperator:
+            return longOperator();
+        case Sort::slash:
+            return slash();
+        case Sort::colon:
+            return colon(begin);
+        case Sort::tilde:
+            return tilde(begin);
+        case Sort::quote:
+            return stringLiteral();
+        case Sort::apostrophe:
+            return charLiteral(begin);
+        case Sort::hash:
+            return directive(begin);
+        case Sort::none:
+            return single(nothing);
         default:
-            return recognizeOperator(token);
+            return single(sort);
     }
 }
 
-bool Lexer::recognizeSlash(Token& token) {
-    if (peek(1) != '/' && peek(1) != '*') return recognizeOperator(token);
-    token = peek(1) == '/' ? lineComment() : blockComment();
-    return true;
+TokenKind Lexer::slash() {
+    if (peek(1) != '/' && peek(1) != '*') return longOperator();
+    return peek(1) == '/' ? lineComment() : blockComment();
 }
 
-bool Lexer::recognizeColon(Token& token) {
-    token = atScope() ? word() : operatorToken(Kind::Colon, 1);
-    return true;
+TokenKind Lexer::colon(std::size_t begin) { return atScope() ? word(begin) : single(Kind::Colon); }
+
+TokenKind Lexer::tilde(std::size_t begin) {
+    return isAny(peek(1), CharClass::alpha) ? word(begin) : single(Kind::Tilde);
 }
 
-bool Lexer::recognizeTilde(Token& token) {
-    token = isAny(peek(1), CharClass::alpha) ? word() : operatorToken(Kind::Tilde, 1);
-    return true;
+TokenKind Lexer::single(TokenKind kind) {
+    ++offset_;
+    return kind;
+}
+
+TokenKind Lexer::oddToken(const Token& token) {
+    odd_ = token;
+    return isOdd;
 }
 
 // ---- Comments
 
-Token Lexer::lineComment() {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
-    const std::size_t lineFeed = text_.find('\n', offset_);
-    moveTo(lineFeed == std::string_view::npos ? text_.size() : lineFeed + 1);
-    return Token(Kind::LineComment, first, cursor(), textFrom(begin));
+TokenKind Lexer::lineComment() {
+    const void* lineFeed = std::memchr(text_ + offset_, '\n', size_ - offset_);
+    if (lineFeed == nullptr) {
+        offset_ = size_;
+    } else {
+        offset_ = static_cast<std::size_t>(static_cast<const char*>(lineFeed) + 1 - text_);
+        startLine();
+    }
+    return Kind::LineComment;
 }
 
-Token Lexer::blockComment() {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
-    const std::size_t close = text_.find("*/", offset_ + 2);
-    moveTo(close == std::string_view::npos ? text_.size() : close + 2);
-    return Token(Kind::BlockComment, first, cursor(), textFrom(begin));
+TokenKind Lexer::blockComment() {
+    const std::size_t close = std::string_view(text_, size_).find("*/", offset_ + 2);
+    moveTo(close == std::string_view::npos ? size_ : close + 2);
+    return Kind::BlockComment;
 }
 
 // ---- Words
@@ -119,20 +216,19 @@ struct Lexer::Word {
     std::size_t sizeUpTo(std::size_t offset) const { return joined.size() + (offset - partBegin); }
 };
 
-Token Lexer::word() {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
-    if (peek() == '~') ++offset_;
+TokenKind Lexer::word(std::size_t begin) {
+    if (text_[begin] == '~') ++offset_;
     skipWordCharacters();
-    if (atScope()) return qualifiedWord({first, begin});
-
-    const std::string_view text = textFrom(begin);
-    const Trn::TokenKind kind = keywordTable.kindOf(text);
-    const auto valueType = kind == Kind::Identifier ? Token::ValueType::String : Token::ValueType::None;
-    return Token(kind, first, cursor(), text, valueType);
+    if (atScope()) {
+        const Position first = positionAt(begin);
+        return qualifiedWord({{first.line, first.column + 1}, begin});
+    }
+    // No keyword begins with anything else.
+    const char c = text_[begin];
+    return c >= 'a' && c <= 'w' ? keywordTable.kindOf(text(begin, offset_)) : Kind::Identifier;
 }
 
-Token Lexer::qualifiedWord(Word word) {
+TokenKind Lexer::qualifiedWord(Word word) {
     std::size_t separatorIndex = 0;  // of the last `::` in the word's text
     std::size_t nameIndex = std::string_view::npos;
     Position separatorFirst, separatorLast;
@@ -147,7 +243,7 @@ Token Lexer::qualifiedWord(Word word) {
         if (!isAny(peek(), CharClass::alpha | CharClass::underscore) && peek() != '~') break;
 
         if (offset_ != end) {
-            word.joined += text_.substr(word.partBegin, end - word.partBegin);
+            word.joined += text(word.partBegin, end);
             word.partBegin = offset_;
         }
         nameIndex = word.sizeUpTo(offset_);
@@ -156,31 +252,29 @@ Token Lexer::qualifiedWord(Word word) {
         end = offset_;
     }
 
-    std::string_view text = text_.substr(word.partBegin, end - word.partBegin);
-    if (!word.joined.empty()) text = keep(std::move(word.joined.append(text)));
+    std::string_view text = this->text(word.partBegin, end);
+    const bool isJoined = !word.joined.empty();
+    if (isJoined) text = keep(std::move(word.joined.append(text)));
 
     const std::string_view name = text.substr(std::min(nameIndex, text.size()));
     if (name == "new" || name == "delete" || name == "operator") {
         pending_ = Token(keywordTable.kindOf(name), separatorFirst, cursor(), text.substr(separatorIndex));
-        return Token(Kind::Identifier, word.first, separatorLast, text.substr(0, separatorIndex));
+        hasPending_ = true;
+        return oddToken(Token(Kind::Identifier, word.first, separatorLast, text.substr(0, separatorIndex)));
     }
-    return Token(Kind::Identifier, word.first, cursor(), text, Token::ValueType::String);
+    if (!isJoined && end == offset_) return Kind::Identifier;
+    return oddToken(Token(Kind::Identifier, word.first, cursor(), text, Token::ValueType::String));
 }
 
 // ---- Numbers
 
-bool Lexer::recognizeNumber(Token& token) {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
-    ++offset_;
-    const bool isHexadecimal = text_[begin] == '0' && (peek() == 'x' || peek() == 'X');
+// A number that runs into a letter is none, and its digits are skipped.
+TokenKind Lexer::number() {
+    const char digit = text_[offset_++];
+    const bool isHexadecimal = digit == '0' && (peek() == 'x' || peek() == 'X');
     if (isHexadecimal) ++offset_;
     skipNumberBody(isHexadecimal);
-
-    // A number that runs into a letter is none, and its digits are skipped.
-    if (!atEnd() && !isAny(peek(), CharClass::space | CharClass::punct)) return false;
-    token = Token(Kind::Number, first, cursor(), textFrom(begin));
-    return true;
+    return atEnd() || isAny(peek(), CharClass::space | CharClass::punct) ? Kind::Number : nothing;
 }
 
 void Lexer::skipNumberBody(bool isHexadecimal) {
@@ -212,16 +306,14 @@ void Lexer::skipNumberBody(bool isHexadecimal) {
 
 // A backslash continues the literal over a line end, also with blanks behind it. A literal that a line end cuts
 // is no token.
-bool Lexer::recognizeString(Token& token) {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
+TokenKind Lexer::stringLiteral() {
     bool isEscaped = false;
     char lastNonSpace = 0;
     for (++offset_; !atEnd();) {
         const char c = text_[offset_++];
         if (c == '\n') {
             startLine();
-            if (lastNonSpace != '\\') return false;
+            if (lastNonSpace != '\\') return nothing;
             lastNonSpace = 0;
         } else if (!isSpace(c)) {
             lastNonSpace = c;
@@ -229,13 +321,10 @@ bool Lexer::recognizeString(Token& token) {
         if (c == '"' && !isEscaped) break;
         isEscaped = c == '\\' && !isEscaped;
     }
-    token = Token(Kind::StringLiteral, first, cursor(), textFrom(begin), Token::ValueType::String);
-    return true;
+    return Kind::StringLiteral;
 }
 
-Token Lexer::charLiteral() {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
+TokenKind Lexer::charLiteral(std::size_t begin) {
     bool isEscaped = false;
     bool isClosed = false;
     bool isCut = false;
@@ -250,26 +339,27 @@ Token Lexer::charLiteral() {
             isEscaped = false;
         }
     }
-    std::string_view text = textFrom(begin);
-    if (!isClosed) {
-        if (isCut) {
-            startLine();
-            text.remove_suffix(1);
-        }
-        text = keep(std::string(text) + '\'');
-    }
+    std::string_view text = this->text(begin, offset_);
     // The value is empty for an empty literal and for a lone backslash, which unescaping drops.
-    if (isCut || text == "''" || text == "'\\'") return Token(Kind::Defective, first, cursor(), text);
-    return Token(Kind::CharLiteral, first, cursor(), text, Token::ValueType::Char);
+    if (isClosed) return text == "''" || text == "'\\'" ? Kind::Defective : Kind::CharLiteral;
+
+    const Position first{line_, positionAt(begin).column + 1};
+    if (isCut) {
+        startLine();
+        text.remove_suffix(1);
+    }
+    text = keep(std::string(text) + '\'');
+    if (isCut || text == "''" || text == "'\\'") return oddToken(Token(Kind::Defective, first, cursor(), text));
+    return oddToken(Token(Kind::CharLiteral, first, cursor(), text, Token::ValueType::Char));
 }
 
 // ---- Directives
 
 // Ends with the line, where a backslash with or without blanks behind it continues it; in front of a line
 // comment; and in front of a block comment that goes beyond the line, which is the next token then.
-Token Lexer::directive() {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
+TokenKind Lexer::directive(std::size_t begin) {
+    const Position start = cursor();
+    const Position first{start.line, start.column + 1};
     char lastNonSpace = 0;
     for (++offset_; !atEnd();) {
         const char c = text_[offset_];
@@ -277,10 +367,11 @@ Token Lexer::directive() {
         if (c == '/' && peek(1) == '*') {
             const Position last = cursor();
             const std::size_t end = offset_;
-            const Token comment = blockComment();
-            if (comment.last().line > last.line) {
-                pending_ = comment;
-                return Token(Kind::Directive, first, last, text_.substr(begin, end - begin));
+            blockComment();
+            if (line_ > last.line) {
+                pending_ = Token(Kind::BlockComment, {last.line, last.column + 1}, cursor(), text(end, offset_));
+                hasPending_ = true;
+                return oddToken(Token(Kind::Directive, first, last, text(begin, end)));
             }
             lastNonSpace = 0;
             continue;
@@ -294,17 +385,10 @@ Token Lexer::directive() {
             lastNonSpace = c;
         }
     }
-    return Token(Kind::Directive, first, cursor(), textFrom(begin));
+    return Kind::Directive;
 }
 
 // ---- Operators
-
-Token Lexer::operatorToken(Trn::TokenKind kind, std::size_t length) {
-    const std::size_t begin = offset_;
-    const Position first = cursorBehindNext();
-    offset_ += length;
-    return Token(kind, first, cursor(), textFrom(begin));
-}
 
 namespace {
 
@@ -346,58 +430,48 @@ constexpr std::array<std::uint8_t, 128> operatorIndex = makeOperatorIndex();
 
 }  // namespace
 
-bool Lexer::recognizeOperator(Token& token) {
-    const auto c = static_cast<unsigned char>(peek());
-    if (c >= operatorIndex.size() || operatorIndex[c] == 0) {
-        ++offset_;
-        return false;
-    }
-    // The single character is last among its operators, so that the search ends.
-    const Operator* candidate = &operators[operatorIndex[c] - 1];
-    while (text_.compare(offset_, candidate->text.size(), candidate->text) != 0) ++candidate;
-    token = operatorToken(candidate->kind, candidate->text.size());
-    return true;
+// The single character is last among its operators, so that the search ends.
+TokenKind Lexer::longOperator() {
+    const Operator* candidate = &operators[operatorIndex[static_cast<unsigned char>(text_[offset_])] - 1];
+    const auto isRead = [this](std::string_view op) {
+        return (op.size() < 2 || peek(1) == op[1]) && (op.size() < 3 || peek(2) == op[2]);
+    };
+    while (!isRead(candidate->text)) ++candidate;
+    offset_ += candidate->text.size();
+    return candidate->kind;
 }
 
 // ---- The cursor
 
-char Lexer::peek(std::size_t ahead) const {
-    return offset_ + ahead < text_.size() ? text_[offset_ + ahead] : endCharacter;
-}
-
-Position Lexer::cursor() const { return {line_, static_cast<int>(static_cast<std::ptrdiff_t>(offset_) - lineStart_)}; }
-
-Position Lexer::cursorBehindNext() const {
-    const Position position = cursor();
-    return {position.line, position.column + 1};
+inline char Lexer::peek(std::size_t ahead) const {
+    return offset_ + ahead < size_ ? text_[offset_ + ahead] : endCharacter;
 }
 
 // To be called when the character just passed is a line feed.
-void Lexer::startLine() {
+inline void Lexer::startLine() {
     ++line_;
     lineStart_ = static_cast<std::ptrdiff_t>(offset_);
+    if (buffer_ != nullptr) buffer_->addLine(offset_);
 }
 
 void Lexer::moveTo(std::size_t offset) {
-    const char* const begin = text_.data();
-    const char* at = begin + offset_;
-    while (const void* lineFeed = std::memchr(at, '\n', static_cast<std::size_t>(begin + offset - at))) {
-        at = static_cast<const char*>(lineFeed) + 1;
-        ++line_;
-        lineStart_ = at - begin;
+    while (const void* lineFeed = std::memchr(text_ + offset_, '\n', offset - offset_)) {
+        offset_ = static_cast<std::size_t>(static_cast<const char*>(lineFeed) + 1 - text_);
+        startLine();
     }
     offset_ = offset;
 }
 
-void Lexer::skipWhiteSpace() {
-    while (isSpace(peek())) {
-        ++offset_;
-        if (text_[offset_ - 1] == '\n') startLine();
+inline void Lexer::skipWhiteSpace() {
+    while (offset_ != size_ && isSpace(text_[offset_])) {
+        if (text_[offset_++] == '\n') startLine();
     }
 }
 
-void Lexer::skipWordCharacters() {
-    while (isAny(peek(), CharClass::word)) ++offset_;
+inline void Lexer::skipWordCharacters() {
+    std::size_t offset = offset_;
+    while (offset != size_ && isAny(text_[offset], CharClass::word)) ++offset;
+    offset_ = offset;
 }
 
 void Lexer::skipAnyOf(std::string_view letters) {
@@ -405,8 +479,8 @@ void Lexer::skipAnyOf(std::string_view letters) {
 }
 
 std::string_view Lexer::keep(std::string text) {
-    keptTexts_.push_back(std::move(text));
-    return keptTexts_.back();
+    keptTexts_.push_front(std::move(text));
+    return keptTexts_.front();
 }
 
 }  // namespace Cpp

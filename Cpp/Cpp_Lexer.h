@@ -3,12 +3,12 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
+#include <forward_list>
 #include <string>
 #include <string_view>
 
 #include "Trn_Lexer.h"
-#include "Vellum_ITextDocStream.h"
+#include "Trn_TokenBuffer.h"
 
 namespace Cpp {
 
@@ -26,32 +26,54 @@ public:
     Trn::Token next() override;
     void dump(std::ostream& os) const override;
 
+    // All tokens that `next` would give, and two end tokens: the first stands where its reading began, which is in
+    // front of trailing white space, the second at the very end. The buffer must not outlive the lexer.
+    Trn::TokenBuffer readAll();
+
 private:
     struct Word;
 
-    // The recognisers. Each starts in front of its first character. Those that give a bool tell whether they made
-    // a token; without one they leave the cursor where reading goes on.
-    bool recognize(Trn::Token& token);
-    bool recognizeSlash(Trn::Token& token);
-    bool recognizeColon(Trn::Token& token);
-    bool recognizeTilde(Trn::Token& token);
-    bool recognizeNumber(Trn::Token& token);
-    bool recognizeString(Trn::Token& token);
-    Trn::Token lineComment();
-    Trn::Token blockComment();
-    Trn::Token word();
-    Trn::Token qualifiedWord(Word word);
-    Trn::Token charLiteral();
-    Trn::Token directive();
-    Trn::Token operatorToken(Trn::TokenKind kind, std::size_t length);
-    bool recognizeOperator(Trn::Token& token);
+    // What a recogniser has found: a token that is the text from `begin` to `end`, or `odd_`. It may also have found
+    // nothing, and then reading goes on from where it stopped.
+    struct Lexeme {
+        Trn::TokenKind kind = nothing;
+        std::size_t begin = 0;
+        std::size_t end = 0;
+        int line = 0;  // at `begin`
+        std::ptrdiff_t lineStart = 0;
+    };
+    static constexpr Trn::TokenKind nothing = -2, isOdd = -3;
+
+    // Passes over white space and gives the next token, or `nothing` at the end of the text.
+    Lexeme read();
+    Trn::Token endToken(Trn::Position start) const { return {Trn::Kind::EndOfInput, start, start}; }
+
+    // The recognisers. Each starts in front of its first character and gives the kind of what it has passed over.
+    Trn::TokenKind recognize(std::size_t begin);
+    Trn::TokenKind slash();
+    Trn::TokenKind colon(std::size_t begin);
+    Trn::TokenKind tilde(std::size_t begin);
+    Trn::TokenKind number();
+    Trn::TokenKind stringLiteral();
+    Trn::TokenKind charLiteral(std::size_t begin);
+    Trn::TokenKind lineComment();
+    Trn::TokenKind blockComment();
+    Trn::TokenKind directive(std::size_t begin);
+    Trn::TokenKind word(std::size_t begin);
+    Trn::TokenKind qualifiedWord(Word word);
+    Trn::TokenKind longOperator();
+    Trn::TokenKind single(Trn::TokenKind kind);
+    Trn::TokenKind oddToken(const Trn::Token& token);
 
     // The cursor.
-    bool atEnd() const { return offset_ == text_.size(); }
+    bool atEnd() const { return offset_ == size_; }
     char peek(std::size_t ahead = 0) const;
-    Trn::Position cursor() const;
-    Trn::Position cursorBehindNext() const;
-    std::string_view textFrom(std::size_t begin) const { return text_.substr(begin, offset_ - begin); }
+    Trn::Position cursor() const { return positionAt(offset_); }
+    // Of an offset in the line of the cursor.
+    Trn::Position positionAt(std::size_t offset) const {
+        return {line_, static_cast<int>(static_cast<std::ptrdiff_t>(offset) - lineStart_)};
+    }
+    std::string_view text(std::size_t begin, std::size_t end) const { return {text_ + begin, end - begin}; }
     void startLine();
     void moveTo(std::size_t offset);
     void skipWhiteSpace();
@@ -62,12 +84,16 @@ private:
 
     std::string_view keep(std::string text);
 
-    std::string_view text_;
+    const char* text_;
+    std::size_t size_;
     std::size_t offset_ = 0;
     int line_;
     std::ptrdiff_t lineStart_;  // offset at which the column would be 0; negative if the text starts in mid-line
-    Trn::Token pending_;        // the second token of a recogniser that found two; of kind -1 when there is none
-    std::deque<std::string> keptTexts_;
+    bool hasPending_ = false;
+    Trn::Token pending_;                  // the second token of a recogniser that found two
+    Trn::Token odd_;                      // a token whose text or positions are not those of a stretch of the text
+    Trn::TokenBuffer* buffer_ = nullptr;  // that is being filled, and wants to know where lines start
+    std::forward_list<std::string> keptTexts_;
 };
 
 }  // namespace Cpp

@@ -12,7 +12,7 @@ using Trn::isTrivia;
 void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) {
     auto& cppLexer = dynamic_cast<Lexer&>(lexer);
     auto& cppRoot = dynamic_cast<RootNode&>(root);
-    const Trn::TokenBuffer buffer(cppLexer);
+    const Trn::TokenBuffer buffer = cppLexer.readAll();
     Stream stream(buffer);
     RootNode parsed;
     messages_ = messages;
@@ -89,7 +89,7 @@ void Parser::report(Position position, std::string text) { messages_.push_back({
 
 // Two steps back and one token forward: the way back to the last real token. At the end of a list, where the
 // stream stands still behind the last token, it leads to the last but one.
-Trn::Token Parser::reportUnexpectedEnd(Stream& stream) {
+Trn::TokenView Parser::reportUnexpectedEnd(Stream& stream) {
     stream.stepBack();
     stream.stepBack();
     const Token token = stream.get();

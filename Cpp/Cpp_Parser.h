@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "Cpp_Nodes.h"
 #include "Cpp_ParseCodes.h"
@@ -24,9 +23,9 @@ public:
     void parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) override;
 
 private:
-    using Token = Trn::Token;
+    using Token = Trn::TokenView;
     using TokenKind = Trn::TokenKind;
-    using Tokens = std::vector<Token>;
+    using Tokens = Trn::TokenList;
     using Stream = Trn::TokenStream;
     template <class Node>
     using Ptr = std::unique_ptr<Node>;

@@ -46,7 +46,7 @@ void Parser::parseSingleStatement(Stream& stream, TokenKind kind, BlockNode& blo
     const bool isData = startsData(kind) || (kind == Kind::Identifier && followsType(stream.peek().kind()));
     stream.stepBack();
     if (isData) {
-        Tokens list;
+        Tokens list(stream.buffer());
         collectDeclarator(stream, list);
         Stream declarator(list);
         block.addChild(parseDataDecl(declarator, stream, false));
@@ -156,7 +156,7 @@ void Parser::parseBlockWord(Stream& stream, const Token& word, BlockNode& block)
 
 // Tried as data first; what is none is read again as an expression.
 void Parser::parseDataOrExpression(Stream& stream, BlockNode& block) {
-    Tokens list;
+    Tokens list(stream.buffer());
     collectDeclarator(stream, list);
     Stream declarator(list);
     if (auto declaration = parseDataDecl(declarator, stream, false)) {

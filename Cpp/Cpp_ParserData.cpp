@@ -8,10 +8,12 @@ namespace Cpp {
 
 namespace Kind = Trn::Kind;
 using Trn::isEnd;
-using Trn::Token;
+using Token = Trn::TokenView;
 using Trn::TokenKind;
 
 struct Parser::DataHead {
+    explicit DataHead(const Trn::TokenBuffer& buffer) : tokens(buffer) {}
+
     Tokens tokens;
     bool hasParenInitializer = false;
     bool hasBitfield = false;
@@ -77,7 +79,7 @@ bool isBitfieldTypeWord(TokenKind kind) {
 
 // How many tokens of a bit-field's head are its type. The last one is the name, unless it is a word of the type
 // or all that there is.
-std::size_t bitfieldTypeSize(std::span<const Token> head) {
+std::size_t bitfieldTypeSize(Trn::TokenSpan head) {
     std::size_t words = 0;
     while (words < head.size() && isBitfieldTypeWord(head[words].kind())) ++words;
     const bool isUnnamed = words == head.size() || (words == 0 && head.size() == 1);
@@ -85,7 +87,7 @@ std::size_t bitfieldTypeSize(std::span<const Token> head) {
 }
 
 // The first `,` outside all brackets, or the size of the head.
-std::size_t firstSeparator(std::span<const Token> head) {
+std::size_t firstSeparator(Trn::TokenSpan head) {
     int parens = 0;
     int brackets = 0;
     int angles = 0;
@@ -120,7 +122,7 @@ std::size_t firstSeparator(std::span<const Token> head) {
 }
 
 // The last identifier outside square and angle brackets, or 0.
-std::size_t lastName(std::span<const Token> head) {
+std::size_t lastName(Trn::TokenSpan head) {
     int brackets = 0;
     int angles = 0;
     for (std::size_t i = head.size(); i-- > 0;) {
@@ -147,10 +149,10 @@ std::size_t lastName(std::span<const Token> head) {
     return 0;
 }
 
-std::string joinTokens(std::span<const Token> tokens) {
+std::string joinTokens(Trn::TokenSpan tokens) {
     JoinedText text;
-    for (const Token& token : tokens) {
-        if (!Trn::isTrivia(token.kind())) text.add(token.text());
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (!Trn::isTrivia(tokens[i].kind())) text.add(tokens[i].text());
     }
     return text.take();
 }
@@ -158,10 +160,10 @@ std::string joinTokens(std::span<const Token> tokens) {
 }  // namespace
 
 std::unique_ptr<DataDeclNode> Parser::parseDataHead(Stream& stream, bool allowBitfield) {
-    DataHead head;
+    DataHead head(stream.buffer());
     if (!cutDataHead(stream, allowBitfield, head)) return nullptr;
 
-    const std::span<const Token> tokens(head.tokens);
+    const Trn::TokenSpan tokens = head.tokens.span();
     std::size_t typeSize = 0;
     if (head.hasBitfield) {
         typeSize = bitfieldTypeSize(tokens);
@@ -178,7 +180,7 @@ std::unique_ptr<DataDeclNode> Parser::parseDataHead(Stream& stream, bool allowBi
         const auto type = tokens.first(typeSize);
         declaration->type = std::make_unique<TypeNode>(joinTokens(type), type.front().first(), type.back().last());
     }
-    const auto name = tokens.subspan(typeSize);
+    const auto name = tokens.from(typeSize);
     // A comment alone is no name.
     if (std::string text = joinTokens(name); !text.empty()) {
         declaration->name = std::make_unique<IdNode>(std::move(text), name.front().first(), name.back().last());

@@ -6,6 +6,8 @@
 namespace Cpp {
 
 struct Parser::DeclarationScan {
+    explicit DeclarationScan(const Trn::TokenBuffer& buffer) : list(buffer) {}
+
     Tokens list;
     Decision decision = Decision::Data;
     TokenKind previous = Trn::Kind::EndOfInput;

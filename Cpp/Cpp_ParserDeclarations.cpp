@@ -9,7 +9,7 @@ using Trn::isEnd;
 
 std::unique_ptr<DeclNode> Parser::parseDeclaration(Stream& stream, bool& takesSemicolon, bool allowBitfield) {
     takesSemicolon = false;
-    DeclarationScan scan;
+    DeclarationScan scan(stream.buffer());
     if (!scanDeclaration(stream, scan)) return nullptr;
     if (scan.decision == Decision::Function && !scanFunction(stream, scan)) return nullptr;
     switch (scan.decision) {

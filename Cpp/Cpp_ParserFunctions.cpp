@@ -8,7 +8,7 @@ namespace Cpp {
 namespace Kind = Trn::Kind;
 using Trn::isEnd;
 using Trn::isTrivia;
-using Trn::Token;
+using Token = Trn::TokenView;
 using Trn::TokenKind;
 using Trn::TokenStream;
 

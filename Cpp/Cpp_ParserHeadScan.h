@@ -24,8 +24,8 @@ struct Parser::HeadScan {
 };
 
 // The token with this index. Index 0 gives an end token, like an index behind the end.
-inline Trn::Token tokenAt(const Trn::TokenStream& stream, int index) {
-    return index < 1 ? Trn::Token() : stream.peek(static_cast<std::size_t>(index));
+inline Trn::TokenView tokenAt(const Trn::TokenStream& stream, int index) {
+    return index < 1 ? Trn::TokenView() : stream.peek(static_cast<std::size_t>(index));
 }
 
 inline Trn::TokenKind kindAt(const Trn::TokenStream& stream, int index) {

@@ -263,7 +263,7 @@ void Parser::parseFileAsm(Stream& stream, InteriorNode& body) {
 }
 
 void Parser::parseFileStatement(Stream& stream, InteriorNode& body) {
-    Tokens list;
+    Tokens list(stream.buffer());
     if (!collectUntil(stream, list, Kind::Semicolon)) return;
     Stream statement(list);
     body.addChild(parseExpressionStatement(statement));

@@ -13,12 +13,12 @@ namespace {
 constexpr std::string_view regionStart = "CORVANE-OFF";
 constexpr std::string_view regionEnd = "CORVANE-ON";
 
-std::string_view markerOf(const Trn::Token& comment) { return trimmed(bodyOfComment(comment.text())); }
+std::string_view markerOf(const Trn::TokenView& comment) { return trimmed(bodyOfComment(comment.text())); }
 
-bool opensCommentRegion(const Trn::Token& comment) { return markerOf(comment) == regionStart; }
+bool opensCommentRegion(const Trn::TokenView& comment) { return markerOf(comment) == regionStart; }
 
 // The change of depth that a token inside a comment region makes.
-int commentRegionStep(const Trn::Token& token) {
+int commentRegionStep(const Trn::TokenView& token) {
     if (!isComment(token.kind())) return 0;
     const std::string_view marker = markerOf(token);
     if (marker.starts_with(regionStart)) return 1;
@@ -36,9 +36,9 @@ bool startsWithoutSpaces(std::string_view text, std::string_view start) {
     return start.empty();
 }
 
-bool opensDeadRegion(const Trn::Token& directive) { return startsWithoutSpaces(directive.text(), "#if0"); }
+bool opensDeadRegion(const Trn::TokenView& directive) { return startsWithoutSpaces(directive.text(), "#if0"); }
 
-int deadRegionStep(const Trn::Token& token) {
+int deadRegionStep(const Trn::TokenView& token) {
     if (token.kind() != Kind::Directive) return 0;
     if (startsWithoutSpaces(token.text(), "#if")) return 1;
     return startsWithoutSpaces(token.text(), "#endif") ? -1 : 0;
@@ -130,7 +130,7 @@ std::size_t commentRegionEnd(const Trn::TokenStream& stream, std::size_t ahead) 
 
 // A comment region is passed over as a whole, a dead region is not. The result is noted at the stream, since
 // nested statements ask for it again and again from the same place.
-Trn::Token Parser::peekSignificant(Stream& stream) {
+Trn::TokenView Parser::peekSignificant(Stream& stream) {
     if (!stream.lookAhead()) {
         std::size_t ahead = 1;
         bool reachedEnd = false;

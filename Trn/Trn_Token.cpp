@@ -16,13 +16,13 @@ std::string_view withoutDelimiters(std::string_view text) {
 
 void Token::value(char& result) const {
     if (valueType_ != ValueType::Char) throw InvalidValueType();
-    const std::string content = unescape(withoutDelimiters(text_));
+    const std::string content = unescape(withoutDelimiters(text()));
     result = content.empty() ? '\0' : content.front();
 }
 
 void Token::value(std::string& result) const {
     if (valueType_ != ValueType::String) throw InvalidValueType();
-    result = kind_ == Kind::StringLiteral ? unescape(withoutDelimiters(text_)) : std::string(text_);
+    result = kind_ == Kind::StringLiteral ? unescape(withoutDelimiters(text())) : std::string(text());
 }
 
 }  // namespace Trn

@@ -1,5 +1,4 @@
-// The unit that passes from the lexer to the parser and to the expression walkers: what it is, where it
-// stands and its text. A cheap value; its text is a view.
+// The unit that the lexer hands out: what it is, where it stands and its text. A cheap value; its text is a view.
 #pragma once
 
 #include <cstdint>
@@ -17,19 +16,24 @@ namespace Trn {
 class Token {
 public:
     // What `value` can give. The numbers are those of the full family of values; only these are produced.
-    enum class ValueType : std::int32_t { None = 0, Char = 1, String = 9 };
+    enum class ValueType : std::int8_t { None = 0, Char = 1, String = 9 };
 
     Token() = default;
     Token(TokenKind kind, Position first, Position last, std::string_view text = {},
           ValueType valueType = ValueType::None)
-        : kind_(kind), valueType_(valueType), first_(first), last_(last), text_(text) {}
+        : text_(text.data()),
+          size_(static_cast<std::uint32_t>(text.size())),
+          kind_(static_cast<std::int8_t>(kind)),
+          valueType_(valueType),
+          first_(first),
+          last_(last) {}
 
     TokenKind kind() const { return kind_; }
     // The cursor just behind the token's first character.
     Position first() const { return first_; }
     // The cursor just behind its last character: column 0 of the next line for a token that ends in a line feed.
     Position last() const { return last_; }
-    std::string_view text() const { return text_; }
+    std::string_view text() const { return {text_, size_}; }
     ValueType valueType() const { return valueType_; }
 
     // The value of a character literal: the first character of the unescaped text.
@@ -39,14 +43,18 @@ public:
     void value(std::string& result) const;
 
     // Kind, positions, text and value all equal. (The value follows from the text.)
-    bool operator==(const Token&) const = default;
+    bool operator==(const Token& other) const {
+        return kind_ == other.kind_ && valueType_ == other.valueType_ && first_ == other.first_ &&
+               last_ == other.last_ && text() == other.text();
+    }
 
 private:
-    TokenKind kind_ = Kind::EndOfInput;
+    const char* text_ = nullptr;
+    std::uint32_t size_ = 0;
+    std::int8_t kind_ = Kind::EndOfInput;
     ValueType valueType_ = ValueType::None;
     Position first_;
     Position last_;
-    std::string_view text_;
 };
 
 }  // namespace Trn

@@ -1,32 +1,54 @@
-// The reading of a whole text and the table of its braces, which saves every collection of a body a walk over it.
+// The storage of the tokens, and the table of the braces, which saves every collection of a body a walk over it.
 #include "Trn_TokenBuffer.h"
+
+#include <algorithm>
+#include <limits>
 
 namespace Trn {
 
-TokenBuffer::TokenBuffer(Lexer& lexer) {
-    do {
-        tokens_.push_back(lexer.next());
-    } while (tokens_.back().kind() != Kind::EndOfInput);
-    tokens_.push_back(lexer.next());
+namespace {
+
+std::size_t checkedSize(std::string_view text) {
+    if (text.size() >= std::numeric_limits<std::uint32_t>::max()) throw Exception("The text is too long.");
+    return text.size();
 }
 
-std::size_t TokenBuffer::braceEnd(std::size_t index) const {
+// No token but the second half of a name that is cut in two is empty; besides these there are the token with index 0
+// and the end tokens.
+constexpr std::size_t spareTokens = 8;
+
+}  // namespace
+
+TokenBuffer::TokenBuffer(std::string_view text, LineTable lines)
+    : text_(text.data()),
+      lines_(std::move(lines)),
+      packed_(std::make_unique_for_overwrite<Packed[]>(checkedSize(text) + spareTokens)) {
+    add(Token());
+}
+
+void TokenBuffer::add(const Token& token) {
+    append(token.kind(), odd_.size(), oddLength);
+    odd_.push_back(token);
+}
+
+TokenIndex TokenBuffer::braceEnd(TokenIndex index) const {
     if (braceEnds_.empty()) findBraceEnds();
-    return braceEnds_[index];
+    const auto isBefore = [](const BraceEnd& brace, TokenIndex open) { return brace.open < open; };
+    return std::lower_bound(braceEnds_.begin(), braceEnds_.end(), index, isBefore)->end;
 }
 
 void TokenBuffer::findBraceEnds() const {
-    braceEnds_.resize(tokens_.size());
-    std::vector<std::uint32_t> open;
-    for (std::uint32_t i = 0; i < tokens_.size(); ++i) {
-        const TokenKind kind = tokens_[i].kind();
+    std::vector<std::size_t> open;  // indices in the table
+    for (TokenIndex i = 0; i < size_; ++i) {
+        const TokenKind kind = this->kind(i);
         if (kind == Kind::OpenBrace) {
-            open.push_back(i);
+            open.push_back(braceEnds_.size());
+            braceEnds_.push_back({i, 0});
         } else if (kind == Kind::CloseBrace && !open.empty()) {
-            braceEnds_[open.back()] = i;
+            braceEnds_[open.back()].end = i;
             open.pop_back();
         } else if (isEnd(kind)) {
-            for (const std::uint32_t brace : open) braceEnds_[brace] = i;
+            for (const std::size_t brace : open) braceEnds_[brace].end = i;
             open.clear();
         }
     }

@@ -4,17 +4,16 @@
 
 #include <cstddef>
 #include <limits>
-#include <map>
 #include <optional>
 #include <span>
+#include <vector>
 
-#include "Trn_TokenBuffer.h"
+#include "Trn_TokenList.h"
 
 namespace Trn {
 
 // A stretch of a buffer, as the second part of a list.
 struct TokenStretch {
-    const TokenBuffer* buffer = nullptr;
     std::size_t begin = 0;
     std::size_t end = 0;
 };
@@ -26,18 +25,33 @@ struct TokenStretch {
 // positions behind the last token, and a step back from there leads to the last token.
 class TokenStream {
 public:
-    explicit TokenStream(const TokenBuffer& buffer) : tail_{&buffer, 0, 0} {}
-    explicit TokenStream(std::span<const Token> list, TokenStretch tail = {});
+    explicit TokenStream(const TokenBuffer& buffer) : buffer_(buffer), tailOffset_(1) {}
+    explicit TokenStream(const TokenList& list, TokenStretch tail = {});
 
-    // The token at the cursor; the cursor advances. References are valid until the next `unget`.
-    const Token& get();
+    // The token at the cursor; the cursor advances.
+    TokenView get() {
+        if (cursor_ == behindEnd) return {};
+        const TokenView token = at(cursor_);
+        if (++cursor_ == listSize_) cursor_ = behindEnd;
+        return token;
+    }
     // The nth token ahead, 1 being the next.
-    const Token& peek(std::size_t n = 1) const;
+    TokenView peek(std::size_t n = 1) const {
+        const std::size_t index = cursor_ + n - 1;
+        return cursor_ == behindEnd || index >= listSize_ ? TokenView() : at(index);
+    }
     // Moves the cursor back by one; does nothing at the first token.
-    void stepBack();
+    void stepBack() {
+        if (cursor_ == behindEnd) {
+            if (listSize_ > 0) cursor_ = listSize_ - 1;
+        } else if (cursor_ > 0) {
+            --cursor_;
+        }
+    }
     // Moves the cursor back by one and puts `token` in that place; does nothing at the first token.
-    void unget(const Token& token);
+    void unget(const TokenView& token);
 
+    const TokenBuffer& buffer() const { return buffer_; }
     // Index of the next token, for telling whether an operation has read anything.
     std::size_t cursor() const { return cursor_; }
 
@@ -61,14 +75,28 @@ public:
 private:
     static constexpr std::size_t behindEnd = std::numeric_limits<std::size_t>::max();
 
-    bool isOverList() const { return listSize_ != behindEnd; }
-    const Token& at(std::size_t index) const;
+    struct Replaced {
+        std::size_t place;
+        TokenIndex token;
+    };
 
-    std::span<const Token> list_;
-    TokenStretch tail_;
+    bool isOverList() const { return listSize_ != behindEnd; }
+    // Nearly all reads are beyond the places where tokens have been put back.
+    TokenView at(std::size_t place) const {
+        return {buffer_, place < replacedEnd_ ? replacedAt(place) : originalAt(place)};
+    }
+    TokenIndex originalAt(std::size_t place) const {
+        return place < list_.size() ? list_[place] : buffer_.clamped(place + tailOffset_);
+    }
+    TokenIndex replacedAt(std::size_t place) const;
+
+    const TokenBuffer& buffer_;
+    std::span<const TokenIndex> list_;
+    std::size_t tailOffset_ = 0;        // from a place behind the list's own tokens to the index in the buffer
     std::size_t listSize_ = behindEnd;  // of list and tail together; a stream over a text has no size
     std::size_t cursor_ = 0;
-    std::map<std::size_t, Token> replaced_;
+    std::size_t replacedEnd_ = 0;  // behind the last place where a token has been put back
+    std::vector<Replaced> replaced_;
     LookAhead lookAhead_;
 };
 
