@@ -2,10 +2,28 @@
 #pragma once
 
 #include "Cpp_SyntaxNode.h"
+#include "Cpp_TreeStorage.h"
 
 namespace Cpp {
 
-class RootNode final : public Visitable<RootNode, InteriorNode, NodeKind::Root> {};
+// The root of a parsed text owns the storage of its tree. A copy of a root shares it.
+class RootNode final : public Visitable<RootNode, InteriorNode, NodeKind::Root> {
+public:
+    RootNode() = default;
+    explicit RootNode(std::shared_ptr<TreeStorage> storage) : storage_(std::move(storage)) {}
+    RootNode(const RootNode&) = default;
+    RootNode& operator=(const RootNode&) = default;
+    // The children go first.
+    ~RootNode() override { eraseChildren(begin(), end()); }
+
+    void swap(RootNode& other) noexcept {
+        swapChildren(other);
+        storage_.swap(other.storage_);
+    }
+
+private:
+    std::shared_ptr<TreeStorage> storage_;
+};
 
 // Access labels, declarations, templates.
 class ClassBodyNode final : public Visitable<ClassBodyNode, StoredInteriorNode, NodeKind::ClassBody> {

@@ -20,7 +20,7 @@ std::string_view bodyOfComment(std::string_view text) {
     return text.size() < 4 ? std::string_view() : text.substr(2, text.size() - 4);
 }
 
-IdNode::IdNode(std::string name, Position first, Position last) : Visitable(std::move(name), first, last) {
+IdNode::IdNode(std::string_view name, Position first, Position last) : Visitable(name, first, last) {
     if (text.empty()) throw InvalidId();
 }
 

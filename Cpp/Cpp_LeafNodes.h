@@ -25,11 +25,10 @@ public:
 class TextLeafNode : public LeafNode {
 public:
     TextLeafNode() = default;
-    explicit TextLeafNode(std::string nodeText) : text(std::move(nodeText)) {}
-    TextLeafNode(std::string nodeText, Position first, Position last)
-        : LeafNode(first, last), text(std::move(nodeText)) {}
+    explicit TextLeafNode(std::string_view nodeText) : text(nodeText) {}
+    TextLeafNode(std::string_view nodeText, Position first, Position last) : LeafNode(first, last), text(nodeText) {}
 
-    std::string text;
+    std::string_view text;
 };
 
 class TextNode : public Visitable<TextNode, TextLeafNode, NodeKind::Text> {
@@ -63,7 +62,7 @@ public:
 // A name; never empty.
 class IdNode final : public Visitable<IdNode, TextNode, NodeKind::Id> {
 public:
-    explicit IdNode(std::string name, Position first = {}, Position last = {});
+    explicit IdNode(std::string_view name, Position first = {}, Position last = {});
 };
 
 class KeywordNode final : public Visitable<KeywordNode, LeafNode, NodeKind::Keyword> {
@@ -90,8 +89,8 @@ public:
 class BaseClauseNode final : public Visitable<BaseClauseNode, TextLeafNode, NodeKind::BaseClause> {
 public:
     BaseClauseNode() = default;
-    BaseClauseNode(int access, bool isVirtualBase, std::string nodeText, Position first, Position last)
-        : Visitable(std::move(nodeText), first, last), accessKind(access), isVirtual(isVirtualBase) {}
+    BaseClauseNode(int access, bool isVirtualBase, std::string_view nodeText, Position first, Position last)
+        : Visitable(nodeText, first, last), accessKind(access), isVirtual(isVirtualBase) {}
 
     int accessKind = 0;  // 0 when the clause names none, else 1 to 3 as above
     bool isVirtual = false;
@@ -101,8 +100,8 @@ public:
 class ClassNameNode final : public Visitable<ClassNameNode, TextLeafNode, NodeKind::ClassName> {
 public:
     ClassNameNode() = default;
-    ClassNameNode(int key, std::string nodeText, Position first, Position last)
-        : Visitable(std::move(nodeText), first, last), classKey(key) {}
+    ClassNameNode(int key, std::string_view nodeText, Position first, Position last)
+        : Visitable(nodeText, first, last), classKey(key) {}
 
     int classKey = 0;  // 0 class, 1 struct, 2 union
 };

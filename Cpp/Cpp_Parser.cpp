@@ -14,10 +14,12 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageLi
     auto& cppRoot = dynamic_cast<RootNode&>(root);
     const Trn::TokenBuffer buffer = cppLexer.readAll();
     Stream stream(buffer);
-    RootNode parsed;
+    const auto storage = std::make_shared<TreeStorage>(cppLexer.source());
+    storage_ = storage.get();
+    RootNode parsed(storage);
     messages_ = messages;
     parseFileItems(stream, parsed);
-    cppRoot.swapChildren(parsed);
+    cppRoot.swap(parsed);
     messages.swap(messages_);
 }
 

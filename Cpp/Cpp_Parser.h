@@ -129,8 +129,8 @@ private:
     Ptr<ClassNameNode> parseClassName(Stream& stream);
     Ptr<BaseClauseListNode> parseBaseClauseList(Stream& stream);
     Ptr<BaseClauseNode> parseBaseClause(Stream& stream);
-    bool readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, int& angleDepth);
-    bool acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause);
+    bool readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, JoinedText& text, int& angleDepth);
+    bool acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause, bool isBehindName);
     Ptr<ClassBodyNode> parseClassBody(Stream& stream);
     Ptr<AccessSpecNode> parseAccessLabel(Stream& stream);
 
@@ -141,6 +141,7 @@ private:
     Ptr<EnumDeclNode> parseEnumDecl(Stream& stream);
     Ptr<EnumHeadNode> parseEnumHead(Stream& stream);
     Ptr<EnumBodyNode> parseEnumBody(Stream& stream);
+    void addEnumerator(EnumBodyNode& body, Enumerator& enumerator);
     bool parseEnumItem(Stream& stream, EnumBodyNode& body, Enumerator& enumerator, int& depth);
     Ptr<NamespaceDeclNode> parseNamespaceDecl(Stream& stream);
     Ptr<NamespaceHeadNode> parseNamespaceHead(Stream& stream);
@@ -166,6 +167,7 @@ private:
     bool findTemplateName(const Stream& stream, HeadScan& scan);
     bool findSymbolOperator(const Stream& stream, HeadScan& scan);
     bool parseFunctionHeadTail(Stream& stream, FunctionHeadNode& head);
+    Ptr<FunctionReturnNode> parseReturnType(const Stream& stream, int nameFirst);
     Ptr<ExprNode> parseExceptionSpec(Stream& stream);
     Ptr<ExprNode> parsePureSpec(Stream& stream);
     Ptr<TextNode> parseCvQualifiers(Stream& stream);
@@ -195,8 +197,8 @@ private:
     Ptr<ExprNode> parseAssignInitializer(Stream& stream, const Token& assign);
     Ptr<ExprNode> parseParenInitializer(Stream& list, Stream& stream, const Token& paren);
     Ptr<ExprNode> parseBitfield(Stream& list, Stream& stream, const Token& colon);
-    bool readBitfieldWidth(Stream& list, std::string& text);
-    bool readNextBitfield(Stream& list, std::string& text);
+    bool readBitfieldWidth(Stream& list, JoinedText& text);
+    bool readNextBitfield(Stream& list, JoinedText& text);
     void reportBadBitfield(const Token& token, std::string_view expected);
     Ptr<FunctionPtrDeclNode> parseFunctionPtrDecl(Stream& stream);
     Step scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan);
@@ -228,6 +230,19 @@ private:
     Ptr<CtrlSubStmtHeadNode> parseSubStatementHead(Stream& stream);
     bool parseCondition(Stream& stream, CtrlSubStmtHeadNode& head);
 
+    // A node of the tree. Texts among the arguments become texts of the tree.
+    template <class Node, class... Args>
+    Ptr<Node> make(Args&&... args) {
+        return storage_->make<Node>(kept(args)...);
+    }
+    std::string_view kept(std::string_view text) { return storage_->keep(text); }
+    std::string_view kept(JoinedText& text) { return storage_->keep(text); }
+    template <class Value>
+    const Value& kept(const Value& value) {
+        return value;
+    }
+
+    TreeStorage* storage_ = nullptr;  // of the tree in hand
     Trn::ParseMessageList messages_;
     int depth_ = 0;  // of nested blocks and bodies
 };

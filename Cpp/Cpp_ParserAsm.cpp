@@ -11,9 +11,9 @@ using Trn::isEnd;
 std::unique_ptr<AsmNode> Parser::parseAsm(Stream& stream) {
     dropTrivia(stream);
     const Token keyword = stream.get();
-    auto statement = std::make_unique<AsmNode>();
-    statement->text = std::make_unique<TextNode>(std::string(keyword.text()), keyword.first(), keyword.last());
-    statement->block = std::make_unique<BlockNode>();
+    auto statement = make<AsmNode>();
+    statement->text = make<TextNode>(keyword.text(), keyword.first(), keyword.last());
+    statement->block = make<BlockNode>();
     dropTrivia(stream);
     const Token token = stream.get();
     statement->block->setFirstPosition(token.first());
@@ -28,7 +28,8 @@ std::unique_ptr<AsmNode> Parser::parseAsm(Stream& stream) {
 
 // Behind the opening brace. The closing one is not part of the text.
 bool Parser::parseAsmBlock(Stream& stream, BlockNode& block) {
-    auto content = std::make_unique<TextNode>();
+    auto content = make<TextNode>();
+    JoinedText text;
     content->setFirstPosition(stream.peek().first());
     for (int depth = 1;;) {
         const Token token = stream.get();
@@ -38,12 +39,12 @@ bool Parser::parseAsmBlock(Stream& stream, BlockNode& block) {
         }
         if (token.kind() == Kind::OpenBrace) ++depth;
         if (token.kind() == Kind::CloseBrace && --depth == 0) {
-            content->text = std::string(trimmed(content->text));
+            content->text = kept(trimmed(kept(text)));
             block.setLastPosition(token.last());
             block.addChild(std::move(content));
             return true;
         }
-        joinBehindBlank(content->text, token.text());
+        text.join(token.text());
         content->setLastPosition(token.last());
     }
 }

@@ -1,4 +1,5 @@
 // The base clauses of a class, one node a base.
+#include "Cpp_JoinedText.h"
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
 
@@ -9,7 +10,7 @@ using Trn::isEnd;
 
 std::unique_ptr<BaseClauseListNode> Parser::parseBaseClauseList(Stream& stream) {
     dropTrivia(stream);
-    auto list = std::make_unique<BaseClauseListNode>();
+    auto list = make<BaseClauseListNode>();
     for (;;) {
         const TokenKind next = stream.peek().kind();
         if (isEnd(next)) {
@@ -31,8 +32,9 @@ std::unique_ptr<BaseClauseListNode> Parser::parseBaseClauseList(Stream& stream) 
 
 std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {
     dropTrivia(stream);
-    auto clause = std::make_unique<BaseClauseNode>();
+    auto clause = make<BaseClauseNode>();
     clause->setFirstPosition(stream.peek().first());
+    JoinedText text;
     for (int angleDepth = 0;;) {
         dropTrivia(stream);
         const Token token = stream.get();
@@ -41,30 +43,32 @@ std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {
             case Kind::Protected:
             case Kind::Private:
             case Kind::Virtual:
-                if (!acceptBaseKeyword(token, *clause)) return nullptr;
+                if (!acceptBaseKeyword(token, *clause, !text.empty())) return nullptr;
                 break;
             case Kind::Comma:
                 if (angleDepth == 0) {
                     stream.stepBack();
+                    clause->text = kept(text);
                     return clause;
                 }
-                clause->text += token.text();
+                text.append(token.text());
                 break;
             case Kind::OpenBrace:
                 stream.stepBack();
+                clause->text = kept(text);
                 return clause;
             case Kind::Star:
             case Kind::Amp:
             case Kind::Identifier:
-                clause->text += token.text();
+                text.append(token.text());
                 clause->setLastPosition(token.last());
                 break;
             case Kind::Less:
-                clause->text += token.text();
-                if (!readBaseTemplateArguments(stream, *clause, angleDepth)) return nullptr;
+                text.append(token.text());
+                if (!readBaseTemplateArguments(stream, *clause, text, angleDepth)) return nullptr;
                 break;
             case Kind::Greater:
-                clause->text += token.text();
+                text.append(token.text());
                 if (--angleDepth == 0) clause->setLastPosition(token.last());
                 break;
             default:
@@ -75,9 +79,9 @@ std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {
 }
 
 // An access keyword may come once, and none of these words behind the name.
-bool Parser::acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause) {
+bool Parser::acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause, bool isBehindName) {
     const bool isAccess = keyword.kind() != Kind::Virtual;
-    if (!clause.text.empty() || (isAccess && clause.accessKind != 0)) {
+    if (isBehindName || (isAccess && clause.accessKind != 0)) {
         report(keyword.first(), "Not expecting to find keyword \"" + std::string(keyword.text()) + '"');
         return false;
     }
@@ -90,7 +94,7 @@ bool Parser::acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause) {
 }
 
 // Starts behind the opening `<`. Without a closing `>` the arguments go to the end of the list.
-bool Parser::readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, int& angleDepth) {
+bool Parser::readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, JoinedText& text, int& angleDepth) {
     for (++angleDepth; angleDepth != 0;) {
         dropTrivia(stream);
         const Token token = stream.get();
@@ -98,7 +102,7 @@ bool Parser::readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, i
             reportUnexpectedEnd(stream);
             return false;
         }
-        clause.text += token.text();
+        text.append(token.text());
         if (token.kind() == Kind::Less) ++angleDepth;
         if (token.kind() == Kind::Greater) --angleDepth;
         clause.setLastPosition(token.last());

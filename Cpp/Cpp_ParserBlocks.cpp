@@ -26,7 +26,7 @@ bool followsType(TokenKind kind) {
 // A braced block, or one statement in a block without braces, which has no positions of its own.
 std::unique_ptr<BlockNode> Parser::parseBlock(Stream& stream) {
     const Trn::NestingGuard guard(depth_);
-    auto block = std::make_unique<BlockNode>();
+    auto block = make<BlockNode>();
     dropTrivia(stream);
     const Token token = stream.get();
     if (token.kind() == Kind::Semicolon) {

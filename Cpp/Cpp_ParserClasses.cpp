@@ -11,7 +11,7 @@ namespace Kind = Trn::Kind;
 using Trn::isEnd;
 
 std::unique_ptr<ClassDeclNode> Parser::parseClassDecl(Stream& stream) {
-    auto declaration = std::make_unique<ClassDeclNode>();
+    auto declaration = make<ClassDeclNode>();
     declaration->head = parseClassHead(stream);
     dropTrivia(stream);
     if (stream.peek().kind() == Kind::OpenBrace) declaration->body = parseClassBody(stream);
@@ -19,7 +19,7 @@ std::unique_ptr<ClassDeclNode> Parser::parseClassDecl(Stream& stream) {
 }
 
 std::unique_ptr<ClassHeadNode> Parser::parseClassHead(Stream& stream) {
-    auto head = std::make_unique<ClassHeadNode>();
+    auto head = make<ClassHeadNode>();
     head->name = parseClassName(stream);
     dropTrivia(stream);
     if (stream.peek().kind() == Kind::Colon) {
@@ -56,7 +56,7 @@ std::unique_ptr<ClassNameNode> Parser::parseClassName(Stream& stream) {
         text.add(current.text());
     }
     if (!isEnd(current.kind()) || seenKey) stream.stepBack();
-    if (seenKey) return std::make_unique<ClassNameNode>(classKey, text.take(), first, previous.last());
+    if (seenKey) return make<ClassNameNode>(classKey, text, first, previous.last());
     report(current.last(), "Expected an identifier for the class name.");
     return nullptr;
 }
@@ -67,7 +67,7 @@ std::unique_ptr<ClassBodyNode> Parser::parseClassBody(Stream& stream) {
     const Trn::NestingGuard guard(depth_);
     const auto first = readOpenBrace(stream, "Expected: \"{\".");
     if (!first) return nullptr;
-    auto body = std::make_unique<ClassBodyNode>();
+    auto body = make<ClassBodyNode>();
     body->setFirstPosition(*first);
     if (!parseClassItems(stream, *body)) return nullptr;
     return body;
@@ -98,7 +98,7 @@ std::unique_ptr<AccessSpecNode> Parser::parseAccessLabel(Stream& stream) {
         stream.unget(token);
         report(token.first(), "Expected ':' Found: " + std::string(token.text()));
     }
-    return std::make_unique<AccessSpecNode>(kind, label.first(), last);
+    return make<AccessSpecNode>(kind, label.first(), last);
 }
 
 }  // namespace Cpp

@@ -12,7 +12,7 @@ std::unique_ptr<CtrlStmtNode> Parser::parseControlStatement(Stream& stream) {
     auto part = parseSubStatement(stream);
     if (!part) return nullptr;
     TokenKind key = part->head->keyword->kind();
-    auto statement = std::make_unique<CtrlStmtNode>();
+    auto statement = make<CtrlStmtNode>();
     statement->addChild(std::move(part));
     while (expectsPart(stream, key) && parseControlParts(stream, *statement, key)) {
     }
@@ -59,7 +59,7 @@ bool Parser::parseControlParts(Stream& stream, CtrlStmtNode& statement, TokenKin
 std::unique_ptr<CtrlSubStmtNode> Parser::parseSubStatement(Stream& stream) {
     auto head = parseSubStatementHead(stream);
     if (!head) return nullptr;
-    auto statement = std::make_unique<CtrlSubStmtNode>();
+    auto statement = make<CtrlSubStmtNode>();
     const bool isWhile = head->keyword->kind() == Kind::While;
     if (isWhile && peekSignificant(stream).kind() == Kind::Semicolon) {
         // `do ... while (x);` and `while (x);` have no body.
@@ -79,8 +79,8 @@ std::unique_ptr<CtrlSubStmtHeadNode> Parser::parseSubStatementHead(Stream& strea
         report(keyword.first(), ParseCode::ExpectedControlKeyword);
         return nullptr;
     }
-    auto head = std::make_unique<CtrlSubStmtHeadNode>();
-    head->keyword = std::make_unique<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
+    auto head = make<CtrlSubStmtHeadNode>();
+    head->keyword = make<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
     const bool hasCondition = keyword.kind() != Kind::Else && keyword.kind() != Kind::Do && keyword.kind() != Kind::Try;
     if (hasCondition && !parseCondition(stream, *head)) return nullptr;
     return head;
@@ -105,7 +105,7 @@ bool Parser::parseCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
         }
         if (token.kind() == Kind::OpenParen) ++depth;
         if (token.kind() == Kind::CloseParen && --depth == 0) {
-            head.condition = std::make_unique<ExprNode>(std::string(), open.first(), token.last());
+            head.condition = make<ExprNode>(std::string_view(), open.first(), token.last());
             return true;
         }
     }

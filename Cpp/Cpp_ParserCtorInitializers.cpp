@@ -8,7 +8,7 @@ namespace Kind = Trn::Kind;
 using Trn::isEnd;
 
 std::unique_ptr<InitializerListNode> Parser::parseCtorInitializerList(Stream& stream) {
-    auto list = std::make_unique<InitializerListNode>();
+    auto list = make<InitializerListNode>();
     for (;;) {
         const TokenKind next = stream.peek().kind();
         if (isEnd(next)) {
@@ -31,7 +31,7 @@ std::unique_ptr<InitializerListNode> Parser::parseCtorInitializerList(Stream& st
 std::unique_ptr<InitializerNode> Parser::parseCtorInitializer(Stream& stream) {
     auto name = parseCtorInitializerName(stream);
     if (!name) return nullptr;
-    auto initializer = std::make_unique<InitializerNode>();
+    auto initializer = make<InitializerNode>();
     initializer->name = std::move(name);
     initializer->arguments = parseCtorArguments(stream);
     if (!initializer->arguments) return nullptr;
@@ -58,7 +58,7 @@ std::unique_ptr<IdNode> Parser::parseCtorInitializerName(Stream& stream) {
         }
         if (token.kind() == Kind::OpenParen) {
             stream.stepBack();
-            return std::make_unique<IdNode>(text.take(), name.first(), last);
+            return make<IdNode>(text, name.first(), last);
         }
         text.add(token.text());
         last = token.last();
@@ -66,10 +66,11 @@ std::unique_ptr<IdNode> Parser::parseCtorInitializerName(Stream& stream) {
 }
 
 std::unique_ptr<ArgListNode> Parser::parseCtorArguments(Stream& stream) {
-    auto list = std::make_unique<ArgListNode>();
+    auto list = make<ArgListNode>();
     list->setFirstPosition(stream.get().first());
     attachTrivia(stream, *list);
-    auto argument = std::make_unique<ArgNode>(std::string(), stream.peek().first(), Position());
+    auto argument = make<ArgNode>(std::string_view(), stream.peek().first(), Position());
+    JoinedText text;
     for (int depth = 1;;) {
         attachTrivia(stream, *list);
         const Token token = stream.get();
@@ -79,16 +80,19 @@ std::unique_ptr<ArgListNode> Parser::parseCtorArguments(Stream& stream) {
         }
         if (token.kind() == Kind::OpenParen) ++depth;
         if (token.kind() == Kind::CloseParen && --depth == 0) {
+            argument->text = kept(text);
             list->addChild(std::move(argument));
             list->setLastPosition(token.last());
             return list;
         }
         if (token.kind() == Kind::Comma && depth == 1) {
+            argument->text = kept(text);
             list->addChild(std::move(argument));
-            argument = std::make_unique<ArgNode>(std::string(), stream.peek().first(), Position());
+            text.clear();
+            argument = make<ArgNode>(std::string_view(), stream.peek().first(), Position());
             continue;
         }
-        argument->text += token.text();
+        text.append(token.text());
         argument->setLastPosition(token.last());
     }
 }

@@ -149,12 +149,10 @@ std::size_t lastName(Trn::TokenSpan head) {
     return 0;
 }
 
-std::string joinTokens(Trn::TokenSpan tokens) {
-    JoinedText text;
+void joinTokens(Trn::TokenSpan tokens, JoinedText& text) {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         if (!Trn::isTrivia(tokens[i].kind())) text.add(tokens[i].text());
     }
-    return text.take();
 }
 
 }  // namespace
@@ -175,15 +173,19 @@ std::unique_ptr<DataDeclNode> Parser::parseDataHead(Stream& stream, bool allowBi
     // `f(1);` is a call.
     if (head.hasParenInitializer && typeSize == 0) return nullptr;
 
-    auto declaration = std::make_unique<DataDeclNode>();
+    auto declaration = make<DataDeclNode>();
     if (typeSize > 0) {
         const auto type = tokens.first(typeSize);
-        declaration->type = std::make_unique<TypeNode>(joinTokens(type), type.front().first(), type.back().last());
+        JoinedText text;
+        joinTokens(type, text);
+        declaration->type = make<TypeNode>(text, type.front().first(), type.back().last());
     }
     const auto name = tokens.from(typeSize);
     // A comment alone is no name.
-    if (std::string text = joinTokens(name); !text.empty()) {
-        declaration->name = std::make_unique<IdNode>(std::move(text), name.front().first(), name.back().last());
+    JoinedText text;
+    joinTokens(name, text);
+    if (!text.empty()) {
+        declaration->name = make<IdNode>(text, name.front().first(), name.back().last());
     }
     return declaration;
 }

@@ -9,7 +9,7 @@ namespace Kind = Trn::Kind;
 using Trn::isEnd;
 
 std::unique_ptr<EnumDeclNode> Parser::parseEnumDecl(Stream& stream) {
-    auto declaration = std::make_unique<EnumDeclNode>();
+    auto declaration = make<EnumDeclNode>();
     declaration->head = parseEnumHead(stream);
     if (!declaration->head) return nullptr;
     dropTrivia(stream);
@@ -36,16 +36,16 @@ std::unique_ptr<EnumHeadNode> Parser::parseEnumHead(Stream& stream) {
         text.add(current.text());
     }
     if (!isEnd(current.kind()) || seenEnum) stream.stepBack();
-    if (seenEnum) return std::make_unique<EnumHeadNode>(text.take(), first, previous.last());
+    if (seenEnum) return make<EnumHeadNode>(text, first, previous.last());
     report(current.first(), "Expected \"enum\".");
     return nullptr;
 }
 
 // The run of tokens up to a `,`, a comment, a directive or the closing brace.
 struct Parser::Enumerator {
-    std::string text;
-    Position first;
-    Position last;
+    JoinedText text{};
+    Position first{};
+    Position last{};
 
     void startAt(const Token& token) {
         text.clear();
@@ -53,19 +53,20 @@ struct Parser::Enumerator {
         last = token.last();
     }
     void add(const Token& token) {
-        joinBehindBlank(text, token.text());
+        text.join(token.text());
         last = token.last();
     }
-    void addTo(EnumBodyNode& body) const {
-        const std::string_view content = trimmed(text);
-        if (!content.empty()) body.addChild(std::make_unique<ExprNode>(std::string(content), first, last));
-    }
 };
+
+void Parser::addEnumerator(EnumBodyNode& body, Enumerator& enumerator) {
+    const std::string_view content = trimmed(kept(enumerator.text));
+    if (!content.empty()) body.addChild(make<ExprNode>(content, enumerator.first, enumerator.last));
+}
 
 std::unique_ptr<EnumBodyNode> Parser::parseEnumBody(Stream& stream) {
     const auto first = readOpenBrace(stream, "Expected: \"{\".");
     if (!first) return nullptr;
-    auto body = std::make_unique<EnumBodyNode>();
+    auto body = make<EnumBodyNode>();
     body->setFirstPosition(*first);
     Enumerator enumerator;
     enumerator.startAt(stream.peek());
@@ -84,13 +85,13 @@ bool Parser::parseEnumItem(Stream& stream, EnumBodyNode& body, Enumerator& enume
         case Kind::CloseBrace:
             if (--depth > 0) return true;
             body.setLastPosition(token.last());
-            enumerator.addTo(body);
+            addEnumerator(body, enumerator);
             return false;
         case Kind::Comma:
         case Kind::Directive:
         case Kind::LineComment:
         case Kind::BlockComment:
-            enumerator.addTo(body);
+            addEnumerator(body, enumerator);
             enumerator.startAt(stream.peek());
             if (token.kind() == Kind::Comma) return true;
             stream.stepBack();

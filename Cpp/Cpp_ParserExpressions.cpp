@@ -12,7 +12,7 @@ using Trn::isEnd;
 using Trn::TokenKind;
 
 struct Parser::Expression {
-    std::string text{};
+    JoinedText text{};
     int parens = 0;
     int angles = 0;
     bool seenTemplate = false;
@@ -36,7 +36,7 @@ struct Parser::Expression {
                 seenTemplate = true;
                 break;
             default:
-                joinTo(text, token.text());
+                text.join(token.text());
                 break;
         }
     }
@@ -52,16 +52,16 @@ std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
         const TokenKind kind = token.kind();
         if (isEnd(kind)) {
             const Position last = reportUnexpectedEnd(stream).last();
-            return std::make_unique<ExprNode>(std::move(expression.text), first, last);
+            return make<ExprNode>(expression.text, first, last);
         }
         if (endsExpression(token, expression)) {
             stream.stepBack();
             stream.stepBack();
-            return std::make_unique<ExprNode>(std::move(expression.text), first, stream.get().last());
+            return make<ExprNode>(expression.text, first, stream.get().last());
         }
         if (kind == Kind::Semicolon && expression.parens == 0) {
-            expression.text += token.text();
-            return std::make_unique<ExprNode>(std::move(expression.text), first, token.last());
+            expression.text.append(token.text());
+            return make<ExprNode>(expression.text, first, token.last());
         }
         expression.add(token);
     }

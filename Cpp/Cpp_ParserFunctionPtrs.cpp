@@ -8,14 +8,14 @@ namespace Cpp {
 namespace Kind = Trn::Kind;
 
 struct Parser::FunctionPtrScan {
-    std::unique_ptr<FunctionPtrDeclNode> declaration = std::make_unique<FunctionPtrDeclNode>();
-    std::string text{};
+    std::unique_ptr<FunctionPtrDeclNode> declaration;
+    JoinedText text{};
     Position first{};
     Position last{};
     int depth = 0;
 
     void join(const Token& token) {
-        joinBehindBlank(text, token.text());
+        text.joinBehindBlank(token.text());
         last = token.last();
     }
 };
@@ -24,6 +24,7 @@ struct Parser::FunctionPtrScan {
 std::unique_ptr<FunctionPtrDeclNode> Parser::parseFunctionPtrDecl(Stream& stream) {
     dropTrivia(stream);
     FunctionPtrScan scan;
+    scan.declaration = make<FunctionPtrDeclNode>();
     scan.first = stream.peek().first();
     Step step = Step::GoOn;
     while (step == Step::GoOn) step = scanFunctionPtrToken(stream, scan);
@@ -55,7 +56,7 @@ Parser::Step Parser::scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan)
                 declaration.parameters = parseParameterList(stream, false);
                 return Step::Stop;
             }
-            declaration.type = std::make_unique<TypeNode>(std::move(scan.text), scan.first, scan.last);
+            declaration.type = make<TypeNode>(scan.text, scan.first, scan.last);
             scan.text.clear();
             scan.first = token.first();
             return Step::GoOn;
@@ -80,7 +81,7 @@ Parser::Step Parser::endFunctionPtrName(Stream& stream, FunctionPtrScan& scan, c
         return Step::Fail;
     }
     scan.join(paren);
-    scan.declaration->name = std::make_unique<IdNode>(std::move(scan.text), scan.first, paren.last());
+    scan.declaration->name = make<IdNode>(scan.text, scan.first, paren.last());
     scan.text.clear();
     return next.kind() == Kind::Semicolon ? Step::Stop : Step::GoOn;
 }

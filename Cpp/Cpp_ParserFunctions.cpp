@@ -27,11 +27,11 @@ std::unique_ptr<FunctionDeclNode> Parser::parseFunctionDecl(Stream& head, Stream
 
     std::unique_ptr<FunctionDeclNode> function;
     if (initializers) {
-        auto constructor = std::make_unique<CtorDeclNode>();
+        auto constructor = make<CtorDeclNode>();
         constructor->initializers = std::move(initializers);
         function = std::move(constructor);
     } else {
-        function = std::make_unique<FunctionDeclNode>();
+        function = make<FunctionDeclNode>();
     }
     function->head = std::move(headNode);
     function->body = std::move(body);
@@ -40,13 +40,13 @@ std::unique_ptr<FunctionDeclNode> Parser::parseFunctionDecl(Stream& head, Stream
 
 namespace {
 
-std::string joinedText(const TokenStream& stream, int first, int last) {
-    JoinedText text;
+void joinTokens(const TokenStream& stream, int first, int last, JoinedText& text) {
     for (int i = first; i <= last; ++i) text.add(tokenAt(stream, i).text());
-    return text.take();
 }
 
-std::unique_ptr<FunctionReturnNode> returnTypeBefore(const TokenStream& stream, int nameFirst) {
+}  // namespace
+
+std::unique_ptr<FunctionReturnNode> Parser::parseReturnType(const Stream& stream, int nameFirst) {
     JoinedText text;
     Position first;
     for (int i = 1; i < nameFirst; ++i) {
@@ -55,21 +55,19 @@ std::unique_ptr<FunctionReturnNode> returnTypeBefore(const TokenStream& stream, 
         if (!first.isSet()) first = token.first();
         text.add(token.text());
     }
-    return std::make_unique<FunctionReturnNode>(text.take(), first, tokenAt(stream, nameFirst - 1).last());
+    return make<FunctionReturnNode>(text, first, tokenAt(stream, nameFirst - 1).last());
 }
-
-}  // namespace
 
 std::unique_ptr<FunctionHeadNode> Parser::parseFunctionHead(Stream& stream) {
     dropTrivia(stream);
     HeadScan scan;
     if (!findParameterBracket(stream, scan) || !findFunctionName(stream, scan)) return nullptr;
 
-    auto head = std::make_unique<FunctionHeadNode>();
-    head->name =
-        std::make_unique<IdNode>(joinedText(stream, scan.nameFirst, scan.nameLast),
-                                 tokenAt(stream, scan.nameFirst).first(), tokenAt(stream, scan.nameLast).last());
-    if (scan.nameFirst > 1) head->returnType = returnTypeBefore(stream, scan.nameFirst);
+    auto head = make<FunctionHeadNode>();
+    JoinedText name;
+    joinTokens(stream, scan.nameFirst, scan.nameLast, name);
+    head->name = make<IdNode>(name, tokenAt(stream, scan.nameFirst).first(), tokenAt(stream, scan.nameLast).last());
+    if (scan.nameFirst > 1) head->returnType = parseReturnType(stream, scan.nameFirst);
     for (int i = 1; i < scan.parameters; ++i) stream.get();
     if (!parseFunctionHeadTail(stream, *head)) return nullptr;
     if (scan.end.isSet()) head->setLastPosition(scan.end);
@@ -162,22 +160,25 @@ bool Parser::parseFunctionHeadTail(Stream& stream, FunctionHeadNode& head) {
 }
 
 std::unique_ptr<TextNode> Parser::parseCvQualifiers(Stream& stream) {
-    auto qualifiers = std::make_unique<TextNode>();
+    auto qualifiers = make<TextNode>();
+    JoinedText text;
     for (;;) {
         dropTrivia(stream);
         if (!isCvQualifier(stream.peek().kind())) break;
         const Token& token = stream.get();
-        if (qualifiers->text.empty()) qualifiers->setFirstPosition(token.first());
-        joinTo(qualifiers->text, token.text());
+        if (text.empty()) qualifiers->setFirstPosition(token.first());
+        text.join(token.text());
         qualifiers->setLastPosition(token.last());
     }
+    qualifiers->text = kept(text);
     return qualifiers;
 }
 
 // The opening bracket is not part of the text.
 std::unique_ptr<ExprNode> Parser::parseExceptionSpec(Stream& stream) {
     const Token keyword = stream.get();
-    auto spec = std::make_unique<ExprNode>(std::string(keyword.text()), keyword.first(), Position());
+    JoinedText text(keyword.text());
+    Position last;
     dropTrivia(stream);
     const Token open = stream.get();
     if (open.kind() != Kind::OpenParen) {
@@ -192,22 +193,22 @@ std::unique_ptr<ExprNode> Parser::parseExceptionSpec(Stream& stream) {
         }
         if (token.kind() == Kind::OpenParen) ++depth;
         if (token.kind() == Kind::CloseParen) --depth;
-        joinBehindBlank(spec->text, token.text());
-        spec->setLastPosition(token.last());
+        text.joinBehindBlank(token.text());
+        last = token.last();
     }
-    return spec;
+    return make<ExprNode>(text, keyword.first(), last);
 }
 
 std::unique_ptr<ExprNode> Parser::parsePureSpec(Stream& stream) {
     const Token assign = stream.get();
     dropTrivia(stream);
     const Token value = stream.get();
-    std::string text(assign.text());
-    joinBehindBlank(text, value.text());
+    JoinedText text(assign.text());
+    text.joinBehindBlank(value.text());
     if (value.kind() == Kind::Number && value.text() == "0") {
-        return std::make_unique<ExprNode>(std::move(text), assign.first(), value.last());
+        return make<ExprNode>(text, assign.first(), value.last());
     }
-    report(assign.first(), "Expected '= 0' to indicate a pure virtual function. Got: " + text);
+    report(assign.first(), "Expected '= 0' to indicate a pure virtual function. Got: " + std::string(text.view()));
     stream.unget(value);
     stream.unget(assign);
     return nullptr;

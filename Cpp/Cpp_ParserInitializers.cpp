@@ -10,23 +10,23 @@ using Trn::isEnd;
 
 // The first `;` ends it; braces are tokens like any other.
 std::unique_ptr<ExprNode> Parser::parseAssignInitializer(Stream& stream, const Token& assign) {
-    std::string text(assign.text());
+    JoinedText text(assign.text());
     for (;;) {
         dropTrivia(stream);
         const Token& token = stream.get();
         if (token.kind() == Kind::Semicolon) {
-            return std::make_unique<ExprNode>(std::move(text), assign.first(), token.last());
+            return make<ExprNode>(text, assign.first(), token.last());
         }
         if (isEnd(token.kind())) {
             reportUnexpectedEnd(stream);
             return nullptr;
         }
-        joinBehindBlank(text, token.text());
+        text.joinBehindBlank(token.text());
     }
 }
 
 std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& stream, const Token& paren) {
-    std::string text(paren.text());
+    JoinedText text(paren.text());
     for (int depth = 1;;) {
         dropTrivia(list);
         const Token token = list.get();
@@ -36,7 +36,7 @@ std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& st
                 report(stream.get().first(), ParseCode::UnexpectedEnd);
                 return nullptr;
             case Kind::Semicolon:
-                if (depth == 0) return std::make_unique<ExprNode>(std::move(text), paren.first(), token.last());
+                if (depth == 0) return make<ExprNode>(text, paren.first(), token.last());
                 report(token.first(), ParseCode::UnexpectedSemicolon);
                 return nullptr;
             case Kind::Less:
@@ -51,55 +51,55 @@ std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& st
             default:
                 break;
         }
-        joinBehindBlank(text, token.text());
+        text.joinBehindBlank(token.text());
     }
 }
 
 std::unique_ptr<ExprNode> Parser::parseBitfield(Stream& list, Stream& stream, const Token& colon) {
-    std::string text(colon.text());
+    JoinedText text(colon.text());
     if (!readBitfieldWidth(list, text)) return nullptr;
     for (;;) {
         dropTrivia(list);
         const Token token = list.get();
         if (token.kind() == Kind::Semicolon) {
-            return std::make_unique<ExprNode>(std::move(text), colon.first(), token.last());
+            return make<ExprNode>(text, colon.first(), token.last());
         }
         if (token.kind() != Kind::Comma) {
             report(stream.get().first(), ParseCode::StrayInData);
             return nullptr;
         }
-        joinBehindBlank(text, token.text());
+        text.joinBehindBlank(token.text());
         if (!readNextBitfield(list, text)) return nullptr;
     }
 }
 
-bool Parser::readBitfieldWidth(Stream& list, std::string& text) {
+bool Parser::readBitfieldWidth(Stream& list, JoinedText& text) {
     dropTrivia(list);
     const Token token = list.get();
     if (token.kind() != Kind::Identifier && token.kind() != Kind::Number) {
         reportBadBitfield(token, "an identifier or an integer literal");
         return false;
     }
-    joinBehindBlank(text, token.text());
+    text.joinBehindBlank(token.text());
     return true;
 }
 
 // The name, the colon and the width behind a `,`.
-bool Parser::readNextBitfield(Stream& list, std::string& text) {
+bool Parser::readNextBitfield(Stream& list, JoinedText& text) {
     dropTrivia(list);
     const Token name = list.get();
     if (name.kind() != Kind::Identifier) {
         reportBadBitfield(name, "an Identifier");
         return false;
     }
-    joinBehindBlank(text, name.text());
+    text.joinBehindBlank(name.text());
     dropTrivia(list);
     const Token colon = list.get();
     if (colon.kind() != Kind::Colon) {
         reportBadBitfield(colon, "':'");
         return false;
     }
-    joinBehindBlank(text, colon.text());
+    text.joinBehindBlank(colon.text());
     return readBitfieldWidth(list, text);
 }
 

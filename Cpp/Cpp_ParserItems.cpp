@@ -248,7 +248,7 @@ void Parser::parseFileWord(Stream& stream, InteriorNode& body) {
     if (isAsmWord(stream.peek().text())) return parseFileAsm(stream, body);
     const Token word = stream.get();
     if (peekSignificant(stream).kind() == Kind::OpenBrace) {
-        body.addChild(std::make_unique<ExprNode>(std::string(word.text()), word.first(), word.last()));
+        body.addChild(make<ExprNode>(word.text(), word.first(), word.last()));
         body.addChild(parseBlock(stream));
         return;
     }

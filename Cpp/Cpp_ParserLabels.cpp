@@ -10,8 +10,8 @@ using Trn::isEnd;
 // The statements behind the label are its siblings in the block.
 std::unique_ptr<CaseNode> Parser::parseCaseLabel(Stream& stream) {
     const Token keyword = stream.get();
-    auto label = std::make_unique<CaseNode>();
-    label->keyword = std::make_unique<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
+    auto label = make<CaseNode>();
+    label->keyword = make<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
     label->colonPosition = keyword.last();
     if (keyword.kind() == Kind::Case) {
         label->value = parseCaseValue(stream, label->colonPosition);
@@ -31,13 +31,13 @@ std::unique_ptr<CaseNode> Parser::parseCaseLabel(Stream& stream) {
 // The first `:` ends the value. `colon` gets the last position of the token that ended it.
 std::unique_ptr<ExprNode> Parser::parseCaseValue(Stream& stream, Position& colon) {
     dropTrivia(stream);
-    auto value = std::make_unique<ExprNode>(std::string(), stream.peek().first(), stream.peek().last());
+    auto value = make<ExprNode>(std::string_view(), stream.peek().first(), stream.peek().last());
     for (JoinedText text;;) {
         dropTrivia(stream);
         const Token& token = stream.get();
         if (token.kind() == Kind::Colon || isEnd(token.kind())) {
             colon = token.last();
-            value->text = text.take();
+            value->text = kept(text);
             return value;
         }
         text.add(token.text());
@@ -52,8 +52,8 @@ std::unique_ptr<LabelNode> Parser::parseGotoLabel(Stream& stream) {
         stream.stepBack();
         return nullptr;
     }
-    auto label = std::make_unique<LabelNode>();
-    label->name = std::make_unique<IdNode>(std::string(name.text()), name.first(), name.last());
+    auto label = make<LabelNode>();
+    label->name = make<IdNode>(name.text(), name.first(), name.last());
     dropTrivia(stream);
     label->colonPosition = stream.get().last();
     return label;

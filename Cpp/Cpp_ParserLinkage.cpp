@@ -32,24 +32,25 @@ bool Parser::startsLinkageBlock(const Stream& stream) const {
 std::unique_ptr<LinkageBlockNode> Parser::parseLinkageBlock(Stream& stream) {
     const Trn::NestingGuard guard(depth_);
     const Token keyword = stream.get();
-    auto head = std::make_unique<ExprNode>(std::string(keyword.text()), keyword.first(), Position());
+    JoinedText text(keyword.text());
     dropTrivia(stream);
-    head->setLastPosition(stream.peek().last());
-    if (stream.peek().kind() == Kind::StringLiteral) joinTo(head->text, stream.get().text());
+    auto head = make<ExprNode>(std::string_view(), keyword.first(), stream.peek().last());
+    if (stream.peek().kind() == Kind::StringLiteral) text.join(stream.get().text());
+    head->text = kept(text);
     dropTrivia(stream);
     const Token next = stream.peek();
     if (next.kind() != Kind::OpenBrace) {
         report(next.first(), "Expected '{'. Got: " + std::string(next.text()));
         return nullptr;
     }
-    auto block = std::make_unique<LinkageBlockNode>();
+    auto block = make<LinkageBlockNode>();
     block->head = std::move(head);
     block->body = parseLinkageBody(stream);
     return block;
 }
 
 std::unique_ptr<LinkageBlockBodyNode> Parser::parseLinkageBody(Stream& stream) {
-    auto body = std::make_unique<LinkageBlockBodyNode>();
+    auto body = make<LinkageBlockBodyNode>();
     body->setFirstPosition(stream.get().first());
     if (!parseLinkageItems(stream, *body)) return nullptr;
     return body;

@@ -17,7 +17,7 @@ std::unique_ptr<NamespaceDeclNode> Parser::parseNamespaceDecl(Stream& stream) {
         return nullptr;
     }
     stream.unget(keyword);
-    auto declaration = std::make_unique<NamespaceDeclNode>();
+    auto declaration = make<NamespaceDeclNode>();
     declaration->head = parseNamespaceHead(stream);
     declaration->body = parseNamespaceBody(stream);
     return declaration;
@@ -31,17 +31,17 @@ std::unique_ptr<NamespaceHeadNode> Parser::parseNamespaceHead(Stream& stream) {
     const Token keyword = stream.get();
     dropTrivia(stream);
     if (stream.peek().kind() != Kind::Identifier) {
-        return std::make_unique<NamespaceHeadNode>(std::string(), keyword.first(), keyword.last());
+        return make<NamespaceHeadNode>(std::string_view(), keyword.first(), keyword.last());
     }
     const Token name = stream.get();
-    return std::make_unique<NamespaceHeadNode>(std::string(name.text()), keyword.first(), name.last());
+    return make<NamespaceHeadNode>(name.text(), keyword.first(), name.last());
 }
 
 std::unique_ptr<NamespaceBodyNode> Parser::parseNamespaceBody(Stream& stream) {
     // The two colons are part of the message.
     const auto first = readOpenBrace(stream, "Expected:: \"{\".");
     if (!first) return nullptr;
-    auto body = std::make_unique<NamespaceBodyNode>();
+    auto body = make<NamespaceBodyNode>();
     body->setFirstPosition(*first);
     if (!parseNamespaceItems(stream, *body)) return nullptr;
     return body;

@@ -12,7 +12,7 @@ struct Parser::ParameterScan {
     TokenKind close;
     int depth = 1;
     int angleDepth = 0;  // brackets that are counted and are not part of the text
-    std::string text{};
+    JoinedText text{};
     Position first{};
     Position last{};
     bool seenToken = false;
@@ -24,11 +24,8 @@ struct Parser::ParameterScan {
         seenToken = false;
     }
     void join(const Token& token) {
-        joinTo(text, token.text());
+        text.join(token.text());
         last = token.last();
-    }
-    void addEntryTo(ParameterListNode& list) {
-        list.addChild(std::make_unique<ParameterNode>(std::move(text), first, last));
     }
 };
 
@@ -36,7 +33,7 @@ std::unique_ptr<ParameterListNode> Parser::parseParameterList(Stream& stream, bo
     ParameterScan scan =
         isTemplate ? ParameterScan{Kind::Less, Kind::Greater} : ParameterScan{Kind::OpenParen, Kind::CloseParen};
     dropTrivia(stream);
-    auto list = std::make_unique<ParameterListNode>();
+    auto list = make<ParameterListNode>();
     list->setFirstPosition(stream.get().first());
     dropTrivia(stream);
     if (stream.peek().kind() == scan.close) {
@@ -65,7 +62,7 @@ Parser::Step Parser::scanParameterToken(Stream& stream, ParameterListNode& list,
         if (scan.depth > 1 || scan.angleDepth != 0) {
             scan.join(token);
         } else {
-            scan.addEntryTo(list);
+            list.addChild(make<ParameterNode>(scan.text, scan.first, scan.last));
             scan.startEntryAt(stream.peek().first());
         }
     } else if (kind == scan.open) {
@@ -77,7 +74,7 @@ Parser::Step Parser::scanParameterToken(Stream& stream, ParameterListNode& list,
             return Step::GoOn;
         }
         if (scan.angleDepth != 0) report(token.first(), "Expected '>'. Got: " + std::string(token.text()));
-        if (scan.seenToken) scan.addEntryTo(list);
+        if (scan.seenToken) list.addChild(make<ParameterNode>(scan.text, scan.first, scan.last));
         list.setLastPosition(token.last());
         return Step::Stop;
     } else if (kind == Kind::Less) {

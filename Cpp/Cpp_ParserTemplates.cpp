@@ -13,8 +13,8 @@ std::unique_ptr<SyntaxNode> Parser::parseTemplate(Stream& stream) {
         stream.unget(keyword);
         return parseExpressionStatement(stream);
     }
-    auto node = std::make_unique<TemplateNode>();
-    node->keyword = std::make_unique<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
+    auto node = make<TemplateNode>();
+    node->keyword = make<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
     node->parameters = parseParameterList(stream, true);
     return node;
 }

@@ -49,11 +49,11 @@ int deadRegionStep(const Trn::TokenView& token) {
 std::unique_ptr<CommentNode> Parser::parseComment(Stream& stream) {
     const Token comment = stream.get();
     if (!opensCommentRegion(comment)) {
-        return std::make_unique<CommentNode>(std::string(comment.text()), comment.first(), comment.last());
+        return make<CommentNode>(comment.text(), comment.first(), comment.last());
     }
     const auto last = passCommentRegion(stream);
     if (!last) return nullptr;
-    auto region = std::make_unique<CommentNode>(std::string(), comment.first(), *last);
+    auto region = make<CommentNode>(std::string_view(), comment.first(), *last);
     region->verbatim = true;
     return region;
 }
@@ -61,12 +61,11 @@ std::unique_ptr<CommentNode> Parser::parseComment(Stream& stream) {
 std::unique_ptr<PreprocDirectiveNode> Parser::parseDirective(Stream& stream) {
     const Token directive = stream.get();
     if (!opensDeadRegion(directive)) {
-        return std::make_unique<PreprocDirectiveNode>(std::string(directive.text()), directive.first(),
-                                                      directive.last());
+        return make<PreprocDirectiveNode>(directive.text(), directive.first(), directive.last());
     }
     const auto last = passDeadRegion(stream);
     if (!last) return nullptr;
-    return std::make_unique<PreprocDirectiveNode>(std::string(), directive.first(), *last);
+    return make<PreprocDirectiveNode>(std::string_view(), directive.first(), *last);
 }
 
 std::optional<Position> Parser::passCommentRegion(Stream& stream) {

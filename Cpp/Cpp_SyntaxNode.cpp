@@ -5,6 +5,12 @@
 
 namespace Cpp {
 
+void SyntaxNode::operator delete(SyntaxNode* node, std::destroying_delete_t) {
+    const bool isStored = node->isStored_;
+    node->~SyntaxNode();
+    if (!isStored) ::operator delete(node);
+}
+
 InteriorNode::InteriorNode(const InteriorNode& other) : SyntaxNode(other) { *this = other; }
 
 InteriorNode& InteriorNode::operator=(const InteriorNode& other) {
@@ -32,7 +38,10 @@ Position InteriorNode::lastPosition() const {
 }
 
 void InteriorNode::addChild(std::unique_ptr<SyntaxNode> child) {
-    if (child) children_.push_back(std::move(child));
+    if (!child) return;
+    // As many as the smallest piece of memory holds.
+    if (children_.capacity() == 0) children_.reserve(3);
+    children_.push_back(std::move(child));
 }
 
 InteriorNode::Children::iterator InteriorNode::eraseChildren(Children::iterator first, Children::iterator last) {

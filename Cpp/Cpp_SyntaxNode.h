@@ -2,10 +2,12 @@
 //
 // The tree is coarse: it records where each declaration, statement, comment and directive lies and how they
 // nest; an expression, a type or a parameter is one leaf. Formatters copy the text by the nodes' positions, so
-// a node's `text` (its tokens joined by blanks) only serves for measuring and recognising.
+// a node's `text` (its tokens joined by blanks) only serves for measuring and recognising. Such a text is a view, of
+// the source or of the storage of the root, so a node must outlive neither, and a copy of a node no more than the node.
 #pragma once
 
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -20,6 +22,15 @@ using Trn::Position;
 
 class SyntaxNode : public Trn::SyntaxNode {
 public:
+    SyntaxNode() = default;
+    SyntaxNode(const SyntaxNode& other) noexcept : nodeKind_(other.nodeKind_) {}
+    SyntaxNode& operator=(const SyntaxNode&) noexcept { return *this; }
+
+    // A node is deleted like any object, whether it lies in a TreeStorage or not.
+    static void operator delete(SyntaxNode* node, std::destroying_delete_t);
+    // To be called for a node in a TreeStorage.
+    void setStored() { isStored_ = true; }
+
     // Calls the visit of the node's own class.
     virtual void accept(Emitter& emitter) = 0;
     // A deep copy.
@@ -33,6 +44,7 @@ protected:
 
 private:
     NodeKind nodeKind_{};
+    bool isStored_ = false;  // not copied: a copy lies on the heap
 };
 
 // Gives the concrete class Derived its `accept`, its `clone` and its tag.

@@ -18,7 +18,7 @@ using Vellum::isSpace;
 
 // The index of the last character in front of the last mark, or that of the last character of the text where there is
 // nothing in front of the mark but one character.
-std::size_t lastIndexBeforeMark(const std::string& text, char mark) {
+std::size_t lastIndexBeforeMark(std::string_view text, char mark) {
     const std::size_t found = text.rfind(mark);
     if (found == std::string::npos || found == 0) return text.size() - 1;
     std::size_t index = found - 1;
@@ -106,7 +106,7 @@ bool NameOffsetCalculator::joinGroup(const Cpp::SyntaxNode& node, Cpp::Position 
     return true;
 }
 
-const NameOffsetCalculator::SignStyle* NameOffsetCalculator::trailingSign(const std::string& type) const {
+const NameOffsetCalculator::SignStyle* NameOffsetCalculator::trailingSign(std::string_view type) const {
     if (endsInMark(type, asterisk_.mark)) return &asterisk_;
     if (endsInMark(type, ampersand_.mark)) return &ampersand_;
     return nullptr;
@@ -127,7 +127,7 @@ int NameOffsetCalculator::measureTypeWidth(Cpp::Position start, const Cpp::TypeN
 int NameOffsetCalculator::typeAnchoredWidth(Cpp::Position start, const Cpp::TypeNode& type,
                                             const SignStyle& sign) const {
     const std::size_t end = lastIndexBeforeMark(type.text, sign.mark) + 1;
-    const std::string_view text = std::string_view(type.text).substr(0, end);
+    const std::string_view text = type.text.substr(0, end);
     const int width = sameLineDistance(start, type.firstPosition()) + columnAfter(text, 0, tabSize());
     // A hanging sign needs a column of its own left of the names.
     const bool needsRoom = sign.hanging && roundUpToMultiple(width + 1, tabSize()) <= width + 1;

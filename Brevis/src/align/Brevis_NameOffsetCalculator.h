@@ -39,7 +39,7 @@ private:
 
     int signGap(int anchor, const WsProperty& gap) const;
     // The sign at the end of a type, or null.
-    const SignStyle* trailingSign(const std::string& type) const;
+    const SignStyle* trailingSign(std::string_view type) const;
 
     // The columns from `start` to the end of the type, or to where the scheme will put its end.
     int measureTypeWidth(Cpp::Position start, const Cpp::TypeNode& type) const;

@@ -46,7 +46,7 @@ void CppPreFormatter::openRegion(const Cpp::CommentNode& comment, const std::str
 void CppPreFormatter::closeRegion(Cpp::CommentNode& comment) {
     closeMarker_.clear();
     comment.setFirstPosition(regionStart_->firstPosition());
-    comment.text.clear();
+    comment.text = {};
     comment.verbatim = true;
     found_.push_back({regionStart_, &comment});
 }

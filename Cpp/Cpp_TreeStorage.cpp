@@ -1,0 +1,36 @@
+// The blocks of the storage.
+#include "Cpp_TreeStorage.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace Cpp {
+
+namespace {
+
+constexpr std::size_t largestBlock = 1 << 20;
+
+}  // namespace
+
+std::string_view TreeStorage::keep(JoinedText& text) {
+    if (!text.isLong()) return keep(text.view());
+    longTexts_.push_front(text.takeLong());
+    return longTexts_.front();
+}
+
+std::string_view TreeStorage::copied(std::string_view text) {
+    if (freeSize() < text.size()) addBlock(text.size());
+    freeEnd_ -= text.size();
+    std::memcpy(freeEnd_, text.data(), text.size());
+    return {reinterpret_cast<const char*>(freeEnd_), text.size()};
+}
+
+void TreeStorage::addBlock(std::size_t size) {
+    size = std::max(size, blockSize_);
+    blocks_.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
+    free_ = blocks_.back().get();
+    freeEnd_ = free_ + size;
+    blockSize_ = std::min(blockSize_ * 2, largestBlock);
+}
+
+}  // namespace Cpp
