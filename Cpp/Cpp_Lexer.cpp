@@ -60,25 +60,33 @@ Token Lexer::next() {
 
 Trn::TokenBuffer Lexer::readAll() {
     Trn::TokenBuffer buffer({text_, size_}, Trn::LineTable(line_, lineStart_));
+    if (hasPending_) buffer.add(pending_);
+    hasPending_ = false;
     buffer_ = &buffer;
-    for (;;) {
-        if (hasPending_) buffer.add(pending_);
-        hasPending_ = false;
-        const Position start = cursor();
-        const Lexeme found = read();
-        if (found.kind == nothing) {
-            buffer.add(endToken(start));
-            break;
-        }
-        if (found.kind == isOdd) {
-            buffer.add(odd_);
-        } else {
-            buffer.add(found.kind, found.begin, found.end);
-        }
-    }
-    buffer.add(endToken(cursor()));
+    std::size_t start = offset_;
+    while (readTo(buffer)) start = offset_;
+    buffer.addEnd(start);
+    buffer.addEnd(offset_);
     buffer_ = nullptr;
     return buffer;
+}
+
+// As `next`, without a token in between.
+inline bool Lexer::readTo(Trn::TokenBuffer& buffer) {
+    for (skipWhiteSpace(); !atEnd(); skipWhiteSpace()) {
+        const std::size_t begin = offset_;
+        const TokenKind kind = recognize(begin);
+        if (kind == nothing) continue;
+        if (kind == isOdd) {
+            buffer.add(odd_);
+        } else {
+            buffer.add(kind, begin, offset_);
+        }
+        if (hasPending_) buffer.add(pending_);
+        hasPending_ = false;
+        return true;
+    }
+    return false;
 }
 
 void Lexer::dump(std::ostream& os) const {
@@ -463,9 +471,16 @@ void Lexer::moveTo(std::size_t offset) {
 }
 
 inline void Lexer::skipWhiteSpace() {
-    while (offset_ != size_ && isSpace(text_[offset_])) {
-        if (text_[offset_++] == '\n') startLine();
+    std::size_t offset = offset_;
+    for (;;) {
+        while (offset != size_ && text_[offset] == ' ') ++offset;
+        if (offset == size_ || !isSpace(text_[offset])) break;
+        if (text_[offset++] == '\n') {
+            offset_ = offset;
+            startLine();
+        }
     }
+    offset_ = offset;
 }
 
 inline void Lexer::skipWordCharacters() {

@@ -49,6 +49,8 @@ private:
     Lexeme read();
     Trn::Token endToken(Trn::Position start) const { return {Trn::Kind::EndOfInput, start, start}; }
 
+    bool readTo(Trn::TokenBuffer& buffer);
+
     // The recognisers. Each starts in front of its first character and gives the kind of what it has passed over.
     Trn::TokenKind recognize(std::size_t begin);
     Trn::TokenKind slash();

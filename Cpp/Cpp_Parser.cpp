@@ -54,7 +54,7 @@ void Parser::skipUntilAttaching(Stream& stream, InteriorNode& node, TokenKind ki
 
 bool Parser::collectUntil(Stream& stream, Tokens& list, TokenKind kind) {
     for (;;) {
-        const Token& token = stream.get();
+        const Token token = stream.get();
         if (token.kind() == Kind::EndOfInput) {
             report(token.first(), ParseCode::UnexpectedEnd);
             return false;
@@ -66,15 +66,14 @@ bool Parser::collectUntil(Stream& stream, Tokens& list, TokenKind kind) {
 
 Position Parser::consumeSemicolon(Stream& stream) {
     for (;;) {
-        const Token& token = stream.get();
+        const Token token = stream.get();
         if (token.kind() == Kind::Semicolon) return token.first();
         if (isEnd(token.kind())) return reportUnexpectedEnd(stream).first();
     }
 }
 
 std::optional<Position> Parser::readOpenBrace(Stream& stream, std::string_view text) {
-    dropTrivia(stream);
-    const Token token = stream.get();
+    const Token token = getSignificant(stream);
     if (token.kind() == Kind::OpenBrace) return token.first();
     stream.unget(token);
     report(token.first(), std::string(text));

@@ -65,8 +65,20 @@ private:
     Ptr<PreprocDirectiveNode> parseDirective(Stream& stream);
     Ptr<SyntaxNode> parseTrivia(Stream& stream);
     // Reads what parseTrivia would and makes no node.
-    void passTrivia(Stream& stream);
-    void dropTrivia(Stream& stream);
+    void passTrivia(Stream& stream) { passRest(stream, stream.get()); }
+    // The rest of a region that this token opens.
+    void passRest(Stream& stream, const Token& token);
+    void dropTrivia(Stream& stream) {
+        while (Trn::isTrivia(stream.peek().kind())) passTrivia(stream);
+    }
+    // The next token that is no trivia. What stands in front of it is dropped.
+    Token getSignificant(Stream& stream) {
+        for (;;) {
+            const Token token = stream.get();
+            if (!Trn::isTrivia(token.kind())) return token;
+            passRest(stream, token);
+        }
+    }
     void attachTrivia(Stream& stream, InteriorNode& node);
     // The last position of the region whose opening token has been read.
     std::optional<Position> passCommentRegion(Stream& stream);

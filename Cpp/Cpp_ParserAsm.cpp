@@ -9,13 +9,11 @@ namespace Kind = Trn::Kind;
 using Trn::isEnd;
 
 std::unique_ptr<AsmNode> Parser::parseAsm(Stream& stream) {
-    dropTrivia(stream);
-    const Token keyword = stream.get();
+    const Token keyword = getSignificant(stream);
     auto statement = make<AsmNode>();
     statement->text = make<TextNode>(keyword.text(), keyword.first(), keyword.last());
     statement->block = make<BlockNode>();
-    dropTrivia(stream);
-    const Token token = stream.get();
+    const Token token = getSignificant(stream);
     statement->block->setFirstPosition(token.first());
     if (token.kind() != Kind::OpenBrace) {
         statement->asmForm = parseAsmLine(stream, token, *statement->block);

@@ -36,8 +36,7 @@ std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {
     clause->setFirstPosition(stream.peek().first());
     JoinedText text;
     for (int angleDepth = 0;;) {
-        dropTrivia(stream);
-        const Token token = stream.get();
+        const Token token = getSignificant(stream);
         switch (token.kind()) {
             case Kind::Public:
             case Kind::Protected:
@@ -96,8 +95,7 @@ bool Parser::acceptBaseKeyword(const Token& keyword, BaseClauseNode& clause, boo
 // Starts behind the opening `<`. Without a closing `>` the arguments go to the end of the list.
 bool Parser::readBaseTemplateArguments(Stream& stream, BaseClauseNode& clause, JoinedText& text, int& angleDepth) {
     for (++angleDepth; angleDepth != 0;) {
-        dropTrivia(stream);
-        const Token token = stream.get();
+        const Token token = getSignificant(stream);
         if (isEnd(token.kind())) {
             reportUnexpectedEnd(stream);
             return false;

@@ -27,8 +27,7 @@ bool followsType(TokenKind kind) {
 std::unique_ptr<BlockNode> Parser::parseBlock(Stream& stream) {
     const Trn::NestingGuard guard(depth_);
     auto block = make<BlockNode>();
-    dropTrivia(stream);
-    const Token token = stream.get();
+    const Token token = getSignificant(stream);
     if (token.kind() == Kind::Semicolon) {
         block->setFirstPosition(token.first());
         block->setLastPosition(token.last());

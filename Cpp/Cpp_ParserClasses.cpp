@@ -74,8 +74,7 @@ std::unique_ptr<ClassBodyNode> Parser::parseClassBody(Stream& stream) {
 }
 
 std::unique_ptr<AccessSpecNode> Parser::parseAccessLabel(Stream& stream) {
-    dropTrivia(stream);
-    const Token label = stream.get();
+    const Token label = getSignificant(stream);
     int kind = accessKindOf(label.kind());
     if (label.kind() == Kind::Identifier && stream.peek().kind() == Kind::Colon) kind = wordAccessKind;
     if (kind == 0) {
@@ -84,8 +83,7 @@ std::unique_ptr<AccessSpecNode> Parser::parseAccessLabel(Stream& stream) {
         return nullptr;
     }
     Position last = label.last();
-    dropTrivia(stream);
-    Token token = stream.get();
+    Token token = getSignificant(stream);
     if (kind != wordAccessKind) {
         for (; token.kind() == Kind::Identifier; token = stream.get()) {
             kind = wordAccessKind;

@@ -72,8 +72,7 @@ std::unique_ptr<CtrlSubStmtNode> Parser::parseSubStatement(Stream& stream) {
 }
 
 std::unique_ptr<CtrlSubStmtHeadNode> Parser::parseSubStatementHead(Stream& stream) {
-    dropTrivia(stream);
-    const Token keyword = stream.get();
+    const Token keyword = getSignificant(stream);
     if (!isControlKeyword(keyword.kind())) {
         stream.unget(keyword);
         report(keyword.first(), ParseCode::ExpectedControlKeyword);
@@ -88,16 +87,14 @@ std::unique_ptr<CtrlSubStmtHeadNode> Parser::parseSubStatementHead(Stream& strea
 
 // The condition has positions and no text. Without a bracket there is none; false for a bracket that isn't closed.
 bool Parser::parseCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
-    dropTrivia(stream);
-    const Token open = stream.get();
+    const Token open = getSignificant(stream);
     if (open.kind() != Kind::OpenParen) {
         report(open.first(), ParseCode::ExpectedOpenParen);
         stream.unget(open);
         return true;
     }
     for (int depth = 1;;) {
-        dropTrivia(stream);
-        const Token token = stream.get();
+        const Token token = getSignificant(stream);
         if (isLostParenLandmark(token.kind())) {
             stream.stepBack();
             report(token.first(), ParseCode::ExpectedCloseParen);

@@ -40,8 +40,7 @@ std::unique_ptr<InitializerNode> Parser::parseCtorInitializer(Stream& stream) {
 
 // All up to the next `(`, which stays on the stream.
 std::unique_ptr<IdNode> Parser::parseCtorInitializerName(Stream& stream) {
-    dropTrivia(stream);
-    const Token name = stream.get();
+    const Token name = getSignificant(stream);
     if (name.kind() != Kind::Identifier) {
         report(name.first(), "Expected a variable name for an initializer. Got: \"" + std::string(name.text()) + '"');
         return nullptr;

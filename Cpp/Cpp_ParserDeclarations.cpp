@@ -60,8 +60,7 @@ bool Parser::scanDeclaration(Stream& stream, DeclarationScan& scan) {
 }
 
 Parser::Step Parser::scanDeclarationToken(Stream& stream, DeclarationScan& scan) {
-    dropTrivia(stream);
-    const Token token = stream.get();
+    const Token token = getSignificant(stream);
     scan.note(token);
     switch (token.kind()) {
         case Kind::EndOfInput:
@@ -130,8 +129,7 @@ Parser::Step Parser::scanOpenParen(Stream& stream, DeclarationScan& scan) {
 // Collects up to the `)` that brings the depth to 0.
 bool Parser::collectParens(Stream& stream, Tokens& list, int depth) {
     for (;;) {
-        dropTrivia(stream);
-        const Token& token = stream.get();
+        const Token token = getSignificant(stream);
         if (isEnd(token.kind())) {
             reportUnexpectedEnd(stream);
             return false;

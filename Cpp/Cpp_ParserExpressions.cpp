@@ -11,6 +11,16 @@ namespace Kind = Trn::Kind;
 using Trn::isEnd;
 using Trn::TokenKind;
 
+namespace {
+
+// The kinds that, wherever they stand, just join the text. Most tokens are of these.
+constexpr bool isPlain(TokenKind kind) {
+    return kind >= Kind::Identifier || (kind >= Kind::Assign && kind < Kind::Less) || kind == Kind::Comma ||
+           (kind >= Kind::CharLiteral && kind <= Kind::StringLiteral);
+}
+
+}  // namespace
+
 struct Parser::Expression {
     JoinedText text{};
     int parens = 0;
@@ -50,6 +60,10 @@ std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
     for (;;) {
         const Token token = stream.get();
         const TokenKind kind = token.kind();
+        if (isPlain(kind)) {
+            expression.text.join(token.text());
+            continue;
+        }
         if (isEnd(kind)) {
             const Position last = reportUnexpectedEnd(stream).last();
             return make<ExprNode>(expression.text, first, last);

@@ -38,8 +38,7 @@ std::unique_ptr<FunctionPtrDeclNode> Parser::parseFunctionPtrDecl(Stream& stream
 }
 
 Parser::Step Parser::scanFunctionPtrToken(Stream& stream, FunctionPtrScan& scan) {
-    dropTrivia(stream);
-    const Token token = stream.get();
+    const Token token = getSignificant(stream);
     FunctionPtrDeclNode& declaration = *scan.declaration;
     switch (token.kind()) {
         case Kind::EndOfInput:

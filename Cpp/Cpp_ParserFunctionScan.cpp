@@ -14,8 +14,7 @@ bool Parser::scanFunction(Stream& stream, DeclarationScan& scan) {
 
 bool Parser::scanFunctionTail(Stream& stream, DeclarationScan& scan) {
     for (;;) {
-        dropTrivia(stream);
-        const Token token = stream.get();
+        const Token token = getSignificant(stream);
         switch (token.kind()) {
             case Kind::Colon:
                 scan.list.push_back(token);
@@ -41,8 +40,7 @@ bool Parser::scanFunctionTail(Stream& stream, DeclarationScan& scan) {
 
 bool Parser::collectCtorInitializers(Stream& stream, Tokens& list) {
     for (;;) {
-        dropTrivia(stream);
-        const Token& token = stream.get();
+        const Token token = getSignificant(stream);
         if (isEnd(token.kind())) {
             reportUnexpectedEnd(stream);
             return false;
@@ -56,8 +54,7 @@ bool Parser::collectCtorInitializers(Stream& stream, Tokens& list) {
 }
 
 bool Parser::collectExceptionSpec(Stream& stream, Tokens& list) {
-    dropTrivia(stream);
-    const Token open = stream.get();
+    const Token open = getSignificant(stream);
     if (open.kind() != Kind::OpenParen) {
         report(open.first(),
                "Expected '(' as part of exception specification clause 'throw()'. Got: " + std::string(open.text()));
@@ -65,7 +62,7 @@ bool Parser::collectExceptionSpec(Stream& stream, Tokens& list) {
     }
     list.push_back(open);
     for (int depth = 1; depth > 0;) {
-        const Token& token = stream.get();
+        const Token token = stream.get();
         if (isEnd(token.kind())) {
             reportUnexpectedEnd(stream);
             return false;

@@ -165,7 +165,7 @@ std::unique_ptr<TextNode> Parser::parseCvQualifiers(Stream& stream) {
     for (;;) {
         dropTrivia(stream);
         if (!isCvQualifier(stream.peek().kind())) break;
-        const Token& token = stream.get();
+        const Token token = stream.get();
         if (text.empty()) qualifiers->setFirstPosition(token.first());
         text.join(token.text());
         qualifiers->setLastPosition(token.last());
@@ -179,8 +179,7 @@ std::unique_ptr<ExprNode> Parser::parseExceptionSpec(Stream& stream) {
     const Token keyword = stream.get();
     JoinedText text(keyword.text());
     Position last;
-    dropTrivia(stream);
-    const Token open = stream.get();
+    const Token open = getSignificant(stream);
     if (open.kind() != Kind::OpenParen) {
         report(open.first(), "Expected '(' as part of a 'throw()' clause. Got: " + std::string(stream.peek().text()));
         return nullptr;
@@ -201,8 +200,7 @@ std::unique_ptr<ExprNode> Parser::parseExceptionSpec(Stream& stream) {
 
 std::unique_ptr<ExprNode> Parser::parsePureSpec(Stream& stream) {
     const Token assign = stream.get();
-    dropTrivia(stream);
-    const Token value = stream.get();
+    const Token value = getSignificant(stream);
     JoinedText text(assign.text());
     text.joinBehindBlank(value.text());
     if (value.kind() == Kind::Number && value.text() == "0") {

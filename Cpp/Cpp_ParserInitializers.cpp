@@ -12,8 +12,7 @@ using Trn::isEnd;
 std::unique_ptr<ExprNode> Parser::parseAssignInitializer(Stream& stream, const Token& assign) {
     JoinedText text(assign.text());
     for (;;) {
-        dropTrivia(stream);
-        const Token& token = stream.get();
+        const Token token = getSignificant(stream);
         if (token.kind() == Kind::Semicolon) {
             return make<ExprNode>(text, assign.first(), token.last());
         }
@@ -28,8 +27,7 @@ std::unique_ptr<ExprNode> Parser::parseAssignInitializer(Stream& stream, const T
 std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& stream, const Token& paren) {
     JoinedText text(paren.text());
     for (int depth = 1;;) {
-        dropTrivia(list);
-        const Token token = list.get();
+        const Token token = getSignificant(list);
         switch (token.kind()) {
             case Kind::EndOfInput:
             case Kind::Defective:
@@ -59,8 +57,7 @@ std::unique_ptr<ExprNode> Parser::parseBitfield(Stream& list, Stream& stream, co
     JoinedText text(colon.text());
     if (!readBitfieldWidth(list, text)) return nullptr;
     for (;;) {
-        dropTrivia(list);
-        const Token token = list.get();
+        const Token token = getSignificant(list);
         if (token.kind() == Kind::Semicolon) {
             return make<ExprNode>(text, colon.first(), token.last());
         }
@@ -74,8 +71,7 @@ std::unique_ptr<ExprNode> Parser::parseBitfield(Stream& list, Stream& stream, co
 }
 
 bool Parser::readBitfieldWidth(Stream& list, JoinedText& text) {
-    dropTrivia(list);
-    const Token token = list.get();
+    const Token token = getSignificant(list);
     if (token.kind() != Kind::Identifier && token.kind() != Kind::Number) {
         reportBadBitfield(token, "an identifier or an integer literal");
         return false;
@@ -86,15 +82,13 @@ bool Parser::readBitfieldWidth(Stream& list, JoinedText& text) {
 
 // The name, the colon and the width behind a `,`.
 bool Parser::readNextBitfield(Stream& list, JoinedText& text) {
-    dropTrivia(list);
-    const Token name = list.get();
+    const Token name = getSignificant(list);
     if (name.kind() != Kind::Identifier) {
         reportBadBitfield(name, "an Identifier");
         return false;
     }
     text.joinBehindBlank(name.text());
-    dropTrivia(list);
-    const Token colon = list.get();
+    const Token colon = getSignificant(list);
     if (colon.kind() != Kind::Colon) {
         reportBadBitfield(colon, "':'");
         return false;

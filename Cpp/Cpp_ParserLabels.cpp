@@ -17,8 +17,7 @@ std::unique_ptr<CaseNode> Parser::parseCaseLabel(Stream& stream) {
         label->value = parseCaseValue(stream, label->colonPosition);
         return label;
     }
-    dropTrivia(stream);
-    const Token colon = stream.get();
+    const Token colon = getSignificant(stream);
     if (colon.kind() == Kind::Colon) {
         label->colonPosition = colon.last();
     } else {
@@ -33,8 +32,7 @@ std::unique_ptr<ExprNode> Parser::parseCaseValue(Stream& stream, Position& colon
     dropTrivia(stream);
     auto value = make<ExprNode>(std::string_view(), stream.peek().first(), stream.peek().last());
     for (JoinedText text;;) {
-        dropTrivia(stream);
-        const Token& token = stream.get();
+        const Token token = getSignificant(stream);
         if (token.kind() == Kind::Colon || isEnd(token.kind())) {
             colon = token.last();
             value->text = kept(text);

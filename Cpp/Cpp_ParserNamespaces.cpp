@@ -9,8 +9,7 @@ namespace Kind = Trn::Kind;
 // An alias gets no node.
 std::unique_ptr<NamespaceDeclNode> Parser::parseNamespaceDecl(Stream& stream) {
     const Trn::NestingGuard guard(depth_);
-    dropTrivia(stream);
-    const Token keyword = stream.get();
+    const Token keyword = getSignificant(stream);
     dropTrivia(stream);
     if (startsNamespaceAlias(stream)) {
         skipUntil(stream, Kind::Semicolon);

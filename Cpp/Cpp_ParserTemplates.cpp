@@ -6,8 +6,7 @@ namespace Cpp {
 namespace Kind = Trn::Kind;
 
 std::unique_ptr<SyntaxNode> Parser::parseTemplate(Stream& stream) {
-    dropTrivia(stream);
-    const Token keyword = stream.get();
+    const Token keyword = getSignificant(stream);
     dropTrivia(stream);
     if (stream.peek().kind() != Kind::Less) {
         stream.unget(keyword);

@@ -70,7 +70,7 @@ std::unique_ptr<PreprocDirectiveNode> Parser::parseDirective(Stream& stream) {
 
 std::optional<Position> Parser::passCommentRegion(Stream& stream) {
     for (int depth = 1;;) {
-        const Token& token = stream.get();
+        const Token token = stream.get();
         if (token.kind() == Kind::EndOfInput) {
             report(token.first(), ParseCode::UnexpectedEnd);
             return std::nullopt;
@@ -82,7 +82,7 @@ std::optional<Position> Parser::passCommentRegion(Stream& stream) {
 
 std::optional<Position> Parser::passDeadRegion(Stream& stream) {
     for (int depth = 1;;) {
-        const Token& token = stream.get();
+        const Token token = stream.get();
         if (token.kind() == Kind::EndOfInput) {
             report(token.first(), ParseCode::UnexpectedEnd);
             return std::nullopt;
@@ -97,17 +97,12 @@ std::unique_ptr<SyntaxNode> Parser::parseTrivia(Stream& stream) {
     return parseDirective(stream);
 }
 
-void Parser::passTrivia(Stream& stream) {
-    const Token token = stream.get();
+void Parser::passRest(Stream& stream, const Token& token) {
     if (isComment(token.kind())) {
         if (opensCommentRegion(token)) passCommentRegion(stream);
     } else if (opensDeadRegion(token)) {
         passDeadRegion(stream);
     }
-}
-
-void Parser::dropTrivia(Stream& stream) {
-    while (isTrivia(stream.peek().kind())) passTrivia(stream);
 }
 
 void Parser::attachTrivia(Stream& stream, InteriorNode& node) {
@@ -130,18 +125,19 @@ std::size_t commentRegionEnd(const Trn::TokenStream& stream, std::size_t ahead) 
 // A comment region is passed over as a whole, a dead region is not. The result is noted at the stream, since
 // nested statements ask for it again and again from the same place.
 Trn::TokenView Parser::peekSignificant(Stream& stream) {
+    if (const Token next = stream.peek(); !isTrivia(next.kind())) return next;
     if (!stream.lookAhead()) {
         std::size_t ahead = 1;
         bool reachedEnd = false;
         while (isTrivia(stream.peek(ahead).kind()) && !reachedEnd) {
-            const Token& token = stream.peek(ahead);
+            const Token token = stream.peek(ahead);
             if (isComment(token.kind()) && opensCommentRegion(token)) ahead = commentRegionEnd(stream, ahead);
             reachedEnd = stream.peek(ahead).kind() == Kind::EndOfInput;
             if (!reachedEnd) ++ahead;
         }
         stream.setLookAhead(ahead, reachedEnd);
     }
-    const Token& token = stream.peek(stream.lookAhead()->ahead);
+    const Token token = stream.peek(stream.lookAhead()->ahead);
     if (stream.lookAhead()->reachedEnd) report(token.first(), ParseCode::UnexpectedEnd);
     return token;
 }

@@ -5,6 +5,9 @@
 
 namespace Cpp {
 
+// Not inline, since compilers compare the allocations that they see with the deletions.
+void* SyntaxNode::operator new(std::size_t size) { return ::operator new(size); }
+
 void SyntaxNode::operator delete(SyntaxNode* node, std::destroying_delete_t) {
     const bool isStored = node->isStored_;
     node->~SyntaxNode();

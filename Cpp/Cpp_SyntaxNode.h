@@ -6,6 +6,7 @@
 // the source or of the storage of the root, so a node must outlive neither, and a copy of a node no more than the node.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -27,6 +28,7 @@ public:
     SyntaxNode& operator=(const SyntaxNode&) noexcept { return *this; }
 
     // A node is deleted like any object, whether it lies in a TreeStorage or not.
+    static void* operator new(std::size_t size);
     static void operator delete(SyntaxNode* node, std::destroying_delete_t);
     // To be called for a node in a TreeStorage.
     void setStored() { isStored_ = true; }

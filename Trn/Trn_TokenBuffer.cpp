@@ -27,30 +27,27 @@ TokenBuffer::TokenBuffer(std::string_view text, LineTable lines)
 }
 
 void TokenBuffer::add(const Token& token) {
+    if (endsBraces(token.kind())) noteBrace(token.kind());
     append(token.kind(), odd_.size(), oddLength);
     odd_.push_back(token);
 }
 
 TokenIndex TokenBuffer::braceEnd(TokenIndex index) const {
-    if (braceEnds_.empty()) findBraceEnds();
     const auto isBefore = [](const BraceEnd& brace, TokenIndex open) { return brace.open < open; };
     return std::lower_bound(braceEnds_.begin(), braceEnds_.end(), index, isBefore)->end;
 }
 
-void TokenBuffer::findBraceEnds() const {
-    std::vector<std::size_t> open;  // indices in the table
-    for (TokenIndex i = 0; i < size_; ++i) {
-        const TokenKind kind = this->kind(i);
-        if (kind == Kind::OpenBrace) {
-            open.push_back(braceEnds_.size());
-            braceEnds_.push_back({i, 0});
-        } else if (kind == Kind::CloseBrace && !open.empty()) {
-            braceEnds_[open.back()].end = i;
-            open.pop_back();
-        } else if (isEnd(kind)) {
-            for (const std::size_t brace : open) braceEnds_[brace].end = i;
-            open.clear();
-        }
+void TokenBuffer::noteBrace(TokenKind kind) {
+    const auto index = static_cast<TokenIndex>(size_);
+    if (kind == Kind::OpenBrace) {
+        openBraces_.push_back(static_cast<std::uint32_t>(braceEnds_.size()));
+        braceEnds_.push_back({index, 0});
+    } else if (kind != Kind::CloseBrace) {
+        for (const std::uint32_t brace : openBraces_) braceEnds_[brace].end = index;
+        openBraces_.clear();
+    } else if (!openBraces_.empty()) {
+        braceEnds_[openBraces_.back()].end = index;
+        openBraces_.pop_back();
     }
 }
 

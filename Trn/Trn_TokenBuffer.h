@@ -27,10 +27,16 @@ public:
     // A token that is the text from `begin` to `end`.
     void add(TokenKind kind, std::size_t begin, std::size_t end) {
         if (end - begin > longest) return add(Token(kind, firstOf(begin), lines_.positionAt(end), textOf(begin, end)));
+        if (endsBraces(kind)) noteBrace(kind);
         append(kind, begin, end - begin);
     }
     // Any other.
     void add(const Token& token);
+    // An end token without extent.
+    void addEnd(std::size_t offset) {
+        const Position position = lines_.positionAt(offset);
+        add(Token(Kind::EndOfInput, position, position));
+    }
     void addLine(std::size_t start) { lines_.add(start); }
 
     // Behind the last token come end tokens for ever, each as the last one.
@@ -75,7 +81,12 @@ private:
         const Position position = lines_.positionAt(begin);
         return {position.line, position.column + 1};
     }
-    void findBraceEnds() const;
+    // Braces, and what ends them all.
+    static bool endsBraces(TokenKind kind) {
+        return kind == Kind::OpenBrace || kind == Kind::CloseBrace || kind <= Kind::Defective;
+    }
+    // To be called with the next token.
+    void noteBrace(TokenKind kind);
 
     const char* text_;
     LineTable lines_;
@@ -83,8 +94,8 @@ private:
     std::unique_ptr<Packed[]> packed_;
     std::size_t size_ = 0;
     std::vector<Token> odd_;
-    // In order of the `{`; filled at the first question, since many texts never ask.
-    mutable std::vector<BraceEnd> braceEnds_;
+    std::vector<BraceEnd> braceEnds_;        // in order of the `{`
+    std::vector<std::uint32_t> openBraces_;  // their indices in this table
 };
 
 }  // namespace Trn

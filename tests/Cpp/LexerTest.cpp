@@ -118,9 +118,16 @@ TEST(Lexer, TokensLieInOrderAndHoldTheSource) {
         const auto offsetOf = [&](Position p) {
             return lineStarts.at(static_cast<std::size_t>(p.line - 1)) + static_cast<std::size_t>(p.column);
         };
-        Lexer lexer(source);
+        Lexer lexer(source), other(source);
+        const Trn::TokenBuffer buffer = other.readAll();
+        Trn::TokenIndex index = 0;
         std::size_t end = 0;
         for (const Token& token : tokensOf(lexer)) {
+            ++index;
+            ASSERT_EQ(Token(buffer.kind(index), buffer.first(index), buffer.last(index), buffer.text(index),
+                            token.valueType()),
+                      token)
+                << Trn::escape(source);
             if (token.kind() == Kind::EndOfInput) break;
             // An empty name ends in front of its first position.
             const std::size_t first = offsetOf(token.first()) - 1;

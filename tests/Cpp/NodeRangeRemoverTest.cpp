@@ -53,7 +53,8 @@ private:
     }
 };
 
-void parse(const std::string& text, RootNode& root) {
+// The text must outlive the tree.
+void parse(std::string_view text, RootNode& root) {
     Lexer lexer(text);
     Trn::ParseMessageList messages;
     Parser().parse(lexer, root, messages);

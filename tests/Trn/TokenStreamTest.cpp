@@ -3,47 +3,45 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace Trn {
 namespace {
 
-// Gives tokens that are told apart by their position: the nth stands in column n.
-class ListLexer : public Lexer {
-public:
-    explicit ListLexer(std::vector<TokenKind> kinds) : kinds_(std::move(kinds)) {}
-
-    Token next() override {
-        const TokenKind kind = next_ < kinds_.size() ? kinds_[next_] : Kind::EndOfInput;
-        const int column = static_cast<int>(std::min(next_++, kinds_.size() + 1)) + 1;
-        return Token(kind, {1, column}, {1, column});
+// A text of tokens of one character, of which the nth stands in column n. The first end token stands in front of the
+// blank behind them.
+struct Text {
+    explicit Text(const std::vector<TokenKind>& kinds) : characters(kinds.size() + 1, ' ') {
+        for (std::size_t i = 0; i < kinds.size(); ++i) buffer.add(kinds[i], i, i + 1);
+        buffer.addEnd(kinds.size());
+        buffer.addEnd(kinds.size() + 1);
     }
-    void dump(std::ostream&) const override {}
+    explicit Text(std::size_t count) : Text(std::vector<TokenKind>(count, Kind::Number)) {}
 
-private:
-    std::vector<TokenKind> kinds_;
-    std::size_t next_ = 0;
+    TokenView token(std::size_t number) const { return {buffer, static_cast<TokenIndex>(number)}; }
+    TokenList list(std::size_t count) const {
+        TokenList tokens(buffer);
+        for (std::size_t i = 1; i <= count; ++i) tokens.push_back(token(i));
+        return tokens;
+    }
+
+    std::string characters;
+    TokenBuffer buffer{characters, LineTable(1, 0)};
 };
 
-std::vector<Token> tokens(int count) {
-    std::vector<Token> list;
-    for (int i = 1; i <= count; ++i) list.emplace_back(Kind::Number, Position{1, i}, Position{1, i});
-    return list;
-}
-
-int column(const Token& token) { return token.first().column; }
+int column(const TokenView& token) { return token.first().column; }
+bool isNone(const TokenView& token) { return token == TokenView() && token.first() == Position(); }
 
 TEST(TokenStream, OverATextEndTokensGoOn) {
-    ListLexer lexer({Kind::Number, Kind::Number});
-    const TokenBuffer buffer(lexer);
-    TokenStream stream(buffer);
+    const Text text(2);
+    TokenStream stream(text.buffer);
     stream.stepBack();
-    EXPECT_EQ(column(stream.peek(5)), 4);
-    for (const int expected : {1, 2, 3, 4, 4}) EXPECT_EQ(column(stream.get()), expected);
+    EXPECT_EQ(column(stream.peek(5)), 3);
+    for (const int expected : {1, 2, 2, 3, 3}) EXPECT_EQ(column(stream.get()), expected);
     for (int i = 0; i < 3; ++i) stream.stepBack();
-    EXPECT_EQ(column(stream.get()), 3);
+    EXPECT_EQ(stream.get().kind(), Kind::EndOfInput);
     // Two steps back and one token forward lead from an end token to the last real one.
     stream.stepBack();
     stream.stepBack();
@@ -52,12 +50,13 @@ TEST(TokenStream, OverATextEndTokensGoOn) {
 }
 
 TEST(TokenStream, AtTheEndOfAList) {
-    const auto list = tokens(3);
+    const Text text(4);
+    const TokenList list = text.list(3);
     TokenStream stream(list);
     for (int i = 0; i < 3; ++i) stream.get();
-    EXPECT_EQ(stream.get(), Token());
-    EXPECT_EQ(stream.get(), Token());
-    EXPECT_EQ(stream.peek(2), Token());
+    EXPECT_TRUE(isNone(stream.get()));
+    EXPECT_TRUE(isNone(stream.get()));
+    EXPECT_TRUE(isNone(stream.peek(2)));
     stream.stepBack();
     EXPECT_EQ(column(stream.get()), 3);
     stream.get();
@@ -68,36 +67,38 @@ TEST(TokenStream, AtTheEndOfAList) {
     // An end token that is put back takes the place of the last token.
     stream.get();
     stream.unget(stream.get());
-    EXPECT_EQ(stream.get(), Token());
+    EXPECT_TRUE(isNone(stream.get()));
     stream.stepBack();
     stream.stepBack();
     EXPECT_EQ(column(stream.get()), 2);
-    EXPECT_EQ(stream.peek(), Token());
-    EXPECT_EQ(column(list[2]), 3) << "the list itself is not changed";
+    EXPECT_TRUE(isNone(stream.peek()));
+    EXPECT_EQ(column(list.back()), 3) << "the list itself is not changed";
 
-    TokenStream empty{std::span<const Token>()};
-    EXPECT_EQ(empty.get(), Token());
+    const TokenList nothing(text.buffer);
+    TokenStream empty(nothing);
+    EXPECT_TRUE(isNone(empty.get()));
     empty.stepBack();
-    empty.unget(list[0]);
-    EXPECT_EQ(empty.peek(), Token());
+    empty.unget(text.token(1));
+    EXPECT_TRUE(isNone(empty.peek()));
 }
 
 TEST(TokenStream, PuttingBackReplacesTheTokenBefore) {
-    const auto list = tokens(4);
+    const Text text(4);
+    const TokenList list = text.list(4);
     TokenStream stream(list);
-    stream.unget(list[3]);
+    stream.unget(text.token(4));
     EXPECT_EQ(column(stream.peek()), 1) << "there is no place in front of the first token";
     stream.get();
     stream.get();
     stream.setLookAhead(2, false);
-    stream.unget(list[3]);
+    stream.unget(text.token(4));
     EXPECT_EQ(stream.lookAhead(), nullptr);
     for (const int expected : {4, 3, 4}) EXPECT_EQ(column(stream.get()), expected);
 }
 
 TEST(TokenStream, LookAheadIsANoteForOnePlace) {
-    const auto list = tokens(3);
-    TokenStream stream(list);
+    const Text text(3);
+    TokenStream stream(text.buffer);
     EXPECT_EQ(stream.lookAhead(), nullptr);
     stream.setLookAhead(2, true);
     ASSERT_NE(stream.lookAhead(), nullptr);
@@ -110,11 +111,12 @@ TEST(TokenStream, LookAheadIsANoteForOnePlace) {
 
 TEST(TokenStream, BracesArePassedAsAStretch) {
     // a { { b } ; } c { 0 }
-    ListLexer lexer({Kind::Number, Kind::OpenBrace, Kind::OpenBrace, Kind::Number, Kind::CloseBrace, Kind::Semicolon,
+    const Text text({Kind::Number, Kind::OpenBrace, Kind::OpenBrace, Kind::Number, Kind::CloseBrace, Kind::Semicolon,
                      Kind::CloseBrace, Kind::Number, Kind::OpenBrace, Kind::Defective, Kind::CloseBrace});
-    const TokenBuffer buffer(lexer);
-    TokenStream stream(buffer);
-    std::vector<Token> head{stream.get(), stream.get()};
+    TokenStream stream(text.buffer);
+    TokenList head(text.buffer);
+    head.push_back(stream.get());
+    head.push_back(stream.get());
     const auto outer = stream.passBraces();
     ASSERT_TRUE(outer);
     EXPECT_EQ(column(stream.peek()), 8);
@@ -126,8 +128,8 @@ TEST(TokenStream, BracesArePassedAsAStretch) {
     ASSERT_TRUE(inner);
     EXPECT_EQ(column(list.get()), 6);
     EXPECT_EQ(column(list.get()), 7);
-    EXPECT_EQ(list.get(), Token());
-    const auto innerHead = tokens(0);
+    EXPECT_TRUE(isNone(list.get()));
+    const TokenList innerHead(text.buffer);
     TokenStream innerList(innerHead, *inner);
     EXPECT_EQ(column(innerList.get()), 4);
 
@@ -136,7 +138,7 @@ TEST(TokenStream, BracesArePassedAsAStretch) {
     again.get();
     again.get();
     EXPECT_TRUE(again.passBraces());
-    EXPECT_EQ(again.get(), Token());
+    EXPECT_TRUE(isNone(again.get()));
 
     // A defective literal comes first.
     stream.get();
@@ -148,16 +150,16 @@ TEST(TokenStream, BracesArePassedAsAStretch) {
 // Random walks over a list of copies and over the same tokens as head and stretch must not differ.
 TEST(TokenStream, AStretchReadsLikeCopies) {
     std::mt19937 random(3);
-    ListLexer lexer(std::vector<TokenKind>(12, Kind::Number));
-    const TokenBuffer buffer(lexer);
-    const auto all = tokens(12);
+    const Text text(12);
     for (int round = 0; round < 500; ++round) {
         const std::size_t headSize = random() % 6;
         const std::size_t size = headSize + random() % 6;
-        TokenStream copies{std::span(all).first(size)};
-        TokenStream stretch{std::span(all).first(headSize), TokenStretch{&buffer, headSize, size}};
+        const TokenList all = text.list(size);
+        const TokenList head = text.list(headSize);
+        TokenStream copies(all);
+        TokenStream stretch(head, TokenStretch{headSize + 1, size + 1});
         for (int step = 0; step < 60; ++step) {
-            const Token other = all[random() % all.size()];
+            const TokenView other = text.token(1 + random() % 12);
             switch (random() % 5) {
                 case 0:
                     copies.stepBack(), stretch.stepBack();
