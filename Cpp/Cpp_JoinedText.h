@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <cstring>
 #include <string>
 #include <string_view>
 

@@ -12,6 +12,7 @@
 namespace Brevis {
 namespace {
 
+// The text must outlive the tree.
 void parse(const std::string& text, Cpp::RootNode& root) {
     Cpp::Lexer lexer(text);
     Trn::ParseMessageList messages;
@@ -78,9 +79,10 @@ TEST(PreFormatter, LooksIntoAllLists) {
 
 TEST(PreFormatter, ServesSeveralTrees) {
     CppPreFormatter preFormatter(regionTable());
+    const std::string text = on + off + on;
     Cpp::RootNode open, closed;
     parse(off, open);
-    parse(on + off + on, closed);
+    parse(text, closed);
     open.accept(preFormatter);
     closed.accept(preFormatter);
     EXPECT_EQ(comments(closed), "* 2-3 ");

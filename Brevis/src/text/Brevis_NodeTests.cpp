@@ -13,7 +13,9 @@ bool isLineCommentNode(const Cpp::SyntaxNode& node) {
     return comment && comment->isLineComment();
 }
 
-bool endsLine(const Cpp::SyntaxNode& node) { return Cpp::is<Cpp::PreprocDirectiveNode>(node) || isLineCommentNode(node); }
+bool endsLine(const Cpp::SyntaxNode& node) {
+    return Cpp::is<Cpp::PreprocDirectiveNode>(node) || isLineCommentNode(node);
+}
 
 Trn::TokenKind keywordOf(const Cpp::CtrlSubStmtHeadNode* head) {
     return head && head->keyword ? head->keyword->kind() : Trn::Kind::Defective;
