@@ -1,0 +1,31 @@
+# Which folder may include from which: the folder, a colon, and the folders or single headers that it may see besides
+# itself. What is in no list here may not be included; the tests and the benchmarks are free.
+set(front Vellum Trn Cpp)
+set(engine Brevis/src)
+set(engine_folders "")
+foreach(folder scheme text expr align format wrap guard)
+  set(${folder} ${engine}/${folder})
+  list(APPEND engine_folders ${engine}/${folder})
+endforeach()
+list(JOIN front " " front)
+list(JOIN engine_folders " " engine_folders)
+
+set(layers
+  "Vellum:"
+  "Trn: Vellum"
+  "Cpp: Vellum Trn"
+  "${scheme}: ${front}"
+  "${text}: ${front} ${scheme}"
+  "${expr}: ${front} ${scheme} ${text}"
+  "${align}: ${front} ${scheme} ${text} ${expr}"
+  "${format}: ${front} ${scheme} ${text} ${expr} ${align}"
+  "${wrap}: ${front} ${scheme} ${text} ${expr}"
+  "${guard}: Trn Cpp/Cpp_CharClasses.h"
+  "${engine}: ${front} ${engine_folders}"
+  "BrevisConfigure: ${front} ${engine} ${engine_folders}"
+  "Console: ${front} ${engine} ${engine_folders} BrevisConfigure")
+
+# Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed
+# fails the check.
+set(exceptions
+  "${engine}/wrap: ${engine}/format/Brevis_CppFormatter.h")
