@@ -1,14 +1,11 @@
-// The search for scheme files and the words for bad ones.
+// The search for scheme files.
 #include "Console_SchemeFinder.h"
 
 #include <filesystem>
-#include <sstream>
-#include <utility>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
-#include "scheme/Brevis_SchemeReader.h"
+#include "scheme/Brevis_SchemeText.h"
 
 namespace Console {
 
@@ -16,66 +13,20 @@ namespace {
 
 namespace fs = std::filesystem;
 namespace Severity = BrevisUI::Severity;
-using Brevis::SchemeReader;
 
-std::string atLine(const std::string& path, int line, std::string_view severity, std::string_view text) {
-    std::string place = path;
-    return place.append("(").append(std::to_string(line)).append(") : ").append(severity).append(": ").append(text);
-}
-
-std::string describe(SchemeReader::Fault fault) {
-    switch (fault) {
-        case SchemeReader::Fault::Magic:
-            return "This is no scheme file: it doesn't begin with the line \"Brevis::PropertySet\".";
-        case SchemeReader::Fault::Version:
-            return "Expected the format version 1 in a line of its own.";
-        case SchemeReader::Fault::Type:
-            return "Expected a property, which begins with the type 1, 2 or 3.";
-        default:
-            return "The scheme file cannot be read.";
-    }
-}
-
-std::string describe(SchemeReader::Omission omission) {
-    switch (omission) {
-        case SchemeReader::Omission::NoLineFeed:
-            return "The property is left out: the last line of a scheme file needs a line feed.";
-        default:
-            return "The property is left out: its value doesn't fit its type.";
-    }
-}
-
-void remarkOnOmissions(const std::string& path, const SchemeReader& reader, LoadedScheme& loaded) {
-    for (const SchemeReader::OmittedLine& omitted : reader.omissions()) {
-        loaded.remarks.push_back({Severity::warning, atLine(path, omitted.line, "warning", describe(omitted.why))});
-    }
-}
-
-// A misspelt key has no effect, which is hard to see.
-void remarkOnUnknownKeys(const std::string& path, LoadedScheme& loaded) {
-    for (const std::string& key : loaded.scheme.keys()) {
-        if (Brevis::Catalogue::isKnown(key)) continue;
-        std::string text = path;
-        text.append(": information: The key ").append(key).append(" is unknown.");
-        loaded.remarks.push_back({Severity::information, std::move(text)});
-    }
+// Where in the file, and what.
+std::string remarkText(const std::string& path, const Trn::ParseMessage& message) {
+    std::string text = path;
+    if (message.severity == Severity::information) return text.append(": information: ").append(message.text);
+    text.append("(").append(std::to_string(message.position.line)).append(") : ");
+    return text.append(message.severity == Severity::error ? "error: " : "warning: ").append(message.text);
 }
 
 void readScheme(const std::string& path, const std::string& text, LoadedScheme& loaded) {
-    std::istringstream in(text);
-    SchemeReader reader(in);
-    std::string complaint;
-    try {
-        loaded.good = reader.read(loaded.scheme);
-        if (!loaded.good) complaint = describe(reader.fault());
-    } catch (const Trn::Exception&) {
-        complaint = "Expected a key behind the type 3.";
-    }
-    if (loaded.good) {
-        remarkOnOmissions(path, reader, loaded);
-        remarkOnUnknownKeys(path, loaded);
-    } else {
-        loaded.remarks.push_back({Severity::error, atLine(path, reader.line(), "error", complaint)});
+    Trn::ParseMessageList messages;
+    loaded.good = Brevis::readSchemeText(text, loaded.scheme, messages);
+    for (const Trn::ParseMessage& message : messages) {
+        loaded.remarks.push_back({message.severity, remarkText(path, message)});
     }
 }
 
@@ -118,10 +69,9 @@ std::string shippedSchemePath() {
     constexpr const char* name = "Corvane.fsc";
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const bool installed = !error && !isInside(program, CORVANE_BUILD_DIR);
-    const fs::path schemes = installed ? program.parent_path() / CORVANE_DATA_FROM_BIN / "schemes"
-                                       : fs::path(CORVANE_SOURCE_DIR) / "schemes";
-    return (schemes.lexically_normal() / name).string();
+    const fs::path installed = program.parent_path() / CORVANE_DATA_FROM_BIN / "schemes" / name;
+    const bool isBuilt = error || (isInside(program, CORVANE_BUILD_DIR) && !fs::exists(installed, error));
+    return (isBuilt ? fs::path(CORVANE_SOURCE_DIR) / "schemes" / name : installed).lexically_normal().string();
 }
 
 std::string SchemeFinder::pathFor(const std::string& file) const {

@@ -25,7 +25,7 @@ struct LoadedScheme {
 LoadedScheme loadScheme(const std::string& path);
 
 // The scheme file that comes with the program: in the data directory beside an installed program, in the source tree
-// for a program that stands in the build tree.
+// for a program that was built and not installed.
 std::string shippedSchemePath();
 
 class SchemeFinder {

@@ -22,6 +22,9 @@ set(layers
   "${wrap}: ${front} ${scheme} ${text} ${expr}"
   "${guard}: Trn Cpp/Cpp_CharClasses.h"
   "${engine}: ${front} ${engine_folders}"
+  "include:"
+  "include/corvane:"
+  "Embed: include/corvane Trn ${engine} ${scheme}"
   "BrevisConfigure: ${front} ${engine} ${engine_folders}"
   "Console: ${front} ${engine} ${engine_folders} BrevisConfigure")
 
