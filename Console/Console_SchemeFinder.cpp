@@ -2,9 +2,11 @@
 #include "Console_SchemeFinder.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
+#include "scheme/Brevis_PropertyCatalogue.h"
 #include "scheme/Brevis_SchemeText.h"
 
 namespace Console {
@@ -14,20 +16,29 @@ namespace {
 namespace fs = std::filesystem;
 namespace Severity = BrevisUI::Severity;
 
-// Where in the file, and what.
-std::string remarkText(const std::string& path, const Trn::ParseMessage& message) {
+// A misspelt key has no effect, which is hard to see.
+void remarkOnUnknownKeys(const std::string& path, LoadedScheme& loaded) {
+    for (const std::string& key : loaded.scheme.keys()) {
+        if (Brevis::Catalogue::isKnown(key)) continue;
+        std::string text = path;
+        text.append(": information: The key ").append(key).append(" is unknown.");
+        loaded.remarks.push_back({Severity::information, std::move(text)});
+    }
+}
+
+// A message about a line of the scheme file.
+Remark remarkOf(const std::string& path, const Trn::ParseMessage& message) {
     std::string text = path;
-    if (message.severity == Severity::information) return text.append(": information: ").append(message.text);
     text.append("(").append(std::to_string(message.position.line)).append(") : ");
-    return text.append(message.severity == Severity::error ? "error: " : "warning: ").append(message.text);
+    text.append(message.severity == Severity::error ? "error: " : "warning: ").append(message.text);
+    return {message.severity, std::move(text)};
 }
 
 void readScheme(const std::string& path, const std::string& text, LoadedScheme& loaded) {
     Trn::ParseMessageList messages;
     loaded.good = Brevis::readSchemeText(text, loaded.scheme, messages);
-    for (const Trn::ParseMessage& message : messages) {
-        loaded.remarks.push_back({message.severity, remarkText(path, message)});
-    }
+    for (const Trn::ParseMessage& message : messages) loaded.remarks.push_back(remarkOf(path, message));
+    if (loaded.good) remarkOnUnknownKeys(path, loaded);
 }
 
 // The directory in which a search begins, the current one for an empty path. Links and dots are resolved, so that its
@@ -69,9 +80,11 @@ std::string shippedSchemePath() {
     constexpr const char* name = "Corvane.fsc";
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const fs::path installed = program.parent_path() / CORVANE_DATA_FROM_BIN / "schemes" / name;
-    const bool isBuilt = error || (isInside(program, CORVANE_BUILD_DIR) && !fs::exists(installed, error));
-    return (isBuilt ? fs::path(CORVANE_SOURCE_DIR) / "schemes" / name : installed).lexically_normal().string();
+    const fs::path beside = program.parent_path() / CORVANE_DATA_FROM_BIN / "schemes";
+    // An installed tree may stand inside of a build tree.
+    const bool isBuilt = error || (isInside(program, CORVANE_BUILD_DIR) && !fs::exists(beside, error));
+    const fs::path schemes = isBuilt ? fs::path(CORVANE_SOURCE_DIR) / "schemes" : beside;
+    return (schemes.lexically_normal() / name).string();
 }
 
 std::string SchemeFinder::pathFor(const std::string& file) const {

@@ -21,6 +21,14 @@ SchemeResult unreadable(const std::filesystem::path& path) {
     return {std::nullopt, {{Severity::Error, 0, 0, 0, "The scheme file \"" + path.string() + "\" cannot be read."}}};
 }
 
+// A misspelt key has no effect, which is hard to see.
+void tellUnknownKeys(const Scheme& scheme, Messages& messages) {
+    for (const std::string& key : scheme.keys()) {
+        if (Brevis::Catalogue::isKnown(key)) continue;
+        messages.push_back({Severity::Information, 0, 0, 0, "The key " + key + " is unknown."});
+    }
+}
+
 // The alternative of a value that a key wants.
 std::size_t alternativeOf(PropertyType type) {
     switch (type) {
@@ -48,8 +56,10 @@ SchemeResult Scheme::parse(std::string_view text) {
     Scheme scheme;
     Trn::ParseMessageList messages;
     const bool isGood = Brevis::readSchemeText(std::string(text), scheme.contents_->properties, messages);
-    if (isGood) result.scheme = std::move(scheme);
     result.messages = publicMessages(messages);
+    if (!isGood) return result;
+    tellUnknownKeys(scheme, result.messages);
+    result.scheme = std::move(scheme);
     return result;
 }
 

@@ -1,9 +1,7 @@
 // The reading of a scheme file, line by line.
 #include "scheme/Brevis_SchemeReader.h"
 
-#include <istream>
 #include <locale>
-#include <sstream>
 
 #include "Cpp_CharClasses.h"
 #include "scheme/Brevis_Escapes.h"
@@ -54,6 +52,8 @@ std::string readStringValue(std::istream& fields) {
 
 }  // namespace
 
+SchemeReader::SchemeReader(std::istream& in) : in_(in) { fields_.imbue(std::locale::classic()); }
+
 // A failing stream is the cause of whatever its text then lacks.
 bool SchemeReader::fail(Fault fault) {
     fault_ = in_.fail() ? Fault::Unreadable : fault;
@@ -74,10 +74,9 @@ std::string SchemeReader::readLine() {
 }
 
 bool SchemeReader::readVersion() {
-    std::istringstream line(readLine());
-    line.imbue(std::locale::classic());
+    fields_.str(readLine());
     std::int32_t version = 0;
-    return line >> version && version == SchemeFile::version - '0';
+    return fields_ >> version && version == SchemeFile::version - '0';
 }
 
 void SchemeReader::readName(PropertySet& scheme) { scheme.setName(withoutQuotes(readLine())); }
@@ -100,30 +99,29 @@ bool SchemeReader::read(PropertySet& scheme) {
 
 // False for a line that is no property. A boolean or integer whose value doesn't parse is only left out.
 bool SchemeReader::readProperty(const std::string& line, PropertySet& scheme) {
-    std::istringstream fields(line);
-    fields.imbue(std::locale::classic());
+    fields_.clear();
+    fields_.str(line);
     std::int32_t type = 0;
-    fields >> type;
     std::string key;
-    fields >> key;
+    fields_ >> type >> key;
     switch (type) {
         case SchemeFile::boolType - '0': {
             bool value = false;
-            if (fields >> value) scheme.setBool(key, value);
+            if (fields_ >> value) scheme.setBool(key, value);
             break;
         }
         case SchemeFile::intType - '0': {
             std::int32_t value = 0;
-            if (fields >> value) scheme.setInt(key, value);
+            if (fields_ >> value) scheme.setInt(key, value);
             break;
         }
         case SchemeFile::stringType - '0':
-            scheme.setString(key, readStringValue(fields));
+            scheme.setString(key, readStringValue(fields_));
             return true;
         default:
             return false;
     }
-    if (!fields) omissions_.push_back({line_, Omission::BadValue});
+    if (!fields_) omissions_.push_back({line_, Omission::BadValue});
     return true;
 }
 

@@ -2,7 +2,8 @@
 // line is at fault. It opens no files.
 #pragma once
 
-#include <iosfwd>
+#include <istream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,7 @@ public:
         Omission why;
     };
 
-    explicit SchemeReader(std::istream& in) : in_(in) {}
+    explicit SchemeReader(std::istream& in);
 
     // Reads the stream to its end into `scheme`. Gives false, with the stream's fail state set, if the text is
     // no scheme; `scheme` is then of no use. Throws InvalidPropertyName for a string property without a key.
@@ -56,6 +57,7 @@ private:
     bool readProperty(const std::string& line, PropertySet& scheme);
 
     std::istream& in_;
+    std::istringstream fields_;  // of one line; a stream is dear to make
     int line_ = 0;
     Fault fault_ = Fault::None;
     std::vector<OmittedLine> omissions_;

@@ -3,14 +3,13 @@
 
 #include <sstream>
 
-#include "scheme/Brevis_PropertyCatalogue.h"
 #include "scheme/Brevis_SchemeReader.h"
 
 namespace Brevis {
 
 namespace {
 
-constexpr int information = 1, warning = 2, error = 3;
+constexpr int warning = 2, error = 3;
 
 std::string describe(SchemeReader::Fault fault) {
     switch (fault) {
@@ -34,13 +33,6 @@ std::string describe(SchemeReader::Omission omission) {
     }
 }
 
-// A misspelt key has no effect, which is hard to see.
-void tellUnknownKeys(const PropertySet& scheme, Trn::ParseMessageList& messages) {
-    for (const std::string& key : scheme.keys()) {
-        if (!Catalogue::isKnown(key)) messages.push_back({information, {}, 0, "The key " + key + " is unknown."});
-    }
-}
-
 }  // namespace
 
 bool readSchemeText(const std::string& text, PropertySet& scheme, Trn::ParseMessageList& messages) {
@@ -56,7 +48,6 @@ bool readSchemeText(const std::string& text, PropertySet& scheme, Trn::ParseMess
         return fail("Expected a key behind the type 3.");
     }
     for (const auto& [line, why] : reader.omissions()) messages.push_back({warning, {line, 0}, 0, describe(why)});
-    tellUnknownKeys(scheme, messages);
     return true;
 }
 

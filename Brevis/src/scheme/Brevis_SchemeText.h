@@ -1,4 +1,4 @@
-// The text of a scheme file with all that there is to say about it, in words for a user.
+// The reading of a scheme file with words for what is wrong with it.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace Brevis {
 
-// Reads `text` into an empty `scheme`. Gives false for a text that is no scheme, with one message of severity 3; a
-// warning tells of a property that was left out, and information of a key that nobody knows, which has no line.
+// Reads `text` into an empty `scheme`. Gives false for a text that is no scheme, with one message of severity 3; one
+// of severity 2 tells of a property that was left out. Each has its line.
 bool readSchemeText(const std::string& text, PropertySet& scheme, Trn::ParseMessageList& messages);
 
 }  // namespace Brevis
