@@ -59,6 +59,7 @@ TEST(SeamGuardTest, LeavesTheTokensOfTheSource) {
         {"f(100i64,0b1,1'000,0x1p-3,.5e+1)", "f( 100 i64 ,0 b1,1 ' 000,0x1p - 3, .5e + 1 )",
          "f( 100i64 ,0b1,1'000,0x1p-3, .5e+1 )", 5},
         {"a<=>b+=c", "a <= > b + =c", "a <=> b +=c", 2},
+        {"x b@ (c); \\( a);", "x b@(c); \\(a);", "x b@ (c); \\( a);", 2},
         {"@\"s\" a@b", "@ \"s\" a @ b", "@\"s\" a@b", 3},
         // The inside of literals.
         {"s=\"a  b\" 'c'; R\"x(a\n  b)\" )x\";", "s = \"a b\"'c';R\"x(a\nb)\" )x\";",

@@ -3,10 +3,10 @@
 #include "guard/Brevis_SeamGuard.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "Cpp_CharClasses.h"
 #include "Trn_Exception.h"
+#include "guard/Brevis_PlainRun.h"
 #include "guard/Brevis_SeamJoin.h"
 #include "guard/Brevis_SeamLexer.h"
 #include "guard/Brevis_TextPlace.h"
@@ -22,16 +22,6 @@ constexpr std::string_view blanks = " \t";
 // Without the checks of substr.
 std::string_view slice(std::string_view text, std::size_t begin, std::size_t end) {
     return {text.data() + begin, end - begin};
-}
-
-// How far two texts are equal from their fronts. It looks at a stretch that is not long, to be read again soon.
-std::size_t equalLength(std::string_view text, std::string_view other) {
-    constexpr std::size_t most = 1024, step = 8;
-    const std::size_t size = std::min({text.size(), other.size(), most});
-    std::size_t length = 0;
-    while (length + step <= size && std::memcmp(text.data() + length, other.data() + length, step) == 0) length += step;
-    while (length < size && text[length] == other[length]) ++length;
-    return length;
 }
 
 // For gaps, which are short as a rule.
@@ -86,13 +76,10 @@ std::string commentGap(std::string_view gap, std::string_view written, bool isBe
 
 // True if a line ends in the gap: a line feed that no backslash takes away.
 bool holdsLineEnd(std::string_view gap) {
-    if (!holds(gap, '\n')) return false;
-    const std::string_view first = takeUpTo(gap, '\\');
-    if (holds(first, '\n')) return true;
-    while (!gap.empty()) {
-        std::string_view piece = takeUpTo(gap, '\\');
-        takeUpTo(piece, '\n');
-        if (holds(piece, '\n')) return true;
+    bool isBehindBackslash = false;
+    for (const char c : gap) {
+        if (c == '\n' && !isBehindBackslash) return true;
+        if (c == '\n' || c == '\\') isBehindBackslash = c == '\\';
     }
     return false;
 }
@@ -116,7 +103,7 @@ private:
     };
 
     void mendByteOrderMark();
-    bool isEqualThrough(const SeamToken& token);
+    void passPlainRun();
     void mendGap(const SeamToken& after);
     void mendToken(const SeamToken& token);
     void mendComment(const SeamToken& token);
@@ -128,10 +115,12 @@ private:
     std::string joinedLineStart(std::string_view gap, std::string_view written, bool isSpaced,
                                 const SeamToken& after) const;
 
-    // What the output has in the place of a gap of the source.
-    std::string_view writtenGap(std::string_view gap) const;
+    // What the output has in the place of a gap of the source; the second is for one with joined lines.
+    std::string_view writtenGap() const { return slice(output_, at_, at_ + whiteSpaceLength(output_, at_)); }
+    std::string_view writtenSplices(std::string_view gap) const;
     // The token in front of the gap is bound to its line.
     bool isBoundToLine() const { return before_.inDirective || before_.takesRestOfLine(); }
+    bool isBehindBackslash() const { return before_.end > 0 && source_[before_.end - 1] == '\\'; }
     bool isLineContinuedBy(const SeamToken& after) const { return after.inDirective && !after.opensDirective; }
     bool isBorder(const SeamToken& after) const;
     bool joins(const SeamToken& after) const;
@@ -149,9 +138,8 @@ private:
     std::string mended_;       // the mended text as far as it has been copied
     std::size_t copied_ = 0;   // up to where the output has been copied or replaced
     std::size_t seams_ = 0;
-    std::size_t equalUpTo_ = 0;   // an offset in the source: up to there both texts are equal,
-    std::size_t equalShift_ = 0;  // the output being so many bytes ahead, modulo the range of the type
-    std::string scratch_;         // holds what gapBetween gives if it is new
+    std::size_t plainUpTo_ = 0;  // an offset in the source: up to there no further plain run is to be looked for
+    std::string scratch_;        // holds what gapBetween gives if it is new
     TokenEnd lastToken_;
     Checkpoint checkpoint_;  // of the last token behind which something was mended
 };
@@ -159,16 +147,11 @@ private:
 std::size_t Sweep::run() {
     if (source_.starts_with(byteOrderMark)) mendByteOrderMark();
     for (;;) {
+        passPlainRun();
         const SeamToken token = lexer_.next();
-        if (isEqualThrough(token)) {
-            at_ += token.end - before_.end;
-            if (token.isComment())
-                atLineStart_ = atLineStart_ || holdsLineEnd(slice(source_, before_.end, token.begin));
-        } else {
-            mendGap(token);
-            if (token.kind == SeamKind::End) break;
-            mendToken(token);
-        }
+        mendGap(token);
+        if (token.kind == SeamKind::End) break;
+        mendToken(token);
         before_ = token;
         if (token.isComment()) continue;
         atLineStart_ = false;
@@ -187,23 +170,24 @@ void Sweep::mendByteOrderMark() {
     at_ = begin + byteOrderMark.size();
 }
 
-// True if gap and token were written as they are and need no second look. A directive also depends on what was mended
-// in front of it.
-bool Sweep::isEqualThrough(const SeamToken& token) {
-    if (token.isDirectiveSign || token.kind == SeamKind::End) return false;
-    const bool isKnown = before_.end < equalUpTo_ && at_ - before_.end == equalShift_;
-    if (!isKnown) {
-        equalUpTo_ = before_.end + equalLength(source_.substr(before_.end), output_.substr(at_));
-        equalShift_ = at_ - before_.end;
-    }
-    return token.end <= equalUpTo_;
+// Passes over what needs no second look. The lexer goes on behind it as if it had read all of it.
+void Sweep::passPlainRun() {
+    if (before_.end < plainUpTo_ || !lexer_.isIndifferent() || isBehindBackslash()) return;
+    const PlainRun run = findPlainRun(source_.substr(before_.end), output_.substr(at_));
+    plainUpTo_ = before_.end + run.seen;
+    if (run.source == 0) return;
+
+    at_ += run.output;
+    before_ = lexer_.goOnBehind(before_.end + run.source - 1);
+    atLineStart_ = false;
+    lastToken_ = {before_.end, at_};
 }
 
 // ---- Gaps
 
 void Sweep::mendGap(const SeamToken& after) {
     const std::string_view gap = slice(source_, before_.end, after.begin);
-    const std::string_view written = writtenGap(gap);
+    const std::string_view written = after.isSpliced ? writtenSplices(gap) : writtenGap();
     const std::size_t end = at_ + written.size();
 
     std::string_view wanted = gap == written ? written : gapBetween(gap, written, after);
@@ -222,9 +206,8 @@ void Sweep::mendGap(const SeamToken& after) {
 }
 
 std::string_view Sweep::gapBetween(std::string_view gap, std::string_view written, const SeamToken& after) {
-    const bool isBehindBackslash = before_.end > 0 && source_[before_.end - 1] == '\\';
-    if (isBehindBackslash) return gap;
-    if (!gap.empty() && holds(gap, '\\')) return scratch_ = splicedGap(gap, written, after);
+    if (isBehindBackslash()) return gap;
+    if (after.isSpliced) return scratch_ = splicedGap(gap, written, after);
     if (isBoundToLine()) {
         if (!isLineContinuedBy(after)) return scratch_ = lastGapOfLine(gap, written);
         return isConverted(gap, written) ? written : gap;
@@ -280,9 +263,8 @@ std::string Sweep::joinedLineStart(std::string_view gap, std::string_view writte
     return wanted.append(isFree ? written : gap);
 }
 
-std::string_view Sweep::writtenGap(std::string_view gap) const {
+std::string_view Sweep::writtenSplices(std::string_view gap) const {
     std::size_t end = at_ + whiteSpaceLength(output_, at_);
-    if (!holds(gap, '\\')) return slice(output_, at_, end);
     for (auto backslashes = std::count(gap.begin(), gap.end(), '\\'); backslashes > 0; --backslashes) {
         if (end == output_.size() || output_[end] != '\\') fail(before_.end);
         ++end;

@@ -17,12 +17,17 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 // True if a punctuator begins with `first` and goes on with what `second` begins with. It needn't be complete: a
 // third token could complete it, as in `...`.
 bool beginsLongerPunctuator(std::string_view first, std::string_view second) {
-    return std::any_of(std::begin(seamPunctuators), std::end(seamPunctuators), [&](std::string_view longer) {
+    const auto isOne = [&](std::string_view longer) {
         if (longer.size() <= first.size() || !longer.starts_with(first)) return false;
         longer.remove_prefix(first.size());
         const std::size_t length = std::min(longer.size(), second.size());
         return longer.substr(0, length) == second.substr(0, length);
-    });
+    };
+    const std::string_view* candidate = firstSeamPunctuator(first.front());
+    while (candidate != std::end(seamPunctuators) && candidate->front() == first.front() && !isOne(*candidate)) {
+        ++candidate;
+    }
+    return candidate != std::end(seamPunctuators) && candidate->front() == first.front();
 }
 
 bool punctuatorJoins(std::string_view first, std::string_view second) {

@@ -63,8 +63,8 @@ std::size_t seamSpliceEnd(std::string_view text, std::size_t at) {
 }
 
 SeamToken SeamLexer::next() {
-    const bool isSpaced = isAny(peek(at_), passed) && skipWhiteSpace();
     SeamToken token;
+    const bool isSpaced = isAny(peek(at_), passed) && skipWhiteSpace(token.isSpliced);
     token.begin = token.end = at_;
     if (at_ == text_.size()) return token;
 
@@ -82,7 +82,7 @@ SeamToken SeamLexer::next() {
     return token;
 }
 
-bool SeamLexer::skipWhiteSpace() {
+bool SeamLexer::skipWhiteSpace(bool& isSpliced) {
     const std::string_view text = text_;
     std::size_t at = at_;
     std::size_t spliced = 0;
@@ -100,6 +100,7 @@ bool SeamLexer::skipWhiteSpace() {
         inDirective_ = false;
         expected_ = Expected::Anything;
     }
+    isSpliced = spliced > 0;
     const bool isSpaced = at - at_ > spliced;
     at_ = at;
     return isSpaced;
@@ -357,8 +358,7 @@ std::size_t SeamLexer::headerNameEnd(std::size_t at) const {
 // ---- Punctuators
 
 SeamKind SeamLexer::recognizePunctuator() {
-    const std::string_view* candidate =
-        &seamPunctuators[seamPunctuatorIndex[static_cast<unsigned char>(text_[at_])] - 1];
+    const std::string_view* candidate = firstSeamPunctuator(text_[at_]);
     const char behind = peek(at_ + 1);
     const bool isAlone = behind != '\\' && seamPunctuatorIndex[static_cast<unsigned char>(behind)] == 0;
     if (isAlone || candidate->size() == 1) {

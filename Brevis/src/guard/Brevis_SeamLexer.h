@@ -21,6 +21,20 @@ public:
     // The next token or comment; one of kind End, of no length and in no directive, for ever at the end of the text.
     SeamToken next();
 
+    // True if what was read has no say in what comes, but for whether a line has begun: outside of directives.
+    bool isIndifferent() const { return !inDirective_ && expected_ == Expected::Anything; }
+    // Passes over all up to a punctuator of one character and gives that. Only for an indifferent lexer, and only if
+    // what is passed over holds no directive.
+    SeamToken goOnBehind(std::size_t punctuator) {
+        at_ = punctuator + 1;
+        atLineStart_ = false;
+        SeamToken token;
+        token.kind = SeamKind::Punctuator;
+        token.begin = punctuator;
+        token.end = at_;
+        return token;
+    }
+
 private:
     // What the token in front of the next one lets expect.
     enum class Expected { Anything, DirectiveName, MacroName, MacroParen, HeaderName, Question, QuestionParen };
@@ -42,7 +56,7 @@ private:
     void passWordCharacters();
 
     // Moves behind white space and joined lines. True if there was any white space, joined lines left out.
-    bool skipWhiteSpace();
+    bool skipWhiteSpace(bool& isSpliced);
     // Takes note of what the token means for those behind it.
     void follow(SeamToken& token, bool isFirst, bool isSpaced);
     bool isDirectiveSign(const SeamToken& token) const;

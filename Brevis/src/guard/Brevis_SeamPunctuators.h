@@ -18,6 +18,9 @@ inline constexpr std::string_view seamPunctuators[] = {
 
 inline constexpr std::size_t seamPunctuatorMostLength = 4;
 
+// True for a punctuator of one character that is in no longer one.
+constexpr bool isLonePunctuator(char c) { return c == '(' || c == ')' || c == ',' || c == ';' || c == '{' || c == '}'; }
+
 // For each character the index of its first punctuator plus 1, or 0 where it begins none.
 constexpr std::array<std::uint8_t, 256> makeSeamPunctuatorIndex() {
     std::array<std::uint8_t, 256> index{};
@@ -28,5 +31,10 @@ constexpr std::array<std::uint8_t, 256> makeSeamPunctuatorIndex() {
 }
 
 inline constexpr std::array<std::uint8_t, 256> seamPunctuatorIndex = makeSeamPunctuatorIndex();
+
+// The first that begins with the character; there must be one.
+constexpr const std::string_view* firstSeamPunctuator(char c) {
+    return &seamPunctuators[seamPunctuatorIndex[static_cast<unsigned char>(c)] - 1];
+}
 
 }  // namespace Brevis

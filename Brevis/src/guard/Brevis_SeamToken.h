@@ -29,6 +29,7 @@ struct SeamToken {
     bool inDirective = false;      // its `#` included, comments up to the end of its last line too
     bool isDirectiveSign = false;  // opens a directive if it is first on its line
     bool opensDirective = false;   // and it is
+    bool isSpliced = false;        // lines are joined in front of it, behind the token before
     std::size_t begin = 0;
     std::size_t end = 0;
 
