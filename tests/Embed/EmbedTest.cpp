@@ -2,7 +2,7 @@
 #include <corvane/format.h>
 #include <gtest/gtest.h>
 
-#include <thread>
+#include <future>
 
 namespace corvane {
 namespace {
@@ -90,15 +90,9 @@ TEST(EmbeddedFormat, MayRunInSeveralThreads) {
     const Scheme shared = Scheme::shipped("Allman").value();
     const std::string source = "int f(int a,int b){if(a<b)return a;return b;}\n";
     const std::string wanted = format(source, shared).text;
-    std::string texts[4];
-    std::vector<std::thread> threads;
-    for (std::string& text : texts) {
-        threads.emplace_back([&] {
-            for (int i = 0; i < 50; ++i) text = format(source, shared).text;
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    for (const std::string& text : texts) EXPECT_EQ(wanted, text);
+    std::vector<std::future<std::string>> runs(50);
+    for (auto& run : runs) run = std::async(std::launch::async, [&] { return format(source, shared).text; });
+    for (auto& run : runs) EXPECT_EQ(wanted, run.get());
 }
 
 }  // namespace

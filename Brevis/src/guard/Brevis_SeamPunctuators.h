@@ -1,6 +1,7 @@
 // The operators and brackets of C and C++, digraphs and those of the newest C++ among them.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <iterator>
@@ -20,6 +21,10 @@ inline constexpr std::size_t seamPunctuatorMostLength = 4;
 
 // True for a punctuator of one character that is in no longer one.
 constexpr bool isLonePunctuator(char c) { return c == '(' || c == ')' || c == ',' || c == ';' || c == '{' || c == '}'; }
+
+static_assert(std::all_of(std::begin(seamPunctuators), std::end(seamPunctuators), [](std::string_view punctuator) {
+    return punctuator.size() == 1 || std::none_of(punctuator.begin(), punctuator.end(), isLonePunctuator);
+}));
 
 // For each character the index of its first punctuator plus 1, or 0 where it begins none.
 constexpr std::array<std::uint8_t, 256> makeSeamPunctuatorIndex() {
