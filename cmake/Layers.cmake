@@ -30,5 +30,4 @@ set(layers
 
 # Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed
 # fails the check.
-set(exceptions
-  "${engine}/wrap: ${engine}/format/Brevis_CppFormatter.h")
+set(exceptions "")
