@@ -10,6 +10,12 @@ endforeach()
 list(JOIN front " " front)
 list(JOIN engine_folders " " engine_folders)
 
+set(host BrevisConfigure)
+foreach(folder files projects batch)
+  list(APPEND host_folders ${host}/${folder})
+endforeach()
+list(JOIN host_folders " " host_folders)
+
 set(layers
   "Vellum:"
   "Trn: Vellum"
@@ -25,8 +31,11 @@ set(layers
   "include:"
   "include/corvane:"
   "Embed: include/corvane Trn ${engine} ${scheme}"
-  "BrevisConfigure: ${front} ${engine} ${engine_folders}"
-  "Console: ${front} ${engine} ${engine_folders} BrevisConfigure")
+  "${host}: ${front} ${engine} ${engine_folders}"
+  "${host}/files: ${front} ${host}"
+  "${host}/projects: ${front} ${host} ${host}/files"
+  "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/files ${host}/projects"
+  "Console: ${front} ${engine} ${engine_folders} ${host} ${host_folders}")
 
 # Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed
 # fails the check.
