@@ -6,40 +6,42 @@
 
 namespace Brevis {
 
-// Gives the index of the first token at or behind `from` that stands at depth zero and for which `isBreak(index)` is
-// true; text.count() without one. `prevKind` is the kind of the token in front of the one tested. It is kept up to date
-// for the test, and the token found is not put into it.
+// Gives the index of the first token from `from` up to, but not including, the last one in front of `end` that stands
+// at depth zero and for which `isBreak(index)` is true; `end` without one. `prevKind` is the kind of the token in front
+// of the one tested. It is kept up to date for the test, and the token found is not put into it.
 template <class BreakTest>
-std::size_t findAtDepthZero(const LexedText& text, std::size_t from, Trn::TokenKind& prevKind, BreakTest isBreak) {
+std::size_t findAtDepthZero(const LexedText& text, std::size_t from, std::size_t end, Trn::TokenKind& prevKind,
+                            BreakTest isBreak) {
     using namespace Trn::Kind;
     int paren = 0;
     int brace = 0;
     int bracket = 0;
     int angle = 0;
-    for (std::size_t i = from; text.isWalked(i); ++i) {
+    for (std::size_t i = from; i + 1 < end; ++i) {
         bool isTested = false;
+        int* depth = nullptr;  // the one that the token opens
         switch (text[i].kind) {
             case OpenParen:
-                ++paren;
+                depth = &paren;
                 break;
             case CloseParen:
                 --paren;
                 break;
             case OpenBrace:
-                ++brace;
+                depth = &brace;
                 break;
             case CloseBrace:
                 --brace;
                 break;
             case OpenBracket:
-                ++bracket;
+                depth = &bracket;
                 break;
             case CloseBracket:
                 --bracket;
                 break;
             case Less:
                 // A `<` that opens no template arguments is an ordinary token.
-                if (angle >= 1 || (prevKind == Identifier && text.opensArguments(i))) ++angle;
+                if (angle >= 1 || (prevKind == Identifier && text.closeOf(i) < end)) ++angle;
                 isTested = true;
                 break;
             case Greater:
@@ -51,18 +53,29 @@ std::size_t findAtDepthZero(const LexedText& text, std::size_t from, Trn::TokenK
             case ConstCast:
             case ReinterpretCast:
                 do ++i;
-                while (text.isWalked(i) && text[i].kind != Less);
+                while (i + 1 < end && text[i].kind != Less);
                 ++angle;
                 break;
             default:
                 isTested = true;
                 break;
         }
+        if (depth != nullptr && *depth >= 0 && text.pairs().areShown()) {
+            const std::size_t close = text.closeOf(i);
+            if (close >= end) return end;  // there is no depth zero behind it
+            if (text.pairs().isSealed(i, angle)) {
+                i = close;
+            } else {
+                ++*depth;
+            }
+        } else if (depth != nullptr) {
+            ++*depth;
+        }
         const bool atDepthZero = paren == 0 && brace == 0 && bracket == 0 && angle == 0;
         if (isTested && atDepthZero && isBreak(i)) return i;
         prevKind = text[i].kind;
     }
-    return text.count();
+    return end;
 }
 
 }  // namespace Brevis
