@@ -82,18 +82,17 @@ std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStr
     WrapPlace place(settings);
     place.column = columnBehind(result, place.column, settings.tabSize);
     place.behindBackslash = place.behindBackslash && operandsBegin == 0;
-    text = wrapOperands(text.substr(operandsBegin), place);
-    result += placeDirectives(alignStrings(std::move(text), settings), settings);
+    result += placeDirectives(alignStrings(wrapOperands(LexedText(lexed, operandsBegin), place), settings), settings);
     return result;
 }
 
-std::string CppExprLineWrapper::wrapOperands(const std::string& text, const WrapPlace& place) const {
-    const LexedText lexed(text);
+std::string CppExprLineWrapper::wrapOperands(const LexedText& lexed, const WrapPlace& place) const {
     if (LaidText::isSuited(lexed, place, values_)) {
         LaidOperands operands(lexed, place, values_);
         WrapSteps(operands).run();
         if (!operands.hasGivenUp()) return operands.text();
     }
+    const std::string_view text = lexed.text();
     if (ColumnFold::isSafe(text)) {
         ColumnFold fold(values_.rightMargin, place);
         WrapPlace folded = place;
@@ -104,8 +103,8 @@ std::string CppExprLineWrapper::wrapOperands(const std::string& text, const Wrap
     return runSteps(text, place);
 }
 
-std::string CppExprLineWrapper::runSteps(const std::string& text, const WrapPlace& place) const {
-    StreamedOperands operands(text, place, tools());
+std::string CppExprLineWrapper::runSteps(std::string_view text, const WrapPlace& place) const {
+    StreamedOperands operands(std::string(text), place, tools());
     WrapSteps(operands).run();
     return operands.take();
 }

@@ -35,8 +35,8 @@ private:
     StreamTools tools() const { return {values_, *this}; }
 
     // What stands behind a `return` and the left side of an assignment.
-    std::string wrapOperands(const std::string& text, const WrapPlace& place) const;
-    std::string runSteps(const std::string& text, const WrapPlace& place) const;
+    std::string wrapOperands(const LexedText& text, const WrapPlace& place) const;
+    std::string runSteps(std::string_view text, const WrapPlace& place) const;
 
     // ---- Brevis_CppExprLineWrapperLines.cpp
     std::string fillLines(std::string text, const WrapPlace& place) const;

@@ -123,7 +123,7 @@ std::string CppExprLineWrapper::placeDirectives(std::string text, const IndentSt
 
 // The text as a stream at that place writes it: the convert mode has acted on it.
 std::string CppExprLineWrapper::rewritten(std::string text, const IndentStreamSettings& settings) const {
-    if (settings.convertMode != 1 && settings.convertMode != 2) return text;
+    if (isPlainText(text, settings)) return text;
     WrapStream out{WrapPlace(settings)};
     out.raw(text);
     return out.takeText();

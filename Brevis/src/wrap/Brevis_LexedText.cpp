@@ -26,6 +26,17 @@ LexedText::LexedText(std::string_view text) : text_(text) {
     tokens_.push_back({EndOfInput, end == 0 ? 0 : end - 1, end});
 }
 
+LexedText::LexedText(const LexedText& text, std::size_t offset) : text_(text.text_.substr(offset)) {
+    for (const Token& token : text.tokens_) {
+        const bool isEnd = token.kind == EndOfInput;
+        if (isEnd && tokens_.empty()) {
+            tokens_.emplace_back();
+        } else if (isEnd || token.begin >= offset) {
+            tokens_.push_back({token.kind, token.begin - offset, token.end - offset});
+        }
+    }
+}
+
 const BracketPairs& LexedText::pairs() const {
     if (!pairs_) pairs_.emplace(tokens_);
     return *pairs_;

@@ -22,6 +22,8 @@ public:
 
     // `text` must outlive the object.
     explicit LexedText(std::string_view text);
+    // What stands behind `offset` in a text, where a token must end.
+    LexedText(const LexedText& text, std::size_t offset);
 
     std::string_view text() const { return text_; }
     // The number of tokens. The end token stands at this index, its offsets round the last character of the last token.

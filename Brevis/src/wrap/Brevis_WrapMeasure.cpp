@@ -5,10 +5,16 @@
 
 namespace Brevis {
 
+bool isWider(std::string_view line, int column, int tabSize, int limit) {
+    const bool hasTab = tabSize < 1 || column < 0 || line.find('\t') != line.npos;
+    if (!hasTab) return column + static_cast<std::int64_t>(line.size()) > limit;
+    return columnAfter(line, column, tabSize) > limit;
+}
+
 bool overflows(std::string_view text, int column, int tabSize, int limit) {
     while (!text.empty()) {
         const std::string_view line = text.substr(0, text.find('\n'));
-        if (columnAfter(line, column, tabSize) > limit) return true;
+        if (isWider(line, column, tabSize, limit)) return true;
         if (line.size() == text.size()) return false;
         text.remove_prefix(line.size() + 1);
         column = 0;

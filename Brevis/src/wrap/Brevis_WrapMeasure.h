@@ -8,6 +8,8 @@
 
 namespace Brevis {
 
+// True if `line`, which begins at `column`, is wider than `limit`.
+bool isWider(std::string_view line, int column, int tabSize, int limit);
 // True if a line of `text`, which begins at `column`, is wider than `limit`. The convert mode moves no column, so a
 // text overflows as it stands or not at all.
 bool overflows(std::string_view text, int column, int tabSize, int limit);
