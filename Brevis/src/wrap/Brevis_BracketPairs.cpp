@@ -65,6 +65,7 @@ void BracketPairs::noteAngle(const std::vector<LexedToken>& tokens, std::size_t 
     const Trn::TokenKind kind = tokens[index].kind;
     const bool isCast = WrapTokens::isNamedCast(kind);
     if (!isCast && kind != Less && kind != Greater) return;
+    sealAngles(kind, index);
     std::size_t reach = 0;
     if (isCast) {
         reach = closes_[index + 1];
@@ -75,6 +76,16 @@ void BracketPairs::noteAngle(const std::vector<LexedToken>& tokens, std::size_t 
     }
     for (std::vector<Open>& open : open_) {
         if (!open.empty()) open.back().take({.index = index, .counts = {}, .reach = reach, .holdsAngle = true});
+    }
+}
+
+// Pairs of angle brackets never cross each other.
+void BracketPairs::sealAngles(Trn::TokenKind kind, std::size_t index) {
+    if (kind == Less && closes_[index] + 1 < closes_.size()) {
+        openAngles_.push_back({index, counts_});
+    } else if (kind == Greater && !openAngles_.empty() && closes_[openAngles_.back().index] == index) {
+        if (counts_ == openAngles_.back().counts) seals_[openAngles_.back().index] = 1;
+        openAngles_.pop_back();
     }
 }
 

@@ -23,8 +23,8 @@ public:
     // Whether walks see the pairs as they are. A named cast without its `<` hides what stands in front of the next one.
     bool areShown() const { return areShown_; }
     // Whether a walk that counts brackets may step over the closed group at `open`, because all its counts will be the
-    // same behind it; `angle` is its count of angle brackets.
-    bool isSealed(std::size_t open, int angle) const { return seals_[open] > (angle > 0 ? 1 : 0); }
+    // same behind it; `angle` is its count of angle brackets in front of it.
+    bool isSealed(std::size_t open, int angle) const { return areShown_ && seals_[open] > (angle > 0 ? 1 : 0); }
     // The last opening parenthesis in front of the closing one at `close`.
     std::size_t lastOpenParen(std::size_t close) const { return lastOpens_[close]; }
     // Whether no pair of parentheses crosses a pair of square brackets.
@@ -44,6 +44,7 @@ private:
     void pairAngles(const std::vector<LexedToken>& tokens);
     void pairBrackets(const std::vector<LexedToken>& tokens);
     void noteAngle(const std::vector<LexedToken>& tokens, std::size_t index);
+    void sealAngles(Trn::TokenKind kind, std::size_t index);
     void open(Kind kind, std::size_t index);
     void close(Kind kind, Kind crossing, std::size_t index);
 
@@ -53,8 +54,9 @@ private:
     bool areShown_ = true;
     bool areParensNested_ = true;
 
-    // While pairing, by kind of bracket
+    // While pairing, by kind of bracket; and the `<` that have a partner
     std::array<std::vector<Open>, 3> open_;
+    std::vector<Open> openAngles_;
     std::array<int, 3> counts_{};
     std::size_t lastOpenParen_ = 0;
 };

@@ -7,6 +7,7 @@ namespace Brevis {
 using namespace Trn::Kind;
 
 std::size_t FindFirstOldCast::find(const LexedText& text, std::size_t from, std::size_t end) {
+    if (!text.holdsOldCast(from, end)) return end;
     int depth = 0;
     bool isCast = false;
     // The parenthesis opened last decides, whatever group it belongs to.

@@ -60,7 +60,27 @@ bool LexedText::mayBreakInside(std::size_t open) const {
     return breaksInside_[open] || Trn::isTrivia(tokens_[open + 1].kind) || (closeOf(open) == count() && endBreaks_);
 }
 
+namespace {
+
+bool holdsAny(const std::vector<std::size_t>& ascending, std::size_t begin, std::size_t end) {
+    const auto first = std::lower_bound(ascending.begin(), ascending.end(), begin);
+    return first != ascending.end() && *first < end;
+}
+
+}  // namespace
+
+bool LexedText::holdsNamedCast(std::size_t begin, std::size_t end) const {
+    if (breaksInside_.empty()) findBreaks();
+    return holdsAny(namedCasts_, begin, end);
+}
+
+bool LexedText::holdsOldCast(std::size_t begin, std::size_t end) const {
+    if (breaksInside_.empty()) findBreaks();
+    return holdsAny(oldCastEnds_, begin, end);
+}
+
 bool LexedText::cutMakesOtherTokens() const {
+    if (count() == 0) return false;
     const Token& last = tokens_[count() - 1];
     if (Trn::isTrivia(last.kind)) return true;
     if (last.end - last.begin <= 1) return false;
@@ -81,6 +101,8 @@ void LexedText::findBreaks() const {
     for (std::size_t i = 0; i < count(); ++i) {
         const Trn::TokenKind kind = tokens_[i].kind;
         const bool endsOldCast = kind == CloseParen && WrapTokens::castOperand.contains(tokens_[i + 1].kind);
+        if (endsOldCast) oldCastEnds_.push_back(i);
+        if (WrapTokens::isNamedCast(kind)) namedCasts_.push_back(i);
         for (OpenGroups& groups : all) {
             bool isCast = endsOldCast || WrapTokens::isNamedCast(kind);
             if (kind == groups.close && !groups.indices.empty()) {

@@ -42,6 +42,9 @@ public:
     // its front would be written otherwise than it stands. Nested groups of the same kind are left out, as finders do;
     // only the finders of casts look into braces.
     bool mayBreakInside(std::size_t open) const;
+    // Whether the tokens from `begin` up to `end` hold a named cast, or a parenthesis that may close a C-style cast.
+    bool holdsNamedCast(std::size_t begin, std::size_t end) const;
+    bool holdsOldCast(std::size_t begin, std::size_t end) const;
     // Whether the text without its last character would end in another token. The inside of a group that isn't closed
     // ends in front of that character.
     bool cutMakesOtherTokens() const;
@@ -57,6 +60,8 @@ private:
     mutable std::map<Trn::TokenKind, std::vector<std::size_t>> walked_;
     mutable std::vector<bool> breaksInside_;  // by token index
     mutable bool endBreaks_ = false;
+    mutable std::vector<std::size_t> namedCasts_;  // ascending
+    mutable std::vector<std::size_t> oldCastEnds_;
 };
 
 // The highest nesting of parentheses; those inside square brackets don't count.

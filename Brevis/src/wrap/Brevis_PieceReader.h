@@ -32,8 +32,6 @@ public:
     Piece textThrough() { return upTo(finder_.find(lexed_, token_, lexed_.count()), true); }
     // Takes the piece, which one of the two has just given, off the front.
     Piece cut(const Piece& piece);
-    // Whether the piece is all that is left, so that no separator was found.
-    bool isLast(const Piece& piece) const { return piece.text.size() == rest_.size(); }
 
 private:
     Piece upTo(std::size_t separator, bool through) const;
