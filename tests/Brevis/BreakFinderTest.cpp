@@ -67,7 +67,7 @@ template <class Walker>
 std::string groups(const std::string& text, Walker walker) {
     std::string result;
     for (walker.step(); walker; walker.step()) {
-        if constexpr (requires { walker.hasName(); }) {
+        if constexpr (requires { walker.prev(); }) {
             if (walker.hasName()) result += text.substr(walker.prev().begin, walker.prev().end - walker.prev().begin);
         }
         result += "(" + text.substr(walker.open().end, walker.close().begin - walker.open().end) + ")";

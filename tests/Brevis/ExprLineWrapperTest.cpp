@@ -9,6 +9,9 @@
 #include <vector>
 
 #include "wrap/Brevis_CppExprLineWrapper.h"
+#include "wrap/Brevis_LaidOperands.h"
+#include "wrap/Brevis_StreamedOperands.h"
+#include "wrap/Brevis_WrapSteps.h"
 
 namespace Brevis {
 namespace {
@@ -233,6 +236,55 @@ TEST(ExprLineWrapper, ChangesNothingButWhiteSpace) {
     EXPECT_GT(changed, 4000);
 }
 
+// ---- Breaking in place
+
+// Calls, groups, casts and operators in any order, some of them never closed.
+std::string randomNest(std::mt19937& random, int depth) {
+    static const std::vector<std::string> opens = {"f(", "name (a, ",       "(",      "{1, ",
+                                                   "a[", "static_cast<T>(", "(int) ", "v<"};
+    static const std::vector<std::string> closes = {")", ")", ")", "}", "]", ")", "", ">"};
+    static const std::vector<std::string> joints = {", ",  " + ", " - ",  " && ",      " << ",
+                                                    " ? ", " : ", "\n* ", " // c\n, ", ",/*d*/ "};
+    if (depth == 0) return random() % 2 == 0 ? "aaaa" : "\"b, c\"";
+    const std::size_t kind = random() % opens.size();
+    std::string text = opens[kind] + randomNest(random, depth - 1);
+    for (auto count = random() % 3; count > 0; --count) {
+        text += joints[random() % joints.size()] + randomNest(random, depth - 1);
+    }
+    return random() % 50 == 0 ? text : text + closes[kind];
+}
+
+// What is done to the gaps alone has to come out as if the whole text were written to a stream at every step.
+TEST(ExprLineWrapper, BreaksInPlaceAsThroughStreams) {
+    int broken = 0;
+    for (unsigned seed = 0; seed < 3000; ++seed) {
+        std::mt19937 random(seed);
+        Values drawn = {{"RIGHT_MARGIN", static_cast<int>(5 + random() % 60)}};
+        for (const char* key : {"WRAP_STYLE", "EXPR_WRAP_STYLE", "SHIFT_WRAP_STYLE", "COMMA_WRAP_STYLE"}) {
+            drawn.emplace_back(key, static_cast<int>(random() % 3));
+        }
+        const Scheme scheme = schemeWith(drawn);
+        const WrapValues values(scheme);
+        const CppExprFormatterBase writers(scheme);
+        const IndentStreamSettings settings =
+            settingsAt(static_cast<int>(random() % 20), static_cast<int>(random() % 3));
+        const WrapPlace place(settings);
+        const std::string text = randomNest(random, 1 + static_cast<int>(random() % 5)) + ";";
+        const LexedText lexed(text);
+        if (!LaidText::isSuited(lexed, place, values)) continue;
+
+        LaidOperands laid(lexed, place, values);
+        WrapSteps(laid).run();
+        if (laid.hasGivenUp()) continue;
+        StreamedOperands streamed(text, place, {values, writers});
+        WrapSteps(streamed).run();
+        const std::string expected = streamed.take();
+        ASSERT_EQ(laid.text(), expected) << "seed " << seed << "\n" << text;
+        broken += expected != text ? 1 : 0;
+    }
+    EXPECT_GT(broken, 2000);
+}
+
 // ---- Cost
 
 std::string repeated(const std::string& front, const std::string& unit, int count, const std::string& back) {
@@ -241,19 +293,22 @@ std::string repeated(const std::string& front, const std::string& unit, int coun
     return text + back;
 }
 
-// Calls on one long line are broken further and further to the right. Such columns are folded while the steps run, and
-// nothing of that may be seen in the result.
+// Calls on one long line are broken further and further to the right. Where that goes through streams, because of a
+// stray character, such columns are folded while the steps run, and nothing of that may be seen in the result.
 TEST(ExprLineWrapper, FarColumns) {
     const Scheme scheme = schemeWith({{"LIST_WRAP_STRATEGY", 2}});
     CppExprLineWrapper wrapper(scheme);
-    // The break between the calls brings their arguments back.
-    const std::string list = wrapper.wrapList(repeated("", "ff(aaaa, bbbb), ", 200, "0"), settingsAt(0), false);
-    const std::string end = repeated("", "ff(aaaa,\n   bbbb),\n", 190, "0");
-    ASSERT_GT(list.size(), end.size());
-    EXPECT_EQ(list.substr(list.size() - end.size()), end);
-    // Without one they stay where they are.
-    const std::string product = wrapper.wrapList(repeated("", "ff(aaaa, bbbb) * ", 60, "1"), settingsAt(0), false);
-    EXPECT_EQ(product.substr(product.rfind('\n')), "\n" + std::string(20 + 58 * 11, ' ') + "bbbb) * 1");
+    for (const std::string last : {"bbbb", "bbb$"}) {
+        const std::string call = "ff(aaaa, " + last + ")";
+        // The break between the calls brings their arguments back.
+        const std::string list = wrapper.wrapList(repeated("", call + ", ", 200, "0"), settingsAt(0), false);
+        const std::string end = repeated("", "ff(aaaa,\n   " + last + "),\n", 190, "0");
+        ASSERT_GT(list.size(), end.size());
+        EXPECT_EQ(list.substr(list.size() - end.size()), end);
+        // Without one they stay where they are.
+        const std::string product = wrapper.wrapList(repeated("", call + " * ", 60, "1"), settingsAt(0), false);
+        EXPECT_EQ(product.substr(product.rfind('\n')), "\n" + std::string(20 + 58 * 11, ' ') + last + ") * 1");
+    }
 }
 
 TEST(ExprLineWrapper, TimeGrowsWithTheText) {
@@ -261,9 +316,11 @@ TEST(ExprLineWrapper, TimeGrowsWithTheText) {
     const struct {
         std::string front, unit, back;
         int count;
-    } cases[] = {{"f(", "aaaa, ", "0);", 10000}, {"x = ", "aaaa + ", "0;", 10000},  {"cout", " << aaaa", ";", 10000},
-                 {"", "a < b, ", "0", 10000},    {"", "{1, {2, 3}}, ", "0", 10000}, {"", "f(a) + ", "0", 10000},
-                 {"", "f(a, b), ", "0", 2000},   {"", "a,\n", "0", 10000},          {"", nest, "0", 40}};
+    } cases[] = {{"f(", "aaaa, ", "0);", 10000},    {"x = ", "aaaa + ", "0;", 10000},
+                 {"cout", " << aaaa", ";", 10000},  {"", "a < b, ", "0", 10000},
+                 {"", "{1, {2, 3}}, ", "0", 10000}, {"", "f(a) + ", "0", 10000},
+                 {"", "f(a, $b), ", "0", 2000},     {"", "f(a, b), ", "0", 2000},
+                 {"", "a,\n", "0", 10000},          {"", nest, "0", 40}};
     for (const int strategy : {1, 2}) {
         const Scheme scheme = schemeWith({{"LIST_WRAP_STRATEGY", strategy}});
         CppExprLineWrapper wrapper(scheme);
@@ -277,6 +334,27 @@ TEST(ExprLineWrapper, TimeGrowsWithTheText) {
             const double once = seconds(test.count);
             EXPECT_LT(seconds(8 * test.count), 24 * once + 0.1) << test.front << test.unit.substr(0, 20);
         }
+    }
+}
+
+// The same amount of text takes some same time, however deep it is nested, closed or not.
+TEST(ExprLineWrapper, TimeDoesNotGrowWithTheDepth) {
+    const struct {
+        std::string open, close;
+    } cases[] = {{"f(a, ", ")"}, {"(x + ", ")"}, {"{1, ", "}"},    {"static_cast<int>((", "))"}, {"v<f(a, ", ")>"},
+                 {"f(a, ", ""},  {"a ? (", ""},  {"g(s << ", ")"}, {"static_cast<int>((", ""}};
+    const Scheme scheme = schemeWith({{"WRAP_STYLE", 0}});
+    CppExprLineWrapper wrapper(scheme);
+    for (const auto& test : cases) {
+        const auto seconds = [&](int depth) {
+            const std::string nest = repeated("", test.open, depth, "b") + repeated("", test.close, depth, ";");
+            const std::clock_t start = std::clock();
+            for (int done = 0; done < 10000; done += depth) {
+                EXPECT_NE(wrapper.wrapExpression(nest, settingsAt(4), false), nest);
+            }
+            return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        };
+        EXPECT_LT(seconds(1000), 5 * seconds(100) + 0.05) << test.open << test.close;
     }
 }
 

@@ -1,18 +1,15 @@
 #include "wrap/Brevis_BraceWalker.h"
 
+#include <algorithm>
+
 namespace Brevis {
 
 void BraceWalker::step() {
-    found_ = false;
-    int depth = 0;
-    for (std::size_t i = next_; text_.isWalked(i); ++i) {
-        if (text_[i].kind != openKind_ || ++depth != level_) continue;
-        found_ = true;
-        open_ = i;
-        close_ = next_ = text_.closeOf(i);
-        return;
-    }
-    next_ = text_.count();
+    const auto begin = std::lower_bound(opens_.begin(), opens_.end(), next_);
+    found_ = static_cast<std::size_t>(opens_.end() - begin) >= level_;
+    if (!found_) return;
+    open_ = *(begin + static_cast<std::ptrdiff_t>(level_ - 1));
+    close_ = next_ = text_.closeOf(open_);
 }
 
 }  // namespace Brevis

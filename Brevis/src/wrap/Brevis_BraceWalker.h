@@ -11,12 +11,14 @@ class BraceWalker {
 public:
     // `text` must outlive the walker. A level below 1 becomes 1.
     BraceWalker(const LexedText& text, Trn::TokenKind openKind, int level)
-        : text_(text), openKind_(openKind), level_(level < 1 ? 1 : level) {}
+        : text_(text), opens_(text.walked(openKind)), level_(static_cast<std::size_t>(level < 1 ? 1 : level)) {}
 
     void step();
     explicit operator bool() const { return found_; }
 
     const LexedText::Token& open() const { return text_[open_]; }
+    std::size_t openIndex() const { return open_; }
+    static constexpr bool hasName() { return false; }
     // The end token when the group isn't closed.
     const LexedText::Token& close() const { return text_[close_]; }
     // Whether breaking lines can change anything inside the group.
@@ -24,8 +26,8 @@ public:
 
 private:
     const LexedText& text_;
-    Trn::TokenKind openKind_;
-    int level_;
+    const std::vector<std::size_t>& opens_;
+    std::size_t level_;
     std::size_t next_ = 0;
     std::size_t open_ = 0;
     std::size_t close_ = 0;

@@ -5,6 +5,7 @@
 
 #include "Trn_NestingGuard.h"
 #include "text/Brevis_NodeTests.h"
+#include "wrap/Brevis_WrapMeasure.h"
 
 namespace Brevis {
 

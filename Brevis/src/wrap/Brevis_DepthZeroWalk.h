@@ -2,67 +2,53 @@
 #pragma once
 
 #include "wrap/Brevis_LexedText.h"
-#include "wrap/Brevis_WrapTokenSets.h"
 
 namespace Brevis {
 
-// Gives the index of the first token at or behind `from` that stands at depth zero and for which `isBreak(index)` is
-// true; text.count() without one. `prevKind` is the kind of the token in front of the one tested. It is kept up to date
-// for the test, and the token found is not put into it.
+// Walks over a part of a text, steps over the groups that it can, and counts what is open.
+class DepthZeroWalk {
+public:
+    // The part begins at token `from` and ends in front of token `end`. `text` must outlive the walk.
+    DepthZeroWalk(const LexedText& text, std::size_t from, std::size_t end) : text_(text), at_(from), end_(end) {}
+
+    // False at the last token of the part, which is never walked.
+    bool more() const { return at_ + 1 < end_; }
+    void next() { ++at_; }
+    std::size_t at() const { return at_; }
+    Trn::TokenKind kind() const { return text_[at_].kind; }
+
+    // Counts the current token, or the group that it opens, at whose end the walk then stands. Tells whether it is one
+    // that may be a separator and stands at depth zero.
+    bool count(Trn::TokenKind prevKind);
+
+private:
+    bool atDepthZero() const { return paren_ == 0 && brace_ == 0 && bracket_ == 0 && angle_ == 0; }
+    bool open(int& depth);
+    bool close(int& depth);
+    bool openAngle();
+    bool closeAngle();
+    bool openCast();
+
+    const LexedText& text_;
+    std::size_t at_;
+    std::size_t end_;
+    int paren_ = 0;
+    int brace_ = 0;
+    int bracket_ = 0;
+    int angle_ = 0;
+};
+
+// Gives the index of the first token of the part that stands at depth zero and for which `isBreak(index)` is true;
+// `end` without one. `prevKind` is the kind of the token in front of the one tested. It is kept up to date for the
+// test, and the token found is not put into it.
 template <class BreakTest>
-std::size_t findAtDepthZero(const LexedText& text, std::size_t from, Trn::TokenKind& prevKind, BreakTest isBreak) {
-    using namespace Trn::Kind;
-    int paren = 0;
-    int brace = 0;
-    int bracket = 0;
-    int angle = 0;
-    for (std::size_t i = from; text.isWalked(i); ++i) {
-        bool isTested = false;
-        switch (text[i].kind) {
-            case OpenParen:
-                ++paren;
-                break;
-            case CloseParen:
-                --paren;
-                break;
-            case OpenBrace:
-                ++brace;
-                break;
-            case CloseBrace:
-                --brace;
-                break;
-            case OpenBracket:
-                ++bracket;
-                break;
-            case CloseBracket:
-                --bracket;
-                break;
-            case Less:
-                // A `<` that opens no template arguments is an ordinary token.
-                if (angle >= 1 || (prevKind == Identifier && text.opensArguments(i))) ++angle;
-                isTested = true;
-                break;
-            case Greater:
-                isTested = angle < 1;
-                if (angle >= 1) --angle;
-                break;
-            case StaticCast:
-            case DynamicCast:
-            case ConstCast:
-            case ReinterpretCast:
-                do ++i;
-                while (text.isWalked(i) && text[i].kind != Less);
-                ++angle;
-                break;
-            default:
-                isTested = true;
-                break;
-        }
-        const bool atDepthZero = paren == 0 && brace == 0 && bracket == 0 && angle == 0;
-        if (isTested && atDepthZero && isBreak(i)) return i;
-        prevKind = text[i].kind;
+std::size_t findAtDepthZero(const LexedText& text, std::size_t from, std::size_t end, Trn::TokenKind& prevKind,
+                            BreakTest isBreak) {
+    for (DepthZeroWalk walk(text, from, end); walk.more(); walk.next()) {
+        if (walk.count(prevKind) && isBreak(walk.at())) return walk.at();
+        prevKind = walk.kind();
     }
-    return text.count();
+    return end;
 }
 
 }  // namespace Brevis

@@ -6,8 +6,8 @@ namespace Brevis {
 
 using namespace WrapTokens;
 
-std::size_t FindFirstBinaryOp::find(const LexedText& text, std::size_t from) {
-    return findAtDepthZero(text, from, prevKind_,
+std::size_t FindFirstBinaryOp::find(const LexedText& text, std::size_t from, std::size_t end) {
+    return findAtDepthZero(text, from, end, prevKind_,
                            [&](std::size_t i) { return isBreakableOp(text[i].kind, text[i + 1].kind); });
 }
 

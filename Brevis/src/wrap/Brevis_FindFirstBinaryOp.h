@@ -11,7 +11,7 @@ namespace Brevis {
 // none.
 class FindFirstBinaryOp : public FirstWrapToken {
 public:
-    std::size_t find(const LexedText& text, std::size_t from) override;
+    std::size_t find(const LexedText& text, std::size_t from, std::size_t end) override;
     bool isWrapToken(Trn::TokenKind kind) const override;
 
 private:

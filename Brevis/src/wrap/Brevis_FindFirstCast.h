@@ -8,7 +8,7 @@ namespace Brevis {
 // Finds the `>` that closes `static_cast<T>` and its kin; a line is broken behind it.
 class FindFirstCast : public FirstWrapToken {
 public:
-    std::size_t find(const LexedText& text, std::size_t from) override;
+    std::size_t find(const LexedText& text, std::size_t from, std::size_t end) override;
     bool isWrapToken(Trn::TokenKind) const override { return false; }
 };
 

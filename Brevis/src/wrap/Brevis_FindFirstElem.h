@@ -11,7 +11,7 @@ class FindFirstElem : public FirstWrapToken {
 public:
     explicit FindFirstElem(const TokenSet& elements) : elements_(elements) {}
 
-    std::size_t find(const LexedText& text, std::size_t from) override;
+    std::size_t find(const LexedText& text, std::size_t from, std::size_t end) override;
     bool isWrapToken(Trn::TokenKind kind) const override { return elements_.contains(kind); }
 
 private:

@@ -9,7 +9,7 @@ namespace Brevis {
 // call.
 class FindFirstOldCast : public FirstWrapToken {
 public:
-    std::size_t find(const LexedText& text, std::size_t from) override;
+    std::size_t find(const LexedText& text, std::size_t from, std::size_t end) override;
     bool isWrapToken(Trn::TokenKind) const override { return false; }
 };
 

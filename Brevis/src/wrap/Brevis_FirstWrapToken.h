@@ -6,14 +6,15 @@
 
 namespace Brevis {
 
-// The last token of a text is never found: a separator at the very end has nothing behind it to be broken off.
+// The last token of a part is never found: a separator at the very end has nothing behind it to be broken off.
 class FirstWrapToken {
 public:
     virtual ~FirstWrapToken() = default;
 
-    // The index of the first break token of the text that begins at token `from` and goes to the end of `text`;
-    // text.count() if there is none. All counters begin at zero there.
-    virtual std::size_t find(const LexedText& text, std::size_t from) = 0;
+    // The index of the first break token of the part of `text` that begins at token `from` and ends behind the token in
+    // front of `end`; `end` if there is none. All counters begin at zero at its front. The work doesn't depend on the
+    // size of the groups that the part holds.
+    virtual std::size_t find(const LexedText& text, std::size_t from, std::size_t end) = 0;
     // Whether a token of that kind counts as a separator of this finder.
     virtual bool isWrapToken(Trn::TokenKind kind) const = 0;
 };

@@ -1,4 +1,4 @@
-// Lexing into offsets, and the pairing of brackets in one sweep each.
+// Lexing into offsets, and the search for what may break in one sweep.
 #include "wrap/Brevis_LexedText.h"
 
 #include <algorithm>
@@ -15,6 +15,7 @@ using namespace Trn::Kind;
 LexedText::LexedText(std::string_view text) : text_(text) {
     Cpp::Lexer lexer(text);
     OffsetFinder offsetOf(text);
+    tokens_.reserve(text.size() / 3 + 2);
     for (Trn::Token token = lexer.next(); token.kind() != EndOfInput; token = lexer.next()) {
         // A first position stands behind the first character.
         const std::size_t begin = offsetOf(token.first()) - 1;
@@ -25,14 +26,33 @@ LexedText::LexedText(std::string_view text) : text_(text) {
     tokens_.push_back({EndOfInput, end == 0 ? 0 : end - 1, end});
 }
 
-std::size_t LexedText::closeOf(std::size_t open) const {
-    if (closes_.empty()) pairBrackets();
-    return closes_[open];
+LexedText::LexedText(const LexedText& text, std::size_t offset) : text_(text.text_.substr(offset)) {
+    for (const Token& token : text.tokens_) {
+        const bool isEnd = token.kind == EndOfInput;
+        if (isEnd && tokens_.empty()) {
+            tokens_.emplace_back();
+        } else if (isEnd || token.begin >= offset) {
+            tokens_.push_back({token.kind, token.begin - offset, token.end - offset});
+        }
+    }
 }
 
-bool LexedText::opensArguments(std::size_t less) const {
-    if (opensArguments_.empty()) pairAngles();
-    return opensArguments_[less];
+const BracketPairs& LexedText::pairs() const {
+    if (!pairs_) pairs_.emplace(tokens_);
+    return *pairs_;
+}
+
+const ParenLevels& LexedText::parenLevels() const {
+    if (!parenLevels_) parenLevels_.emplace(*this);
+    return *parenLevels_;
+}
+
+const std::vector<std::size_t>& LexedText::walked(Trn::TokenKind kind) const {
+    const auto [place, isNew] = walked_.try_emplace(kind);
+    for (std::size_t i = 0; isNew && isWalked(i); ++i) {
+        if (tokens_[i].kind == kind) place->second.push_back(i);
+    }
+    return place->second;
 }
 
 bool LexedText::mayBreakInside(std::size_t open) const {
@@ -40,57 +60,32 @@ bool LexedText::mayBreakInside(std::size_t open) const {
     return breaksInside_[open] || Trn::isTrivia(tokens_[open + 1].kind) || (closeOf(open) == count() && endBreaks_);
 }
 
-// Without its close token a group's inside ends in front of the text's last character.
+namespace {
+
+bool holdsAny(const std::vector<std::size_t>& ascending, std::size_t begin, std::size_t end) {
+    const auto first = std::lower_bound(ascending.begin(), ascending.end(), begin);
+    return first != ascending.end() && *first < end;
+}
+
+}  // namespace
+
+bool LexedText::holdsNamedCast(std::size_t begin, std::size_t end) const {
+    if (breaksInside_.empty()) findBreaks();
+    return holdsAny(namedCasts_, begin, end);
+}
+
+bool LexedText::holdsOldCast(std::size_t begin, std::size_t end) const {
+    if (breaksInside_.empty()) findBreaks();
+    return holdsAny(oldCastEnds_, begin, end);
+}
+
 bool LexedText::cutMakesOtherTokens() const {
+    if (count() == 0) return false;
     const Token& last = tokens_[count() - 1];
     if (Trn::isTrivia(last.kind)) return true;
     if (last.end - last.begin <= 1) return false;
     Cpp::Lexer lexer(text_.substr(last.begin, last.end - last.begin - 1));
     return lexer.next().kind() != last.kind || lexer.next().kind() != EndOfInput;
-}
-
-// Each kind of bracket is counted for itself, so that a stray one of another kind does no harm.
-void LexedText::pairBrackets() const {
-    struct Kinds {
-        Trn::TokenKind open, close;
-        std::vector<std::size_t> pending{};
-    };
-    std::array<Kinds, 3> all{{{OpenParen, CloseParen}, {OpenBrace, CloseBrace}, {OpenBracket, CloseBracket}}};
-    closes_.assign(tokens_.size(), count());
-    for (std::size_t i = 0; i < count(); ++i) {
-        for (Kinds& kinds : all) {
-            if (tokens_[i].kind == kinds.open) {
-                kinds.pending.push_back(i);
-            } else if (tokens_[i].kind == kinds.close && !kinds.pending.empty()) {
-                closes_[kinds.pending.back()] = i;
-                kinds.pending.pop_back();
-            }
-        }
-    }
-}
-
-void LexedText::pairAngles() const {
-    std::vector<std::size_t> pending;
-    opensArguments_.assign(tokens_.size(), false);
-    for (std::size_t i = 0; i < count(); ++i) {
-        switch (tokens_[i].kind) {
-            case Less:
-                pending.push_back(i);
-                break;
-            case Greater:
-                if (pending.empty()) break;
-                opensArguments_[pending.back()] = true;
-                pending.pop_back();
-                break;
-            case Semicolon:
-            case AmpAmp:
-            case PipePipe:
-                pending.clear();
-                break;  // these end the search of all that are still open
-            default:
-                break;
-        }
-    }
 }
 
 void LexedText::findBreaks() const {
@@ -106,6 +101,8 @@ void LexedText::findBreaks() const {
     for (std::size_t i = 0; i < count(); ++i) {
         const Trn::TokenKind kind = tokens_[i].kind;
         const bool endsOldCast = kind == CloseParen && WrapTokens::castOperand.contains(tokens_[i + 1].kind);
+        if (endsOldCast) oldCastEnds_.push_back(i);
+        if (WrapTokens::isNamedCast(kind)) namedCasts_.push_back(i);
         for (OpenGroups& groups : all) {
             bool isCast = endsOldCast || WrapTokens::isNamedCast(kind);
             if (kind == groups.close && !groups.indices.empty()) {
@@ -121,26 +118,7 @@ void LexedText::findBreaks() const {
     }
 }
 
-int maxParenDepth(const LexedText& text) {
-    int depth = 0;
-    int highest = 0;
-    for (std::size_t i = 0; text.isWalked(i); ++i) {
-        switch (text[i].kind) {
-            case OpenParen:
-                highest = std::max(highest, ++depth);
-                break;
-            case CloseParen:
-                depth = std::max(0, depth - 1);
-                break;
-            case OpenBracket:
-                i = text.closeOf(i) - 1;
-                break;
-            default:
-                break;
-        }
-    }
-    return highest;
-}
+int maxParenDepth(const LexedText& text) { return text.parenLevels().highest(); }
 
 int maxBraceDepth(const LexedText& text) {
     int depth = 0;

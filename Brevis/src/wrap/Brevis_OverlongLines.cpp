@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "text/Brevis_Columns.h"
+#include "wrap/Brevis_WrapMeasure.h"
 
 namespace Brevis {
 
@@ -14,7 +14,7 @@ std::vector<int> overlongLines(ITextDocStream& in, int limit) {
     std::string_view rest = in.readRest();
     for (int line = 1; !rest.empty(); ++line, startColumn = 0) {
         const std::size_t length = std::min(rest.find('\n'), rest.size());
-        if (columnAfter(rest.substr(0, length), startColumn, in.tabSize()) > limit) lines.push_back(line);
+        if (isWider(rest.substr(0, length), startColumn, in.tabSize(), limit)) lines.push_back(line);
         rest.remove_prefix(std::min(length + 1, rest.size()));
     }
     return lines;

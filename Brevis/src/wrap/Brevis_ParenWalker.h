@@ -19,6 +19,7 @@ public:
     // The parentheses of the group found. `close` is the end token when the group isn't closed.
     const LexedText::Token& open() const { return text_[open_]; }
     const LexedText::Token& close() const { return text_[close_]; }
+    std::size_t openIndex() const { return open_; }
     // Whether breaking lines can change anything inside the group.
     bool mayBreak() const { return text_.mayBreakInside(open_); }
     // Whether a name stands in front of the group, which makes it the arguments of a call; `prev` is that name.

@@ -14,6 +14,7 @@ public:
     struct Piece {
         std::string_view text;
         std::size_t tokenCount = 0;
+        Trn::TokenKind firstKind = Trn::Kind::EndOfInput;
 
         // `next` must stand right behind this piece.
         void append(const Piece& next) {
@@ -27,12 +28,10 @@ public:
 
     bool empty() const { return rest_.empty(); }
     // What is left up to the first separator, or through it; all of it if there is none.
-    Piece textBefore() { return upTo(finder_.find(lexed_, token_), false); }
-    Piece textThrough() { return upTo(finder_.find(lexed_, token_), true); }
+    Piece textBefore() { return upTo(finder_.find(lexed_, token_, lexed_.count()), false); }
+    Piece textThrough() { return upTo(finder_.find(lexed_, token_, lexed_.count()), true); }
     // Takes the piece, which one of the two has just given, off the front.
     Piece cut(const Piece& piece);
-    // Whether the piece is all that is left, so that no separator was found.
-    bool isLast(const Piece& piece) const { return piece.text.size() == rest_.size(); }
 
 private:
     Piece upTo(std::size_t separator, bool through) const;
