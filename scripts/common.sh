@@ -4,7 +4,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 jobs=$(nproc)
 
 # What a build needs, the tests included: one configured tree serves scripts/run, scripts/test and a developer.
-build_packages="g++ cmake ninja-build libcli11-dev libtinyxml2-dev nlohmann-json3-dev libgtest-dev"
+build_packages="g++ cmake ninja-build libcli11-dev libpugixml-dev nlohmann-json3-dev libgtest-dev"
 
 say() {
     printf '%s\n' "$*" >&2
