@@ -62,6 +62,13 @@ bool isOnlyCopied(std::string_view text) {
                         [](char c) { return ruledCharacters[static_cast<unsigned char>(c)]; });
 }
 
+// Its values are those that break lines in most schemes.
+bool isBracedInitializer(const ExprSlice& slice) {
+    const std::uint32_t first = slice.firstToken;
+    return first + 1 < slice.endToken && (*slice.tokens)[first].kind == Kind::Assign &&
+           (*slice.tokens)[first + 1].kind == Kind::OpenBrace;
+}
+
 }  // namespace
 
 std::string CppExprFormatter::format(std::string_view text, const IndentStreamSettings& settings) {
@@ -87,14 +94,30 @@ std::string CppExprFormatter::formatType(std::string_view text, const IndentStre
 
 std::string CppExprFormatter::formatSlice(const ExprSlice& slice, const IndentStreamSettings& settings,
                                           bool isRewritten) {
+    if (formatPlain(slice, settings)) return plain_.text();
+    OIndentStream out(settings);
+    walkThrough(ExprWalk(slice, out, isRewritten));
+    return out.takeStr();
+}
+
+bool CppExprFormatter::formatPlain(const ExprSlice& slice, const IndentStreamSettings& settings) {
+    if (!slice.isPlain() || isBracedInitializer(slice)) return false;
+    plain_.start(slice, settings);
+    if (plain_.hasFailed()) return false;
+    comparisons_ = 0;
+    walkThrough(ExprWalk(slice, plain_));
+    // What one part of a text can't do, the others can't either.
+    if (plain_.hasFailed()) slice.tokens->setNotPlain();
+    return !plain_.hasFailed();
+}
+
+void CppExprFormatter::walkThrough(ExprWalk walk) {
     const Trn::NestingGuard nesting(depth_);
-    ExprWalk walk(slice, settings, isRewritten);
-    while (walk.more()) {
+    while (walk.more() && !walk.hasFailed()) {
         walk.advance();
         formatToken(walk);
     }
     walk.write(walk.remainder());
-    return walk.out().takeStr();
 }
 
 void CppExprFormatter::formatToken(ExprWalk& walk) {
@@ -227,7 +250,7 @@ void CppExprFormatter::spaceUnarySign(ExprWalk& walk) {
 void CppExprFormatter::joinStrings(ExprWalk& walk) {
     if (!scheme().lineWrap) return walk.copyBefore(walk.next());
     walk.copyThrough(walk.current());
-    walk.write(" ");
+    walk.writeMoved(" ");
     walk.writeTrimmedLeft(walk.readBefore(walk.next()));
 }
 

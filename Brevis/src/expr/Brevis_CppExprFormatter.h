@@ -65,6 +65,12 @@ private:
 
     // `isRewritten` tells that the caller writes the result as ordinary text under the same indent and keep flag.
     std::string formatSlice(const ExprSlice& slice, const IndentStreamSettings& settings, bool isRewritten = false);
+    // Leaves the result in `plain_`; false if the text or a value is not so simple.
+    bool formatPlain(const ExprSlice& slice, const IndentStreamSettings& settings);
+    void walkThrough(ExprWalk walk);
+    void writeNested(ExprWalk& walk, const ExprSlice& slice, const NestedStyle& style);
+    void writePlain(PlainExprText& plain, const ExprSlice& slice, const NestedStyle& style);
+    void notePlainDepth(PlainExprText& plain) const;
 
     // ---- The dispatch on the current token, and the steps that its rows share
     void formatToken(ExprWalk& walk);
@@ -81,7 +87,7 @@ private:
     void formatSpacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close);
     void formatUnspacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close);
     std::string formatCut(const ExprSlice& slice, const IndentStreamSettings& settings);
-    std::string formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first, std::uint32_t close);
+    void formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first, std::uint32_t close);
     void writeEmptyPair(ExprWalk& walk, const ExprToken& open, const ExprToken& close);
     void afterParen(ExprWalk& walk);
     void formatCall(ExprWalk& walk);
@@ -115,6 +121,10 @@ private:
     // The tokens of the texts that are being formatted, innermost last; their memory is kept for the next texts
     std::vector<std::unique_ptr<ExprTokens>> tokenBuffers_;
     std::size_t buffersInUse_ = 0;
+
+    // The one result that is being written as plain text, and the comparisons in it
+    PlainExprText plain_;
+    int comparisons_ = 0;
 };
 
 }  // namespace Brevis

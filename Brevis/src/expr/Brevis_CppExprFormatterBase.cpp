@@ -8,9 +8,11 @@
 namespace Brevis {
 
 std::string CppExprFormatterBase::writeOrdinary(std::string_view text, const IndentStreamSettings& settings) {
-    const bool converts = settings.convertMode == 1 || settings.convertMode == 2;
     // Only the start of a line or a conversion can change anything.
-    if (settings.column > 0 && !converts && text.find('\n') == std::string_view::npos) return std::string(text);
+    const auto isChanged = [&](char c) {
+        return c == '\n' || (c == '\t' && settings.convertMode == 1) || (c == ' ' && settings.convertMode == 2);
+    };
+    if (settings.column > 0 && std::none_of(text.begin(), text.end(), isChanged)) return std::string(text);
     OIndentStream out(settings);
     out << text;
     return out.takeStr();

@@ -5,6 +5,7 @@
 // text, so that the indent of their lines is put in front once more.
 #include <algorithm>
 
+#include "Trn_NestingGuard.h"
 #include "expr/Brevis_CppExprFormatter.h"
 #include "expr/Brevis_ExprTailCut.h"
 
@@ -40,28 +41,27 @@ void CppExprFormatter::formatSpacedBracket(ExprWalk& walk, const BracketValues& 
     const std::uint32_t first = walk.nextIndex();
     std::string_view gap;
     if (walk.advanceTo(close)) {
-        std::string text = formatInside(walk, values, first, close);
-        if (values.beforeClose.isSet) trimGapTrailing(text);
-        writeRaw(walk.out(), text);
+        formatInside(walk, values, first, close);
         gap = walk.readBefore(walk.next());
     } else {
         gap = walk.remainder();
     }
     if (!values.beforeClose.isSet) return walk.write(gap);
     walk.writeTrimmedLeft(gap);
-    walk.writeWs(values.beforeClose);
+    walk.writeWs(values.beforeClose.text);
 }
 
 void CppExprFormatter::formatUnspacedBracket(ExprWalk& walk, const BracketValues& values, std::uint32_t close) {
     walk.copyBefore(walk.next());
     const std::uint32_t first = walk.nextIndex();
     if (walk.advanceTo(close)) {
-        writeRaw(walk.out(), formatInside(walk, values, first, close));
+        formatInside(walk, values, first, close);
         walk.copyBefore(walk.next());
         return;
     }
     // A read up to the end of the input leaves the last character to the walk, but no token is torn apart: a comment or
     // directive is read whole, and where the rest of the token doesn't end the result, the text stays as it is.
+    if (PlainExprText* plain = walk.plain()) return plain->fail();
     const ExprToken last = walk.current();
     const bool isTrivia = Trn::isTrivia(last.kind);
     const ExprSlice slice = walk.readSlice(first, walk.nextIndex(), isTrivia ? last.end : walk.next().begin);
@@ -79,18 +79,50 @@ std::string CppExprFormatter::formatCut(const ExprSlice& slice, const IndentStre
     return cut.isDone() ? formatSlice(cut.slice(), settings) : format(slice.text(), settings);
 }
 
-std::string CppExprFormatter::formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first,
-                                           std::uint32_t close) {
+void CppExprFormatter::formatInside(ExprWalk& walk, const BracketValues& values, std::uint32_t first,
+                                    std::uint32_t close) {
     const ExprSlice slice = walk.readSlice(first, close, walk.current().end);
-    if (slice.isEmpty()) return {};
-    const IndentStreamSettings settings = walk.out().settings();
-    std::string text = formatSlice(slice, settings);
-    if (!values.spacesCommas()) return text;
-    return formatSeparated(text, Kind::Comma, values.comma, values.between, settings);
+    if (slice.isEmpty()) return;
+    writeNested(walk, slice, {{values.comma, values.between, true}, noWs, values.beforeClose.isSet, true});
 }
 
+// ---- Nested results
+
+void CppExprFormatter::writeNested(ExprWalk& walk, const ExprSlice& slice, const NestedStyle& style) {
+    if (PlainExprText* plain = walk.plain()) return writePlain(*plain, slice, style);
+    const IndentStreamSettings settings = walk.out().settings();
+    std::string text = formatSlice(slice, settings);
+    const auto& [before, after, linesUp] = style.commas;
+    if (style.commas.areSet()) {
+        text = linesUp ? formatSeparated(text, Kind::Comma, before, after, settings)
+                       : formatAround(text, Kind::Comma, before, after, settings);
+    }
+    if (style.atStart.isSet) {
+        trimLeft(text);
+        walk.writeWs(style.atStart.text);
+    }
+    if (style.trimsEnd) trimGapTrailing(text);
+    if (style.isRaw)
+        writeRaw(walk.out(), text);
+    else
+        walk.write(text);
+}
+
+void CppExprFormatter::writePlain(PlainExprText& plain, const ExprSlice& slice, const NestedStyle& style) {
+    notePlainDepth(plain);
+    const PlainExprText::Nested nested(plain, slice, style);
+    walkThrough(ExprWalk(slice, plain));
+}
+
+// Each comparison could stand for one more level over a stream, which decides whether the text is too deep.
+void CppExprFormatter::notePlainDepth(PlainExprText& plain) const {
+    if (comparisons_ > 0 && depth_ + comparisons_ >= Trn::NestingGuard::limit) plain.fail();
+}
+
+// ---- Parentheses in their places
+
 void CppExprFormatter::writeEmptyPair(ExprWalk& walk, const ExprToken& open, const ExprToken& close) {
-    walk.write(trimmedRight(walk.readThrough(open)));
+    walk.write(walk.trimmedRight(walk.readThrough(open)));
     walk.writeTrimmedLeft(walk.readBefore(close));
 }
 
@@ -157,20 +189,18 @@ void CppExprFormatter::formatCast(ExprWalk& walk) {
 void CppExprFormatter::formatInitializer(ExprWalk& walk) {
     skipTrivia(walk);
     if (walk.nextKind() != Kind::OpenBrace) return defaultRule(walk);
+    if (PlainExprText* plain = walk.plain()) return plain->fail();
     const ExprToken& eq = walk.current();
     const ExprToken& brace = walk.next();
     if (scheme().wsBeforeDdOpenBrace.isSet) {
         walk.copyThrough(eq);
-        walk.write(trimmedRight(walk.readBefore(brace)));
-        if (!Trn::isLineToken(eq.kind)) walk.writeWs(scheme().wsBeforeDdOpenBrace);
+        walk.write(walk.trimmedRight(walk.readBefore(brace)));
+        if (!Trn::isLineToken(eq.kind)) walk.writeWs(scheme().wsBeforeDdOpenBrace.text);
     }
     walk.copyThrough(brace);
     walk.advance();
     const std::uint32_t first = walk.nextIndex();
-    if (!walk.advanceTo(brace.close)) {
-        const IndentStreamSettings settings = walk.out().settings();
-        return walk.write(formatSlice(walk.remainingSlice(first), settings));
-    }
+    if (!walk.advanceTo(brace.close)) return writeNested(walk, walk.remainingSlice(first), {});
 
     const ExprToken& close = walk.next();
     if (brace.close == first) {
@@ -179,7 +209,7 @@ void CppExprFormatter::formatInitializer(ExprWalk& walk) {
         formatInitializerElements(walk, walk.readSlice(first, brace.close, walk.current().end));
         if (scheme().wsBeforeDdCloseBrace.isSet) {
             walk.writeTrimmedLeft(walk.readBefore(close));
-            walk.writeWs(scheme().wsBeforeDdCloseBrace);
+            walk.writeWs(scheme().wsBeforeDdCloseBrace.text);
         }
     }
     walk.copyThrough(close);
@@ -189,16 +219,12 @@ void CppExprFormatter::formatInitializerElements(ExprWalk& walk, const ExprSlice
     ExprSlice slice = elements;
     if (scheme().wsAfterDdOpenBrace.isSet) {
         slice.begin = slice.end - static_cast<std::uint32_t>(trimmedLeft(slice.text()).size());
-        walk.writeWs(scheme().wsAfterDdOpenBrace);
+        walk.writeWs(scheme().wsAfterDdOpenBrace.text);
     }
     OIndentStream& out = walk.out();
     const LeadingWsGuard keep(out, out.keepLeadingWs() && !scheme().indentDdContent.isSet);
     const IndentStringGuard indent(out, out.indent() + scheme().indentDdContent.text);
-    const IndentStreamSettings settings = out.settings();
-    std::string text = formatSlice(slice, settings);
-    if (scheme().wsBeforeDdComma.isSet || scheme().wsBetweenDdElements.isSet)
-        text = formatAround(text, Kind::Comma, scheme().wsBeforeDdComma, scheme().wsBetweenDdElements, settings);
-    walk.write(text);
+    writeNested(walk, slice, {{scheme().wsBeforeDdComma, scheme().wsBetweenDdElements}});
 }
 
 // ---- `<`
@@ -229,6 +255,12 @@ void CppExprFormatter::formatComparison(ExprWalk& walk, std::uint32_t open, std:
 // The rest of the text is a text of its own, whose result is written as ordinary text. Where writing it so changes
 // nothing, the walk just goes on: a text may hold any number of comparisons.
 void CppExprFormatter::formatRest(ExprWalk& walk, std::uint32_t firstToken) {
+    if (PlainExprText* plain = walk.plain()) {
+        ++comparisons_;
+        notePlainDepth(*plain);
+        plain->noteRewriting();
+        return walk.restartAt(firstToken);
+    }
     if (rewritingChangesNothing(walk)) return walk.restartAt(firstToken);
     const IndentStreamSettings settings = walk.out().settings();
     const ExprSlice rest = walk.remainingSlice(firstToken);
@@ -258,25 +290,19 @@ void CppExprFormatter::formatArguments(ExprWalk& walk, std::uint32_t open, std::
 
     walk.copyThrough(walk.token(open));
     const ExprSlice slice = walk.readSlice(open + 1, close, last.end);
-    const IndentStreamSettings settings = walk.out().settings();
-    std::string text;
+    const NestedStyle style{{noWs, scheme().wsBetweenTpParams}, scheme().wsAfterTpOpenBracket};
     if (scheme().wsBetweenTpParams.isSet) {
         const TypeMode typeMode(*this, noWs);
-        text = formatAround(formatSlice(slice, settings), Kind::Comma, noWs, scheme().wsBetweenTpParams, settings);
+        writeNested(walk, slice, style);
     } else {
-        text = formatSlice(slice, settings);
+        writeNested(walk, slice, style);
     }
-    if (scheme().wsAfterTpOpenBracket.isSet) {
-        trimLeft(text);
-        walk.writeWs(scheme().wsAfterTpOpenBracket);
-    }
-    walk.write(text);
 
     if (scheme().wsBeforeTpCloseBracket.isSet) {
         walk.writeTrimmedLeft(walk.readBefore(closeToken));
         // Two closing brackets never touch.
         const bool wouldTouch = last.kind == Kind::Greater && scheme().wsBeforeTpCloseBracket.text.empty();
-        writeWs(walk.out(), wouldTouch ? " " : scheme().wsBeforeTpCloseBracket.text);
+        walk.writeWs(wouldTouch ? " " : std::string_view(scheme().wsBeforeTpCloseBracket.text));
     }
     walk.copyThrough(closeToken);
 }

@@ -43,6 +43,13 @@ SignRun readRun(ExprWalk& walk) {
     return run;
 }
 
+void writeRun(ExprWalk& walk, const SignRun& run, std::string_view before, std::string_view after) {
+    walk.write(run.type);
+    walk.writeMoved(before);
+    walk.writeMoved(run.signs);
+    walk.writeMoved(after);
+}
+
 }  // namespace
 
 // The type's last token is the current one and a sign is next. A mixed run goes by its first sign.
@@ -50,32 +57,22 @@ void CppExprFormatter::pointerRun(ExprWalk& walk) {
     const bool isStar = walk.nextKind() == Kind::Star;
     const int anchor = isStar ? scheme().asteriskAnchor : scheme().ampersandAnchor;
     const WsProperty& between = isStar ? scheme().wsBetweenAsteriskAnchor : scheme().wsBetweenAmpersandAnchor;
-    OIndentStream& out = walk.out();
     const SignRun run = readRun(walk);
 
     const bool keepsWithName = anchor == 1;
-    if ((!keepsWithName && anchor != 0) || !run.hasBlankGaps) {
-        out << run.whole;
-        return;
-    }
-    if (!run.isMovable) {
-        out << run.type << run.gapBefore << run.signs << run.gapAfter;
-        return;
-    }
+    if ((!keepsWithName && anchor != 0) || !run.hasBlankGaps) return walk.write(run.whole);
+    if (!run.isMovable) return writeRun(walk, run, run.gapBefore, run.gapAfter);
 
     // The inner gap is the one between the sign and what it keeps with.
     std::string_view inner = between.text;
     std::string_view outer = wsAfterType_->text;
     if (!between.isSet) {
-        const auto width = [&](std::string_view gap) { return columnAfter(gap, out.column(), out.tabSize()); };
-        const bool afterIsWider = width(run.gapAfter) > width(run.gapBefore);
+        const bool afterIsWider = walk.widthOf(run.gapAfter) > walk.widthOf(run.gapBefore);
         outer = afterIsWider ? run.gapAfter : run.gapBefore;
         inner = afterIsWider ? run.gapBefore : run.gapAfter;
     }
-    if (keepsWithName && !wsAfterType_->holdsLineFeed())
-        out << run.type << outer << run.signs << inner;
-    else
-        out << run.type << inner << run.signs << outer;
+    const bool outerFirst = keepsWithName && !wsAfterType_->holdsLineFeed();
+    writeRun(walk, run, outerFirst ? outer : inner, outerFirst ? inner : outer);
 }
 
 }  // namespace Brevis

@@ -2,7 +2,9 @@
 #include "expr/Brevis_ExprTokens.h"
 
 #include <algorithm>
+#include <cstdlib>
 
+#include "Cpp_CharClasses.h"
 #include "Cpp_Lexer.h"
 #include "text/Brevis_OffsetFinder.h"
 
@@ -12,15 +14,42 @@ namespace {
 
 namespace Kind = Trn::Kind;
 
-constexpr struct {
-    Trn::TokenKind open, close;
-} brackets[] = {{Kind::OpenParen, Kind::CloseParen},
-                {Kind::OpenBrace, Kind::CloseBrace},
-                {Kind::OpenBracket, Kind::CloseBracket},
-                {Kind::Less, Kind::Greater}};
+// The four kinds of brackets: from 1 for those that open, from -1 down for those that close, 0 for other tokens.
+constexpr int bracketOf(Trn::TokenKind kind) {
+    switch (kind) {
+        case Kind::OpenParen:
+            return 1;
+        case Kind::CloseParen:
+            return -1;
+        case Kind::OpenBrace:
+            return 2;
+        case Kind::CloseBrace:
+            return -2;
+        case Kind::OpenBracket:
+            return 3;
+        case Kind::CloseBracket:
+            return -3;
+        case Kind::Less:
+            return 4;
+        case Kind::Greater:
+            return -4;
+        default:
+            return 0;
+    }
+}
+
+// A depth keeps a count for each kind of bracket in 16 bits of its own, which serves up to so many brackets.
+constexpr std::uint32_t mostCounted = 0x7fff;
+constexpr std::uint64_t noDepth = 0x8000'8000'8000'8000;
+constexpr std::uint64_t oneBracket(int kind) { return std::uint64_t{1} << (16 * (kind - 1)); }
+constexpr std::uint64_t countOf(std::uint64_t depth, int kind) { return depth >> (16 * (kind - 1)) & 0xffff; }
 
 // Room for the tokens into which a cut may break the last one.
 constexpr std::uint32_t spareTokens = 4;
+
+bool isWhiteSpace(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return Cpp::isSpace(c); });
+}
 
 }  // namespace
 
@@ -30,13 +59,15 @@ void ExprTokens::lex(std::string_view text) {
     angleCloses_.clear();
     appendLexed(0, static_cast<std::uint32_t>(text.size()), tokens_);
     count_ = static_cast<std::uint32_t>(tokens_.size());
-    bool hasBrackets = false;
+    noteUnplain();
+    std::uint32_t brackets = 0;
     bool hasAngles = false;
     for (const ExprToken& token : tokens_) {
         hasAngles |= token.kind == Kind::Less;
-        for (const auto& bracket : brackets) hasBrackets |= token.kind == bracket.open;
+        brackets += bracketOf(token.kind) != 0;
     }
-    if (hasBrackets) {
+    if (brackets > mostCounted) setNotPlain();
+    if (brackets > 0) {
         tokens_.resize(count_ + spareTokens);
         pairBrackets();
     }
@@ -61,22 +92,82 @@ std::vector<ExprToken> ExprTokens::lexed(std::uint32_t begin, std::uint32_t end)
 }
 
 void ExprTokens::exchange(std::uint32_t first, std::vector<ExprToken>& tokens) {
+    setNotPlain();
     std::swap_ranges(tokens.begin(), tokens.end(), tokens_.begin() + first);
 }
+
+// ---- Plain tokens
+
+void ExprTokens::noteUnplain() {
+    unplain_.clear();
+    const bool isOneLine = text_.find('\n') == std::string_view::npos;
+    std::uint32_t behindLast = 0;
+    const auto note = [&](std::uint32_t index) {
+        if (unplain_.empty() || unplain_.back() != index) unplain_.push_back(index);
+    };
+    for (std::uint32_t i = 0; i < count_; ++i) {
+        const ExprToken& token = tokens_[i];
+        const bool isApart =
+            token.begin >= behindLast && isWhiteSpace(text_.substr(behindLast, token.begin - behindLast));
+        if (!isApart && i > 0) note(i - 1);
+        if (!isApart || !isPlainToken(token, isOneLine)) note(i);
+        behindLast = token.end;
+    }
+    isPlain_ = count_ > 0;
+    if (isPlain_ && !isWhiteSpace(text_.substr(behindLast))) note(count_ - 1);
+}
+
+// A backslash at the end of a token may stand at the end of its line, and a name that ends in `::` takes the white
+// space behind it.
+bool ExprTokens::isPlainToken(const ExprToken& token, bool isOneLine) const {
+    if (token.kind == Kind::Defective || Trn::isLineToken(token.kind) || token.begin >= token.end) return false;
+    const char last = text_[token.end - 1];
+    if (last == '\\' || Cpp::isSpace(last)) return false;
+    return isOneLine || text_.substr(token.begin, token.end - token.begin).find('\n') == std::string_view::npos;
+}
+
+bool ExprTokens::arePlain(std::uint32_t first, std::uint32_t end) const {
+    if (!isPlain_ || first >= end) return false;
+    if (unplain_.empty()) return true;
+    const auto next = std::lower_bound(unplain_.begin(), unplain_.end(), first);
+    return next == unplain_.end() || *next >= end;
+}
+
+// ---- Brackets
 
 // Each kind of bracket is counted for itself, so that a stray one of another kind does no harm.
 void ExprTokens::pairBrackets() {
     for (auto& open : open_) open.clear();
-    for (std::uint32_t i = 0; i < count(); ++i) {
-        for (std::size_t kind = 0; kind < std::size(brackets); ++kind) {
-            if (tokens_[i].kind == brackets[kind].open) {
-                open_[kind].push_back(i);
-            } else if (tokens_[i].kind == brackets[kind].close && !open_[kind].empty()) {
-                tokens_[open_[kind].back()].close = i;
-                open_[kind].pop_back();
-            }
+    depths_.resize(count_);
+    std::uint64_t depth = noDepth;
+    for (std::uint32_t i = 0; i < count_; ++i) {
+        depths_[i] = depth;
+        const int bracket = bracketOf(tokens_[i].kind);
+        if (bracket == 0) continue;
+        std::vector<std::uint32_t>& open = open_[std::abs(bracket) - 1];
+        if (bracket > 0) {
+            open.push_back(i);
+            depth += oneBracket(bracket);
+            continue;
         }
+        depth -= oneBracket(-bracket);
+        if (open.empty()) continue;
+        tokens_[open.back()].close = i;
+        open.pop_back();
     }
+}
+
+std::uint32_t ExprTokens::nextComma(std::uint32_t start, std::uint32_t from, std::uint32_t end) const {
+    const std::uint64_t depth = depths_[start];
+    for (std::uint32_t i = from; i < end; ++i) {
+        const ExprToken& token = tokens_[i];
+        if (token.kind == Kind::Comma && depths_[i] == depth) return i;
+        if (token.close == none) continue;
+        // Up to its close nothing stands outside a bracket, unless stray ones in front of it have closed too much.
+        const int kind = bracketOf(token.kind);
+        if (countOf(depths_[i], kind) >= countOf(depth, kind)) i = token.close;
+    }
+    return none;
 }
 
 // From right to left, so that each search goes on from one that is already answered.

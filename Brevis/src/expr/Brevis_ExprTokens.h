@@ -33,6 +33,15 @@ public:
     std::uint32_t angleClose(std::uint32_t from) const;
     bool hasAngles() const { return !angleCloses_.empty(); }
 
+    // True if the tokens from `first` up to `end` are as they stand in the text, on one line each, without a line
+    // comment or a directive, and nothing but white space is between them.
+    bool arePlain(std::uint32_t first, std::uint32_t end) const;
+    // Makes the answer false from now on.
+    void setNotPlain() { isPlain_ = false; }
+    // The next comma that stands outside all brackets that open at `start` or behind it, or `none`. Each of the four
+    // kinds of brackets is counted for itself.
+    std::uint32_t nextComma(std::uint32_t start, std::uint32_t from, std::uint32_t end) const;
+
     // ---- For a change of the last tokens of a stretch (see ExprTailCut)
 
     // The tokens between two offsets, none of which closes another.
@@ -44,6 +53,8 @@ public:
 
 private:
     void appendLexed(std::uint32_t begin, std::uint32_t end, std::vector<ExprToken>& tokens) const;
+    void noteUnplain();
+    bool isPlainToken(const ExprToken& token, bool isOneLine) const;
     void pairBrackets();
     void findAngleCloses();
 
@@ -51,6 +62,9 @@ private:
     std::vector<ExprToken> tokens_;  // with a few empty ones behind the end
     std::uint32_t count_ = 0;
     std::vector<std::uint32_t> angleCloses_;  // by token index; empty in a text without a `<`
+    bool isPlain_ = true;
+    std::vector<std::uint32_t> unplain_;  // the indexes of the tokens that are not, ascending
+    std::vector<std::uint64_t> depths_;   // the brackets that are open in front of a token, one digit for each kind
     std::vector<std::uint32_t> open_[4];      // the brackets that are open, by kind; only used while pairing
 };
 

@@ -1,18 +1,17 @@
 // The steps of a walk over expression tokens.
 #include "expr/Brevis_ExprWalk.h"
 
-#include <algorithm>
+#include "Cpp_CharClasses.h"
 
 namespace Brevis {
 
-namespace {
+ExprWalk::ExprWalk(const ExprSlice& slice, OIndentStream& out, bool isRewritten)
+    : slice_(slice), current_(slice.firstToken), cursor_(slice.begin), isRewritten_(isRewritten), out_(&out) {
+    findEnd();
+}
 
-constexpr ExprToken notStarted{Trn::Kind::Defective, 0, 0, ExprTokens::none};
-
-}  // namespace
-
-ExprWalk::ExprWalk(const ExprSlice& slice, const IndentStreamSettings& settings, bool isRewritten)
-    : slice_(slice), current_(slice.firstToken), cursor_(slice.begin), isRewritten_(isRewritten), out_(settings) {
+ExprWalk::ExprWalk(const ExprSlice& slice, PlainExprText& plain)
+    : slice_(slice), current_(slice.firstToken), cursor_(slice.begin), plain_(&plain) {
     findEnd();
 }
 
@@ -22,20 +21,6 @@ void ExprWalk::findEnd() {
     const bool hasTokens = slice_.firstToken < slice_.endToken;
     end_.end = hasTokens ? token(slice_.endToken - 1).end : slice_.begin;
     end_.begin = hasTokens ? end_.end - 1 : slice_.begin;
-}
-
-void ExprWalk::advance() {
-    if (!started_)
-        started_ = true;
-    else if (more())
-        ++current_;
-}
-
-const ExprToken& ExprWalk::current() const { return started_ && holds(current_) ? token(current_) : end_; }
-
-const ExprToken& ExprWalk::next() const {
-    if (!started_) return notStarted;
-    return holds(current_ + 1) ? token(current_ + 1) : end_;
 }
 
 bool ExprWalk::advanceTo(std::uint32_t close) {
@@ -75,21 +60,41 @@ int ExprWalk::columnOf(std::uint32_t offset) const {
     return static_cast<int>(lineFeed == std::string_view::npos ? before.size() : before.size() - lineFeed - 1);
 }
 
-std::string_view ExprWalk::readTo(std::uint32_t offset) {
-    if (offset <= cursor_) return {};
-    const std::string_view text = slice_.tokens->text().substr(cursor_, offset - cursor_);
-    cursor_ = offset;
+void ExprWalk::writeMoved(std::string_view text) {
+    if (plain_)
+        plain_->writeMoved(text);
+    else
+        *out_ << text;
+}
+
+void ExprWalk::writeWs(std::string_view value) {
+    if (plain_)
+        plain_->writeValue(value);
+    else
+        Brevis::writeWs(*out_, value);
+}
+
+// A plain text has no backslash at a line end.
+std::string_view ExprWalk::trimmedLeft(std::string_view text) const {
+    if (!plain_ && out_->behindBackslash()) return text;
+    while (!text.empty() && Cpp::isSpace(text.front())) text.remove_prefix(1);
     return text;
 }
 
-std::string_view ExprWalk::trimmedLeft(std::string_view text) const {
-    return out_.behindBackslash() ? text : Brevis::trimmedLeft(text);
+std::string_view ExprWalk::trimmedRight(std::string_view text) const {
+    if (!plain_) return Brevis::trimmedRight(text);
+    while (!text.empty() && Cpp::isSpace(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 void ExprWalk::writeTrimmed(std::string_view text, const WsProperty& value) {
-    const bool staysWhole = out_.behindBackslash() && Brevis::trimmedLeft(text).empty();
-    out_ << (staysWhole ? text : trimmedRight(text));
-    writeWs(value);
+    const bool staysWhole = !plain_ && out_->behindBackslash() && Brevis::trimmedLeft(text).empty();
+    write(staysWhole ? text : trimmedRight(text));
+    writeWs(value.text);
+}
+
+int ExprWalk::widthOf(std::string_view text) const {
+    return plain_ ? static_cast<int>(text.size()) : columnAfter(text, out_->column(), out_->tabSize());
 }
 
 void ExprWalk::copyPair() {

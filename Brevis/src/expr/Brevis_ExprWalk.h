@@ -1,11 +1,12 @@
-// One walk over a stretch of expression tokens: the current token, the cursor in the text behind it and the scratch
-// stream that takes what is finished. It holds no rules, only the steps that the rules are made of.
+// One walk over a stretch of expression tokens: the current token, the cursor in the text behind it, and the writing of
+// what is finished, to a stream or as plain text. It holds no rules, only the steps that the rules are made of.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "expr/Brevis_ExprTokens.h"
+#include "expr/Brevis_ExprSlice.h"
+#include "expr/Brevis_PlainExprText.h"
 #include "scheme/Brevis_WsProperty.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_Copying.h"
@@ -14,35 +15,35 @@
 
 namespace Brevis {
 
-// A stretch of a lexed text between two token borders.
-struct ExprSlice {
-    ExprTokens* tokens;
-    std::uint32_t firstToken;
-    std::uint32_t endToken;  // the index behind the last token
-    std::uint32_t begin;     // the offsets of its text
-    std::uint32_t end;
-
-    std::string_view text() const { return tokens->text().substr(begin, end - begin); }
-    bool isEmpty() const { return begin == end; }
-};
-
 // The cursor runs behind the walk: it stands in front of the current token, and each step copies what it has finished.
 // A place that the cursor has passed copies nothing. Before the first step the current token has kind -1 and the next
 // token kind 0; at the end of the stretch the next token has kind -1.
 class ExprWalk {
 public:
-    ExprWalk(const ExprSlice& slice, const IndentStreamSettings& settings, bool isRewritten);
+    ExprWalk(const ExprSlice& slice, OIndentStream& out, bool isRewritten);
+    ExprWalk(const ExprSlice& slice, PlainExprText& plain);
 
-    OIndentStream& out() { return out_; }
+    // The plain text that is written, or null; only without one there is a stream.
+    PlainExprText* plain() { return plain_; }
+    OIndentStream& out() { return *out_; }
+    bool hasFailed() const { return plain_ && plain_->hasFailed(); }
     // True if the result will be written as ordinary text under the same indent and keep flag.
     bool isRewritten() const { return isRewritten_; }
 
     // ---- The token walk
 
     bool more() const { return !started_ || current_ + 1 < slice_.endToken; }
-    void advance();
-    const ExprToken& current() const;
-    const ExprToken& next() const;
+    void advance() {
+        if (!started_)
+            started_ = true;
+        else if (more())
+            ++current_;
+    }
+    const ExprToken& current() const { return started_ && holds(current_) ? token(current_) : end_; }
+    const ExprToken& next() const {
+        if (!started_) return notStarted;
+        return holds(current_ + 1) ? token(current_ + 1) : end_;
+    }
     Trn::TokenKind currentKind() const { return current().kind; }
     Trn::TokenKind nextKind() const { return next().kind; }
     std::uint32_t currentIndex() const { return current_; }
@@ -79,20 +80,37 @@ public:
 
     // ---- Writing, all of it ordinary but for `writeRaw`
 
-    void write(std::string_view text) { out_ << text; }
-    void copyThrough(const ExprToken& token) { out_ << readThrough(token); }
-    void copyBefore(const ExprToken& token) { out_ << readBefore(token); }
-    void writeWs(const WsProperty& value) { Brevis::writeWs(out_, value.text); }
-    // The text without the white space at its start, unless that follows a backslash at a line end.
+    void write(std::string_view text) {
+        if (plain_)
+            plain_->write(text);
+        else
+            *out_ << text;
+    }
+    // A part of the text, or a value, that lands somewhere else than where it stood.
+    void writeMoved(std::string_view text);
+    void copyThrough(const ExprToken& token) { write(readThrough(token)); }
+    void copyBefore(const ExprToken& token) { write(readBefore(token)); }
+    void writeWs(std::string_view value);
+    // The text without the white space at its start or its end, unless that follows a backslash at a line end.
     std::string_view trimmedLeft(std::string_view text) const;
-    void writeTrimmedLeft(std::string_view text) { out_ << trimmedLeft(text); }
+    std::string_view trimmedRight(std::string_view text) const;
+    void writeTrimmedLeft(std::string_view text) { write(trimmedLeft(text)); }
     // The text without the white space at its end, and the value in its place.
     void writeTrimmed(std::string_view text, const WsProperty& value);
     // The current token and the gap behind it as they stand.
     void copyPair();
+    // The columns up to the end of a text that is written next. Without tabs the place doesn't matter.
+    int widthOf(std::string_view text) const;
 
 private:
-    std::string_view readTo(std::uint32_t offset);
+    static constexpr ExprToken notStarted{Trn::Kind::Defective, 0, 0, ExprTokens::none};
+
+    std::string_view readTo(std::uint32_t offset) {
+        if (offset <= cursor_) return {};
+        const std::string_view text = slice_.tokens->text().substr(cursor_, offset - cursor_);
+        cursor_ = offset;
+        return text;
+    }
     void findEnd();
 
     ExprSlice slice_;
@@ -100,9 +118,10 @@ private:
     std::uint32_t current_;
     std::uint32_t cursor_;
     bool started_ = false;
-    bool isRewritten_;
+    bool isRewritten_ = false;
     mutable bool isOneLine_ = false;  // known to be
-    OIndentStream out_;
+    OIndentStream* out_ = nullptr;
+    PlainExprText* plain_ = nullptr;
 };
 
 }  // namespace Brevis
