@@ -114,6 +114,16 @@ const Case brackets[] = {
     {"ALIGN_FN_CALL_ARGS_LEFT=1", "f(a,g(b,c))", "f(a,\n          g(b,\n    c))"},
     {"ALIGN_FN_CALL_ARGS_LEFT=1|WS_BETWEEN_FN_CALL_ARGS= ", "f(a,b)", "f(a, b)"},
     {"WS_BETWEEN_FN_CALL_ARGS= ", "f(a, // x\n b)", "f(a, // x\n    b)"},
+    // Commas beside stray brackets, beside each other, behind what joins, and at line starts
+    {"WS_BEFORE_FN_CALL_COMMA= |WS_BETWEEN_FN_CALL_ARGS=  ", "f(a>b,g(c),d<h(e,i),j>)",
+     "f(a>b,g(c),d<h(e ,  i) ,  j>)"},
+    {"WS_BEFORE_FN_CALL_COMMA= |WS_BETWEEN_FN_CALL_ARGS=  ", "f(a,,A:: ,b ,)", "f(a ,  ,   A::  ,  b ,  )"},
+    {"WS_BETWEEN_EXPR_OP_OPERANDS=|WS_BEFORE_FN_CALL_COMMA= ", "f(a / *b,c)+f(2 - 1,d)", "f(a/*b,c)+f(2-1 ,d)"},
+    {"WS_BETWEEN_FN_CALL_ARGS=\n", "f(a\n,b,A<g(c,d)>,e<h(i,j))",
+     "f(a\n          ,\n          b,\n          A<g(c,\n    d)>,\n          e<h(i,\n    j))"},
+    {"WS_BETWEEN_FN_CALL_ARGS=\n", "a<b+f(c,d)", "a<b+f(c,\n    d)"},
+    {"WS_BETWEEN_FN_CALL_ARGS=\n|WS_AFTER_EXPR_OPEN_PAREN=\n", "f(g(a,b))", "f(\n    g(\n    a,\n    b))"},
+    {"WS_BETWEEN_TP_PARAMS= |WS_BETWEEN_FN_CALL_ARGS= ", "A<b,  /*c*/d,e>(i,  /*f*/g)", "A<b,  /*c*/d, e>(i, /*f*/g)"},
     // Casts
     {"OP", "(T*)p", "(T *) p"},
     {"OP", "(a)*b", "(a) * b"},
@@ -328,6 +338,32 @@ TEST(ExprFormatter, costIsLinear) {
         }
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
+}
+
+double secondsFor(CppExprFormatter& formatter, const std::string& text) {
+    double fastest = 1e9;
+    for (int i = 0; i < 5; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        formatter.format(text, midLine("  "));
+        fastest = std::min(fastest, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return fastest;
+}
+
+// Ten texts of a tenth of the depth are as long as the deep one. Work at each level for all levels in it takes some ten
+// times as long.
+TEST(ExprFormatter, costDoesNotGrowWithDepth) {
+    for (const char* breaks : {" ", "\n"}) {
+        const Scheme scheme =
+            schemeOf("OP|PARENS|WS_BETWEEN_TP_PARAMS= |WS_BETWEEN_FN_CALL_ARGS=" + std::string(breaks));
+        CppExprFormatter formatter(scheme);
+        for (const auto& [open, close] : {std::pair("f(a,\n", ")"), std::pair("f(\"x\\n\",b+", ",c)"),
+                                          std::pair("(a*", ")"), std::pair("b[i+", "]"), std::pair("A<B,", " >")}) {
+            const auto nested = [&](int depth) { return repeated(open, depth) + "x" + repeated(close, depth); };
+            const double deep = secondsFor(formatter, nested(900));
+            EXPECT_LT(deep, 4 * secondsFor(formatter, repeated(nested(90) + "+", 10))) << open;
+        }
+    }
 }
 
 }  // namespace

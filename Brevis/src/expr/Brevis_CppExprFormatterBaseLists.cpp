@@ -50,6 +50,12 @@ private:
     std::array<int, 4> depth_{};
 };
 
+// Whether a pass over the text could find anything to do: a separator or a directive.
+bool holdsWork(std::string_view text, Trn::TokenKind separator) {
+    constexpr std::size_t npos = std::string_view::npos;
+    return separator != Kind::Comma || text.find(',') != npos || text.find('#') != npos;
+}
+
 }  // namespace
 
 // One run over one text: the token walk, the input cursor behind it and the scratch stream.
@@ -121,14 +127,14 @@ private:
 
 std::string CppExprFormatterBase::formatAround(std::string_view text, Trn::TokenKind kind, const WsProperty& wsBefore,
                                                const WsProperty& wsAfter, const IndentStreamSettings& settings) const {
-    if (kind == Kind::Comma && text.find_first_of(",#") == std::string_view::npos) return writeOrdinary(text, settings);
+    if (!holdsWork(text, kind)) return writeOrdinary(text, settings);
     return ListPass(*this, text, kind, wsBefore, wsAfter, settings).around();
 }
 
 std::string CppExprFormatterBase::formatSeparated(std::string_view text, Trn::TokenKind kind,
                                                   const WsProperty& wsBefore, const WsProperty& wsAfter,
                                                   const IndentStreamSettings& settings) const {
-    if (kind == Kind::Comma && text.find_first_of(",#") == std::string_view::npos) return writeOrdinary(text, settings);
+    if (!holdsWork(text, kind)) return writeOrdinary(text, settings);
     return ListPass(*this, text, kind, wsBefore, wsAfter, settings).separated();
 }
 

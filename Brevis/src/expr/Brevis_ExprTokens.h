@@ -65,7 +65,7 @@ private:
     bool isPlain_ = true;
     std::vector<std::uint32_t> unplain_;  // the indexes of the tokens that are not, ascending
     std::vector<std::uint64_t> depths_;   // the brackets that are open in front of a token, one digit for each kind
-    std::vector<std::uint32_t> open_[4];      // the brackets that are open, by kind; only used while pairing
+    std::vector<std::uint32_t> open_[4];  // the brackets that are open, by kind; only used while pairing
 };
 
 }  // namespace Brevis

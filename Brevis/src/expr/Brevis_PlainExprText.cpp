@@ -121,8 +121,8 @@ void PlainExprText::writeBehindComma(const WsProperty& value) {
 }
 
 void PlainExprText::breakBehindComma(const WsProperty& value) {
-    const bool isInside = nested_->comma_ > nested_->slice_.firstToken &&
-                          nested_->kindBehindComma() != Trn::Kind::EndOfInput;
+    const bool isInside =
+        nested_->comma_ > nested_->slice_.firstToken && nested_->kindBehindComma() != Trn::Kind::EndOfInput;
     if (!isInside || value.text != "\n" || settings_->keepLeadingWs || settings_->convertMode == 2) return fail();
     appendLines(value.text);
     startsItem_ = nested_->linesUp();
