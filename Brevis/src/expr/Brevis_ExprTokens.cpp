@@ -47,10 +47,6 @@ constexpr std::uint64_t countOf(std::uint64_t depth, int kind) { return depth >>
 // Room for the tokens into which a cut may break the last one.
 constexpr std::uint32_t spareTokens = 4;
 
-bool isWhiteSpace(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return Cpp::isSpace(c); });
-}
-
 }  // namespace
 
 void ExprTokens::lex(std::string_view text) {
@@ -102,19 +98,24 @@ void ExprTokens::noteUnplain() {
     unplain_.clear();
     const bool isOneLine = text_.find('\n') == std::string_view::npos;
     std::uint32_t behindLast = 0;
-    const auto note = [&](std::uint32_t index) {
-        if (unplain_.empty() || unplain_.back() != index) unplain_.push_back(index);
-    };
     for (std::uint32_t i = 0; i < count_; ++i) {
         const ExprToken& token = tokens_[i];
-        const bool isApart =
-            token.begin >= behindLast && isWhiteSpace(text_.substr(behindLast, token.begin - behindLast));
-        if (!isApart && i > 0) note(i - 1);
-        if (!isApart || !isPlainToken(token, isOneLine)) note(i);
+        const bool isApart = isWhiteSpaceFrom(behindLast, token.begin);
+        if (!isApart && i > 0) noteUnplain(i - 1);
+        if (!isApart || !isPlainToken(token, isOneLine)) noteUnplain(i);
         behindLast = token.end;
     }
     isPlain_ = count_ > 0;
-    if (isPlain_ && !isWhiteSpace(text_.substr(behindLast))) note(count_ - 1);
+    if (isPlain_ && !isWhiteSpaceFrom(behindLast, static_cast<std::uint32_t>(text_.size()))) noteUnplain(count_ - 1);
+}
+
+void ExprTokens::noteUnplain(std::uint32_t index) {
+    if (unplain_.empty() || unplain_.back() != index) unplain_.push_back(index);
+}
+
+bool ExprTokens::isWhiteSpaceFrom(std::uint32_t begin, std::uint32_t end) const {
+    while (begin < end && Cpp::isSpace(text_[begin])) ++begin;
+    return begin == end;
 }
 
 // A backslash at the end of a token may stand at the end of its line, and a name that ends in `::` takes the white

@@ -54,6 +54,8 @@ public:
 private:
     void appendLexed(std::uint32_t begin, std::uint32_t end, std::vector<ExprToken>& tokens) const;
     void noteUnplain();
+    void noteUnplain(std::uint32_t index);
+    bool isWhiteSpaceFrom(std::uint32_t begin, std::uint32_t end) const;
     bool isPlainToken(const ExprToken& token, bool isOneLine) const;
     void pairBrackets();
     void findAngleCloses();

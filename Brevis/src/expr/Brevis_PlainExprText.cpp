@@ -75,7 +75,7 @@ void PlainExprText::start(const ExprSlice& slice, const IndentStreamSettings& se
 
 void PlainExprText::writeMoved(std::string_view piece) {
     if (holds(piece, '\t')) return fail();
-    appendLines(piece);
+    appendAny(piece);
 }
 
 // ---- Commas
@@ -95,7 +95,7 @@ void PlainExprText::writeComma(std::string_view comma) {
     if (values.before.isSet) {
         trimEnd(nested_->begin_);
         if (startsLine_ || !isBlanks(values.before.text)) fail();
-        appendLines(values.before.text);
+        appendAny(values.before.text);
     }
     // With the items a comma that starts a line would have to be lined up.
     if (startsLine_ && values.after.holdsLineFeed()) fail();
@@ -114,7 +114,7 @@ void PlainExprText::writeBehindComma(const WsProperty& value) {
     if (value.holdsLineFeed())
         breakBehindComma(value);
     else if (isBlanks(value.text))
-        appendLines(value.text);
+        appendAny(value.text);
     else
         fail();
     skipWhiteSpace();
@@ -124,7 +124,7 @@ void PlainExprText::breakBehindComma(const WsProperty& value) {
     const bool isInside =
         nested_->comma_ > nested_->slice_.firstToken && nested_->kindBehindComma() != Trn::Kind::EndOfInput;
     if (!isInside || value.text != "\n" || settings_->keepLeadingWs || settings_->convertMode == 2) return fail();
-    appendLines(value.text);
+    appendAny(value.text);
     startsItem_ = nested_->linesUp();
     if (startsItem_) itemIndent_ = nested_->itemIndent();
 }
@@ -179,17 +179,27 @@ std::string PlainExprText::Nested::itemIndent() const {
 
 // ---- Characters
 
+// A piece of the source: most hold no line feed anywhere.
 void PlainExprText::append(std::string_view piece) {
-    if (skipsWhiteSpace_ || startsLine_ || (hasLines_ && holdsLines(piece))) return appendLines(piece);
-    appendToLine(piece);
+    if (hasLines_ || skipsWhiteSpace_ || startsLine_)
+        appendAny(piece);
+    else
+        appendToLine(piece);
 }
 
-void PlainExprText::appendLines(std::string_view piece) {
+void PlainExprText::appendAny(std::string_view piece) {
     if (skipsWhiteSpace_) {
         piece = withoutLeadingWs(piece);
         if (piece.empty()) return;
         skipsWhiteSpace_ = false;
     }
+    if (startsLine_ || holdsLines(piece))
+        appendLines(piece);
+    else
+        appendToLine(piece);
+}
+
+void PlainExprText::appendLines(std::string_view piece) {
     while (!piece.empty()) {
         if (startsLine_ && piece.front() != '\n') {
             if (!settings_->keepLeadingWs && Cpp::isSpace(piece.front())) {

@@ -50,7 +50,7 @@ public:
     }
     // A part of the source, or a value, that is written somewhere else than where it stood.
     void writeMoved(std::string_view piece);
-    void writeValue(std::string_view value) { appendLines(value); }
+    void writeValue(std::string_view value) { appendAny(value); }
     // From here to the end of the stretch that is being written the result is written again as ordinary text.
     void noteRewriting() { isRewritten_ = true; }
 
@@ -89,6 +89,7 @@ private:
     void writeBehindComma(const WsProperty& value);
     void breakBehindComma(const WsProperty& value);
     void append(std::string_view piece);
+    void appendAny(std::string_view piece);
     void appendLines(std::string_view piece);
     void appendToLine(std::string_view piece);
     void startLine();
