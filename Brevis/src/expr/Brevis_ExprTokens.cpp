@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "Cpp_CharClasses.h"
 #include "Cpp_Lexer.h"
+#include "Vellum_WhiteSpace.h"
 #include "text/Brevis_OffsetFinder.h"
 
 namespace Brevis {
@@ -114,8 +114,7 @@ void ExprTokens::noteUnplain(std::uint32_t index) {
 }
 
 bool ExprTokens::isWhiteSpaceFrom(std::uint32_t begin, std::uint32_t end) const {
-    while (begin < end && Cpp::isSpace(text_[begin])) ++begin;
-    return begin == end;
+    return begin <= end && Vellum::isBlank(text_.substr(begin, end - begin));
 }
 
 // A backslash at the end of a token may stand at the end of its line, and a name that ends in `::` takes the white
@@ -123,7 +122,7 @@ bool ExprTokens::isWhiteSpaceFrom(std::uint32_t begin, std::uint32_t end) const 
 bool ExprTokens::isPlainToken(const ExprToken& token, bool isOneLine) const {
     if (token.kind == Kind::Defective || Trn::isLineToken(token.kind) || token.begin >= token.end) return false;
     const char last = text_[token.end - 1];
-    if (last == '\\' || Cpp::isSpace(last)) return false;
+    if (last == '\\' || Vellum::isSpace(last)) return false;
     return isOneLine || text_.substr(token.begin, token.end - token.begin).find('\n') == std::string_view::npos;
 }
 

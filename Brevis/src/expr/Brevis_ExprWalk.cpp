@@ -1,7 +1,7 @@
 // The steps of a walk over expression tokens.
 #include "expr/Brevis_ExprWalk.h"
 
-#include "Cpp_CharClasses.h"
+#include "Vellum_WhiteSpace.h"
 
 namespace Brevis {
 
@@ -77,14 +77,11 @@ void ExprWalk::writeWs(std::string_view value) {
 // A plain text has no backslash at a line end.
 std::string_view ExprWalk::trimmedLeft(std::string_view text) const {
     if (!plain_ && out_->behindBackslash()) return text;
-    while (!text.empty() && Cpp::isSpace(text.front())) text.remove_prefix(1);
-    return text;
+    return Vellum::withoutLeadingSpace(text);
 }
 
 std::string_view ExprWalk::trimmedRight(std::string_view text) const {
-    if (!plain_) return Brevis::trimmedRight(text);
-    while (!text.empty() && Cpp::isSpace(text.back())) text.remove_suffix(1);
-    return text;
+    return plain_ ? Vellum::withoutTrailingSpace(text) : Brevis::trimmedRight(text);
 }
 
 void ExprWalk::writeTrimmed(std::string_view text, const WsProperty& value) {

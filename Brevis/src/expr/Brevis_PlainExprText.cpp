@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "Cpp_CharClasses.h"
+#include "Vellum_WhiteSpace.h"
 #include "text/Brevis_Columns.h"
 #include "text/Brevis_StreamColumns.h"
 
@@ -25,11 +26,6 @@ bool holds(std::string_view text, char c) { return text.find(c) != npos; }
 // Pieces are too short for a search to pay.
 bool holdsLines(std::string_view text) {
     return std::any_of(text.begin(), text.end(), [](char c) { return c == '\n' || c == '\t'; });
-}
-
-std::string_view withoutLeadingWs(std::string_view text) {
-    while (!text.empty() && Cpp::isSpace(text.front())) text.remove_prefix(1);
-    return text;
 }
 
 // Whether two characters side by side could make a token that is a bracket, opens a comment or is none, or take such a
@@ -126,7 +122,6 @@ void PlainExprText::breakBehindComma(const WsProperty& value) {
     if (!isInside || value.text != "\n" || settings_->keepLeadingWs || settings_->convertMode == 2) return fail();
     appendAny(value.text);
     startsItem_ = nested_->linesUp();
-    if (startsItem_) itemIndent_ = nested_->itemIndent();
 }
 
 PlainExprText::Nested::Nested(PlainExprText& text, const ExprSlice& slice, const NestedStyle& style)
@@ -169,12 +164,14 @@ Trn::TokenKind PlainExprText::Nested::kindBehindComma() const {
 }
 
 // Items line up under the first character of the first.
-std::string PlainExprText::Nested::itemIndent() const {
-    IndentStreamSettings settings = *text_.settings_;
-    const OIndentStream out(settings);
-    const int column = startsLine_ ? indentWidth(out) : text_.columnAt(begin_);
-    settings.indent = indentStringFor(out, column);
-    return writtenIndent(settings);
+const std::string& PlainExprText::Nested::itemIndent() {
+    if (!itemIndent_) {
+        IndentStreamSettings settings = *text_.settings_;
+        const OIndentStream out(settings);
+        settings.indent = indentStringFor(out, startsLine_ ? indentWidth(out) : text_.columnAt(begin_));
+        itemIndent_ = writtenIndent(settings);
+    }
+    return *itemIndent_;
 }
 
 // ---- Characters
@@ -189,7 +186,7 @@ void PlainExprText::append(std::string_view piece) {
 
 void PlainExprText::appendAny(std::string_view piece) {
     if (skipsWhiteSpace_) {
-        piece = withoutLeadingWs(piece);
+        piece = Vellum::withoutLeadingSpace(piece);
         if (piece.empty()) return;
         skipsWhiteSpace_ = false;
     }
@@ -202,7 +199,7 @@ void PlainExprText::appendAny(std::string_view piece) {
 void PlainExprText::appendLines(std::string_view piece) {
     while (!piece.empty()) {
         if (startsLine_ && piece.front() != '\n') {
-            if (!settings_->keepLeadingWs && Cpp::isSpace(piece.front())) {
+            if (!settings_->keepLeadingWs && Vellum::isSpace(piece.front())) {
                 piece.remove_prefix(1);
                 continue;
             }
@@ -220,7 +217,7 @@ void PlainExprText::appendLines(std::string_view piece) {
 }
 
 void PlainExprText::startLine() {
-    text_ += startsItem_ ? itemIndent_ : writtenIndent(*settings_);
+    text_ += startsItem_ ? nested_->itemIndent() : writtenIndent(*settings_);
     startsLine_ = startsItem_ = false;
 }
 
@@ -252,7 +249,7 @@ int PlainExprText::columnAt(std::size_t offset) const {
 
 void PlainExprText::trimEnd(std::size_t from) {
     const std::size_t size = text_.size();
-    while (text_.size() > from && Cpp::isSpace(text_.back())) text_.pop_back();
+    while (text_.size() > from && Vellum::isSpace(text_.back())) text_.pop_back();
     if (text_.size() == size) return;
     behindLast_ = nullptr;
     startsLine_ = text_.empty() ? settings_->column <= 0 : text_.back() == '\n';

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -67,7 +68,7 @@ public:
         void findComma(std::uint32_t from);
         Trn::TokenKind kindBehindComma() const;
         bool linesUp() const { return style_.commas.isLinedUp && style_.isRaw && !outerIsRewritten_; }
-        std::string itemIndent() const;
+        const std::string& itemIndent();
 
         PlainExprText& text_;
         const ExprSlice& slice_;
@@ -78,6 +79,7 @@ public:
         Nested* outer_;
         std::size_t outerCommaOffset_;
         bool outerIsRewritten_;
+        std::optional<std::string> itemIndent_;
     };
 
 private:
@@ -110,8 +112,7 @@ private:
     // The place that the writing has reached
     bool startsLine_ = false;
     bool skipsWhiteSpace_ = false;
-    std::string itemIndent_;  // of the line that starts there, if an item behind a comma does
-    bool startsItem_ = false;
+    bool startsItem_ = false;           // with that line, behind a comma of `nested_`
     const char* behindLast_ = nullptr;  // in the source: what follows there stood side by side with the last piece
     Nested* nested_ = nullptr;
     std::size_t commaOffset_ = std::string_view::npos;  // of the next comma that takes values
