@@ -70,8 +70,8 @@ void PlainExprText::start(const ExprSlice& slice, const IndentStreamSettings& se
 }
 
 void PlainExprText::writeMoved(std::string_view piece) {
-    if (holds(piece, '\t')) return fail();
-    appendAny(piece);
+    if (holds(piece, '\t')) fail();
+    writeValue(piece);
 }
 
 // ---- Commas

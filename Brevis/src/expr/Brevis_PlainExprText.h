@@ -37,6 +37,7 @@ class PlainExprText {
 public:
     // Starts a new result. The settings must outlive its making.
     void start(const ExprSlice& slice, const IndentStreamSettings& settings);
+    // From then on nothing is written.
     void fail() { hasFailed_ = true; }
     bool hasFailed() const { return hasFailed_; }
     const std::string& text() const { return text_; }
@@ -51,7 +52,9 @@ public:
     }
     // A part of the source, or a value, that is written somewhere else than where it stood.
     void writeMoved(std::string_view piece);
-    void writeValue(std::string_view value) { appendAny(value); }
+    void writeValue(std::string_view value) {
+        if (!hasFailed_) appendAny(value);
+    }
     // From here to the end of the stretch that is being written the result is written again as ordinary text.
     void noteRewriting() { isRewritten_ = true; }
 
