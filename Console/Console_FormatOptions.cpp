@@ -19,10 +19,15 @@ Format C and C++ source files under a scheme file. Only white space changes.
 Without FILE, or where FILE is -, standard input is read. The formatted text goes
 to standard output, unless one of -i, --check and --diff asks for something else.
 
-  -s, --scheme=FILE           the scheme file; without this option the nearest
+  -s, --scheme=SCHEME         the scheme: the path of a scheme file or else the name
+                                of a scheme; without this option the nearest
                                 .corvane.fsc in the source file's directory or one
                                 of its parents, else the scheme Corvane that comes
                                 with the program
+      --list-schemes          list the names that --scheme knows, and format nothing
+      --dump-scheme           print the scheme in force for FILE, or else for the
+                                current directory, as a scheme file with a comment
+                                that tells where it was found, and format nothing
   -i, --in-place              write each file back
       --backup[=EXT]          with -i: keep the source as FILE.EXT; EXT is bak
                                 unless given
@@ -52,7 +57,12 @@ messages and no output, and is left as it is; the other files are still done.
 
 --check and --diff may be combined. -i takes neither of them and no standard
 input; --backup needs -i; --assume-filename needs standard input, which can be
-named only once. --verify and --no-verify cannot be combined.
+named only once. --verify and --no-verify cannot be combined. --list-schemes takes
+no FILE, --dump-scheme one at most; neither takes -i, --check or --diff.
+
+A scheme has a name once it stands in the user's scheme directory, by default
+$XDG_DATA_HOME/corvane/schemes, or ~/.local/share/corvane/schemes. The schemes that
+come with the program arrive there, write-protected: they are listed as built-in.
 
 Exit status:
   0  if all went well and, with --check or --diff, nothing would change,
@@ -64,7 +74,9 @@ Warnings don't change it.
 void addOptions(CLI::App& app, FormatOptions& options) {
     app.set_help_flag("--help");
     app.set_version_flag("--version", versionText);
-    app.add_option("-s,--scheme", options.scheme)->type_name("FILE");
+    app.add_option("-s,--scheme", options.scheme)->type_name("SCHEME");
+    app.add_flag("--list-schemes", options.listSchemes)->disable_flag_override();
+    app.add_flag("--dump-scheme", options.dumpScheme)->disable_flag_override();
     app.add_flag("-i,--in-place", options.inPlace)->disable_flag_override();
     // A flag with a text: unlike an option it takes a value only behind an equals sign.
     app.add_flag("--backup{bak}", options.backupExtension);
@@ -84,10 +96,22 @@ void readVerification(const CLI::App& app, FormatOptions& options) {
     options.verifyStability = verify.count() > 0 && verify.as<std::string>() == "stable";
 }
 
+// The rules for the options that format nothing.
+std::string complaintAboutSchemeQuery(const FormatOptions& options) {
+    if (options.listSchemes && options.dumpScheme) return "--list-schemes and --dump-scheme cannot be combined";
+    if (options.inPlace || options.check || options.diff) {
+        return "--list-schemes and --dump-scheme format nothing: --in-place, --check and --diff have no meaning";
+    }
+    if (options.listSchemes && options.files != std::vector<std::string>{std::string(standardInput)}) {
+        return "--list-schemes takes no files";
+    }
+    return options.files.size() > 1 ? "--dump-scheme takes one file at most" : "";
+}
+
 // What is wrong with the combination of the options, or nothing. An empty value is no value.
 std::string complaintAbout(const CLI::App& app, const FormatOptions& options) {
     const auto standardInputs = std::count(options.files.begin(), options.files.end(), standardInput);
-    if (app.count("--scheme") > 0 && options.scheme.empty()) return "--scheme needs the name of a file";
+    if (app.count("--scheme") > 0 && options.scheme.empty()) return "--scheme needs a path or a name";
     if (app.count("--assume-filename") > 0 && options.assumeFilename.empty()) return "--assume-filename needs a path";
     if (options.inPlace && options.check) return "--in-place and --check cannot be combined: --check writes nothing";
     if (options.inPlace && options.diff) return "--in-place and --diff cannot be combined: --diff writes nothing";
@@ -125,7 +149,9 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     options.createBackups = app.count("--backup") > 0;
     readVerification(app, options);
     if (options.files.empty()) options.files.emplace_back(standardInput);
-    const std::string complaint = complaintAbout(app, options);
+    std::string complaint;
+    if (options.listSchemes || options.dumpScheme) complaint = complaintAboutSchemeQuery(options);
+    if (complaint.empty()) complaint = complaintAbout(app, options);
     return complaint.empty() ? command : failure(complaint);
 }
 

@@ -11,7 +11,9 @@ inline constexpr std::string_view standardInput = "-";
 
 struct FormatOptions {
     std::vector<std::string> files;  // in the order given, never empty; "-" is standard input
-    std::string scheme;              // empty: search for one
+    std::string scheme;              // a path or a name; empty: search for one
+    bool listSchemes = false;
+    bool dumpScheme = false;  // for the one file
     bool inPlace = false;
     bool check = false;
     bool diff = false;

@@ -3,11 +3,14 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <sstream>
 #include <utility>
 
 #include "BrevisUI_FileJob.h"
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
+#include "Console_SchemeLibrary.h"
 #include "Console_UnifiedDiff.h"
 
 namespace Console {
@@ -15,6 +18,18 @@ namespace Console {
 using BrevisUI::fillIn;
 namespace Message = BrevisUI::Message;
 namespace Severity = BrevisUI::Severity;
+namespace fs = std::filesystem;
+
+namespace {
+
+// A comment must not go on in a line of its own.
+std::string onOneLine(std::string path) {
+    std::replace_if(
+        path.begin(), path.end(), [](char c) { return c == '\n' || c == '\r'; }, '?');
+    return path;
+}
+
+}  // namespace
 
 FormatRun::FormatRun(const FormatOptions& options, StandardOutput& output)
     : options_(options), output_(output), schemes_(shippedSchemePath()) {}
@@ -34,6 +49,12 @@ std::string FormatRun::displayName(const std::string& file) const {
 }
 
 int FormatRun::run() {
+    if (options_.listSchemes) return listSchemes();
+    if (options_.dumpScheme) return dumpScheme(options_.files.front());
+    return processFiles();
+}
+
+int FormatRun::processFiles() {
     int status = exitGood;
     for (const std::string& file : options_.files) {
         status = std::max(status, processFile(file));
@@ -43,19 +64,54 @@ int FormatRun::run() {
     return status;
 }
 
-const Brevis::PropertySet* FormatRun::schemeFor(const std::string& file) {
-    const std::string& place = file == standardInput ? options_.assumeFilename : file;
-    const std::string path = options_.scheme.empty() ? schemes_.pathFor(place) : options_.scheme;
-    const LoadedScheme& loaded = schemes_.load(path);
-    if (path != reportedScheme_) {
-        for (const Remark& remark : loaded.remarks) send(remark.text, remark.severity);
-        reportedScheme_ = path;
+int FormatRun::listSchemes() {
+    const SchemeLibrary library;
+    for (const auto& [name, scheme] : library.schemes()) {
+        output_.write(name + (scheme.builtIn ? " (built-in)\n" : "\n"));
     }
+    sendRemarks(library.remarks());
+    return exitGood;
+}
+
+int FormatRun::dumpScheme(const std::string& file) {
+    const std::string path = schemePathFor(file);
+    const Brevis::PropertySet* scheme = schemeAt(path);
+    if (!scheme) return exitTrouble;
+    std::ostringstream out;
+    out << "# This scheme was found at " << onOneLine(fs::absolute(path).lexically_normal().string()) << '\n';
+    scheme->write(out);
+    output_.write(out.str());
+    return exitGood;
+}
+
+const std::string& FormatRun::givenScheme() {
+    if (givenScheme_.empty()) {
+        GivenScheme given = findGivenScheme(options_.scheme);
+        sendRemarks(given.remarks);
+        givenScheme_ = std::move(given.path);
+    }
+    return givenScheme_;
+}
+
+std::string FormatRun::schemePathFor(const std::string& file) {
+    if (!options_.scheme.empty()) return givenScheme();
+    const std::string& place = file == standardInput ? options_.assumeFilename : file;
+    return schemes_.pathFor(BrevisUI::isDirectory(place) ? place + "/" : place);
+}
+
+void FormatRun::sendRemarks(const std::vector<Remark>& remarks) {
+    for (const Remark& remark : remarks) send(remark.text, remark.severity);
+}
+
+const Brevis::PropertySet* FormatRun::schemeAt(const std::string& path) {
+    const LoadedScheme& loaded = schemes_.load(path);
+    if (path != reportedScheme_) sendRemarks(loaded.remarks);
+    reportedScheme_ = path;
     return loaded.good ? &loaded.scheme : nullptr;
 }
 
 int FormatRun::processFile(const std::string& file) {
-    const Brevis::PropertySet* scheme = schemeFor(file);
+    const Brevis::PropertySet* scheme = schemeAt(schemePathFor(file));
     if (!scheme) {
         send("The file \"" + displayName(file) + "\" will not be formatted: its scheme is bad.", Severity::error);
         return exitTrouble;

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "BrevisUI_FormatHost.h"
 #include "Console_FormatOptions.h"
@@ -18,7 +19,8 @@ public:
     // `options` and `output` must outlive the run.
     FormatRun(const FormatOptions& options, StandardOutput& output);
 
-    // Does all files in their order and gives the exit status, which knows nothing of a failed write to `output`.
+    // Does what the options ask for: lists or prints schemes, or formats all files in their order. Gives the exit
+    // status, which knows nothing of a failed write to `output`.
     int run();
 
 private:
@@ -31,8 +33,16 @@ private:
 
     // The name of a file in messages.
     std::string displayName(const std::string& file) const;
-    // The scheme for a file, or null once the messages about it have been sent.
-    const Brevis::PropertySet* schemeFor(const std::string& file);
+    int listSchemes();
+    int dumpScheme(const std::string& file);
+    int processFiles();
+    // The path of the scheme file that --scheme means.
+    const std::string& givenScheme();
+    // The path of the scheme file for a source file.
+    std::string schemePathFor(const std::string& file);
+    void sendRemarks(const std::vector<Remark>& remarks);
+    // The scheme at a path, or null once the messages about it have been sent.
+    const Brevis::PropertySet* schemeAt(const std::string& path);
     int processFile(const std::string& file);
     int formatInPlace(const std::string& file, const Brevis::PropertySet& scheme);
     int formatToOutput(const std::string& file, const Brevis::PropertySet& scheme);
@@ -43,6 +53,7 @@ private:
     const FormatOptions& options_;
     StandardOutput& output_;
     SchemeFinder schemes_;
+    std::string givenScheme_;     // empty until it has been asked for
     std::string reportedScheme_;  // the path of the scheme whose remarks were sent last
 };
 

@@ -6,11 +6,13 @@
 #include <cstring>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "Brevis_Formatter.h"
 #include "Console_SchemeFinder.h"
+#include "Console_SchemeLibrary.h"
 #include "Console_SchemePrinter.h"
 #include "Console_StandardStreams.h"
 #include "Console_TreePrinter.h"
@@ -50,15 +52,23 @@ void writeMessages(const Source& source, const Trn::ParseMessageList& messages) 
     }
 }
 
+void writeRemarks(const std::vector<Remark>& remarks) {
+    for (const Remark& remark : remarks) writeErrorLine(remark.text);
+}
+
 LoadedScheme loadAndRemark(const std::string& path) {
     LoadedScheme loaded = loadScheme(path);
-    for (const Remark& remark : loaded.remarks) writeErrorLine(remark.text);
+    writeRemarks(loaded.remarks);
     return loaded;
 }
 
 // The scheme that corvane-format would take.
 std::string schemePath(const InspectOptions& options) {
-    if (!options.scheme.empty()) return options.scheme;
+    if (!options.scheme.empty()) {
+        GivenScheme given = findGivenScheme(options.scheme);
+        writeRemarks(given.remarks);
+        return std::move(given.path);
+    }
     return SchemeFinder(shippedSchemePath()).pathFor(isStandardInput(options.file) ? "" : options.file);
 }
 
@@ -97,7 +107,7 @@ int showTree(const InspectOptions& options, std::string& out) {
 int showWrapped(const InspectOptions& options, std::string& out) {
     const std::optional<Source> source = readSource(options.file);
     if (!source) return inspectTrouble;
-    const LoadedScheme loaded = loadAndRemark(options.scheme);
+    const LoadedScheme loaded = loadAndRemark(schemePath(options));
     if (!loaded.good) return inspectTrouble;
 
     Trn::ParseMessageList messages;

@@ -6,7 +6,7 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
-#include "scheme/Brevis_PropertyCatalogue.h"
+#include "BrevisUI_UserPlaces.h"
 #include "scheme/Brevis_SchemeText.h"
 
 namespace Console {
@@ -16,16 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 namespace Severity = BrevisUI::Severity;
 
-// A misspelt key has no effect, which is hard to see.
-void remarkOnUnknownKeys(const std::string& path, LoadedScheme& loaded) {
-    for (const std::string& key : loaded.scheme.keys()) {
-        if (Brevis::Catalogue::isKnown(key)) continue;
-        std::string text = path;
-        text.append(": information: The key ").append(key).append(" is unknown.");
-        loaded.remarks.push_back({Severity::information, std::move(text)});
-    }
-}
-
 // A message about a line of the scheme file.
 Remark remarkOf(const std::string& path, const Trn::ParseMessage& message) {
     std::string text = path;
@@ -34,11 +24,18 @@ Remark remarkOf(const std::string& path, const Trn::ParseMessage& message) {
     return {message.severity, std::move(text)};
 }
 
+void remarkOnKeys(const std::string& path, LoadedScheme& loaded) {
+    for (Remark& remark : BrevisUI::remarksOn(loaded.scheme)) {
+        remark.text.insert(0, path + ": warning: ");
+        loaded.remarks.push_back(std::move(remark));
+    }
+}
+
 void readScheme(const std::string& path, const std::string& text, LoadedScheme& loaded) {
     Trn::ParseMessageList messages;
     loaded.good = Brevis::readSchemeText(text, loaded.scheme, messages);
     for (const Trn::ParseMessage& message : messages) loaded.remarks.push_back(remarkOf(path, message));
-    if (loaded.good) remarkOnUnknownKeys(path, loaded);
+    if (loaded.good) remarkOnKeys(path, loaded);
 }
 
 // The directory in which a search begins, the current one for an empty path. Links and dots are resolved, so that its
@@ -49,11 +46,6 @@ fs::path directoryOf(const std::string& file) {
     if (error) return {};
     const fs::path directory = fs::weakly_canonical(absolute.parent_path(), error);
     return error ? absolute.parent_path().lexically_normal() : directory;
-}
-
-bool isInside(const fs::path& path, const fs::path& directory) {
-    const fs::path relative = path.lexically_relative(directory);
-    return !relative.empty() && *relative.begin() != "..";
 }
 
 }  // namespace
@@ -76,16 +68,7 @@ LoadedScheme loadScheme(const std::string& path) {
     return loaded;
 }
 
-std::string shippedSchemePath() {
-    constexpr const char* name = "Corvane.fsc";
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const fs::path beside = program.parent_path() / CORVANE_DATA_FROM_BIN / "schemes";
-    // An installed tree may stand inside of a build tree.
-    const bool isBuilt = error || (isInside(program, CORVANE_BUILD_DIR) && !fs::exists(beside, error));
-    const fs::path schemes = isBuilt ? fs::path(CORVANE_SOURCE_DIR) / "schemes" : beside;
-    return (schemes.lexically_normal() / name).string();
-}
+std::string shippedSchemePath() { return BrevisUI::shippedSchemeDirectory() + "Corvane.fsc"; }
 
 std::string SchemeFinder::pathFor(const std::string& file) const {
     fs::path directory = directoryOf(file);

@@ -6,13 +6,11 @@
 #include <vector>
 
 #include "scheme/Brevis_PropertySet.h"
+#include "store/BrevisUI_SchemeRemarks.h"
 
 namespace Console {
 
-struct Remark {
-    int severity;
-    std::string text;
-};
+using Remark = BrevisUI::SchemeRemark;
 
 // A scheme file and what there is to say about it. It is of no use if one of the remarks is an error.
 struct LoadedScheme {
@@ -24,8 +22,7 @@ struct LoadedScheme {
 // Never throws for a bad file. Remarks name the path and, where it is known, the line.
 LoadedScheme loadScheme(const std::string& path);
 
-// The scheme file that comes with the program: in the data directory beside an installed program, in the source tree
-// for a program that was built and not installed.
+// The scheme file that comes with the program for files without one of their own.
 std::string shippedSchemePath();
 
 class SchemeFinder {

@@ -35,8 +35,8 @@ stands for a file in the current directory.
   scheme       one property a line: its key, the value in force and where that comes
                  from, between tabs; the path of the scheme comes first
   -s, --scheme SCHEME
-               the scheme file; without one, the command scheme shows the scheme that
-                 corvane-format would take for FILE, which it doesn't read
+               the path or the name of the scheme; without one, the command scheme shows
+                 the scheme that corvane-format would take for FILE, which it doesn't read
       --help     show this help and exit
       --version  show the version and exit
 

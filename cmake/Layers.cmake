@@ -11,7 +11,7 @@ list(JOIN front " " front)
 list(JOIN engine_folders " " engine_folders)
 
 set(host BrevisConfigure)
-foreach(folder files projects batch)
+foreach(folder files projects batch store settings)
   list(APPEND host_folders ${host}/${folder})
 endforeach()
 list(JOIN host_folders " " host_folders)
@@ -35,6 +35,8 @@ set(layers
   "${host}/files: ${front} ${host}"
   "${host}/projects: ${front} ${host} ${host}/files"
   "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/files ${host}/projects"
+  "${host}/store: ${front} ${scheme} ${host}"
+  "${host}/settings: ${front} ${scheme} ${host}"
   "Console: ${front} ${engine} ${engine_folders} ${host} ${host_folders}")
 
 # Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed

@@ -2,11 +2,9 @@
 #include "BrevisUI_FileJob.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
+#include "../support/Environment.h"
 #include "../support/TestFiles.h"
 #include "BrevisUI_Messages.h"
 #include "BrevisUI_TextJob.h"
@@ -181,15 +179,10 @@ TEST_F(FileJobTest, WithoutItsBackupAFileIsNotTouched) {
 TEST_F(FileJobTest, PutsTheSourceBackWhenWritingBreaksOff) {
     const std::string source = "void f( ){\n" + std::string(300, ';') + "\ng( );\n}\n";
     const std::string path = dir.file("a.cpp", source);
-    rlimit old{};
-    ASSERT_EQ(0, getrlimit(RLIMIT_FSIZE, &old));
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit low{source.size(), old.rlim_max};
-    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &low));
-    const FileResult result = run(path);
-    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &old));
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_EQ(FileResult::Refused, result);
+    {
+        const Environment::FullDisk fullDisk(source.size());
+        EXPECT_EQ(FileResult::Refused, run(path));
+    }
     EXPECT_EQ("3 Corvane C++ was unable to write the formatted text back to the file \"" + path +
                   "\". The file will not be formatted.",
               host.sent.back());

@@ -25,10 +25,12 @@ protected:
         dir.file("empty.cpp", "");
     }
 
-    // Runs a shell command in the directory, $F being the program. Sets `status`, `out` and `err`.
+    // Runs a shell command in the directory, $F being the program. Sets `status`, `out` and `err`. The user's files
+    // stand in the directories `data` and `config`.
     void run(const std::string& command) {
-        const std::string line = "cd '" + dir.path() + "' && F='" CORVANE_FORMAT "' && { " + command + "; } >'" +
-                                 dir.file("stdout") + "' 2>'" + dir.file("stderr") + "'";
+        const std::string line =
+            "cd '" + dir.path() + "' && export XDG_DATA_HOME=\"$PWD/data\" XDG_CONFIG_HOME=\"$PWD/config\" F='" +
+            CORVANE_FORMAT + "' && { " + command + "; } >'" + dir.file("stdout") + "' 2>'" + dir.file("stderr") + "'";
         const int result = std::system(line.c_str());
         status = WIFEXITED(result) ? WEXITSTATUS(result) : -1;
         out = contents(dir.file("stdout"));
@@ -63,11 +65,75 @@ TEST_F(CorvaneFormatTest, FormatsToStandardOutput) {
     EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
 }
 
-TEST_F(CorvaneFormatTest, AnExplicitSchemeWins) {
-    dir.file("eight.fsc", "Brevis::PropertySet\n1\n\"eight\"\n3 INDENT_FN_CONTENT \"        \"\n");
-    run("$F -s eight.fsc ugly.cpp");
-    EXPECT_EQ("void f( ){\n        g( );\n}\n", out);
+constexpr const char* eightScheme = "Brevis::PropertySet\n1\n\"eight\"\n3 INDENT_FN_CONTENT \"        \"\n";
+constexpr const char* eight = "void f( ){\n        g( );\n}\n";
+
+TEST_F(CorvaneFormatTest, FindsSchemesByNameAndAPathWins) {
+    dir.file("data/corvane/schemes/mine.fsc", eightScheme);
+    dir.file("data/corvane/schemes/broken.fsc", "no scheme\n");
+    fs::create_directory(dir.file("eight"));
+    const std::string list = "Allman (built-in)\nCorvane (built-in)\nK&R (built-in)\n";
+    run("$F --list-schemes");
     EXPECT_EQ(0, status);
+    EXPECT_EQ(list + "eight\n", out);
+    EXPECT_EQ(0u, err.find(dir.file("data/corvane/schemes/broken.fsc(1) : error: "))) << err;
+    run("$F -s eight ugly.cpp");
+    EXPECT_EQ(eight, out);
+    EXPECT_EQ("", err);
+    run("$F -s 'K&R' --dump-scheme");
+    EXPECT_EQ(0u, out.find("# This scheme was found at " + dir.file("data/corvane/schemes/K&R.fsc") + "\nBrevis::"));
+    run("cp .corvane.fsc Allman; $F -s Allman ugly.cpp");
+    EXPECT_EQ(pretty, out);
+    run("$F -s seven ugly.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_NE(std::string::npos, err.find("broken.fsc(1) : error: ")) << err;
+    EXPECT_NE(std::string::npos, err.find("There is no scheme of the name \"seven\"")) << err;
+    EXPECT_NE(std::string::npos, err.find("\"seven\" cannot be found.")) << err;
+
+    // Another directory of the user's choice gets no shipped schemes; they are found all the same.
+    dir.file("config/corvane/settings.json", "{\"PropertySetStore\": \"" + dir.file("own") + "\"}");
+    dir.file("own/Allman.fsc", "Brevis::PropertySet\n1\n\"Allman\"\n");
+    run("$F --list-schemes");
+    EXPECT_EQ("Allman\nCorvane (built-in)\nK&R (built-in)\n", out);
+    EXPECT_FALSE(fs::exists(dir.file("own/K&R.fsc")));
+    // Neither do they need any place of the user's.
+    dir.file("config/corvane/settings.json", "{");
+    run("XDG_DATA_HOME=/dev/null $F --list-schemes");
+    EXPECT_EQ(list, out);
+    EXPECT_EQ(0u, err.find("Could not open application registry key.")) << err;
+    EXPECT_EQ("{", contents(dir.file("config/corvane/settings.json")));
+}
+
+TEST_F(CorvaneFormatTest, PrintsTheSchemeInForce) {
+    dir.file("sub/.corvane.fsc", std::string("# mine\n") + eightScheme + "3 WS_AFTER_FN_NAEM \" \"\n");
+    const std::string found = "# This scheme was found at ";
+    const std::string here = found + dir.file(".corvane.fsc\n") + contents(dir.file(".corvane.fsc"));
+    const std::string below = found + dir.file("sub/.corvane.fsc\n") + eightScheme + "3 WS_AFTER_FN_NAEM \" \"\n";
+    const struct {
+        const char* command;
+        const std::string& out;
+    } cases[] = {
+        {"$F --dump-scheme", here},
+        {"$F --dump-scheme ugly.cpp", here},
+        {"$F --dump-scheme sub", below},
+        {"$F --dump-scheme sub/gone.cpp", below},
+        {"cd sub; $F --dump-scheme", below},
+        {"$F --dump-scheme --assume-filename sub/a.cpp", below},
+        {"$F --dump-scheme -s sub/.corvane.fsc", below},
+    };
+    for (const auto& [command, expected] : cases) {
+        run(command);
+        EXPECT_EQ(0, status) << command;
+        EXPECT_EQ(expected, out) << command;
+        EXPECT_EQ(&expected == &below, err.find("the nearest known key is WS_AFTER_FN_NAME.") != std::string::npos);
+    }
+    // What is printed is a scheme file itself.
+    run("$F --dump-scheme sub >d.fsc; $F -s d.fsc ugly.cpp");
+    EXPECT_EQ(eight, out);
+    EXPECT_FALSE(fs::exists(dir.file("data"))) << "nobody has asked for a scheme by name";
+    run("$F --dump-scheme bad.cpp -s bad.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ("", out);
 }
 
 TEST_F(CorvaneFormatTest, ChecksAndShowsWithoutWriting) {

@@ -18,8 +18,10 @@ protected:
 
     // Runs a shell command in the directory, $I being the program. Sets `status`, `out` and `err`.
     void run(const std::string& command) {
-        const std::string line = "cd '" + dir.path() + "' && I='" CORVANE_INSPECT "' && { " + command + "; } >'" +
-                                 dir.file("stdout") + "' 2>'" + dir.file("stderr") + "'";
+        const std::string line = "cd '" + dir.path() +
+                                 "' && export XDG_DATA_HOME=\"$PWD\" XDG_CONFIG_HOME=\"$PWD\" I='" CORVANE_INSPECT
+                                 "' && { " +
+                                 command + "; } >'" + dir.file("stdout") + "' 2>'" + dir.file("stderr") + "'";
         const int result = std::system(line.c_str());
         status = WIFEXITED(result) ? WEXITSTATUS(result) : -1;
         out = TestFiles::contents(dir.file("stdout"));
@@ -100,7 +102,10 @@ TEST_F(CorvaneInspectTest, ShowsTheSchemeInForce) {
     }
     run("$I scheme -s missing.fsc");
     EXPECT_EQ(status, 2);
-    EXPECT_EQ(err, "The scheme file \"missing.fsc\" cannot be found.\n");
+    EXPECT_NE(err.find("There is no scheme of the name \"missing.fsc\""), std::string::npos) << err;
+    EXPECT_NE(err.find("\nThe scheme file \"missing.fsc\" cannot be found.\n"), std::string::npos) << err;
+    run("$I scheme -s 'K&R'");
+    EXPECT_EQ(out.rfind("# " + dir.file("corvane/schemes/K&R.fsc") + "\n", 0), 0u) << out;
 }
 
 TEST_F(CorvaneInspectTest, TellsWhatItCannotDo) {

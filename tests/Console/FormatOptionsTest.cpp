@@ -65,6 +65,12 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"--verify=false"}, "--verify"},
         {{"-i", "--no-verify", "--verify=stable", "a"}, "--no-verify"},
         {{"--no-verify=stable"}, "no-verify"},
+        {{"--list-schemes", "--dump-scheme"}, "--dump-scheme"},
+        {{"--list-schemes", "a"}, "no files"},
+        {{"--dump-scheme", "a", "b"}, "one file"},
+        {{"--dump-scheme", "-i", "a"}, "--in-place"},
+        {{"--dump-scheme", "--diff", "a"}, "--diff"},
+        {{"--list-schemes", "--check"}, "--check"},
     };
     for (const auto& [arguments, mentions] : cases) {
         const FormatCommand command = parse(arguments);
@@ -76,9 +82,9 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
 TEST(FormatOptions, HelpAndVersion) {
     const FormatCommand help = parse({"--help", "--bogus"});
     EXPECT_EQ(Action::ShowText, help.action);
-    for (const char* option :
-         {"-s, --scheme=", "-i, --in-place", "--backup[=EXT]", "--check", "--diff", "--verify[=", "--no-verify",
-          "--verbose", "--assume-filename=", "--threshold=", "--help", "--version", "Exit status"}) {
+    for (const char* option : {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]",
+                               "--check", "--diff", "--verify[=", "--no-verify", "--verbose",
+                               "--assume-filename=", "--threshold=", "--help", "--version", "Exit status"}) {
         EXPECT_NE(std::string::npos, help.text.find(option)) << option;
     }
     const FormatCommand version = parse({"--version"});

@@ -76,7 +76,7 @@ TEST(LoadScheme, TellsWhatIsWrongAndWhere) {
         {"end", "Brevis::PropertySet\n1\n\"s\"\n2 TAB_SIZE 4", true,
          "2 @(4) : warning: The property is left out: the last line of a scheme file needs a line feed."},
         {"unknown", "Brevis::PropertySet\n1\n\"s\"\n2 TAB_SIZES 4\n", true,
-         "1 @: information: The key TAB_SIZES is unknown."},
+         "2 @: warning: The key TAB_SIZES is unknown and has no effect; the nearest known key is TAB_SIZE."},
     };
     for (const auto& [name, text, isGood, remark] : cases) {
         const std::string path = text ? dir.file(name, text) : dir.file(name);
