@@ -1,0 +1,57 @@
+// Gives files their old texts back from the journals of runs: on request for a whole run, and after a crash for files
+// that were being overwritten. It changes no file that has been changed by somebody else.
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "disk/BrevisUI_FileWriter.h"
+
+namespace BrevisUI {
+
+class Restorer {
+public:
+    // Shows one line to the user, with one of the severities of messages.
+    using Tell = std::function<void(const std::string& text, int severity)>;
+
+    Restorer(FileSystem& system, const RunStore& store, Tell tell)
+        : system_(system), store_(store), tell_(std::move(tell)) {}
+
+    // Takes back the last run that has changed a file and has not been taken back. False if a file could not be brought
+    // back or there is no such run.
+    bool undo();
+
+    // Looks after what interrupted runs have left in the store and in these directories. False if that failed for a
+    // file.
+    bool recover(std::set<std::string> directories);
+
+private:
+    using Entry = RunJournal::Entry;
+    using Entries = std::vector<Entry>;
+
+    // What has become of a file of a run that is to be undone.
+    enum class Step { Begun, LeftAlone, Failed };
+
+    bool undoRun(RunJournal& journal, const Entries& entries);
+    Step undoFile(RunJournal& journal, const Entries& entries, std::size_t index, FileWriter& writer);
+    // For a file that the writer can't write; its text is safe in the journal.
+    Step undoInPlace(RunJournal& journal, std::size_t index, const std::string& path, const std::string& present,
+                     const std::string& oldText);
+    bool finishUndo(RunJournal& journal, const Entries& entries, std::vector<std::size_t>& begun, FileWriter& writer);
+
+    // Adds the directories in which the run may have left a temporary file.
+    bool recoverRun(const std::string& run, std::set<std::string>& directories);
+    bool recoverFile(RunJournal& journal, const Entry& entry, std::size_t index);
+    bool putOldTextBack(RunJournal& journal, const Entry& entry, std::size_t index, const std::string& found);
+
+    std::error_code read(const std::string& path, std::string& text);
+    bool fail(const std::string& text);
+
+    FileSystem& system_;
+    const RunStore& store_;
+    const Tell tell_;
+};
+
+}  // namespace BrevisUI

@@ -1,0 +1,73 @@
+// What one run does to files, kept in a directory of its own. `texts` there holds the old texts, one behind the other;
+// `journal` holds a line for each file that is about to change, and one for each step that a file has taken since. Both
+// only grow. The run holds a lock on the journal for as long as it lives.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "disk/BrevisUI_Fingerprint.h"
+#include "disk/BrevisUI_OpenFile.h"
+
+namespace BrevisUI {
+
+class RunJournal {
+public:
+    enum class State {
+        Begun,    // the file holds its old text or its new one, and a temporary file may lie beside it
+        InPlace,  // it may hold anything
+        Done,     // it has got its new text
+        Kept,     // it has kept its old text
+        Undone,   // it has got its old text back
+    };
+
+    struct Entry {
+        std::string path;
+        std::uint64_t place = 0;  // of the old text in `texts`
+        Fingerprint old;
+        Fingerprint formatted;
+        State state = State::Begun;
+
+        // Whether an interrupted run may have left something behind.
+        bool isOpen() const { return state == State::Begun || state == State::InPlace; }
+    };
+
+    // Makes the directory and the two files in it; leaves nothing behind if that fails.
+    static std::unique_ptr<RunJournal> create(FileSystem& system, const std::string& directory, std::error_code& error);
+    // Opens what a run has left. The error is EWOULDBLOCK if that run is still at work.
+    static std::unique_ptr<RunJournal> open(FileSystem& system, const std::string& directory, std::error_code& error);
+
+    const std::string& directory() const { return directory_; }
+
+    // Notes a file that is about to change. Entries are numbered from 0.
+    std::error_code add(std::string_view path, std::string_view oldText, std::string_view newText, std::size_t& entry);
+    std::error_code mark(std::size_t entry, State state);
+    // Brings both files and their directory to the disk.
+    std::error_code sync();
+
+    // All whole entries; an end that broke off is cut away.
+    std::error_code readEntries(std::vector<Entry>& entries);
+    // An error too if the text isn't the one that was stored.
+    std::error_code readOldText(const Entry& entry, std::string& text);
+
+    // Removes a journal with all that is in its directory.
+    static std::error_code remove(FileSystem& system, const std::string& directory);
+
+private:
+    RunJournal(FileSystem& system, const std::string& directory, int flags);
+
+    std::error_code openError() const;
+    static std::error_code append(FileSystem& system, OpenFile& file, off_t& size, std::string_view text);
+
+    FileSystem& system_;
+    const std::string directory_;
+    OpenFile texts_;
+    OpenFile journal_;
+    off_t textsSize_ = 0;
+    off_t journalSize_ = 0;
+    std::size_t count_ = 0;
+};
+
+}  // namespace BrevisUI
