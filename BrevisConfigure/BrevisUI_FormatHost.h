@@ -3,9 +3,12 @@
 
 #include <string>
 
+#include "BrevisUI_LineEnds.h"
 #include "Brevis_Formatter.h"
 
 namespace BrevisUI {
+
+class FileWriter;
 
 class FormatHost {
 public:
@@ -27,7 +30,15 @@ public:
     // Whether a text that a second run would change again is warned about. It costs that second run.
     virtual bool verifyStability() const { return false; }
 
-    // Called once for each text that was formatted, and written if the job writes it.
+    // The line ends of formatted texts.
+    virtual LineEndMode lineEnds() const { return LineEndMode::Keep; }
+
+    // The writer of a run over several files; the host calls its finish() behind the last. Null if each file is a run.
+    virtual FileWriter* fileWriter() { return nullptr; }
+    // Called, behind the messages, for a file that hasn't got its new text. Its job may have ended well before.
+    virtual void onWriteFailed(const std::string& /*path*/) {}
+
+    // Called once for each text that was formatted, and accepted by the writer if the job writes it.
     virtual void onFormatted(const std::string& /*path*/, const Brevis::FormatResult& /*result*/) {}
 };
 

@@ -39,6 +39,18 @@ inline constexpr std::string_view noBackup =
     "Corvane C++ was unable to create a backup file for the file \"%s\". The file will not be formatted.";
 inline constexpr std::string_view writeFailed =
     "Corvane C++ was unable to write the formatted text back to the file \"%s\". The file will not be formatted.";
+inline constexpr std::string_view changedSinceRead =
+    "The file \"%s\" has changed since it was read. The file will not be formatted.";
+inline constexpr std::string_view busy =
+    "The file \"%s\" is being written by another program. The file will not be formatted.";
+// Each stands in front of the text of a failed write, with what the system says behind it or the place of the old text.
+inline constexpr std::string_view notWritten = "The file \"%s\" cannot be written: ";
+inline constexpr std::string_view damaged =
+    "The file \"%s\" is half-written; corvane-format --recover puts its old text back, which is kept in ";
+inline constexpr std::string_view utf16 =
+    "The file \"%s\" is encoded in UTF-16 or UTF-32. The file will not be formatted; convert it to UTF-8 first.";
+inline constexpr std::string_view nul =
+    "The file \"%s\" holds NUL characters and is no source text. The file will not be formatted.";
 // The place and the two texts stand in the message before it.
 inline constexpr std::string_view codeChanged =
     "Formatting would change more than white space in the file \"%s\". The file will not be formatted.";
@@ -47,6 +59,8 @@ inline constexpr std::string_view unexpected =
     "An unexpected error has occurred. The current Corvane C++ operation has failed. Please contact Vellum Software "
     "Technical Support and report the following details: %s";
 inline constexpr std::string_view notFormatted = " The file \"%s\" will not be formatted.";
+// Of a run. The subject is what the system says.
+inline constexpr std::string_view noUndo = "The changes of this run cannot be undone: %s.";
 // Without a subject.
 inline constexpr std::string_view outOfMemory =
     "Corvane C++ is out of memory. Please try closing applications before attempting to run this application again.";

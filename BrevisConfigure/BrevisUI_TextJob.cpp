@@ -3,15 +3,20 @@
 
 #include <utility>
 
+#include "BrevisUI_Encoding.h"
 #include "BrevisUI_Messages.h"
 #include "BrevisUI_Verification.h"
 
 namespace BrevisUI {
 
 std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brevis::UpdateFunctor& update) const {
+    if (const std::string_view* const obstacle = obstacleIn(source)) {
+        update(Phase::refuse);
+        host_.send(fillIn(*obstacle, path_), Severity::error);
+        return std::nullopt;
+    }
     Trn::ParseMessageList messages;
-    const Brevis::FormatterProperties properties(scheme_);
-    Brevis::FormatResult result = Brevis::Formatter().format(properties, source, messages, update);
+    Brevis::FormatResult result = format(source, messages, update);
     if (!result.isFormatted()) {
         // A cancel inside the pipeline ends here as well as a syntax error does.
         update(Phase::refuse);
@@ -26,6 +31,22 @@ std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brev
     if (host_.verifyStability()) {
         if (const auto warning = findSecondChange(scheme_, result.text)) send(*warning);
     }
+    return result;
+}
+
+const std::string_view* TextJob::obstacleIn(std::string_view source) {
+    const Encoding encoding = encodingOf(source);
+    if (encoding == Encoding::Utf16) return &Message::utf16;
+    return encoding == Encoding::Nul ? &Message::nul : nullptr;
+}
+
+Brevis::FormatResult TextJob::format(const std::string& source, Trn::ParseMessageList& messages,
+                                     Brevis::UpdateFunctor& update) const {
+    const std::string_view mark = byteOrderMarkOf(source);
+    const Brevis::FormatterProperties properties(scheme_);
+    Brevis::FormatResult result = Brevis::Formatter().format(properties, source.substr(mark.size()), messages, update);
+    result.text = LineEnds::restore(source, mark.empty() ? std::move(result.text) : std::string(mark) + result.text,
+                                    host_.lineEnds());
     return result;
 }
 

@@ -25,6 +25,11 @@ public:
     bool changesTokens(std::string_view source, std::string_view formatted) const;
 
 private:
+    // Why such a text can't be formatted at all, or null.
+    static const std::string_view* obstacleIn(std::string_view source);
+    // Formats what stands between byte order mark and line ends.
+    Brevis::FormatResult format(const std::string& source, Trn::ParseMessageList& messages,
+                                Brevis::UpdateFunctor& update) const;
     void send(const Trn::ParseMessage& message) const;
 
     FormatHost& host_;

@@ -96,7 +96,7 @@ std::optional<Trn::ParseMessage> findSecondChange(const Brevis::PropertySet& sch
     try {
         const Brevis::FormatResult second = Brevis::Formatter().format(properties, formatted, messages, neverCancels);
         if (!second.isFormatted()) return refusedAgain(messages.front().position, messages.front().text);
-        return findOtherLine(formatted, second.text);
+        return findOtherLine(withLineFeeds(formatted), second.text);
     } catch (const std::exception& exception) {
         return refusedAgain({}, exception.what());
     }
