@@ -1,6 +1,7 @@
 // The steps of the file job, in their order.
 #include "BrevisUI_FileJob.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 
@@ -47,8 +48,9 @@ private:
     // The reason why the file can't be formatted in place, or null.
     const std::string_view* obstacle() const;
     std::optional<Brevis::FormatResult> format(const std::string& source);
-    bool takeBackup() const;
-    bool write(const std::string& formatted, const std::string& source) const;
+    // Takes the backup and writes, if there is something to write. Sends the messages.
+    bool write(const std::string& formatted, const std::string& source);
+    bool replace(FileWriter& writer, const std::string& formatted, const std::string& source);
 
     FormatHost& host_;
     const std::string& path_;
@@ -77,9 +79,7 @@ FileResult FileJob::run() {
     if (!formatted) return FileResult::Refused;
 
     showPhase_(Phase::write);
-    if (host_.createBackups() && !takeBackup()) return refuse(Message::noBackup);
     const bool written = write(formatted->text, source);
-    if (!written) refuse(Message::writeFailed);
     showPhase_(Phase::done);
     if (!written) return FileResult::Refused;
     host_.onFormatted(path_, *formatted);
@@ -111,13 +111,52 @@ std::optional<Brevis::FormatResult> FileJob::format(const std::string& source) {
     return textJob_.run(source, neverCancels);
 }
 
-bool FileJob::takeBackup() const { return copyFile(path_, path_ + "." + host_.backupExtension()); }
+bool FileJob::write(const std::string& formatted, const std::string& source) {
+    if (formatted == source) return true;
+    if (FileWriter* const writer = host_.fileWriter()) return replace(*writer, formatted, source);
+    FileSystem system;
+    FileWriter writer(system);
+    return replace(writer, formatted, source);
+}
 
-// When the write breaks off, the source goes back into the file if it still can: its old space has just come free.
-bool FileJob::write(const std::string& formatted, const std::string& source) const {
-    if (writeFile(path_, formatted, WriteMode::Text)) return true;
-    writeFile(path_, source, WriteMode::Binary);
-    return false;
+bool FileJob::replace(FileWriter& writer, const std::string& formatted, const std::string& source) {
+    if (host_.createBackups() && writer.copy(path_, source, path_ + "." + host_.backupExtension())) {
+        refuse(Message::noBackup);
+        return false;
+    }
+    WriteFailures failures = writer.replace(path_, source, formatted);
+    if (&writer != host_.fileWriter()) {
+        const WriteFailures late = writer.finish();
+        failures.insert(failures.end(), late.begin(), late.end());
+    }
+    if (const std::string reason = writer.takeWarning(); !reason.empty()) {
+        host_.send(fillIn(Message::noUndo, reason), Severity::warning);
+    }
+    tellFailures(host_, failures);
+    return std::none_of(failures.begin(), failures.end(), [&](const auto& failure) { return failure.path == path_; });
+}
+
+std::string_view reasonOf(WriteFailure::Cause cause) {
+    using Cause = WriteFailure::Cause;
+    switch (cause) {
+        case Cause::Missing:
+            return Message::missing;
+        case Cause::NoPermission:
+            return Message::noPermission;
+        case Cause::Changed:
+            return Message::changedSinceRead;
+        case Cause::Busy:
+            return Message::busy;
+        case Cause::Damaged:
+            return Message::damaged;
+        default:
+            return Message::notWritten;
+    }
+}
+
+void tellFailure(FormatHost& host, const WriteFailure& failure) {
+    host.send(fillIn(reasonOf(failure.cause), failure.path) + failure.details, Severity::error);
+    if (!failure.details.empty()) host.send(fillIn(Message::writeFailed, failure.path), Severity::error);
 }
 
 }  // namespace
@@ -126,6 +165,13 @@ FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::P
                       FileProgressDlg* progress) {
     return guarded(
         host, path, [&] { return FileJob(host, path, scheme, progress).run(); }, FileResult::Refused);
+}
+
+void tellFailures(FormatHost& host, const WriteFailures& failures) {
+    for (const WriteFailure& failure : failures) {
+        tellFailure(host, failure);
+        host.onWriteFailed(failure.path);
+    }
 }
 
 std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,

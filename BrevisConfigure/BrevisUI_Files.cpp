@@ -61,17 +61,4 @@ bool readFile(const std::string& path, std::string& text) {
     return file && readStream(file.get(), text);
 }
 
-bool writeFile(const std::string& path, const std::string& text, WriteMode mode) {
-    File file(std::fopen(path.c_str(), mode == WriteMode::Text ? "w" : "wb"));
-    if (!file) return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    // What the system holds back may fail only now.
-    return std::fclose(file.release()) == 0 && written;
-}
-
-bool copyFile(const std::string& from, const std::string& to) {
-    std::error_code error;
-    return fs::copy_file(from, to, fs::copy_options::overwrite_existing, error) && !error;
-}
-
 }  // namespace BrevisUI

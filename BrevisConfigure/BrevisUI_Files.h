@@ -1,4 +1,5 @@
-// The few things that the file job does on disk. No function throws for a file that fails; all tell by their result.
+// The few questions that the file job puts to the disk, and reading. No function throws for a file that fails; all tell
+// by their result.
 #pragma once
 
 #include <cstdio>
@@ -17,10 +18,5 @@ bool hasNoContents(const std::string& path);
 // All bytes that are left of a stream. False if reading failed; `text` then holds what came before.
 bool readStream(std::FILE* stream, std::string& text);
 bool readFile(const std::string& path, std::string& text);
-// Writes over the file. Text mode turns line feeds into the line ends of the platform.
-enum class WriteMode { Text, Binary };
-bool writeFile(const std::string& path, const std::string& text, WriteMode mode);
-// Replaces `to` if it exists. False too where both are the same file.
-bool copyFile(const std::string& from, const std::string& to);
 
 }  // namespace BrevisUI

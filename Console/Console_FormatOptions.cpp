@@ -31,6 +31,8 @@ to standard output, unless one of -i, --check and --diff asks for something else
   -i, --in-place              write each file back
       --backup[=EXT]          with -i: keep the source as FILE.EXT; EXT is bak
                                 unless given
+      --line-endings=WHAT     how lines end: keep, as in the source, which is the
+                                default; lf; crlf; native, as on this system
       --check                 write nothing; name each file that would change
       --diff                  write nothing; show what would change as a unified
                                 diff, in colours on a terminal
@@ -49,6 +51,12 @@ to standard output, unless one of -i, --check and --diff asks for something else
       --threshold=N           leave out messages of a severity below N, 0 to 3, 2
                                 unless given: 1 is information, 2 a warning, 3 an
                                 error
+      --undo                  give every file that the last run with -i has changed
+                                its old text back, unless it has changed since
+      --recover               look for what an interrupted run has left beside each
+                                FILE, in the current directory without FILE, and
+                                in the cache: give half-written files their old
+                                text back and remove temporary files
       --help                  show this help and exit
       --version               show the version and exit
 
@@ -58,11 +66,15 @@ messages and no output, and is left as it is; the other files are still done.
 --check and --diff may be combined. -i takes neither of them and no standard
 input; --backup needs -i; --assume-filename needs standard input, which can be
 named only once. --verify and --no-verify cannot be combined. --list-schemes takes
-no FILE, --dump-scheme one at most; neither takes -i, --check or --diff.
+no FILE, --dump-scheme one at most; neither takes -i, --check or --diff. --undo and
+--recover take no other option, and --undo no FILE.
 
 A scheme has a name once it stands in the user's scheme directory, by default
 $XDG_DATA_HOME/corvane/schemes, or ~/.local/share/corvane/schemes. The schemes that
 come with the program arrive there, write-protected: they are listed as built-in.
+
+-i leaves a file alone that would not change. The old texts of the last ten runs
+are kept in $XDG_CACHE_HOME/corvane, by default ~/.cache/corvane.
 
 Exit status:
   0  if all went well and, with --check or --diff, nothing would change,
@@ -70,6 +82,17 @@ Exit status:
   2  if a file was refused or failed, or the scheme or the arguments are bad.
 Warnings don't change it.
 )";
+
+struct LineEndWord {
+    const char* word;
+    BrevisUI::LineEndMode mode;
+};
+constexpr LineEndWord lineEndWords[] = {
+    {"keep", BrevisUI::LineEndMode::Keep},
+    {"lf", BrevisUI::LineEndMode::LineFeed},
+    {"crlf", BrevisUI::LineEndMode::CarriageReturnLineFeed},
+    {"native", BrevisUI::LineEndMode::Native},
+};
 
 void addOptions(CLI::App& app, FormatOptions& options) {
     app.set_help_flag("--help");
@@ -80,6 +103,9 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     app.add_flag("-i,--in-place", options.inPlace)->disable_flag_override();
     // A flag with a text: unlike an option it takes a value only behind an equals sign.
     app.add_flag("--backup{bak}", options.backupExtension);
+    app.add_option("--line-endings")->check(CLI::IsMember({"keep", "lf", "crlf", "native"}));
+    app.add_flag("--undo")->disable_flag_override();
+    app.add_flag("--recover")->disable_flag_override();
     app.add_flag("--check", options.check)->disable_flag_override();
     app.add_flag("--diff", options.diff)->disable_flag_override();
     app.add_flag("--verify{tokens}")->check(CLI::IsMember({"tokens", "stable"}));
@@ -94,6 +120,14 @@ void readVerification(const CLI::App& app, FormatOptions& options) {
     const CLI::Option& verify = *app.get_option("--verify");
     options.verifyTokens = options.inPlace ? app.count("--no-verify") == 0 : verify.count() > 0;
     options.verifyStability = verify.count() > 0 && verify.as<std::string>() == "stable";
+}
+
+void readLineEnds(const CLI::App& app, FormatOptions& options) {
+    if (app.count("--line-endings") == 0) return;
+    const std::string given = app["--line-endings"]->as<std::string>();
+    for (const auto& [word, mode] : lineEndWords) {
+        if (given == word) options.lineEnds = mode;
+    }
 }
 
 // The rules for the options that format nothing.
@@ -128,7 +162,25 @@ std::string complaintAbout(const CLI::App& app, const FormatOptions& options) {
     return {};
 }
 
+// The same for a command that formats nothing.
+std::string complaintAboutRestoring(const CLI::App& app, bool takesFiles) {
+    std::size_t given = 0;
+    for (const CLI::Option* option : app.get_options()) given += option->count() > 0 ? 1 : 0;
+    if (app.count("FILE") > 0) {
+        if (!takesFiles) return "--undo takes no file: it brings back every file of the last run";
+        --given;
+    }
+    return given > 1 ? "--undo and --recover cannot be combined with other options" : "";
+}
+
 FormatCommand failure(const std::string& complaint) { return {FormatCommand::Action::Fail, {}, complaint}; }
+
+FormatCommand restoring(const CLI::App& app, FormatCommand command) {
+    const bool undoes = app.count("--undo") > 0;
+    command.action = undoes ? FormatCommand::Action::Undo : FormatCommand::Action::Recover;
+    const std::string complaint = complaintAboutRestoring(app, !undoes);
+    return complaint.empty() ? command : failure(complaint);
+}
 
 }  // namespace
 
@@ -146,8 +198,10 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         return failure(error.what());
     }
+    if (app.count("--undo") > 0 || app.count("--recover") > 0) return restoring(app, command);
     options.createBackups = app.count("--backup") > 0;
     readVerification(app, options);
+    readLineEnds(app, options);
     if (options.files.empty()) options.files.emplace_back(standardInput);
     std::string complaint;
     if (options.listSchemes || options.dumpScheme) complaint = complaintAboutSchemeQuery(options);

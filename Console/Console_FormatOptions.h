@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "BrevisUI_LineEnds.h"
+
 namespace Console {
 
 inline constexpr std::string_view standardInput = "-";
@@ -19,6 +21,7 @@ struct FormatOptions {
     bool diff = false;
     bool createBackups = false;
     std::string backupExtension = "bak";
+    BrevisUI::LineEndMode lineEnds = BrevisUI::LineEndMode::Keep;
     bool verifyTokens = false;
     bool verifyStability = false;
     bool verbose = false;
@@ -28,10 +31,16 @@ struct FormatOptions {
 
 // What the program is to do with its arguments.
 struct FormatCommand {
-    enum class Action { Run, ShowText, Fail };
+    enum class Action {
+        Run,
+        Undo,
+        Recover,  // what stands beside the files, or in the current directory if there are none
+        ShowText,
+        Fail,
+    };
 
     Action action = Action::Run;
-    FormatOptions options;  // for Run
+    FormatOptions options;  // for Run, and the files for Recover
     std::string text;       // for ShowText what goes to standard output, for Fail the complaint without a line end
 };
 

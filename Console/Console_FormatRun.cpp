@@ -12,6 +12,7 @@
 #include "BrevisUI_Messages.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_UnifiedDiff.h"
+#include "disk/BrevisUI_SignalPause.h"
 
 namespace Console {
 
@@ -32,7 +33,11 @@ std::string onOneLine(std::string path) {
 }  // namespace
 
 FormatRun::FormatRun(const FormatOptions& options, StandardOutput& output)
-    : options_(options), output_(output), schemes_(shippedSchemePath()) {}
+    : options_(options),
+      output_(output),
+      schemes_(shippedSchemePath()),
+      store_(system_, BrevisUI::RunStore::defaultDirectory()),
+      writer_(system_, &store_) {}
 
 void FormatRun::send(const std::string& text, int severity) {
     if (severity >= options_.threshold) writeErrorLine(text);
@@ -51,15 +56,22 @@ std::string FormatRun::displayName(const std::string& file) const {
 int FormatRun::run() {
     if (options_.listSchemes) return listSchemes();
     if (options_.dumpScheme) return dumpScheme(options_.files.front());
-    return processFiles();
+    return options_.inPlace ? writeFiles() : processFiles();
+}
+
+int FormatRun::writeFiles() {
+    const BrevisUI::SignalPause pause;
+    const int status = processFiles();
+    BrevisUI::tellFailures(*this, writer_.finish());
+    return writeFailed_ ? exitTrouble : status;
 }
 
 int FormatRun::processFiles() {
     int status = exitGood;
     for (const std::string& file : options_.files) {
         status = std::max(status, processFile(file));
-        // Nobody would see what follows.
-        if (!output_.good()) break;
+        // Nobody would see what follows, or wants it.
+        if (!output_.good() || (options_.inPlace && BrevisUI::SignalPause::isStopAsked())) break;
     }
     return status;
 }

@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "BrevisUI_FormatHost.h"
+#include "BrevisUI_LineEnds.h"
 #include "Console_FormatOptions.h"
 #include "Console_SchemeFinder.h"
 #include "Console_StandardStreams.h"
+#include "disk/BrevisUI_FileWriter.h"
 
 namespace Console {
 
@@ -29,12 +31,18 @@ private:
     std::string backupExtension() const override { return options_.backupExtension; }
     bool verifyTokens() const override { return options_.verifyTokens; }
     bool verifyStability() const override { return options_.verifyStability; }
+    BrevisUI::LineEndMode lineEnds() const override { return options_.lineEnds; }
+    BrevisUI::FileWriter* fileWriter() override { return &writer_; }
+    void onWriteFailed(const std::string&) override { writeFailed_ = true; }
     void onFormatted(const std::string& path, const Brevis::FormatResult& result) override;
 
     // The name of a file in messages.
     std::string displayName(const std::string& file) const;
     int listSchemes();
     int dumpScheme(const std::string& file);
+    // The same as processFiles, with every file in its place at the end.
+    int writeFiles();
+    // The status of all files; stops early if there is no use in going on.
     int processFiles();
     // The path of the scheme file that --scheme means.
     const std::string& givenScheme();
@@ -53,6 +61,10 @@ private:
     const FormatOptions& options_;
     StandardOutput& output_;
     SchemeFinder schemes_;
+    BrevisUI::FileSystem system_;
+    BrevisUI::RunStore store_;
+    BrevisUI::FileWriter writer_;
+    bool writeFailed_ = false;
     std::string givenScheme_;     // empty until it has been asked for
     std::string reportedScheme_;  // the path of the scheme whose remarks were sent last
 };

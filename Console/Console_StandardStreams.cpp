@@ -20,6 +20,7 @@ void prepareStandardStreams() {
         if (open("/dev/null", flags) != number) std::abort();
     }
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 void StandardOutput::noteFailure() {

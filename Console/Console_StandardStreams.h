@@ -7,7 +7,7 @@ namespace Console {
 
 // To be called before anything is opened. A standard stream that the caller has closed is opened on something harmless,
 // so that no file of ours can take its number; writing to it still fails. A reader that has gone becomes a failed
-// write.
+// write, and so does a file that is longer than the user's limit.
 void prepareStandardStreams();
 
 // Standard output. It remembers the first failure, so that it can be told at the end.

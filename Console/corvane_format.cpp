@@ -5,6 +5,7 @@
 
 #include "Console_FormatOptions.h"
 #include "Console_FormatRun.h"
+#include "Console_RestoreRun.h"
 #include "Console_StandardStreams.h"
 #include "Trn_Exception.h"
 
@@ -20,6 +21,10 @@ int execute(const Console::FormatCommand& command, Console::StandardOutput& outp
         case Action::ShowText:
             output.write(command.text);
             return Console::exitGood;
+        case Action::Undo:
+            return Console::undoLastRun(output);
+        case Action::Recover:
+            return Console::recoverFiles(command.options.files, output);
         case Action::Fail:
             complain(command.text);
             complain(std::string("try '") + program + " --help' for more information");

@@ -84,10 +84,33 @@ TEST_F(FileJobTest, WritesTheFileOverAndKeepsABackupOnlyWhenAsked) {
     EXPECT_EQ(ugly, contents(path + ".bak"));
 }
 
-TEST_F(FileJobTest, WritesLineFeedsWhateverTheSourceHas) {
-    const std::string path = dir.file("a.cpp", "void f( ){\r\n      g( );\r}\r\n");
+TEST_F(FileJobTest, KeepsLineEndsAndByteOrderMark) {
+    const std::string path = dir.file("a.cpp", "\xef\xbb\xbfvoid f( ){\r\n      g( );\n}\r\n");
     EXPECT_EQ(FileResult::Formatted, run(path));
-    EXPECT_EQ(pretty, contents(path));
+    EXPECT_EQ("\xef\xbb\xbfvoid f( ){\r\n  g( );\n}\r\n", contents(path));
+}
+
+TEST_F(FileJobTest, LeavesAFormattedFileAlone) {
+    for (const char* text : {pretty, "void f( ){\r\n  g( );\r\n}\r\n"}) {
+        const std::string path = dir.file("a.cpp", text);
+        const auto old = fs::file_time_type::clock::now() - std::chrono::hours(5);
+        fs::last_write_time(path, old);
+        host.backups = true;
+        EXPECT_EQ(FileResult::Formatted, run(path));
+        EXPECT_EQ(old, fs::last_write_time(path));
+        EXPECT_EQ(text, contents(path));
+        EXPECT_FALSE(fs::exists(path + ".bak"));
+    }
+    EXPECT_EQ(2u, host.formatted.size());
+}
+
+TEST_F(FileJobTest, RefusesWhatIsNoTextOfBytes) {
+    const std::string nul = dir.file("nul.cpp", std::string("int   x;\0", 9));
+    EXPECT_EQ(FileResult::Refused, run(nul));
+    EXPECT_EQ("3 The file \"" + nul + "\" holds NUL characters and is no source text. The file will not be formatted.",
+              host.sent.back());
+    EXPECT_FALSE(formatText(host, "a.cpp", scheme(), "\xff\xfe\x01\x02"));
+    EXPECT_EQ(0u, host.sent.back().find("3 The file \"a.cpp\" is encoded in UTF-16 or UTF-32.")) << host.sent.back();
 }
 
 // The guard lets no such text come out of the engine, so the check is asked by itself.
@@ -175,18 +198,24 @@ TEST_F(FileJobTest, WithoutItsBackupAFileIsNotTouched) {
               host.sent.back());
 }
 
-// The limit lets the source back into the file, but not the longer text.
-TEST_F(FileJobTest, PutsTheSourceBackWhenWritingBreaksOff) {
-    const std::string source = "void f( ){\n" + std::string(300, ';') + "\ng( );\n}\n";
+// The new text is longer than the limit. Through a second name the file would be overwritten.
+TEST_F(FileJobTest, KeepsTheSourceWhenWritingBreaksOff) {
+    std::string source = "void f( ){\n";
+    for (int line = 0; line < 100; ++line) source += "g( );\n";
+    source += "}\n";
     const std::string path = dir.file("a.cpp", source);
-    {
-        const Environment::FullDisk fullDisk(source.size());
-        EXPECT_EQ(FileResult::Refused, run(path));
+    for (const bool linked : {false, true}) {
+        if (linked) fs::create_hard_link(path, dir.file("b.cpp"));
+        {
+            const Environment::FullDisk fullDisk(source.size() + 20);
+            EXPECT_EQ(FileResult::Refused, run(path));
+        }
+        EXPECT_EQ("3 Corvane C++ was unable to write the formatted text back to the file \"" + path +
+                      "\". The file will not be formatted.",
+                  host.sent.back());
+        EXPECT_EQ(source, contents(path));
     }
-    EXPECT_EQ("3 Corvane C++ was unable to write the formatted text back to the file \"" + path +
-                  "\". The file will not be formatted.",
-              host.sent.back());
-    EXPECT_EQ(source, contents(path));
+    EXPECT_EQ("3 The file \"" + path + "\" cannot be written: File too large", host.sent[1]);
 }
 
 TEST_F(FileJobTest, ATextBeyondALimitIsReportedAndLeftAlone) {

@@ -23,6 +23,7 @@ protected:
         dir.file("pretty.cpp", pretty);
         dir.file("bad.cpp", bad);
         dir.file("empty.cpp", "");
+        setenv("XDG_CACHE_HOME", dir.file("cache").c_str(), 1);
     }
 
     // Runs a shell command in the directory, $F being the program. Sets `status`, `out` and `err`. The user's files
@@ -167,6 +168,70 @@ TEST_F(CorvaneFormatTest, FormatsInPlaceWithAndWithoutABackup) {
     EXPECT_EQ("Formatting \"ugly.cpp\".\n", err);
     EXPECT_EQ(ugly, contents(dir.file("ugly.cpp.orig")));
     EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, KeepsOrSetsLineEnds) {
+    const std::string dos = "void f( ){\r\n      g( );\r\n}\r\n", dosPretty = "void f( ){\r\n  g( );\r\n}\r\n";
+    const struct {
+        const char* arguments;
+        const std::string& source;
+        int status;
+        std::string out;
+    } cases[] = {
+        {"a.cpp", dos, 0, dosPretty},
+        {"--line-endings keep < a.cpp", dos, 0, dosPretty},
+        {"--check a.cpp", dosPretty, 0, ""},
+        {"--diff a.cpp", dosPretty, 0, ""},
+        {"--verify=stable a.cpp", dos, 0, dosPretty},
+        {"--line-endings=lf a.cpp", dos, 0, pretty},
+        {"--line-endings=native a.cpp", dos, 0, pretty},
+        {"--line-endings=crlf --check a.cpp", pretty, 1, "a.cpp\n"},
+        {"--line-endings=crlf a.cpp", pretty, 0, dosPretty},
+    };
+    for (const auto& [arguments, source, expected, text] : cases) {
+        dir.file("a.cpp", source);
+        run(std::string("$F ") + arguments);
+        EXPECT_EQ(expected, status) << arguments;
+        EXPECT_EQ(text, out) << arguments;
+        EXPECT_EQ("", err) << arguments;
+    }
+    dir.file("wide.cpp", std::string("i\0n\0t\0", 6));
+    for (const char* mode : {"wide.cpp", "-i wide.cpp", "--check wide.cpp", "< wide.cpp"}) {
+        run(std::string("$F ") + mode);
+        EXPECT_EQ(2, status) << mode;
+        EXPECT_NE(std::string::npos, err.find("UTF-16")) << err;
+        EXPECT_EQ("", out);
+    }
+}
+
+TEST_F(CorvaneFormatTest, TakesARunBack) {
+    dir.file("other.cpp", ugly);
+    run("$F -i ugly.cpp pretty.cpp other.cpp && echo >> other.cpp; cd / && $F --undo");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ("The file \"" + dir.file("ugly.cpp") + "\" has its old text again.\n", out);
+    EXPECT_EQ("The file \"" + dir.file("other.cpp") + "\" has changed since it was formatted. It is left as it is.\n",
+              err);
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
+    EXPECT_EQ(std::string(pretty) + "\n", contents(dir.file("other.cpp")));
+    run("$F -i ugly.cpp pretty.cpp && $F -i ugly.cpp pretty.cpp && $F --undo");
+    EXPECT_EQ(0, status) << err;
+    EXPECT_EQ(ugly, contents(dir.file("ugly.cpp")));
+}
+
+TEST_F(CorvaneFormatTest, AFullDiskHarmsNothing) {
+    std::string big = "void f( ){\n";
+    for (int line = 0; line < 1000; ++line) big += "g( );\n";
+    dir.file("big.cpp", big + "}\n");
+    // In units of 1,024 bytes in some shells and 512 in others.
+    run("ulimit -f 5; $F -i ugly.cpp big.cpp");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ(big + "}\n", contents(dir.file("big.cpp")));
+    EXPECT_EQ(pretty, contents(dir.file("ugly.cpp")));
+    EXPECT_NE(std::string::npos, err.find("The file \"big.cpp\" cannot be written: File too large\n")) << err;
+    EXPECT_NE(std::string::npos, err.find("unable to write the formatted text back to the file \"big.cpp\"")) << err;
+    run("ls -A | grep tmp; mkdir -p sub && echo x > sub/.corvane-999999999-1.2.tmp && $F --recover sub");
+    EXPECT_EQ("The temporary file \"sub/.corvane-999999999-1.2.tmp\" has been removed.\n", out);
+    EXPECT_EQ(0, status);
 }
 
 // The scheme puts one more empty line in front of the label with each run.

@@ -34,6 +34,10 @@ TEST(FormatOptions, ReadsEveryForm) {
     EXPECT_EQ("y", both.scheme);
     EXPECT_EQ("d/x.h", both.assumeFilename);
     EXPECT_EQ("z", parse({"--scheme=z"}).options.scheme);
+    EXPECT_EQ(Action::Undo, parse({"--undo"}).action);
+    const FormatCommand recover = parse({"--recover", "a", "b"});
+    EXPECT_EQ(Action::Recover, recover.action);
+    EXPECT_EQ((std::vector<std::string>{"a", "b"}), recover.options.files);
 }
 
 TEST(FormatOptions, RefusesWhatMakesNoSense) {
@@ -62,6 +66,10 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"--check=0"}, "check"},
         {{"--in-place=false", "a"}, "in-place"},
         {{"--verify=seams"}, "--verify"},
+        {{"--line-endings=cr"}, "--line-endings"},
+        {{"--undo", "a"}, "--undo"},
+        {{"--undo", "--recover"}, "--recover"},
+        {{"--recover", "-i", "a"}, "--recover"},
         {{"--verify=false"}, "--verify"},
         {{"-i", "--no-verify", "--verify=stable", "a"}, "--no-verify"},
         {{"--no-verify=stable"}, "no-verify"},
@@ -82,9 +90,10 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
 TEST(FormatOptions, HelpAndVersion) {
     const FormatCommand help = parse({"--help", "--bogus"});
     EXPECT_EQ(Action::ShowText, help.action);
-    for (const char* option : {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]",
-                               "--check", "--diff", "--verify[=", "--no-verify", "--verbose",
-                               "--assume-filename=", "--threshold=", "--help", "--version", "Exit status"}) {
+    for (const char* option :
+         {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]", "--check", "--diff",
+          "--verify[=", "--no-verify", "--verbose", "--assume-filename=", "--line-endings=", "--undo", "--recover",
+          "--threshold=", "--help", "--version", "Exit status"}) {
         EXPECT_NE(std::string::npos, help.text.find(option)) << option;
     }
     const FormatCommand version = parse({"--version"});

@@ -1,0 +1,54 @@
+// Joins the restorer to the standard streams.
+#include "Console_RestoreRun.h"
+
+#include <filesystem>
+#include <set>
+
+#include "BrevisUI_Files.h"
+#include "BrevisUI_Messages.h"
+#include "Console_FormatRun.h"
+#include "disk/BrevisUI_Restorer.h"
+#include "disk/BrevisUI_SiblingFile.h"
+#include "disk/BrevisUI_SignalPause.h"
+
+namespace Console {
+
+namespace {
+
+// Calls `work` with a restorer over the user's journals.
+template <class Work>
+int restore(StandardOutput& output, Work work) {
+    const BrevisUI::SignalPause pause;
+    BrevisUI::FileSystem system;
+    const BrevisUI::RunStore store(system, BrevisUI::RunStore::defaultDirectory());
+    const auto tell = [&](const std::string& text, int severity) {
+        if (severity < BrevisUI::Severity::error) return output.write(text + "\n");
+        writeErrorLine(text);
+    };
+    return work(BrevisUI::Restorer(system, store, tell)) ? exitGood : exitTrouble;
+}
+
+std::set<std::string> directoriesOf(const std::vector<std::string>& files) {
+    std::set<std::string> directories;
+    for (const std::string& file : files) {
+        directories.insert(BrevisUI::isDirectory(file) ? file : BrevisUI::directoryOf(file));
+        // A link's text is beside its target.
+        std::error_code error;
+        const std::string target = std::filesystem::canonical(file, error).string();
+        if (!error && !BrevisUI::isDirectory(file)) directories.insert(BrevisUI::directoryOf(target));
+    }
+    if (files.empty()) directories.insert(".");
+    return directories;
+}
+
+}  // namespace
+
+int undoLastRun(StandardOutput& output) {
+    return restore(output, [](BrevisUI::Restorer restorer) { return restorer.undo(); });
+}
+
+int recoverFiles(const std::vector<std::string>& files, StandardOutput& output) {
+    return restore(output, [&](BrevisUI::Restorer restorer) { return restorer.recover(directoriesOf(files)); });
+}
+
+}  // namespace Console
