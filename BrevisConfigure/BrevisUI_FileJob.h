@@ -16,7 +16,7 @@ namespace BrevisUI {
 enum class FileResult {
     Formatted,  // it holds its formatted text, or will once the writer of the run has finished
     Empty,      // nothing to do: neither read nor written
-    Refused,    // messages tell why; the file is as it was
+    Refused,    // messages tell why; the file is as it was, or its old text is safe
     Cancelled,  // before the pipeline ran
 };
 

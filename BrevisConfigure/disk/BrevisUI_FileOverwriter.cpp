@@ -43,7 +43,7 @@ Overwrite overwriteFile(FileSystem& system, const std::string& path, std::string
 
 Overwrite overwriteTornFile(FileSystem& system, const std::string& path, std::string_view text,
                             std::error_code& error) {
-    OpenFile file(system, path, O_WRONLY);
+    OpenFile file(system, path, O_WRONLY | O_NOFOLLOW);
     error = file.openError();
     if (error) return Overwrite::Kept;
     error = fill(system, file, text);

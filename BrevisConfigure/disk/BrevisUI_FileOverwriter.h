@@ -20,7 +20,8 @@ enum class Overwrite {
 Overwrite overwriteFile(FileSystem& system, const std::string& path, std::string_view oldText, std::string_view newText,
                         std::error_code& error);
 
-// The same for a file whatever it holds. Gives Written or Damaged, and Kept if it can't be opened.
+// The same for a file whatever it holds. A link is not followed. Gives Written or Damaged, and
+// Kept if it can't be opened.
 Overwrite overwriteTornFile(FileSystem& system, const std::string& path, std::string_view text, std::error_code& error);
 
 }  // namespace BrevisUI

@@ -170,27 +170,34 @@ std::error_code FileWriter::syncWaiting() {
 void FileWriter::takePlace(const Change& change) {
     struct stat present {};
     const bool exists = system_.status(change.target, present) == 0;
-    if (!exists || !isUntouched(present, change.status)) {
-        fail(change, exists ? Cause::Changed : Cause::Missing);
-        system_.remove(change.temporary);
-        return mark(change, State::Kept);
-    }
+    if (!exists || !isUntouched(present, change.status)) return giveWay(change, exists);
     if (system_.rename(change.temporary, change.target) == -1) return takePlaceByOverwriting(change);
     mark(change, State::Done);
     ++unsyncedRenames_;
     lastRenamed_ = change.target;
 }
 
+// Whatever stands there now stays there, be it even what another run has made of the same file.
+void FileWriter::giveWay(const Change& change, bool exists) {
+    std::string present;
+    std::string newText;
+    const bool isSame = !readFile(change.target, present) && !readFile(change.temporary, newText) && present == newText;
+    system_.remove(change.temporary);
+    mark(change, State::Kept);
+    if (!isSame) fail(change, exists ? Cause::Changed : Cause::Missing);
+}
+
+std::error_code FileWriter::readFile(const std::string& path, std::string& text) {
+    OpenFile file(system_, path, O_RDONLY);
+    return file.openError() ? file.openError() : file.read(text);
+}
+
 // Not every file system lets one file take the place of another.
 void FileWriter::takePlaceByOverwriting(const Change& change) {
     std::string oldText;
     std::string newText;
-    const auto read = [&](const std::string& path, std::string& text) {
-        OpenFile file(system_, path, O_RDONLY);
-        return file.openError() ? file.openError() : file.read(text);
-    };
-    std::error_code error = read(change.target, oldText);
-    if (!error) error = read(change.temporary, newText);
+    std::error_code error = readFile(change.target, oldText);
+    if (!error) error = readFile(change.temporary, newText);
     system_.remove(change.temporary);
     if (!error) return replaceInPlace(change, oldText, newText);
     mark(change, State::Kept);

@@ -73,6 +73,8 @@ private:
     void commit();
     std::error_code syncWaiting();
     void takePlace(const Change& change);
+    void giveWay(const Change& change, bool exists);
+    std::error_code readFile(const std::string& path, std::string& text);
     void takePlaceByOverwriting(const Change& change);
     void syncRenames();
 

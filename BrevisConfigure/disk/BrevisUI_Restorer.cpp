@@ -17,8 +17,6 @@ namespace {
 
 using State = RunJournal::State;
 
-constexpr std::string_view foundPrefix = "found-";
-
 std::string named(const std::string& path) { return "The file \"" + path + "\""; }
 
 bool isUndoable(const RunJournal::Entry& entry) { return entry.isOpen() || entry.state == State::Done; }
@@ -27,7 +25,7 @@ bool isUndoable(const RunJournal::Entry& entry) { return entry.isOpen() || entry
 bool holdsFoundText(const std::string& run) {
     std::error_code error;
     for (const auto& file : std::filesystem::directory_iterator(run, error)) {
-        if (file.path().filename().string().starts_with(foundPrefix)) return true;
+        if (file.path().filename().string().starts_with(RunJournal::foundPrefix)) return true;
     }
     return false;
 }
@@ -145,7 +143,7 @@ bool Restorer::recover(std::set<std::string> directories) {
     for (const std::string& run : store_.runs()) good = recoverRun(run, directories) && good;
     for (const std::string& directory : given) {
         for (const std::string& run : findSavedTexts(directory)) {
-            good = recoverRun(run, directories) && good;
+            good = recoverSavedTexts(run) && good;
             if (!holdsFoundText(run)) removeSettledRun(system_, run);
         }
     }
@@ -163,11 +161,27 @@ bool Restorer::recoverRun(const std::string& run, std::set<std::string>& directo
     Entries entries;
     // A run at work looks after itself, and one without a journal had not begun.
     if (!journal || journal->readEntries(entries)) return true;
+    for (const Entry& entry : entries) {
+        if (entry.isOpen()) directories.insert(directoryOf(entry.path));
+    }
+    return recoverEntries(*journal, entries);
+}
+
+bool Restorer::recoverSavedTexts(const std::string& run) {
+    std::error_code error;
+    const std::unique_ptr<RunJournal> journal = RunJournal::open(system_, run, error);
+    Entries entries;
+    if (!journal || journal->readEntries(entries)) return true;
+    for (Entry& entry : entries) {
+        entry.path = directoryOf(run) + "/" + std::filesystem::path(entry.path).filename().string();
+    }
+    return recoverEntries(*journal, entries);
+}
+
+bool Restorer::recoverEntries(RunJournal& journal, const Entries& entries) {
     bool good = true;
     for (std::size_t index = 0; index < entries.size(); ++index) {
-        if (!entries[index].isOpen()) continue;
-        directories.insert(directoryOf(entries[index].path));
-        good = recoverFile(*journal, entries[index], index) && good;
+        if (entries[index].isOpen()) good = recoverFile(journal, entries[index], index) && good;
     }
     return good;
 }
@@ -191,7 +205,7 @@ bool Restorer::recoverFile(RunJournal& journal, const Entry& entry, std::size_t 
 // What the file holds is kept: it may be what somebody has made of it since.
 bool Restorer::putOldTextBack(RunJournal& journal, const Entry& entry, std::size_t index, const std::string& found) {
     std::string path = journal.directory() + "/";
-    path.append(foundPrefix).append(std::to_string(index)).append("-").append(std::to_string(getpid()));
+    path.append(RunJournal::foundPrefix).append(std::to_string(index)).append("-").append(std::to_string(getpid()));
     std::string oldText;
     std::error_code error = journal.readOldText(entry, oldText);
     if (!error) error = saveFoundText(system_, path, found);

@@ -43,6 +43,10 @@ private:
 
     // Adds the directories in which the run may have left a temporary file.
     bool recoverRun(const std::string& run, std::set<std::string>& directories);
+    // The same for saved texts beside files. They are trusted with files in their own directory, and with no others:
+    // they may have come with a tree from elsewhere.
+    bool recoverSavedTexts(const std::string& run);
+    bool recoverEntries(RunJournal& journal, const Entries& entries);
     bool recoverFile(RunJournal& journal, const Entry& entry, std::size_t index);
     bool putOldTextBack(RunJournal& journal, const Entry& entry, std::size_t index, const std::string& found);
 

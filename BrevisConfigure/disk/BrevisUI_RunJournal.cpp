@@ -169,7 +169,7 @@ std::error_code RunJournal::readOldText(const Entry& entry, std::string& text) {
     return fingerprintOf(text) == entry.old ? std::error_code() : std::make_error_code(std::errc::io_error);
 }
 
-// The journal goes last but one: as long as it is there, the rest can be told from what somebody else has made.
+// Nothing but what a run has made goes; a directory that holds anything else stays.
 std::error_code RunJournal::remove(FileSystem& system, const std::string& directory) {
     std::error_code first;
     const auto note = [&](int result) {
@@ -177,8 +177,9 @@ std::error_code RunJournal::remove(FileSystem& system, const std::string& direct
     };
     std::error_code unused;
     for (const auto& file : std::filesystem::directory_iterator(directory, unused)) {
-        if (file.path() != journalOf(directory)) note(system.remove(file.path().string()));
+        if (file.path().filename().string().starts_with(foundPrefix)) note(system.remove(file.path().string()));
     }
+    note(system.remove(textsOf(directory)));
     note(system.remove(journalOf(directory)));
     note(system.removeDirectory(directory));
     return first;

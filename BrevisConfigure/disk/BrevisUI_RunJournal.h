@@ -52,7 +52,10 @@ public:
     // An error too if the text isn't the one that was stored.
     std::error_code readOldText(const Entry& entry, std::string& text);
 
-    // Removes a journal with all that is in its directory.
+    // What begins like this in the directory has been found in a file that was half-written.
+    static constexpr std::string_view foundPrefix = "found-";
+
+    // Removes a journal and its directory.
     static std::error_code remove(FileSystem& system, const std::string& directory);
 
 private:

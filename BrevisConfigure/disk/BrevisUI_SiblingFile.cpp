@@ -81,7 +81,8 @@ std::vector<std::string> findSavedTexts(const std::string& directory) {
     std::vector<std::string> found;
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(directory, error)) {
-        if (entry.path().filename().string().starts_with(savedPrefix)) found.push_back(entry.path().string());
+        const bool isOurs = entry.path().filename().string().starts_with(savedPrefix) && !entry.is_symlink(error);
+        if (isOurs) found.push_back(entry.path().string());
     }
     return found;
 }
