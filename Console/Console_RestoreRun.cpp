@@ -5,7 +5,6 @@
 #include <set>
 
 #include "BrevisUI_Files.h"
-#include "BrevisUI_Messages.h"
 #include "Console_FormatRun.h"
 #include "disk/BrevisUI_Restorer.h"
 #include "disk/BrevisUI_SiblingFile.h"
@@ -21,8 +20,8 @@ int restore(StandardOutput& output, Work work) {
     const BrevisUI::SignalPause pause;
     BrevisUI::FileSystem system;
     const BrevisUI::RunStore store(system, BrevisUI::RunStore::defaultDirectory());
-    const auto tell = [&](const std::string& text, int severity) {
-        if (severity < BrevisUI::Severity::error) return output.write(text + "\n");
+    const auto tell = [&](const std::string& text, BrevisUI::Restorer::News news) {
+        if (news == BrevisUI::Restorer::News::Done) return output.write(text + "\n");
         writeErrorLine(text);
     };
     return work(BrevisUI::Restorer(system, store, tell)) ? exitGood : exitTrouble;
@@ -31,11 +30,11 @@ int restore(StandardOutput& output, Work work) {
 std::set<std::string> directoriesOf(const std::vector<std::string>& files) {
     std::set<std::string> directories;
     for (const std::string& file : files) {
-        directories.insert(BrevisUI::isDirectory(file) ? file : BrevisUI::directoryOf(file));
+        directories.insert(BrevisUI::isDirectory(file) ? file : BrevisUI::parentOf(file));
         // A link's text is beside its target.
         std::error_code error;
         const std::string target = std::filesystem::canonical(file, error).string();
-        if (!error && !BrevisUI::isDirectory(file)) directories.insert(BrevisUI::directoryOf(target));
+        if (!error && !BrevisUI::isDirectory(file)) directories.insert(BrevisUI::parentOf(target));
     }
     if (files.empty()) directories.insert(".");
     return directories;

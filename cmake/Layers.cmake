@@ -11,7 +11,7 @@ list(JOIN front " " front)
 list(JOIN engine_folders " " engine_folders)
 
 set(host BrevisConfigure)
-foreach(folder files projects batch store settings)
+foreach(folder disk files projects batch store settings)
   list(APPEND host_folders ${host}/${folder})
 endforeach()
 list(JOIN host_folders " " host_folders)
@@ -31,7 +31,8 @@ set(layers
   "include:"
   "include/corvane:"
   "Embed: include/corvane Trn ${engine} ${scheme}"
-  "${host}: ${front} ${engine} ${engine_folders}"
+  "${host}/disk:"
+  "${host}: ${front} ${engine} ${engine_folders} ${host}/disk"
   "${host}/files: ${front} ${host}"
   "${host}/projects: ${front} ${host} ${host}/files"
   "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/files ${host}/projects"

@@ -137,7 +137,7 @@ RunJournal* FileWriter::secure(const Change& change, std::string_view oldText, s
     error = own->add(change.target, oldText, newText, entry);
     if (!error) error = own->mark(entry, State::InPlace);
     if (!error) error = own->sync();
-    if (!error) error = syncPath(system_, directoryOf(change.target));
+    if (!error) error = syncPath(system_, parentOf(change.target));
     if (!error) return own.get();
     RunJournal::remove(system_, own->directory());
     return nullptr;
@@ -207,7 +207,7 @@ void FileWriter::takePlaceByOverwriting(const Change& change) {
 // Each file is whole with either name, so that a failure changes nothing for anybody but the victim of a power cut.
 void FileWriter::syncRenames() {
     if (unsyncedRenames_ == 0) return;
-    OpenFile directory(system_, directoryOf(lastRenamed_), O_RDONLY);
+    OpenFile directory(system_, parentOf(lastRenamed_), O_RDONLY);
     if (directory.openError()) return;
     unsyncedRenames_ == 1 ? system_.sync(directory.number()) : system_.syncAll(directory.number());
     unsyncedRenames_ = 0;

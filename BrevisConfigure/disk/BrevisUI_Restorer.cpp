@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "BrevisUI_Messages.h"
 #include "disk/BrevisUI_FileOverwriter.h"
 #include "disk/BrevisUI_SiblingFile.h"
 
@@ -40,7 +39,7 @@ std::error_code saveFoundText(FileSystem& system, const std::string& path, std::
 }  // namespace
 
 bool Restorer::fail(const std::string& text) {
-    tell_(text, Severity::error);
+    tell_(text, News::Failed);
     return false;
 }
 
@@ -132,7 +131,7 @@ bool Restorer::finishUndo(RunJournal& journal, const Entries& entries, std::vect
             continue;
         }
         journal.mark(index, State::Undone);
-        tell_(named(path) + " has its old text again.", Severity::information);
+        tell_(named(path) + " has its old text again.", News::Done);
     }
     return failures.empty();
 }
@@ -149,7 +148,7 @@ bool Restorer::recover(std::set<std::string> directories) {
     }
     for (const std::string& directory : directories) {
         for (const std::string& path : removeStaleSiblings(system_, directory)) {
-            tell_("The temporary file \"" + path + "\" has been removed.", Severity::information);
+            tell_("The temporary file \"" + path + "\" has been removed.", News::Done);
         }
     }
     return good;
@@ -162,7 +161,7 @@ bool Restorer::recoverRun(const std::string& run, std::set<std::string>& directo
     // A run at work looks after itself, and one without a journal had not begun.
     if (!journal || journal->readEntries(entries)) return true;
     for (const Entry& entry : entries) {
-        if (entry.isOpen()) directories.insert(directoryOf(entry.path));
+        if (entry.isOpen()) directories.insert(parentOf(entry.path));
     }
     return recoverEntries(*journal, entries);
 }
@@ -173,7 +172,7 @@ bool Restorer::recoverSavedTexts(const std::string& run) {
     Entries entries;
     if (!journal || journal->readEntries(entries)) return true;
     for (Entry& entry : entries) {
-        entry.path = directoryOf(run) + "/" + std::filesystem::path(entry.path).filename().string();
+        entry.path = parentOf(run) + "/" + std::filesystem::path(entry.path).filename().string();
     }
     return recoverEntries(*journal, entries);
 }
@@ -213,7 +212,7 @@ bool Restorer::putOldTextBack(RunJournal& journal, const Entry& entry, std::size
     if (error) return fail(named(entry.path) + " is damaged, and could not be mended: " + error.message() + ".");
     journal.mark(index, State::Kept);
     tell_(named(entry.path) + " was half-written and has its old text again. What it held is kept in \"" + path + "\".",
-          Severity::information);
+          News::Done);
     return true;
 }
 

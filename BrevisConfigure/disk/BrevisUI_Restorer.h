@@ -13,8 +13,9 @@ namespace BrevisUI {
 
 class Restorer {
 public:
-    // Shows one line to the user, with one of the severities of messages.
-    using Tell = std::function<void(const std::string& text, int severity)>;
+    // Shows one line to the user: what has been done, or what failed.
+    enum class News { Done, Failed };
+    using Tell = std::function<void(const std::string& text, News news)>;
 
     Restorer(FileSystem& system, const RunStore& store, Tell tell)
         : system_(system), store_(store), tell_(std::move(tell)) {}

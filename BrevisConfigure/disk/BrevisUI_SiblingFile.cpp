@@ -36,14 +36,14 @@ bool isStale(std::string_view name) {
 std::string newPathBeside(const std::string& path) {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
-    std::string name = directoryOf(path) + "/";
+    std::string name = parentOf(path) + "/";
     name.append(prefix).append(std::to_string(getpid())).append("-").append(std::to_string(now.tv_sec)).append(".");
     return name.append(std::to_string(now.tv_nsec)).append(suffix);
 }
 
 }  // namespace
 
-std::string directoryOf(const std::string& path) {
+std::string parentOf(const std::string& path) {
     const std::string directory = fs::path(path).parent_path().string();
     return directory.empty() ? "." : directory;
 }
@@ -88,7 +88,7 @@ std::vector<std::string> findSavedTexts(const std::string& directory) {
 }
 
 std::string newSavedTextsPath(const std::string& path) {
-    return directoryOf(path) + "/" + std::string(savedPrefix) + RunStore::newRunName();
+    return parentOf(path) + "/" + std::string(savedPrefix) + RunStore::newRunName();
 }
 
 }  // namespace BrevisUI

@@ -11,7 +11,7 @@
 namespace BrevisUI {
 
 // The directory that a file stands in.
-std::string directoryOf(const std::string& path);
+std::string parentOf(const std::string& path);
 
 // A new file, removed again unless it is kept.
 class SiblingFile {

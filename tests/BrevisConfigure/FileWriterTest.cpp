@@ -40,7 +40,7 @@ protected:
     bool undo() { return restorer().undo(); }
     bool recover() { return restorer().recover({dir.path()}); }
     Restorer restorer() {
-        return {system, store, [this](const std::string& text, int) { told.push_back(text); }};
+        return {system, store, [this](const std::string& text, Restorer::News) { told.push_back(text); }};
     }
     // The names of all that the program has made beside the files.
     Lines leftovers() const {
