@@ -29,7 +29,7 @@ public:
     template <class Node>
     void each(Node& node) {
         if constexpr (std::is_base_of_v<InteriorNode, Node>) walkChildren(node);
-        if constexpr (HasMembers<Node>) forEachMember(node, [this](auto& member) { removeIfInRange(member); });
+        if constexpr (HasMembers<Node>) forEachMember(node, [this](auto& member) { this->removeIfInRange(member); });
         updateRange(node);
     }
     void each(FunctionPtrDeclNode& node);

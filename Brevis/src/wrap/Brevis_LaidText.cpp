@@ -27,7 +27,9 @@ bool hasSplice(const LexedText& lexed) {
 }
 
 bool isSimple(Trn::TokenKind kind, std::string_view token) {
-    if (token.back() == '\\') return false;  // a line break would be spliced to it
+    // The lexer gives an empty name between a template's arguments and an operator's keyword. A line break behind a
+    // backslash would be spliced to it.
+    if (token.empty() || token.back() == '\\') return false;
     switch (kind) {
         case Directive:
         case Defective:
