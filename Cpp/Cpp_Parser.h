@@ -18,6 +18,10 @@ namespace Cpp {
 // goes on with the next token that it can use. A parser may serve any number of texts, one after the other.
 class Parser : public Trn::Parser {
 public:
+    // Whether expression statements get their texts, which are mere sketches: no pass of a formatter reads them.
+    enum class Sketches { Made, LeftOut };
+    explicit Parser(Sketches sketches = Sketches::Made) : makesSketches_(sketches == Sketches::Made) {}
+
     // `lexer` must be a Cpp::Lexer and `root` a Cpp::RootNode; the cast throws if they are not.
     // Throws Trn::Exception for a text nested beyond Trn::NestingGuard::limit.
     void parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) override;
@@ -254,6 +258,7 @@ private:
         return value;
     }
 
+    bool makesSketches_;
     TreeStorage* storage_ = nullptr;  // of the tree in hand
     Trn::ParseMessageList messages_;
     int depth_ = 0;  // of nested blocks and bodies

@@ -23,10 +23,16 @@ constexpr bool isPlain(TokenKind kind) {
 
 struct Parser::Expression {
     JoinedText text{};
+    bool makesText;
+    bool isEmpty = true;
     int parens = 0;
     int angles = 0;
     bool seenTemplate = false;
 
+    void join(const Token& token) {
+        if (isEmpty) isEmpty = token.text().empty();
+        if (makesText) text.join(token.text());
+    }
     // Brackets are counted, all else joins the text.
     void add(const Token& token) {
         switch (token.kind()) {
@@ -46,7 +52,7 @@ struct Parser::Expression {
                 seenTemplate = true;
                 break;
             default:
-                text.join(token.text());
+                join(token);
                 break;
         }
     }
@@ -56,12 +62,12 @@ struct Parser::Expression {
 std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
     dropTrivia(stream);
     const Position first = stream.peek().first();
-    Expression expression;
+    Expression expression{.makesText = makesSketches_};
     for (;;) {
         const Token token = stream.get();
         const TokenKind kind = token.kind();
         if (isPlain(kind)) {
-            expression.text.join(token.text());
+            expression.join(token);
             continue;
         }
         if (isEnd(kind)) {
@@ -74,7 +80,7 @@ std::unique_ptr<ExprNode> Parser::parseExpressionStatement(Stream& stream) {
             return make<ExprNode>(expression.text, first, stream.get().last());
         }
         if (kind == Kind::Semicolon && expression.parens == 0) {
-            expression.text.append(token.text());
+            if (makesSketches_) expression.text.append(token.text());
             return make<ExprNode>(expression.text, first, token.last());
         }
         expression.add(token);
@@ -90,7 +96,7 @@ bool Parser::endsExpression(const Token& token, const Expression& expression) co
             return true;
         case Kind::Throw:
         case Kind::Return:
-            return !expression.text.empty();
+            return !expression.isEmpty;
         case Kind::Class:
         case Kind::Struct:
             return expression.parens == 0 && expression.angles == 0 && !expression.seenTemplate;

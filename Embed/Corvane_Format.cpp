@@ -15,7 +15,7 @@ FormatResult format(std::string_view source, const Scheme& scheme) {
     Brevis::UpdateFunctor neverCancels;
     try {
         const Brevis::FormatterProperties properties(scheme.contents_->properties);
-        Brevis::FormatResult run = Brevis::Formatter().format(properties, std::string(source), messages, neverCancels);
+        Brevis::FormatResult run = Brevis::Formatter().format(properties, source, messages, neverCancels);
         return {run.isFormatted() ? Outcome::Formatted : Outcome::Refused, std::move(run.text),
                 publicMessages(messages), run.seams};
     } catch (const Trn::Exception& exception) {

@@ -31,6 +31,8 @@ public:
     // Character for character: no indent added, no white space dropped.
     void writeRaw(std::string_view text) { buf_.writeRaw(text); }
 
+    // Makes room for a text of this size.
+    void reserve(std::size_t size) { buf_.reserve(size); }
     // Writes held-back spaces and gives the text written so far.
     const std::string& str();
     // The same, moving the text out; the stream is not to be written to afterwards.

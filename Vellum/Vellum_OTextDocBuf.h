@@ -26,6 +26,8 @@ public:
     void setConvertMode(int mode);
     void setTabSize(int tabSize);
 
+    // Makes room for a text of this size.
+    void reserve(std::size_t size) { text_.reserve(size); }
     // Writes held-back spaces.
     void sync();
     // Without held-back spaces.

@@ -33,7 +33,7 @@ FormatResult cancelled(Trn::ParseMessageList& messages) {
 // Parses `text` into `root`. Gives false, with the reports in `messages`, if it can't be formatted.
 bool parse(std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
     Cpp::Lexer lexer(text);
-    Cpp::Parser parser;
+    Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut);
     Trn::ParseMessageList reports;
     parser.parse(lexer, root, reports);
     std::erase_if(reports, [](const Trn::ParseMessage& report) { return report.code == strayTokenCode; });
@@ -49,9 +49,17 @@ FormatResult mended(std::string_view source, std::string text) {
 
 }  // namespace
 
-FormatResult Formatter::format(const FormatterProperties& properties, std::string source,
+// Only a text with carriage returns is copied.
+FormatResult Formatter::format(const FormatterProperties& properties, std::string_view source,
                                Trn::ParseMessageList& messages, UpdateFunctor& update) const {
-    Vellum::normalizeLineEnds(source);
+    if (source.find('\r') == std::string_view::npos) return formatLines(properties, source, messages, update);
+    std::string normalized(source);
+    Vellum::normalizeLineEnds(normalized);
+    return formatLines(properties, normalized, messages, update);
+}
+
+FormatResult Formatter::formatLines(const FormatterProperties& properties, std::string_view source,
+                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     std::string text;
     if (!update(analyzingPhase)) return cancelled(messages);
     {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "Brevis_UpdateFunctor.h"
 #include "Trn_ParseMessage.h"
@@ -30,12 +31,16 @@ class Formatter {
 public:
     // Formats `source`, whose lines may end in any way; the lines of the result end with line feeds. Messages are
     // appended to those that are there. Exceptions of the stages pass through.
-    FormatResult format(const FormatterProperties& properties, std::string source, Trn::ParseMessageList& messages,
+    FormatResult format(const FormatterProperties& properties, std::string_view source, Trn::ParseMessageList& messages,
                         UpdateFunctor& update) const;
 
     // The second pass alone: wraps the lines of a text that is formatted already and has line feeds for line ends.
     FormatResult wrap(const FormatterProperties& properties, const std::string& text,
                       Trn::ParseMessageList& messages) const;
+
+private:
+    FormatResult formatLines(const FormatterProperties& properties, std::string_view source,
+                             Trn::ParseMessageList& messages, UpdateFunctor& update) const;
 };
 
 }  // namespace Brevis

@@ -75,13 +75,17 @@ std::string CppExprFormatter::format(std::string_view text, const IndentStreamSe
     if (isOnlyCopied(text)) return writeOrdinary(text, settings);
 
     struct Lease {
-        explicit Lease(std::size_t& inUse) : inUse_(++inUse) {}
-        ~Lease() { --inUse_; }
+        Lease(ExprTokens& tokens, std::size_t& inUse) : tokens_(tokens), inUse_(++inUse) {}
+        ~Lease() {
+            tokens_.release();
+            --inUse_;
+        }
+        ExprTokens& tokens_;
         std::size_t& inUse_;
     };
     if (buffersInUse_ == tokenBuffers_.size()) tokenBuffers_.push_back(std::make_unique<ExprTokens>());
     ExprTokens& tokens = *tokenBuffers_[buffersInUse_];
-    const Lease lease(buffersInUse_);
+    const Lease lease(tokens, buffersInUse_);
     tokens.lex(text);
     return formatSlice({&tokens, 0, tokens.count(), 0, static_cast<std::uint32_t>(text.size())}, settings);
 }
@@ -94,7 +98,7 @@ std::string CppExprFormatter::formatType(std::string_view text, const IndentStre
 
 std::string CppExprFormatter::formatSlice(const ExprSlice& slice, const IndentStreamSettings& settings,
                                           bool isRewritten) {
-    if (formatPlain(slice, settings)) return plain_.text();
+    if (formatPlain(slice, settings)) return plain_.takeText();
     OIndentStream out(settings);
     walkThrough(ExprWalk(slice, out, isRewritten));
     return out.takeStr();

@@ -47,6 +47,19 @@ constexpr std::uint64_t countOf(std::uint64_t depth, int kind) { return depth >>
 // Room for the tokens into which a cut may break the last one.
 constexpr std::uint32_t spareTokens = 4;
 
+// From so many tokens on, room is made for all that the text is going to have, as far as its part that has been read
+// tells. Growing by halves and doubles would hold a huge text's tokens nearly three times.
+constexpr std::size_t manyTokens = 1 << 14;
+
+void growFor(std::vector<ExprToken>& tokens, std::size_t read, std::size_t size) {
+    if (tokens.size() < tokens.capacity() || tokens.size() < manyTokens) return;
+    const std::size_t expected = tokens.size() * size / read;
+    tokens.reserve(tokens.size() + (expected - tokens.size()) * 5 / 4 + manyTokens);
+}
+
+// Buffers up to this size are kept for the next text.
+constexpr std::size_t keptBytes = 1 << 20;
+
 }  // namespace
 
 void ExprTokens::lex(std::string_view text) {
@@ -77,8 +90,13 @@ void ExprTokens::appendLexed(std::uint32_t begin, std::uint32_t end, std::vector
     for (Trn::Token token = lexer.next(); token.kind() != Kind::EndOfInput; token = lexer.next()) {
         // A first position stands behind the first character.
         const std::uint32_t first = begin + static_cast<std::uint32_t>(offsetOf(token.first())) - 1;
+        growFor(tokens, first - begin + 1, text.size());
         tokens.push_back({token.kind(), first, begin + static_cast<std::uint32_t>(offsetOf(token.last())), none});
     }
+}
+
+void ExprTokens::release() {
+    if (tokens_.capacity() * sizeof(ExprToken) > keptBytes) *this = {};
 }
 
 std::vector<ExprToken> ExprTokens::lexed(std::uint32_t begin, std::uint32_t end) const {

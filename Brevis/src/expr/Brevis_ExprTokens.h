@@ -23,6 +23,8 @@ public:
 
     // `text` must outlive the use of the tokens. Memory is kept from one text to the next.
     void lex(std::string_view text);
+    // To be called when the tokens are no longer used: gives back the memory of a huge text.
+    void release();
 
     std::string_view text() const { return text_; }
     std::uint32_t count() const { return count_; }

@@ -69,6 +69,11 @@ void PlainExprText::start(const ExprSlice& slice, const IndentStreamSettings& se
     isRewritten_ = false;
 }
 
+std::string PlainExprText::takeText() {
+    constexpr std::size_t huge = 1 << 16;
+    return text_.size() < huge ? text_ : std::move(text_);
+}
+
 void PlainExprText::writeMoved(std::string_view piece) {
     if (holds(piece, '\t')) fail();
     writeValue(piece);

@@ -40,7 +40,8 @@ public:
     // From then on nothing is written.
     void fail() { hasFailed_ = true; }
     bool hasFailed() const { return hasFailed_; }
-    const std::string& text() const { return text_; }
+    // The result. The buffer stays for the next one unless it is huge.
+    std::string takeText();
 
     // A piece of the source that stands behind all those written before.
     void write(std::string_view piece) {

@@ -23,7 +23,10 @@ std::optional<Position> endOfLeadingLiteral(std::string_view text, Position star
 }  // namespace
 
 CppFormatter::CppFormatter(std::string_view source, const Scheme& scheme)
-    : scheme_(scheme), source_(source), in_(source, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme) {}
+    : scheme_(scheme), source_(source), in_(source, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme) {
+    // Few schemes make a text longer than that.
+    out_.reserve(source.size() + source.size() / 8);
+}
 
 int offsetFor(const ColumnTable& table, const Cpp::SyntaxNode& node) {
     const auto found = table.find(&node);
