@@ -3,6 +3,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 
@@ -16,6 +18,9 @@ struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
+
+constexpr std::size_t readChunk = 1 << 16;
+constexpr std::uintmax_t largestRoom = 1 << 28;
 
 }  // namespace
 
@@ -43,21 +48,24 @@ bool hasNoContents(const std::string& path) {
 }
 
 bool readStream(std::FILE* stream, std::string& text) {
-    constexpr std::size_t chunk = 1 << 16;
     text.clear();
     std::size_t count = 0;
     do {
         const std::size_t old = text.size();
-        if (text.capacity() < old + chunk) text.reserve(2 * old + chunk);
-        text.resize(old + chunk);
-        count = std::fread(text.data() + old, 1, chunk, stream);
+        if (text.capacity() < old + readChunk) text.reserve(2 * old + readChunk);
+        text.resize(old + readChunk);
+        count = std::fread(text.data() + old, 1, readChunk, stream);
         text.resize(old + count);
-    } while (count == chunk);
+    } while (count == readChunk);
     return std::ferror(stream) == 0;
 }
 
 bool readFile(const std::string& path, std::string& text) {
     const File file(std::fopen(path.c_str(), "rb"));
+    std::error_code error;
+    // Room for the whole file at once, unless its size is beyond belief.
+    const std::uintmax_t size = fs::file_size(path, error);
+    if (!error) text.reserve(static_cast<std::size_t>(std::min(size, largestRoom)) + readChunk);
     return file && readStream(file.get(), text);
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Cpp_NodeText.h"
 #include "Cpp_SyntaxNode.h"
 #include "Trn_Exception.h"
 #include "Trn_TokenKind.h"
@@ -28,8 +29,10 @@ public:
     explicit TextLeafNode(std::string_view nodeText) : text(nodeText) {}
     TextLeafNode(std::string_view nodeText, Position first, Position last) : LeafNode(first, last), text(nodeText) {}
 
-    std::string_view text;
+    NodeText text;
 };
+// No gap between the members of the bases and the text.
+static_assert(sizeof(void*) != 8 || sizeof(TextLeafNode) == 40);
 
 class TextNode : public Visitable<TextNode, TextLeafNode, NodeKind::Text> {
 public:

@@ -18,33 +18,29 @@ InteriorNode::InteriorNode(const InteriorNode& other) : SyntaxNode(other) { *thi
 
 InteriorNode& InteriorNode::operator=(const InteriorNode& other) {
     Children copies;
-    copies.reserve(other.children_.size());
     for (const auto& child : other.children_) copies.push_back(child->clone());
     children_.swap(copies);
     return *this;
 }
 
 void InteriorNode::setFirstPosition(Position position) {
-    if (!children_.empty()) children_.front()->setFirstPosition(position);
+    if (!children_.empty()) (*children_.begin())->setFirstPosition(position);
 }
 
 Position InteriorNode::firstPosition() const {
-    return children_.empty() ? Position() : children_.front()->firstPosition();
+    return children_.empty() ? Position() : (*children_.begin())->firstPosition();
 }
 
 void InteriorNode::setLastPosition(Position position) {
-    if (!children_.empty()) children_.back()->setLastPosition(position);
+    if (!children_.empty()) children_.end()[-1]->setLastPosition(position);
 }
 
 Position InteriorNode::lastPosition() const {
-    return children_.empty() ? Position() : children_.back()->lastPosition();
+    return children_.empty() ? Position() : children_.end()[-1]->lastPosition();
 }
 
 void InteriorNode::addChild(std::unique_ptr<SyntaxNode> child) {
-    if (!child) return;
-    // As many as the smallest piece of memory holds.
-    if (children_.capacity() == 0) children_.reserve(3);
-    children_.push_back(std::move(child));
+    if (child) children_.push_back(std::move(child));
 }
 
 InteriorNode::Children::iterator InteriorNode::eraseChildren(Children::iterator first, Children::iterator last) {

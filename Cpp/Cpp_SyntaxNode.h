@@ -11,10 +11,10 @@
 #include <new>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "Cpp_Emitter.h"
 #include "Cpp_NodeKind.h"
+#include "Cpp_NodeList.h"
 #include "Trn_SyntaxNode.h"
 
 namespace Cpp {
@@ -99,7 +99,7 @@ private:
 // a setter goes to that child and does nothing without one.
 class InteriorNode : public SyntaxNode {
 public:
-    using Children = std::vector<std::unique_ptr<SyntaxNode>>;
+    using Children = NodeList<SyntaxNode>;
 
     InteriorNode() = default;
     InteriorNode(const InteriorNode& other);
@@ -117,7 +117,7 @@ public:
     Children::iterator end() { return children_.end(); }
     Children::const_iterator end() const { return children_.end(); }
     int childCount() const { return static_cast<int>(children_.size()); }
-    SyntaxNode& child(int index) const { return *children_[static_cast<std::size_t>(index)]; }
+    SyntaxNode& child(int index) const { return *children_.begin()[index]; }
 
     // Takes ownership; null is ignored. A node cannot be added twice, since the caller has given it away.
     void addChild(std::unique_ptr<SyntaxNode> child);

@@ -127,7 +127,7 @@ int NameOffsetCalculator::measureTypeWidth(Cpp::Position start, const Cpp::TypeN
 int NameOffsetCalculator::typeAnchoredWidth(Cpp::Position start, const Cpp::TypeNode& type,
                                             const SignStyle& sign) const {
     const std::size_t end = lastIndexBeforeMark(type.text, sign.mark) + 1;
-    const std::string_view text = type.text.substr(0, end);
+    const std::string_view text = std::string_view(type.text).substr(0, end);
     const int width = sameLineDistance(start, type.firstPosition()) + columnAfter(text, 0, tabSize());
     // A hanging sign needs a column of its own left of the names.
     const bool needsRoom = sign.hanging && roundUpToMultiple(width + 1, tabSize()) <= width + 1;

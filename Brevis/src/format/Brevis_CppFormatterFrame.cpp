@@ -93,12 +93,12 @@ WsProperty apartFromBracket(const WsProperty& value, bool isBesideBracket) {
 
 bool startsWithBracket(const Cpp::SyntaxNode& node) {
     const auto* parameter = Cpp::nodeCast<Cpp::ParameterNode>(node);
-    return parameter && parameter->text.starts_with('<');
+    return parameter && parameter->text.starts_with("<");
 }
 
 bool endsWithBracket(const Cpp::SyntaxNode& node) {
     const auto* parameter = Cpp::nodeCast<Cpp::ParameterNode>(node);
-    return parameter && parameter->text.ends_with('>');
+    return parameter && parameter->text.ends_with(">");
 }
 
 }  // namespace
