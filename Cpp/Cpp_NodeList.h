@@ -50,7 +50,7 @@ public:
 private:
     // Three is as many as the smallest piece of memory holds.
     void grow() {
-        const std::uint32_t capacity = capacity_ == 1 ? 3 : 2 * capacity_;
+        const std::uint32_t capacity = capacity_ == 1 ? 3 : capacity_ + std::max(capacity_ / 2, 3U);
         auto many = std::make_unique<std::unique_ptr<Node>[]>(capacity);
         std::move(begin(), end(), many.get());
         many_ = std::move(many);

@@ -18,7 +18,8 @@ namespace Cpp {
 // goes on with the next token that it can use. A parser may serve any number of texts, one after the other.
 class Parser : public Trn::Parser {
 public:
-    // Whether expression statements get their texts, which are mere sketches: no pass of a formatter reads them.
+    // Whether expression statements get their texts, which are mere sketches, and initializers more of theirs than the
+    // first token. No pass of a formatter reads these.
     enum class Sketches { Made, LeftOut };
     explicit Parser(Sketches sketches = Sketches::Made) : makesSketches_(sketches == Sketches::Made) {}
 

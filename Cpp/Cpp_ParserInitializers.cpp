@@ -20,7 +20,7 @@ std::unique_ptr<ExprNode> Parser::parseAssignInitializer(Stream& stream, const T
             reportUnexpectedEnd(stream);
             return nullptr;
         }
-        text.joinBehindBlank(token.text());
+        if (makesSketches_) text.joinBehindBlank(token.text());
     }
 }
 
@@ -49,7 +49,7 @@ std::unique_ptr<ExprNode> Parser::parseParenInitializer(Stream& list, Stream& st
             default:
                 break;
         }
-        text.joinBehindBlank(token.text());
+        if (makesSketches_) text.joinBehindBlank(token.text());
     }
 }
 
