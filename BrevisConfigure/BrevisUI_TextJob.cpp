@@ -44,7 +44,8 @@ Brevis::FormatResult TextJob::format(const std::string& source, Trn::ParseMessag
                                      Brevis::UpdateFunctor& update) const {
     const std::string_view mark = byteOrderMarkOf(source);
     const Brevis::FormatterProperties properties(scheme_);
-    Brevis::FormatResult result = Brevis::Formatter().format(properties, source.substr(mark.size()), messages, update);
+    Brevis::FormatResult result =
+        Brevis::Formatter().format(properties, std::string_view(source).substr(mark.size()), messages, update);
     result.text = LineEnds::restore(source, mark.empty() ? std::move(result.text) : std::string(mark) + result.text,
                                     host_.lineEnds());
     return result;

@@ -43,7 +43,8 @@ private:
     void add(const Cpp::SyntaxNode& node, const Cpp::IdNode* name, const ColumnTable& columns) {
         const auto found = columns.find(&node);
         if (!text_.empty()) text_ += ' ';
-        text_ += std::string(name ? name->text : "?") + ":" + (found == columns.end() ? "-" : std::to_string(found->second));
+        text_ += std::string(name ? std::string_view(name->text) : "?") + ":" +
+                 (found == columns.end() ? "-" : std::to_string(found->second));
     }
 
     const ColumnTable& data_;
