@@ -52,7 +52,7 @@ constexpr std::uint32_t spareTokens = 4;
 constexpr std::size_t manyTokens = 1 << 14;
 
 void growFor(std::vector<ExprToken>& tokens, std::size_t read, std::size_t size) {
-    if (tokens.size() < tokens.capacity() || tokens.size() < manyTokens) return;
+    if (tokens.size() < manyTokens) return;
     const std::size_t expected = tokens.size() * size / read;
     tokens.reserve(tokens.size() + (expected - tokens.size()) * 5 / 4 + manyTokens);
 }
@@ -90,7 +90,7 @@ void ExprTokens::appendLexed(std::uint32_t begin, std::uint32_t end, std::vector
     for (Trn::Token token = lexer.next(); token.kind() != Kind::EndOfInput; token = lexer.next()) {
         // A first position stands behind the first character.
         const std::uint32_t first = begin + static_cast<std::uint32_t>(offsetOf(token.first())) - 1;
-        growFor(tokens, first - begin + 1, text.size());
+        if (tokens.size() == tokens.capacity()) growFor(tokens, first - begin + 1, text.size());
         tokens.push_back({token.kind(), first, begin + static_cast<std::uint32_t>(offsetOf(token.last())), none});
     }
 }
