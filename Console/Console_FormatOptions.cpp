@@ -4,6 +4,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "settings/BrevisUI_Extensions.h"
+#include "settings/BrevisUI_Settings.h"
+
 namespace Console {
 
 namespace {
@@ -13,11 +16,14 @@ constexpr const char* versionText = "corvane-format (Corvane C++) " CORVANE_VERS
                                     "Copyright (C) Vellum Software\n";
 
 constexpr const char* helpText =
-    R"(Usage: corvane-format [OPTION]... [FILE]...
+    R"(Usage: corvane-format [OPTION]... [FILE|DIR]...
 Format C and C++ source files under a scheme file. Only white space changes.
 
 Without FILE, or where FILE is -, standard input is read. The formatted text goes
 to standard output, unless one of -i, --check and --diff asks for something else.
+With one of these, DIR stands for the source files below it, in the order of their
+names; write-protected and hidden entries and symbolic links are left out, but a
+FILE is always taken. A file that comes twice is taken once.
 
   -s, --scheme=SCHEME         the scheme: the path of a scheme file or else the name
                                 of a scheme; without this option the nearest
@@ -33,6 +39,11 @@ to standard output, unless one of -i, --check and --diff asks for something else
                                 unless given
       --line-endings=WHAT     how lines end: keep, as in the source, which is the
                                 default; lf; crlf; native, as on this system
+      --extensions=LIST       the extensions of source files below DIR, separated by
+                                commas; c,cc,cpp,cxx,h,hh,hpp,hxx unless given
+      --exclude=GLOB          leave out what matches below DIR, as if GLOB were a line
+                                of a .gitignore file in DIR; may be repeated
+      --no-ignore             take files below DIR although git ignores them
       --check                 write nothing; name each file that would change
       --diff                  write nothing; show what would change as a unified
                                 diff, in colours on a terminal
@@ -76,6 +87,9 @@ come with the program arrive there, write-protected: they are listed as built-in
 -i leaves a file alone that would not change. The old texts of the last ten runs
 are kept in $XDG_CACHE_HOME/corvane, by default ~/.cache/corvane.
 
+A file .corvaneignore, in the syntax of .gitignore, leaves out what it matches below
+its directory; what it says counts for more than what git's own files say.
+
 Exit status:
   0  if all went well and, with --check or --diff, nothing would change,
   1  if --check or --diff found a file that would change,
@@ -104,6 +118,9 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     // A flag with a text: unlike an option it takes a value only behind an equals sign.
     app.add_flag("--backup{bak}", options.backupExtension);
     app.add_option("--line-endings")->check(CLI::IsMember({"keep", "lf", "crlf", "native"}));
+    app.add_option("--extensions")->type_name("LIST");
+    app.add_option("--exclude", options.excludes)->type_name("GLOB")->allow_extra_args(false);
+    app.add_flag("--no-ignore")->disable_flag_override();
     app.add_flag("--undo")->disable_flag_override();
     app.add_flag("--recover")->disable_flag_override();
     app.add_flag("--check", options.check)->disable_flag_override();
@@ -128,6 +145,26 @@ void readLineEnds(const CLI::App& app, FormatOptions& options) {
     for (const auto& [word, mode] : lineEndWords) {
         if (given == word) options.lineEnds = mode;
     }
+}
+
+void readTreeOptions(const CLI::App& app, FormatOptions& options) {
+    options.gitIgnore = app.count("--no-ignore") == 0;
+    const CLI::Option& given = *app.get_option("--extensions");
+    options.extensions =
+        given.count() > 0 ? BrevisUI::parseExtensions(given.as<std::string>()) : BrevisUI::Settings().fileExtensions;
+}
+
+// A pattern or an extension with a dot would match nothing.
+bool isExtension(const std::string& text) {
+    return BrevisUI::isValidExtension(text) && text.find_first_of("*.") == std::string::npos;
+}
+
+std::string complaintAboutTrees(const FormatOptions& options) {
+    if (options.extensions.empty()) return "--extensions needs a list such as c,cpp,h";
+    for (const std::string& extension : options.extensions) {
+        if (!isExtension(extension)) return "--extensions: \"" + extension + "\" is no extension";
+    }
+    return {};
 }
 
 // The rules for the options that format nothing.
@@ -202,10 +239,12 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     options.createBackups = app.count("--backup") > 0;
     readVerification(app, options);
     readLineEnds(app, options);
+    readTreeOptions(app, options);
     if (options.files.empty()) options.files.emplace_back(standardInput);
     std::string complaint;
     if (options.listSchemes || options.dumpScheme) complaint = complaintAboutSchemeQuery(options);
     if (complaint.empty()) complaint = complaintAbout(app, options);
+    if (complaint.empty()) complaint = complaintAboutTrees(options);
     return complaint.empty() ? command : failure(complaint);
 }
 

@@ -12,8 +12,11 @@ namespace Console {
 inline constexpr std::string_view standardInput = "-";
 
 struct FormatOptions {
-    std::vector<std::string> files;  // in the order given, never empty; "-" is standard input
-    std::string scheme;              // a path or a name; empty: search for one
+    std::vector<std::string> files;       // and directories, in the order given, never empty; "-" is standard input
+    std::vector<std::string> extensions;  // of the files below a directory, without dots
+    std::vector<std::string> excludes;    // patterns of what is left out below a directory
+    bool gitIgnore = true;                // leave out what git ignores, too
+    std::string scheme;                   // a path or a name; empty: search for one
     bool listSchemes = false;
     bool dumpScheme = false;  // for the one file
     bool inPlace = false;

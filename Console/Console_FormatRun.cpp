@@ -10,6 +10,7 @@
 #include "BrevisUI_FileJob.h"
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
+#include "Console_FileSelection.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_UnifiedDiff.h"
 #include "disk/BrevisUI_SignalPause.h"
@@ -56,19 +57,26 @@ std::string FormatRun::displayName(const std::string& file) const {
 int FormatRun::run() {
     if (options_.listSchemes) return listSchemes();
     if (options_.dumpScheme) return dumpScheme(options_.files.front());
-    return options_.inPlace ? writeFiles() : processFiles();
+    return formatFiles();
 }
 
-int FormatRun::writeFiles() {
+int FormatRun::formatFiles() {
+    FileSelection selection(options_, [this](const std::string& text, int severity) { send(text, severity); });
+    const std::vector<std::string> files = selection.select();
+    const int status = options_.inPlace ? writeFiles(files) : processFiles(files);
+    return selection.hasFailed() ? exitTrouble : status;
+}
+
+int FormatRun::writeFiles(const std::vector<std::string>& files) {
     const BrevisUI::SignalPause pause;
-    const int status = processFiles();
+    const int status = processFiles(files);
     BrevisUI::tellFailures(*this, writer_.finish());
     return writeFailed_ ? exitTrouble : status;
 }
 
-int FormatRun::processFiles() {
+int FormatRun::processFiles(const std::vector<std::string>& files) {
     int status = exitGood;
-    for (const std::string& file : options_.files) {
+    for (const std::string& file : files) {
         status = std::max(status, processFile(file));
         // Nobody would see what follows, or wants it.
         if (!output_.good() || (options_.inPlace && BrevisUI::SignalPause::isStopAsked())) break;

@@ -40,10 +40,11 @@ private:
     std::string displayName(const std::string& file) const;
     int listSchemes();
     int dumpScheme(const std::string& file);
+    int formatFiles();
     // The same as processFiles, with every file in its place at the end.
-    int writeFiles();
+    int writeFiles(const std::vector<std::string>& files);
     // The status of all files; stops early if there is no use in going on.
-    int processFiles();
+    int processFiles(const std::vector<std::string>& files);
     // The path of the scheme file that --scheme means.
     const std::string& givenScheme();
     // The path of the scheme file for a source file.

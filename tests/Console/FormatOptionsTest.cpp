@@ -67,6 +67,9 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"--in-place=false", "a"}, "in-place"},
         {{"--verify=seams"}, "--verify"},
         {{"--line-endings=cr"}, "--line-endings"},
+        {{"-i", "a", "--extensions", ""}, "--extensions"},
+        {{"--extensions=c,a/b", "-i", "a"}, "a/b"},
+        {{"--extensions=*.c", "-i", "a"}, "*.c"},
         {{"--undo", "a"}, "--undo"},
         {{"--undo", "--recover"}, "--recover"},
         {{"--recover", "-i", "a"}, "--recover"},
@@ -91,9 +94,10 @@ TEST(FormatOptions, HelpAndVersion) {
     const FormatCommand help = parse({"--help", "--bogus"});
     EXPECT_EQ(Action::ShowText, help.action);
     for (const char* option :
-         {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]", "--check", "--diff",
-          "--verify[=", "--no-verify", "--verbose", "--assume-filename=", "--line-endings=", "--undo", "--recover",
-          "--threshold=", "--help", "--version", "Exit status"}) {
+         {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]",     "--check",
+          "--diff",        "--verify[=",     "--no-verify",   "--verbose",      "--assume-filename=", "--line-endings=",
+          "--undo",        "--recover",      "--extensions=", "--exclude=",     "--no-ignore",        "--threshold=",
+          "--help",        "--version",      "Exit status"}) {
         EXPECT_NE(std::string::npos, help.text.find(option)) << option;
     }
     const FormatCommand version = parse({"--version"});
