@@ -1,4 +1,4 @@
-// Walks the directories, sorts what they hold, and remembers what has been taken.
+// Reads what names files, sorts what directories hold, and remembers what has been taken.
 #include "Console_FileSelection.h"
 
 #include <algorithm>
@@ -6,8 +6,10 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
-#include "files/BrevisUI_IgnoreRules.h"
+#include "Trn_Exception.h"
+#include "files/BrevisUI_TextLines.h"
 #include "files/BrevisUI_TreeWalk.h"
+#include "projects/BrevisUI_ProjectFiles.h"
 #include "projects/BrevisUI_ProjectPaths.h"
 
 namespace Console {
@@ -18,6 +20,8 @@ namespace {
 
 constexpr std::string_view needsMode = "\"%s\" is a directory: it needs one of -i, --check and --diff.";
 constexpr std::string_view notListed = "The directory \"%s\" cannot be listed: ";
+constexpr std::string_view listUnreadable = "The list of files \"%s\" cannot be read. No file will be formatted.";
+constexpr std::string_view projectUnreadable = "The files of \"%s\" are not all known. No file will be formatted.";
 
 // A directory's files stand together, whatever other names begin with its own.
 int rank(char c) { return c == '/' ? 0 : static_cast<unsigned char>(c); }
@@ -40,10 +44,27 @@ std::string identityOf(const std::string& file) {
     return error ? BrevisUI::fullPath(file) : path;
 }
 
+bool readList(const std::string& name, std::string& text) {
+    if (name == standardInput) return BrevisUI::readStream(stdin, text);
+    return BrevisUI::fileExists(name) && !BrevisUI::isDirectory(name) && BrevisUI::readFile(name, text);
+}
+
+std::vector<std::string_view> piecesOf(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    while (!text.empty()) {
+        pieces.push_back(text.substr(0, text.find(separator)));
+        text.remove_prefix(std::min(pieces.back().size() + 1, text.size()));
+    }
+    return pieces;
+}
+
 }  // namespace
 
 std::vector<std::string> FileSelection::select() {
     for (const std::string& name : options_.files) addNamed(name);
+    if (!options_.filesFrom.empty()) addList();
+    addProjects();
+    if (gaveUp_) files_.clear();
     return std::move(files_);
 }
 
@@ -52,16 +73,57 @@ void FileSelection::fail(const std::string& text) {
     failed_ = true;
 }
 
+void FileSelection::giveUp(const std::string& text) {
+    fail(text);
+    gaveUp_ = true;
+}
+
 void FileSelection::addNamed(const std::string& name) {
-    if (name == standardInput) {
-        files_.push_back(name);
-    } else if (!BrevisUI::isDirectory(name)) {
-        add(name);
-    } else if (options_.inPlace || options_.check || options_.diff) {
-        addTree(name);
-    } else {
-        fail(fillIn(needsMode, name));
+    if (name == standardInput) return files_.push_back(name);
+    addPath(name);
+}
+
+void FileSelection::addList() {
+    std::string text;
+    if (!readList(options_.filesFrom, text)) return giveUp(fillIn(listUnreadable, options_.filesFrom));
+    for (const std::string_view name : options_.nulSeparated ? piecesOf(text, '\0') : BrevisUI::linesOf(text)) {
+        // Standard input has no place in a list.
+        if (!name.empty()) addPath(name == standardInput ? "./-" : std::string(name));
     }
+}
+
+void FileSelection::addProjects() {
+    BrevisUI::IgnoreRules rules(".", ignoreOptions(options_));
+    for (const std::string& path : options_.projects) {
+        try {
+            addProject(path, rules);
+        } catch (const Trn::Exception& error) {
+            fail(error.message());
+            giveUp(fillIn(projectUnreadable, path));
+        }
+    }
+}
+
+void FileSelection::addProject(const std::string& path, BrevisUI::IgnoreRules& rules) {
+    const BrevisUI::ExtensionList extensions(options_.extensions);
+    const auto [projects, complaints] = BrevisUI::readProjects(path);
+    bool isWhole = true;
+    for (const auto& [severity, text] : complaints) {
+        tell_(text, severity);
+        isWhole = isWhole && severity < BrevisUI::Severity::error;
+    }
+    if (!isWhole) giveUp(fillIn(projectUnreadable, path));
+    for (const BrevisUI::Project& project : projects) {
+        for (const std::string& file : project.files) {
+            if (extensions.holds(file) && !rules.isIgnored(file, false)) add(file);
+        }
+    }
+}
+
+void FileSelection::addPath(const std::string& path) {
+    if (!BrevisUI::isDirectory(path)) return add(path);
+    if (options_.inPlace || options_.check || options_.diff) return addTree(path);
+    fail(fillIn(needsMode, path));
 }
 
 void FileSelection::addTree(const std::string& directory) {

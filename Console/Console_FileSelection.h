@@ -1,4 +1,5 @@
-// Which files a run of corvane-format is about. Lists directories and reads ignore files; never a source file.
+// Which files a run of corvane-format is about. Lists directories and reads ignore files, projects and lists of names;
+// never a source file.
 #pragma once
 
 #include <functional>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "Console_FormatOptions.h"
+#include "files/BrevisUI_IgnoreRules.h"
 
 namespace Console {
 
@@ -18,15 +20,21 @@ public:
     // `options` must outlive the selection.
     FileSelection(const FormatOptions& options, Tell tell) : options_(options), tell_(std::move(tell)) {}
 
-    // The files in the order of the arguments, and each once. Those below a directory stand in its place, in the order
-    // of their names.
+    // The files that are named, that a list names and that the projects hold, in this order, and each once. Those below
+    // a directory stand in its place, in the order of their names. None if a list or a project can't be read.
     std::vector<std::string> select();
     // Whether something that was named could not be taken, once its message has been sent.
     bool hasFailed() const { return failed_; }
 
 private:
     void fail(const std::string& text);
+    // The same for what leaves no files at all.
+    void giveUp(const std::string& text);
     void addNamed(const std::string& name);
+    void addList();
+    void addProjects();
+    void addProject(const std::string& path, BrevisUI::IgnoreRules& rules);
+    void addPath(const std::string& path);
     void addTree(const std::string& directory);
     void add(const std::string& file);
 
@@ -35,6 +43,7 @@ private:
     std::vector<std::string> files_;
     std::unordered_set<std::string> known_;  // by full path
     bool failed_ = false;
+    bool gaveUp_ = false;
 };
 
 }  // namespace Console

@@ -39,11 +39,22 @@ FILE is always taken. A file that comes twice is taken once.
                                 unless given
       --line-endings=WHAT     how lines end: keep, as in the source, which is the
                                 default; lf; crlf; native, as on this system
-      --extensions=LIST       the extensions of source files below DIR, separated by
-                                commas; c,cc,cpp,cxx,h,hh,hpp,hxx unless given
+      --project=FILE          take the files of a project: .dsp, .vcproj, .vcxproj,
+                                .vcxitems, compile_commands.json or the directory
+                                that holds the last; may be repeated
+      --workspace=FILE        the same for the projects of a .dsw, .sln or .slnx
+      --files-from=FILE       take the files and directories that FILE names, one a
+                                line; - is standard input
+  -0                          with --files-from: a NUL follows each name instead of a
+                                line end
+      --extensions=LIST       the extensions of source files below DIR and in projects,
+                                separated by commas; c,cc,cpp,cxx,h,hh,hpp,hxx unless
+                                given
       --exclude=GLOB          leave out what matches below DIR, as if GLOB were a line
-                                of a .gitignore file in DIR; may be repeated
-      --no-ignore             take files below DIR although git ignores them
+                                of a .gitignore file in DIR, for projects one in the
+                                current directory; may be repeated
+      --no-ignore             take files below DIR and of projects although git ignores
+                                them
       --check                 write nothing; name each file that would change
       --diff                  write nothing; show what would change as a unified
                                 diff, in colours on a terminal
@@ -78,7 +89,8 @@ messages and no output, and is left as it is; the other files are still done.
 input; --backup needs -i; --assume-filename needs standard input, which can be
 named only once. --verify and --no-verify cannot be combined. --list-schemes takes
 no FILE, --dump-scheme one at most; neither takes -i, --check or --diff. --undo and
---recover take no other option, and --undo no FILE.
+--recover take no other option, and --undo no FILE. --project and --workspace need
+one of -i, --check and --diff.
 
 A scheme has a name once it stands in the user's scheme directory, by default
 $XDG_DATA_HOME/corvane/schemes, or ~/.local/share/corvane/schemes. The schemes that
@@ -88,7 +100,8 @@ come with the program arrive there, write-protected: they are listed as built-in
 are kept in $XDG_CACHE_HOME/corvane, by default ~/.cache/corvane.
 
 A file .corvaneignore, in the syntax of .gitignore, leaves out what it matches below
-its directory; what it says counts for more than what git's own files say.
+its directory; what it says counts for more than what git's own files say. If a
+project or a list cannot be read, nothing is formatted.
 
 Exit status:
   0  if all went well and, with --check or --diff, nothing would change,
@@ -118,6 +131,10 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     // A flag with a text: unlike an option it takes a value only behind an equals sign.
     app.add_flag("--backup{bak}", options.backupExtension);
     app.add_option("--line-endings")->check(CLI::IsMember({"keep", "lf", "crlf", "native"}));
+    // Both take either, in the order given.
+    app.add_option("--project,--workspace", options.projects)->type_name("FILE")->allow_extra_args(false);
+    app.add_option("--files-from", options.filesFrom)->type_name("FILE");
+    app.add_flag("-0", options.nulSeparated)->disable_flag_override();
     app.add_option("--extensions")->type_name("LIST");
     app.add_option("--exclude", options.excludes)->type_name("GLOB")->allow_extra_args(false);
     app.add_flag("--no-ignore")->disable_flag_override();
@@ -159,7 +176,20 @@ bool isExtension(const std::string& text) {
     return BrevisUI::isValidExtension(text) && text.find_first_of("*.") == std::string::npos;
 }
 
-std::string complaintAboutTrees(const FormatOptions& options) {
+bool namesFiles(const FormatOptions& options) {
+    return !options.files.empty() || !options.projects.empty() || !options.filesFrom.empty();
+}
+
+std::string complaintAboutSelection(const CLI::App& app, const FormatOptions& options) {
+    const bool readsInput = std::ranges::count(options.files, standardInput) > 0;
+    const bool hasMode = options.inPlace || options.check || options.diff;
+    if (app.count("--files-from") > 0 && options.filesFrom.empty()) return "--files-from needs a path";
+    if (options.nulSeparated && options.filesFrom.empty()) return "-0 has no meaning without --files-from";
+    if (options.filesFrom == standardInput && readsInput) return "standard input can be read only once";
+    if (std::ranges::count(options.projects, "") > 0) return "--project and --workspace need a path";
+    if (!options.projects.empty() && !hasMode) {
+        return "--project and --workspace need one of --in-place, --check and --diff";
+    }
     if (options.extensions.empty()) return "--extensions needs a list such as c,cpp,h";
     for (const std::string& extension : options.extensions) {
         if (!isExtension(extension)) return "--extensions: \"" + extension + "\" is no extension";
@@ -172,6 +202,9 @@ std::string complaintAboutSchemeQuery(const FormatOptions& options) {
     if (options.listSchemes && options.dumpScheme) return "--list-schemes and --dump-scheme cannot be combined";
     if (options.inPlace || options.check || options.diff) {
         return "--list-schemes and --dump-scheme format nothing: --in-place, --check and --diff have no meaning";
+    }
+    if (!options.projects.empty() || !options.filesFrom.empty()) {
+        return "--list-schemes and --dump-scheme take no --project, --workspace and --files-from";
     }
     if (options.listSchemes && options.files != std::vector<std::string>{std::string(standardInput)}) {
         return "--list-schemes takes no files";
@@ -240,11 +273,11 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     readVerification(app, options);
     readLineEnds(app, options);
     readTreeOptions(app, options);
-    if (options.files.empty()) options.files.emplace_back(standardInput);
+    if (!namesFiles(options)) options.files.emplace_back(standardInput);
     std::string complaint;
     if (options.listSchemes || options.dumpScheme) complaint = complaintAboutSchemeQuery(options);
     if (complaint.empty()) complaint = complaintAbout(app, options);
-    if (complaint.empty()) complaint = complaintAboutTrees(options);
+    if (complaint.empty()) complaint = complaintAboutSelection(app, options);
     return complaint.empty() ? command : failure(complaint);
 }
 

@@ -12,9 +12,12 @@ namespace Console {
 inline constexpr std::string_view standardInput = "-";
 
 struct FormatOptions {
-    std::vector<std::string> files;       // and directories, in the order given, never empty; "-" is standard input
-    std::vector<std::string> extensions;  // of the files below a directory, without dots
-    std::vector<std::string> excludes;    // patterns of what is left out below a directory
+    std::vector<std::string> files;       // and directories, in the order given; "-" is standard input
+    std::vector<std::string> projects;    // and workspaces, whose files are taken
+    std::string filesFrom;                // a list of further names, "-" being standard input; empty: not given
+    bool nulSeparated = false;            // the names of the list
+    std::vector<std::string> extensions;  // of the files below a directory and of projects, without dots
+    std::vector<std::string> excludes;    // patterns of what is left out of these
     bool gitIgnore = true;                // leave out what git ignores, too
     std::string scheme;                   // a path or a name; empty: search for one
     bool listSchemes = false;

@@ -205,6 +205,48 @@ TEST_F(CorvaneFormatTest, TakesWholeTrees) {
     EXPECT_EQ(ugly, contents(dir.file("t/out/o.cpp")));
 }
 
+TEST_F(CorvaneFormatTest, TakesTheFilesOfProjectsAndLists) {
+    for (const char* name : {"p/a.cpp", "p/b.h", "p/gen/g.cpp", "p/r.rc", "q/c.c", "-"}) dir.file(name, ugly);
+    dir.file("p/p.vcxproj",
+             "<Project><ItemGroup><ClCompile Include=\"b.h\"/><ClCompile Include=\"a.cpp\"/>"
+             "<ResourceCompile Include=\"r.rc\"/><ClCompile Include=\"gen\\g.cpp\"/></ItemGroup></Project>");
+    dir.file("w.slnx", "<Solution><Project Path=\"p/p.vcxproj\"/><Project Path=\"x.other\"/></Solution>");
+    dir.file("x.other", "");
+    dir.file("q/compile_commands.json", "[{\"directory\": \".\", \"file\": \"c.c\", \"command\": \"cc c.c\"}]");
+    dir.file("p/.corvaneignore", "gen/\n");
+    dir.file("list", "ugly.cpp\r\n\n-\np\nugly.cpp");
+    const std::string p = dir.file("p/"), project = p + "b.h\n" + p + "a.cpp\n", c = dir.file("q/c.c\n");
+    const struct {
+        const char* arguments;
+        int status;
+        std::string out, err;
+    } cases[] = {
+        {"--check --project p/p.vcxproj", 1, project, ""},
+        {"--check --workspace w.slnx --project q", 1, project + c, ""},
+        {"--check --project q/compile_commands.json --exclude q/ --project p/p.vcxproj p/a.cpp", 1,
+         "p/a.cpp\n" + p + "b.h\n", ""},
+        {"--check --files-from list", 1, "ugly.cpp\n./-\np/a.cpp\np/b.h\n", ""},
+        {"--check --files-from - --project q < list", 1, "ugly.cpp\n./-\np/a.cpp\np/b.h\n" + c, ""},
+        {"--check -0 --files-from=- </dev/null", 0, "", ""},
+        {"-0 --files-from - pretty.cpp <names", 0, std::string(pretty) + pretty, ""},
+        {"-i --files-from gone q/c.c", 2, "", "The list of files \"gone\" cannot be read."},
+        {"-i q/c.c --project bad.vcxproj", 2, "", dir.file("bad.vcxproj(2) : error: ")},
+        {"-i q/c.c --workspace bad.slnx", 2, "", dir.file("bad.slnx(1) : error: ")},
+        {"-i q/c.c --project .", 2, "", dir.file("compile_commands.json : error: ")},
+    };
+    dir.file("names", std::string("n\xff\n.cpp\0pretty.cpp\0", 19));
+    dir.file("n\xff\n.cpp", ugly);
+    dir.file("bad.vcxproj", "<Project>\n</Item>");
+    dir.file("bad.slnx", "<Solution><Project Path=\"p/p.vcxproj\"/><Project Path=\"gone.vcxproj\"/></Solution>");
+    for (const auto& [arguments, expected, text, message] : cases) {
+        run(std::string("$F ") + arguments);
+        EXPECT_EQ(expected, status) << arguments;
+        EXPECT_EQ(text, out) << arguments;
+        EXPECT_EQ(message, err.substr(0, message.empty() ? err.size() : message.size())) << arguments;
+    }
+    EXPECT_EQ(ugly, contents(dir.file("q/c.c")));
+}
+
 TEST_F(CorvaneFormatTest, KeepsOrSetsLineEnds) {
     const std::string dos = "void f( ){\r\n      g( );\r\n}\r\n", dosPretty = "void f( ){\r\n  g( );\r\n}\r\n";
     const struct {

@@ -70,6 +70,12 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"-i", "a", "--extensions", ""}, "--extensions"},
         {{"--extensions=c,a/b", "-i", "a"}, "a/b"},
         {{"--extensions=*.c", "-i", "a"}, "*.c"},
+        {{"--project", "a"}, "--check"},
+        {{"-i", "--workspace", ""}, "--workspace"},
+        {{"-i", "-0", "a"}, "--files-from"},
+        {{"--files-from", ""}, "--files-from"},
+        {{"--files-from", "-", "-"}, "once"},
+        {{"--dump-scheme", "--files-from", "a"}, "--files-from"},
         {{"--undo", "a"}, "--undo"},
         {{"--undo", "--recover"}, "--recover"},
         {{"--recover", "-i", "a"}, "--recover"},
@@ -93,11 +99,31 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
 TEST(FormatOptions, HelpAndVersion) {
     const FormatCommand help = parse({"--help", "--bogus"});
     EXPECT_EQ(Action::ShowText, help.action);
-    for (const char* option :
-         {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]",     "--check",
-          "--diff",        "--verify[=",     "--no-verify",   "--verbose",      "--assume-filename=", "--line-endings=",
-          "--undo",        "--recover",      "--extensions=", "--exclude=",     "--no-ignore",        "--threshold=",
-          "--help",        "--version",      "Exit status"}) {
+    for (const char* option : {"-s, --scheme=",
+                               "--list-schemes",
+                               "--dump-scheme",
+                               "-i, --in-place",
+                               "--backup[=EXT]",
+                               "--check",
+                               "--diff",
+                               "--verify[=",
+                               "--no-verify",
+                               "--verbose",
+                               "--assume-filename=",
+                               "--line-endings=",
+                               "--undo",
+                               "--recover",
+                               "--project=",
+                               "--workspace=",
+                               "--files-from=",
+                               "-0 ",
+                               "--extensions=",
+                               "--exclude=",
+                               "--no-ignore",
+                               "--threshold=",
+                               "--help",
+                               "--version",
+                               "Exit status"}) {
         EXPECT_NE(std::string::npos, help.text.find(option)) << option;
     }
     const FormatCommand version = parse({"--version"});
