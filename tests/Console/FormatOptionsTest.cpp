@@ -99,32 +99,14 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
 TEST(FormatOptions, HelpAndVersion) {
     const FormatCommand help = parse({"--help", "--bogus"});
     EXPECT_EQ(Action::ShowText, help.action);
-    for (const char* option : {"-s, --scheme=",
-                               "--list-schemes",
-                               "--dump-scheme",
-                               "-i, --in-place",
-                               "--backup[=EXT]",
-                               "--check",
-                               "--diff",
-                               "--verify[=",
-                               "--no-verify",
-                               "--verbose",
-                               "--assume-filename=",
-                               "--line-endings=",
-                               "--undo",
-                               "--recover",
-                               "--project=",
-                               "--workspace=",
-                               "--files-from=",
-                               "-0 ",
-                               "--extensions=",
-                               "--exclude=",
-                               "--no-ignore",
-                               "--threshold=",
-                               "--help",
-                               "--version",
-                               "Exit status"}) {
-        EXPECT_NE(std::string::npos, help.text.find(option)) << option;
+    const std::vector<const char*> options[] = {
+        {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]", "--check", "--diff"},
+        {"--verify[=", "--no-verify", "--verbose", "--assume-filename=", "--line-endings=", "--undo", "--recover"},
+        {"--project=", "--workspace=", "--files-from=", "-0 ", "--extensions=", "--exclude=", "--no-ignore"},
+        {"--threshold=", "--help", "--version", "Exit status"},
+    };
+    for (const auto& group : options) {
+        for (const char* option : group) EXPECT_NE(std::string::npos, help.text.find(option)) << option;
     }
     const FormatCommand version = parse({"--version"});
     EXPECT_EQ(Action::ShowText, version.action);
