@@ -45,16 +45,16 @@ FILE is always taken. A file that comes twice is taken once.
       --workspace=FILE        the same for the projects of a .dsw, .sln or .slnx
       --files-from=FILE       take the files and directories that FILE names, one a
                                 line; - is standard input
-  -0                          with --files-from: a NUL follows each name instead of a
-                                line end
-      --extensions=LIST       the extensions of source files below DIR and in projects,
-                                separated by commas; c,cc,cpp,cxx,h,hh,hpp,hxx unless
-                                given
-      --exclude=GLOB          leave out what matches below DIR, as if GLOB were a line
-                                of a .gitignore file in DIR, for projects one in the
-                                current directory; may be repeated
-      --no-ignore             take files below DIR and of projects although git ignores
-                                them
+  -0                          with --files-from: each name ends with a NUL, not with
+                                its line
+      --extensions=LIST       the extensions of source files below DIR and in
+                                projects, separated by commas, unless given
+                                c,cc,cpp,cxx,h,hh,hpp,hxx
+      --exclude=GLOB          leave out what matches below DIR, as if GLOB were a
+                                line of a .gitignore file in DIR, for projects one
+                                in the current directory; may be repeated
+      --no-ignore             take files below DIR and of projects although git
+                                ignores them
       --check                 write nothing; name each file that would change
       --diff                  write nothing; show what would change as a unified
                                 diff, in colours on a terminal
