@@ -5,7 +5,6 @@
 
 namespace Brevis {
 
-
 // Whether the body has real braces, and does not just stand for a single statement.
 bool hasBraces(const Cpp::InteriorNode& body);
 bool isLineCommentNode(const Cpp::SyntaxNode& node);
