@@ -49,6 +49,30 @@ private:
         }
     }
 
+    // Reads the items between commas up to a `{`, comments and directives among them. Null with a report for a text
+    // that ends first, and null for a list of nothing.
+    template <class List, class ParseItem>
+    Ptr<List> parseItemsToBrace(Stream& stream, ParseItem parseItem) {
+        auto list = make<List>();
+        for (;;) {
+            const TokenKind next = stream.peek().kind();
+            if (Trn::isEnd(next)) {
+                report(stream.get().first(), ParseCode::UnexpectedEnd);
+                return nullptr;
+            }
+            if (next == Trn::Kind::OpenBrace) break;
+            if (next == Trn::Kind::Comma) {
+                stream.get();
+            } else if (Trn::isTrivia(next)) {
+                list->addChild(parseTrivia(stream));
+            } else {
+                list->addChild(parseItem());
+            }
+        }
+        if (list->childCount() == 0) return nullptr;
+        return list;
+    }
+
     // ---- Frame (Cpp_Parser.cpp)
 
     void skipUntil(Stream& stream, TokenKind kind);

@@ -10,24 +10,7 @@ using Trn::isEnd;
 
 std::unique_ptr<BaseClauseListNode> Parser::parseBaseClauseList(Stream& stream) {
     dropTrivia(stream);
-    auto list = make<BaseClauseListNode>();
-    for (;;) {
-        const TokenKind next = stream.peek().kind();
-        if (isEnd(next)) {
-            report(stream.get().first(), ParseCode::UnexpectedEnd);
-            return nullptr;
-        }
-        if (next == Kind::OpenBrace) break;
-        if (next == Kind::Comma) {
-            stream.get();
-        } else if (Trn::isTrivia(next)) {
-            list->addChild(parseTrivia(stream));
-        } else {
-            list->addChild(parseBaseClause(stream));
-        }
-    }
-    if (list->childCount() == 0) return nullptr;
-    return list;
+    return parseItemsToBrace<BaseClauseListNode>(stream, [&] { return parseBaseClause(stream); });
 }
 
 std::unique_ptr<BaseClauseNode> Parser::parseBaseClause(Stream& stream) {

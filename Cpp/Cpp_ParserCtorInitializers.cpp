@@ -8,24 +8,7 @@ namespace Kind = Trn::Kind;
 using Trn::isEnd;
 
 std::unique_ptr<InitializerListNode> Parser::parseCtorInitializerList(Stream& stream) {
-    auto list = make<InitializerListNode>();
-    for (;;) {
-        const TokenKind next = stream.peek().kind();
-        if (isEnd(next)) {
-            report(stream.get().first(), ParseCode::UnexpectedEnd);
-            return nullptr;
-        }
-        if (next == Kind::OpenBrace) break;
-        if (next == Kind::Comma) {
-            stream.get();
-        } else if (Trn::isTrivia(next)) {
-            list->addChild(parseTrivia(stream));
-        } else {
-            list->addChild(parseCtorInitializer(stream));
-        }
-    }
-    if (list->childCount() == 0) return nullptr;
-    return list;
+    return parseItemsToBrace<InitializerListNode>(stream, [&] { return parseCtorInitializer(stream); });
 }
 
 std::unique_ptr<InitializerNode> Parser::parseCtorInitializer(Stream& stream) {
