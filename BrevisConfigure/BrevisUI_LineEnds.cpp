@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "Vellum_WhiteSpace.h"
+
 namespace BrevisUI {
 
 namespace {
@@ -13,8 +15,6 @@ namespace {
 constexpr std::string_view lineFeed = "\n";
 constexpr std::string_view carriageReturn = "\r";
 constexpr std::string_view both = "\r\n";
-
-constexpr bool isWhiteSpace(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
 
 // Goes over a text from line end to line end.
 class EndReader {
@@ -26,7 +26,7 @@ public:
         for (; position_ < text_.size(); ++position_) {
             const char character = text_[position_];
             if (character == '\n' || character == '\r') return take();
-            if (!isWhiteSpace(character)) ++place_;
+            if (!Vellum::isSpace(character)) ++place_;
         }
         return false;
     }

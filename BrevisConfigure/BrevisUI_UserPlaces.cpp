@@ -35,6 +35,8 @@ bool isInside(const fs::path& path, const fs::path& directory) {
 
 std::string userSchemeDirectory() { return userPlace("XDG_DATA_HOME", ".local/share", "corvane/schemes/"); }
 
+std::string userCacheDirectory() { return userPlace("XDG_CACHE_HOME", ".cache", "corvane"); }
+
 std::string userSettingsPath() { return userPlace("XDG_CONFIG_HOME", ".config", "corvane/settings.json"); }
 
 std::string shippedSchemeDirectory() {

@@ -10,6 +10,7 @@
 #include "BrevisUI_FileJob.h"
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
+#include "BrevisUI_UserPlaces.h"
 #include "Console_FileSelection.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_UnifiedDiff.h"
@@ -37,7 +38,7 @@ FormatRun::FormatRun(const FormatOptions& options, StandardOutput& output)
     : options_(options),
       output_(output),
       schemes_(shippedSchemePath()),
-      store_(system_, BrevisUI::RunStore::defaultDirectory()),
+      store_(system_, BrevisUI::userCacheDirectory()),
       writer_(system_, &store_) {}
 
 void FormatRun::send(const std::string& text, int severity) {

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "BrevisUI_Files.h"
+#include "BrevisUI_UserPlaces.h"
 #include "Console_FormatRun.h"
 #include "disk/BrevisUI_Restorer.h"
 #include "disk/BrevisUI_SiblingFile.h"
@@ -19,7 +20,7 @@ template <class Work>
 int restore(StandardOutput& output, Work work) {
     const BrevisUI::SignalPause pause;
     BrevisUI::FileSystem system;
-    const BrevisUI::RunStore store(system, BrevisUI::RunStore::defaultDirectory());
+    const BrevisUI::RunStore store(system, BrevisUI::userCacheDirectory());
     const auto tell = [&](const std::string& text, BrevisUI::Restorer::News news) {
         if (news == BrevisUI::Restorer::News::Done) return output.write(text + "\n");
         writeErrorLine(text);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 
@@ -15,11 +14,6 @@ namespace BrevisUI {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string absolutePathIn(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value && value[0] == '/' ? value : "";
-}
 
 // The directory and those above it, as far as they are missing.
 std::error_code makeDirectories(FileSystem& system, const fs::path& directory) {
@@ -32,12 +26,6 @@ std::error_code makeDirectories(FileSystem& system, const fs::path& directory) {
 }
 
 }  // namespace
-
-std::string RunStore::defaultDirectory() {
-    if (const std::string cache = absolutePathIn("XDG_CACHE_HOME"); !cache.empty()) return cache + "/corvane";
-    if (const std::string home = absolutePathIn("HOME"); !home.empty()) return home + "/.cache/corvane";
-    return {};
-}
 
 std::string RunStore::newRunName() {
     timespec now{};

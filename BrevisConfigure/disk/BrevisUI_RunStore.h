@@ -13,9 +13,6 @@ class RunStore {
 public:
     static constexpr std::size_t keptRuns = 10;
 
-    // $XDG_CACHE_HOME/corvane, or else ~/.cache/corvane; empty if the system tells neither.
-    static std::string defaultDirectory();
-
     // Nothing is made before a run begins.
     RunStore(FileSystem& system, std::string directory) : system_(system), directory_(std::move(directory)) {}
 

@@ -1,6 +1,7 @@
 // The expression formatter's rule for pointer and reference signs in a type or declaration.
 #include <string>
 
+#include "Vellum_WhiteSpace.h"
 #include "expr/Brevis_CppExprFormatter.h"
 
 namespace Brevis {
@@ -8,8 +9,6 @@ namespace Brevis {
 namespace Kind = Trn::Kind;
 
 namespace {
-
-bool isBlank(std::string_view gap) { return trimmedLeft(gap).empty(); }
 
 // A run of signs with the type in front of it and the gaps round it, as they were read.
 struct SignRun {
@@ -27,7 +26,7 @@ SignRun readRun(ExprWalk& walk) {
     const std::uint32_t start = walk.offset();
     const auto readGap = [&] {
         const std::string_view gap = walk.more() ? walk.readBefore(walk.next()) : walk.remainder();
-        run.hasBlankGaps = run.hasBlankGaps && isBlank(gap);
+        run.hasBlankGaps = run.hasBlankGaps && Vellum::isBlank(gap);
         return gap;
     };
     run.type = walk.readThrough(walk.current());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Vellum_WhiteSpace.h"
 #include "text/Brevis_Columns.h"
 #include "wrap/Brevis_WrapMeasure.h"
 
@@ -11,9 +12,7 @@ using namespace Trn::Kind;
 
 namespace {
 
-bool isBlank(std::string_view indent) { return indent.find_first_not_of(" \t") == std::string_view::npos; }
-
-bool isWhiteSpace(std::string_view gap) { return trimmedLeft(gap).empty(); }
+bool isTabsAndBlanks(std::string_view indent) { return indent.find_first_not_of(" \t") == std::string_view::npos; }
 
 // Whether a backslash stands at the end of a line, so that white space has to stay there.
 bool hasSplice(const LexedText& lexed) {
@@ -48,11 +47,11 @@ bool areTokensSimple(const LexedText& lexed) {
     std::size_t end = 0;
     for (std::size_t i = 0; i < lexed.count(); ++i) {
         const LexedToken& token = lexed[i];
-        if (!isWhiteSpace(text.substr(end, token.begin - end))) return false;
+        if (!Vellum::isBlank(text.substr(end, token.begin - end))) return false;
         if (!isSimple(token.kind, text.substr(token.begin, token.end - token.begin))) return false;
         end = token.end;
     }
-    return isWhiteSpace(text.substr(end));
+    return Vellum::isBlank(text.substr(end));
 }
 
 }  // namespace
@@ -60,7 +59,7 @@ bool areTokensSimple(const LexedText& lexed) {
 bool LaidText::isSuited(const LexedText& lexed, const WrapPlace& place, const WrapValues& values) {
     const IndentStreamSettings& settings = *place.settings;
     if (lexed.count() < 2 || values.rightMargin < 1 || settings.tabSize < 1 || place.column < 0) return false;
-    if (place.behindBackslash || !isBlank(settings.indent) || !isBlank(values.wrapIndent)) return false;
+    if (place.behindBackslash || !isTabsAndBlanks(settings.indent) || !isTabsAndBlanks(values.wrapIndent)) return false;
     return isPlainText(lexed.text(), settings) && !hasSplice(lexed) && areTokensSimple(lexed);
 }
 
