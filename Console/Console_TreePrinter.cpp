@@ -57,8 +57,9 @@ constexpr std::string_view classNames[] = {
     "CaseNode",
     "LabelNode",
     "AsmNode",
+    "VerbatimNode",
 };
-static_assert(std::size(classNames) == static_cast<std::size_t>(NodeKind::Asm) + 1);
+static_assert(std::size(classNames) == static_cast<std::size_t>(NodeKind::Verbatim) + 1);
 
 class TreePrinter : public EachVisit<TreePrinter> {
 public:
@@ -101,6 +102,9 @@ private:
     void attributes(const ClassNameNode& node) { attribute("key", std::to_string(node.classKey)); }
     void attributes(const CommentNode& node) {
         if (node.verbatim) out_ += " verbatim";
+    }
+    void attributes(const VerbatimNode& node) {
+        if (node.isUnread) out_ += " unread";
     }
     void attributes(const BaseClauseNode& node) {
         attribute("access", std::to_string(node.accessKind));

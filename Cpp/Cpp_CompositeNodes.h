@@ -123,8 +123,10 @@ class CtrlSubStmtHeadNode final : public EndedNode<CtrlSubStmtHeadNode, SyntaxNo
 public:
     Owned<KeywordNode> keyword;
     Owned<ExprNode> condition;
+    Owned<VerbatimNode> held;  // the condition once more, if it holds bodies
     Position endPosition;
-    static constexpr std::tuple members{&CtrlSubStmtHeadNode::keyword, &CtrlSubStmtHeadNode::condition};
+    static constexpr std::tuple members{&CtrlSubStmtHeadNode::keyword, &CtrlSubStmtHeadNode::condition,
+                                        &CtrlSubStmtHeadNode::held};
     static constexpr auto end = &CtrlSubStmtHeadNode::endPosition;
 };
 

@@ -28,6 +28,6 @@ using EachVisit =
                 InitializerListNode, DataDeclNode, ParameterListNode, ParameterNode, IdNode, FunctionReturnNode,
                 BlockNode, FunctionHeadNode, FunctionDeclNode, CtorDeclNode, NamespaceBodyNode, NamespaceHeadNode,
                 NamespaceDeclNode, AccessSpecNode, ClassNameNode, ClassHeadNode, ClassDeclNode, ClassBodyNode,
-                BaseClauseListNode, BaseClauseNode, RootNode, SyntaxNode>;
+                BaseClauseListNode, BaseClauseNode, RootNode, VerbatimNode, SyntaxNode>;
 
 }  // namespace Cpp

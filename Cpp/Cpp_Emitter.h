@@ -46,6 +46,7 @@ class ClassBodyNode;
 class BaseClauseListNode;
 class BaseClauseNode;
 class RootNode;
+class VerbatimNode;
 
 // Every visit does nothing here and there is no default walk: a pass that wants the children of a node walks
 // them itself, in the order that it needs. The node stays its owner's; a pass may change it.
@@ -94,6 +95,7 @@ public:
     virtual void visit(BaseClauseListNode&) {}
     virtual void visit(BaseClauseNode&) {}
     virtual void visit(RootNode&) {}
+    virtual void visit(VerbatimNode&) {}
     // Serves the classes without a visit of their own: ArgNode and ArgListNode.
     virtual void visit(SyntaxNode&) {}
 };

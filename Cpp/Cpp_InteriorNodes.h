@@ -73,4 +73,13 @@ class InitializerListNode final : public Visitable<InitializerListNode, Interior
 // The parts of one control statement: `if` and `else`, `try` and its `catch`, `do` and its `while`.
 class CtrlStmtNode final : public Visitable<CtrlStmtNode, InteriorNode, NodeKind::CtrlStmt> {};
 
+// A stretch that is copied as it stands, its later lines moved by as much as its first one. Either nothing fits it, or it
+// holds bodies inside of expressions: these are its children then.
+class VerbatimNode final : public Visitable<VerbatimNode, StoredInteriorNode, NodeKind::Verbatim> {
+public:
+    using Visitable::Visitable;
+
+    bool isUnread = false;
+};
+
 }  // namespace Cpp

@@ -19,9 +19,6 @@ namespace Kind = Trn::Kind;
 
 namespace {
 
-// What a look beyond the end of the text gives: a character of no class.
-constexpr char endCharacter = '\xff';
-
 Token::ValueType valueTypeOf(TokenKind kind) {
     switch (kind) {
         case Kind::Identifier:
@@ -41,6 +38,11 @@ Lexer::Lexer(std::string_view text, Position start)
       size_(text.size()),
       line_(std::max(start.line, 1)),
       lineStart_(-std::max<std::ptrdiff_t>(start.column, 0)) {}
+
+Lexer::Lexer(std::string_view text, Dialect dialect, Language language) : Lexer(text) {
+    dialect_ = dialect;
+    language_ = language;
+}
 
 Lexer::~Lexer() = default;
 
@@ -145,6 +147,7 @@ constexpr std::array<std::int8_t, 256> sorts = makeSorts();
 }  // namespace
 
 inline TokenKind Lexer::recognize(std::size_t begin) {
+    if (dialect_ == Dialect::modern) return modernToken(begin);
     const std::int8_t sort = sorts[static_cast<unsigned char>(text_[begin])];
     switch (sort) {
         case Sort::word:
@@ -227,13 +230,16 @@ struct Lexer::Word {
 TokenKind Lexer::word(std::size_t begin) {
     if (text_[begin] == '~') ++offset_;
     skipWordCharacters();
-    if (atScope()) {
-        const Position first = positionAt(begin);
-        return qualifiedWord({{first.line, first.column + 1}, begin});
-    }
+    if (atScope()) return qualifiedWordFrom(begin);
     // No keyword begins with anything else.
     const char c = text_[begin];
     return c >= 'a' && c <= 'w' ? keywordTable.kindOf(text(begin, offset_)) : Kind::Identifier;
+}
+
+// Behind the first part of the word, in front of its first `::`.
+TokenKind Lexer::qualifiedWordFrom(std::size_t begin) {
+    const Position first = positionAt(begin);
+    return qualifiedWord({{first.line, first.column + 1}, begin});
 }
 
 TokenKind Lexer::qualifiedWord(Word word) {
@@ -371,6 +377,11 @@ TokenKind Lexer::directive(std::size_t begin) {
     char lastNonSpace = 0;
     for (++offset_; !atEnd();) {
         const char c = text_[offset_];
+        if (dialect_ == Dialect::modern && (c == '"' || c == '\'') && quoteEnd() != offset_) {
+            offset_ = quoteEnd();
+            lastNonSpace = c;
+            continue;
+        }
         if (c == '/' && peek(1) == '/') break;
         if (c == '/' && peek(1) == '*') {
             const Position last = cursor();
@@ -450,17 +461,6 @@ TokenKind Lexer::longOperator() {
 }
 
 // ---- The cursor
-
-inline char Lexer::peek(std::size_t ahead) const {
-    return offset_ + ahead < size_ ? text_[offset_ + ahead] : endCharacter;
-}
-
-// To be called when the character just passed is a line feed.
-inline void Lexer::startLine() {
-    ++line_;
-    lineStart_ = static_cast<std::ptrdiff_t>(offset_);
-    if (buffer_ != nullptr) buffer_->addLine(offset_);
-}
 
 void Lexer::moveTo(std::size_t offset) {
     while (const void* lineFeed = std::memchr(text_ + offset_, '\n', offset - offset_)) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "Cpp_Dialect.h"
 #include "Trn_Lexer.h"
 #include "Trn_TokenBuffer.h"
 
@@ -19,6 +20,8 @@ public:
     // Positions count from `start`, the cursor in front of the first character. A line below 1 counts as 1 and
     // a column below 0 as 0.
     explicit Lexer(std::string_view text, Trn::Position start = {1, 0});
+    // Reads the text from its first character.
+    Lexer(std::string_view text, Dialect dialect, Language language = Language::cpp);
     ~Lexer() override;
     Lexer(const Lexer&) = delete;
     Lexer& operator=(const Lexer&) = delete;
@@ -58,26 +61,43 @@ private:
     Trn::TokenKind tilde(std::size_t begin);
     Trn::TokenKind number();
     Trn::TokenKind stringLiteral();
+    Trn::TokenKind modernToken(std::size_t begin);
+    Trn::TokenKind modernWord(std::size_t begin);
+    Trn::TokenKind modernKeyword(std::string_view word) const;
+    Trn::TokenKind rawString();
+    Trn::TokenKind withSuffix(Trn::TokenKind literal);
+    Trn::TokenKind preprocessingNumber();
+    Trn::TokenKind quoted(std::size_t begin);
+    std::size_t passUniversalName(std::size_t offset) const;
+    std::size_t quoteEnd() const;
+    void skipModernWord();
     Trn::TokenKind charLiteral(std::size_t begin);
     Trn::TokenKind lineComment();
     Trn::TokenKind blockComment();
     Trn::TokenKind directive(std::size_t begin);
     Trn::TokenKind word(std::size_t begin);
     Trn::TokenKind qualifiedWord(Word word);
+    Trn::TokenKind qualifiedWordFrom(std::size_t begin);
     Trn::TokenKind longOperator();
     Trn::TokenKind single(Trn::TokenKind kind);
     Trn::TokenKind oddToken(const Trn::Token& token);
 
     // The cursor.
     bool atEnd() const { return offset_ == size_; }
-    char peek(std::size_t ahead = 0) const;
+    // What a look beyond the end of the text gives is a character of no class.
+    char peek(std::size_t ahead = 0) const { return offset_ + ahead < size_ ? text_[offset_ + ahead] : '\xff'; }
     Trn::Position cursor() const { return positionAt(offset_); }
     // Of an offset in the line of the cursor.
     Trn::Position positionAt(std::size_t offset) const {
         return {line_, static_cast<int>(static_cast<std::ptrdiff_t>(offset) - lineStart_)};
     }
     std::string_view text(std::size_t begin, std::size_t end) const { return {text_ + begin, end - begin}; }
-    void startLine();
+    // To be called when the character just passed is a line feed.
+    void startLine() {
+        ++line_;
+        lineStart_ = static_cast<std::ptrdiff_t>(offset_);
+        if (buffer_ != nullptr) buffer_->addLine(offset_);
+    }
     void moveTo(std::size_t offset);
     void skipWhiteSpace();
     void skipWordCharacters();
@@ -89,6 +109,8 @@ private:
 
     const char* text_;
     std::size_t size_;
+    Dialect dialect_ = Dialect::classic;
+    Language language_ = Language::cpp;
     std::size_t offset_ = 0;
     int line_;
     std::ptrdiff_t lineStart_;  // offset at which the column would be 0; negative if the text starts in mid-line

@@ -53,6 +53,8 @@ enum class NodeKind : std::uint8_t {
     Case,
     Label,
     Asm,
+    // Of the modern dialect alone
+    Verbatim,
 };
 
 }  // namespace Cpp

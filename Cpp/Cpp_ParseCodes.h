@@ -20,6 +20,7 @@ enum class ParseCode : std::int32_t {
     ExpectedCloseParen = 12,
     ExpectedOpenParen = 13,
     ExpectedAccessKeyword = 14,
+    LeftAlone = 15,
 };
 
 // By code; the codes 4 and 6 have a text that no operation reports.
@@ -39,6 +40,7 @@ inline constexpr std::string_view parseCodeTexts[] = {
     "Expected \")\". Possible unbalanced parentheses.",
     "Expected \"(\".",
     "Expected one of \"public\", \"protected\" or \"private\".",
+    "This could not be read and is left as it stands.",
 };
 
 constexpr std::string_view textOf(ParseCode code) { return parseCodeTexts[static_cast<std::size_t>(code)]; }

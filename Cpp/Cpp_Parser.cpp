@@ -12,13 +12,17 @@ using Trn::isTrivia;
 void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) {
     auto& cppLexer = dynamic_cast<Lexer&>(lexer);
     auto& cppRoot = dynamic_cast<RootNode&>(root);
-    const Trn::TokenBuffer buffer = cppLexer.readAll();
-    Stream stream(buffer);
+    Trn::TokenBuffer buffer = cppLexer.readAll();
     const auto storage = std::make_shared<TreeStorage>(cppLexer.source());
     storage_ = storage.get();
     RootNode parsed(storage);
     messages_ = messages;
-    parseFileItems(stream, parsed);
+    if (isModern_) {
+        parseModern(buffer, cppLexer.source(), parsed);
+    } else {
+        Stream stream(buffer);
+        parseFileItems(stream, parsed);
+    }
     cppRoot.swap(parsed);
     messages.swap(messages_);
 }

@@ -7,8 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_ParseCodes.h"
+#include "Cpp_ShapeScan.h"
 #include "Trn_Parser.h"
 #include "Trn_TokenStream.h"
 
@@ -21,9 +23,10 @@ public:
     // Whether expression statements get their texts, which are mere sketches, and initializers more of theirs than the
     // first token. No pass of a formatter reads these.
     enum class Sketches { Made, LeftOut };
-    explicit Parser(Sketches sketches = Sketches::Made) : makesSketches_(sketches == Sketches::Made) {}
+    explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic)
+        : makesSketches_(sketches == Sketches::Made), isModern_(dialect == Dialect::modern) {}
 
-    // `lexer` must be a Cpp::Lexer and `root` a Cpp::RootNode; the cast throws if they are not.
+    // `lexer` must be a Cpp::Lexer of the same dialect and `root` a Cpp::RootNode; the cast throws if they are not.
     // Throws Trn::Exception for a text nested beyond Trn::NestingGuard::limit.
     void parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) override;
 
@@ -283,7 +286,61 @@ private:
         return value;
     }
 
+    // ---- The modern dialect (Cpp_ParserModern.cpp and so on)
+
+    using At = Trn::TokenIndex;
+
+    void parseModern(Trn::TokenBuffer& buffer, std::string_view source, RootNode& root);
+    bool parseModernItems(Stream& stream, InteriorNode& body, Frame frame);
+    Step parseModernItem(Stream& stream, InteriorNode& body, Frame frame);
+    bool parseFrameItem(Stream& stream, InteriorNode& body, Frame frame);
+    bool parseModernStatement(Stream& stream, InteriorNode& body);
+    void parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame);
+    void addShape(Stream& stream, InteriorNode& body, const ItemShape& shape);
+
+    void passUsing(Stream& stream, InteriorNode& body);
+    bool parseModernNamespace(Stream& stream, InteriorNode& body);
+    bool parseModernTemplate(Stream& stream, InteriorNode& body);
+    bool parseModernLinkage(Stream& stream, InteriorNode& body);
+    void parseModernAccessLabel(Stream& stream, InteriorNode& body);
+    Ptr<CaseNode> parseModernCase(Stream& stream);
+    Ptr<LabelNode> parseModernLabel(Stream& stream);
+    void parseModernAsm(Stream& stream, InteriorNode& body);
+    bool parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head);
+
+    void addClass(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    void addEnum(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    void addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, At brace);
+    void addFunction(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    void addData(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    Ptr<BaseClauseListNode> modernBases(At first, At end);
+    Ptr<ParameterListNode> modernParameters(At open, At close);
+    Ptr<InitializerListNode> modernInitializers(Stream& stream, At first, At end);
+    Ptr<FunctionHeadNode> modernHead(const ItemShape& shape);
+
+    // A leaf over tokens; its text is that of the source.
+    template <class Node>
+    Ptr<Node> makeLeaf(At first, At last) {
+        return make<Node>(sourceText(first, last), buffer_->first(first), buffer_->last(last));
+    }
+    std::string_view sourceText(At first, At last) const;
+    // What holds bodies, or only braces, inside of its tokens; null if it doesn't.
+    Ptr<VerbatimNode> heldBodies(Stream& stream, At first, At last);
+    // An expression or, if it holds braces, what is copied as it stands.
+    void addExpression(Stream& stream, InteriorNode& body, At first, At last);
+    void leaveAlone(Stream& stream, InteriorNode& body, At first, At last);
+    // The comments and directives among these tokens.
+    void addTrivia(Stream& stream, InteriorNode& body, At first, At last);
+    // Calls `f` with the first and last token of each part between commas.
+    template <class F>
+    void forEachPart(At first, At end, F f);
+
     bool makesSketches_;
+    bool isModern_;
+    // Of the text in hand, in the modern dialect
+    std::string_view source_;
+    const Trn::TokenBuffer* buffer_ = nullptr;
+    const ShapeScan* shapes_ = nullptr;
     TreeStorage* storage_ = nullptr;  // of the tree in hand
     Trn::ParseMessageList messages_;
     int depth_ = 0;  // of nested blocks and bodies

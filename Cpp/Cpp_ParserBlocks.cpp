@@ -33,9 +33,17 @@ std::unique_ptr<BlockNode> Parser::parseBlock(Stream& stream) {
         block->setLastPosition(token.last());
     } else if (token.kind() == Kind::OpenBrace) {
         block->setFirstPosition(token.first());
-        repeat(stream, [&] { return parseBlockItem(stream, *block); });
+        if (isModern_)
+            parseModernItems(stream, *block, Frame::Block);
+        else
+            repeat(stream, [&] { return parseBlockItem(stream, *block); });
     } else {
-        parseSingleStatement(stream, token.kind(), *block);
+        if (isModern_) {
+            stream.seek(token.index());
+            if (token.kind() != Kind::CloseBrace) parseModernItem(stream, *block, Frame::Block);
+        } else {
+            parseSingleStatement(stream, token.kind(), *block);
+        }
     }
     return block;
 }

@@ -87,6 +87,7 @@ std::unique_ptr<CtrlSubStmtHeadNode> Parser::parseSubStatementHead(Stream& strea
 
 // The condition has positions and no text. Without a bracket there is none; false for a bracket that isn't closed.
 bool Parser::parseCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
+    if (isModern_) return parseModernCondition(stream, head);
     const Token open = getSignificant(stream);
     if (open.kind() != Kind::OpenParen) {
         report(open.first(), ParseCode::ExpectedOpenParen);

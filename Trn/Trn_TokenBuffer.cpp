@@ -32,6 +32,25 @@ void TokenBuffer::add(const Token& token) {
     odd_.push_back(token);
 }
 
+void TokenBuffer::merge(const std::vector<Stretch>& stretches, TokenKind kind) {
+    if (stretches.empty()) return;
+    std::vector<Token> merged;
+    for (const Stretch& stretch : stretches) {
+        const std::string_view front = text(stretch.first), back = text(stretch.last);
+        const auto length = static_cast<std::size_t>(back.data() + back.size() - front.data());
+        merged.emplace_back(kind, first(stretch.first), last(stretch.last), std::string_view(front.data(), length));
+    }
+    std::size_t kept = stretches.front().first;
+    for (std::size_t i = 0; i < stretches.size(); ++i) {
+        packed_[kept++] = {static_cast<std::uint32_t>(odd_.size()), oddLength << 8 | static_cast<std::uint32_t>(kind + 1)};
+        odd_.push_back(merged[i]);
+        const std::size_t end = i + 1 < stretches.size() ? stretches[i + 1].first : size_;
+        for (std::size_t token = stretches[i].last + std::size_t{1}; token < end; ++token) packed_[kept++] = packed_[token];
+    }
+    size_ = kept;
+    braceEnds_.clear();
+}
+
 TokenIndex TokenBuffer::braceEnd(TokenIndex index) const {
     const auto isBefore = [](const BraceEnd& brace, TokenIndex open) { return brace.open < open; };
     return std::lower_bound(braceEnds_.begin(), braceEnds_.end(), index, isBefore)->end;

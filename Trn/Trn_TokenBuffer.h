@@ -39,6 +39,14 @@ public:
     }
     void addLine(std::size_t start) { lines_.add(start); }
 
+    // Puts one token of the kind in the place of each of these stretches, which are in order and don't overlap. Indices
+    // change, and `braceEnd` has no answers any more.
+    struct Stretch {
+        TokenIndex first;
+        TokenIndex last;
+    };
+    void merge(const std::vector<Stretch>& stretches, TokenKind kind);
+
     // Behind the last token come end tokens for ever, each as the last one.
     TokenIndex clamped(std::size_t index) const { return static_cast<TokenIndex>(index < size_ ? index : size_ - 1); }
     // The number of tokens, that of index 0 included.

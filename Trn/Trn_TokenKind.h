@@ -23,6 +23,9 @@ inline constexpr TokenKind Semicolon = 6, Colon = 7, Comma = 8, OpenParen = 9, C
                            ShiftLeftAssign = 43, ShiftRightAssign = 44, AmpAssign = 45, CaretAssign = 46,
                            PipeAssign = 47, AmpAmp = 48, PipePipe = 49, Question = 50, DotStar = 51, ArrowStar = 52;
 
+// Of the modern dialect alone.
+inline constexpr TokenKind Spaceship = 120, Ellipsis = 121;
+
 inline constexpr TokenKind Class = 53, Struct = 54, Public = 55, Private = 56, Protected = 57, Virtual = 58,
                            Namespace = 59, Using = 60, Const = 61, Mutable = 62, Volatile = 63, Static = 64,
                            Inline = 65, Explicit = 66, Signed = 67, Unsigned = 68, Auto = 69, Register = 70,

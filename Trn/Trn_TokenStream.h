@@ -51,6 +51,10 @@ public:
     // Moves the cursor back by one and puts `token` in that place; does nothing at the first token.
     void unget(const TokenView& token);
 
+    // For a stream over a text: the index of the next token, and going on from another one.
+    TokenIndex index() const { return buffer_.clamped(cursor_ + tailOffset_); }
+    void seek(TokenIndex index) { cursor_ = index - tailOffset_; }
+
     const TokenBuffer& buffer() const { return buffer_; }
     // Index of the next token, for telling whether an operation has read anything.
     std::size_t cursor() const { return cursor_; }

@@ -76,6 +76,7 @@ public:
 
     void visit(Cpp::CommentNode& node) override;
     void visit(Cpp::PreprocDirectiveNode& node) override;
+    void visit(Cpp::VerbatimNode& node) override;
     void visit(Cpp::LabelNode& node) override;
     void visit(Cpp::AsmNode& node) override;
 

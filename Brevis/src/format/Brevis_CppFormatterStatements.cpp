@@ -74,6 +74,7 @@ void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& head) {
         copyBefore(in_, out_, head.condition->firstPosition());
     }
 
+    if (head.held) return head.held->accept(*this);
     const ParenParts parts(readThrough(in_, head.condition->lastPosition()));
     out_ << parts.open;
     const int insideColumn = out_.column();

@@ -14,6 +14,10 @@ void CppFormatter::visit(Cpp::PreprocDirectiveNode& node) {
     expr_.writeDirective(node.firstPosition(), node.lastPosition(), in_, out_);
 }
 
+void CppFormatter::visit(Cpp::VerbatimNode& node) {
+    expr_.writeMultiLine(node.firstPosition(), node.lastPosition(), in_, out_);
+}
+
 void CppFormatter::visit(Cpp::LabelNode& node) { copyToEnd(node); }
 
 void CppFormatter::visit(Cpp::AsmNode& node) {

@@ -15,6 +15,18 @@ using RegionTable = std::vector<std::pair<std::string, std::string>>;
 // The table that the program uses.
 const RegionTable& regionTable();
 
+// Which dialect a text is read in. `automatic` tries the classic one first and the modern one where that refuses.
+enum class DialectChoice { automatic, classic, modern };
+
+// Which language the modern dialect takes a text for. `automatic` is C++, and C where that refuses.
+enum class LanguageChoice { automatic, c, cpp };
+
+struct Reading {
+    DialectChoice dialect = DialectChoice::automatic;
+    LanguageChoice language = LanguageChoice::automatic;
+    bool isStrict = false;  // a text with a part that can't be read is refused
+};
+
 // Built from a scheme once; the run hands parts of it to the stages by reference.
 struct FormatterProperties {
     explicit FormatterProperties(const PropertySet& properties, RegionTable table = regionTable())
@@ -22,6 +34,7 @@ struct FormatterProperties {
 
     Scheme scheme;
     RegionTable regions;
+    Reading reading;
 };
 
 }  // namespace Brevis

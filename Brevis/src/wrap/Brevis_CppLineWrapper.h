@@ -71,6 +71,7 @@ public:
     void visit(Cpp::CommentNode& node) override;
     void visit(Cpp::PreprocDirectiveNode& node) override;
 
+    void visit(Cpp::VerbatimNode& node) override { copyToEnd(node); }
     void visit(Cpp::EnumHeadNode& node) override { copyToEnd(node); }
     void visit(Cpp::NamespaceHeadNode& node) override { copyToEnd(node); }
     void visit(Cpp::ClassNameNode& node) override { copyToEnd(node); }

@@ -35,7 +35,7 @@ void CppLineWrapper::visit(Cpp::CtrlSubStmtNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::CtrlSubStmtHeadNode& head) {
-    if (!isOverlong(head)) return copyToEnd(head);
+    if (!isOverlong(head) || head.held) return copyToEnd(head);
     if (head.keyword) head.keyword->accept(*this);
     if (head.condition) wrapCondition(*head.condition, keywordOf(&head));
     copyToEnd(head);

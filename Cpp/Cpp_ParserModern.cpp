@@ -1,0 +1,383 @@
+// The modern dialect: the run over a text and the items of its frames. What an item is, `ShapeScan` tells beforehand, so
+// nothing is read twice; what fits no rule becomes a node that is copied as it stands.
+#include "Cpp_BranchChoice.h"
+#include "Cpp_Parser.h"
+#include "Cpp_ParserWords.h"
+#include "Cpp_ShapeWords.h"
+#include "Trn_NestingGuard.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+using Sort = ItemShape::Sort;
+using Trn::TokenKind;
+
+// A text is refused only if its brackets don't match.
+void Parser::parseModern(Trn::TokenBuffer& buffer, std::string_view source, RootNode& root) {
+    chooseBranches(buffer);
+    const Trn::BracketTable brackets(buffer);
+    if (brackets.unmatched() != 0) {
+        report(buffer.first(brackets.unmatched()), "This bracket has no partner.");
+        return;
+    }
+    const ShapeScan shapes(buffer, brackets);
+    source_ = source;
+    buffer_ = &buffer;
+    shapes_ = &shapes;
+    Stream stream(buffer);
+    parseModernItems(stream, root, Frame::File);
+    buffer_ = nullptr;
+    shapes_ = nullptr;
+}
+
+// Through the `}` that ends the body, or to the end of the text.
+bool Parser::parseModernItems(Stream& stream, InteriorNode& body, Frame frame) {
+    return repeat(stream, [&] { return parseModernItem(stream, body, frame); }) != Step::Fail;
+}
+
+Parser::Step Parser::parseModernItem(Stream& stream, InteriorNode& body, Frame frame) {
+    attachTrivia(stream, body);
+    const Token token = stream.peek();
+    switch (token.kind()) {
+        case Kind::EndOfInput:
+            return Step::Stop;
+        case Kind::CloseBrace:
+            stream.get();
+            body.setLastPosition(token.last());
+            return Step::Stop;
+        case Kind::Semicolon:
+            stream.get();
+            return Step::GoOn;
+        case Kind::OpenBrace:
+            body.addChild(parseBlock(stream));
+            return Step::GoOn;
+        default:
+            break;
+    }
+    if (parseFrameItem(stream, body, frame)) return Step::GoOn;
+    if (isControlKeyword(token.kind()) && token.kind() != Kind::Else && token.kind() != Kind::Catch) {
+        body.addChild(parseControlStatement(stream));
+    } else if (frame != Frame::Block) {
+        parseModernDeclaration(stream, body, frame);
+    } else if (!parseModernStatement(stream, body)) {
+        addShape(stream, body, shapes_->statement(token.index()));
+    }
+    return Step::GoOn;
+}
+
+// The items that a word of their own begins. False for any other.
+bool Parser::parseFrameItem(Stream& stream, InteriorNode& body, Frame frame) {
+    const At first = stream.index();
+    switch (shapes_->kind(first)) {
+        case Kind::Namespace:
+            return parseModernNamespace(stream, body);
+        case Kind::Inline:
+        case Kind::Export:
+            if (shapes_->kind(shapes_->next(first)) == Kind::Namespace) return parseModernNamespace(stream, body);
+            if (shapes_->kind(shapes_->next(first)) == Kind::OpenBrace) return parseModernLinkage(stream, body);
+            return false;
+        case Kind::Using:
+            passUsing(stream, body);
+            return true;
+        case Kind::Template:
+            return parseModernTemplate(stream, body);
+        case Kind::Extern:
+            return parseModernLinkage(stream, body);
+        case Kind::Asm:
+            parseModernAsm(stream, body);
+            return true;
+        case Kind::Identifier:
+            if (isAsmWord(shapes_->text(first))) {
+                parseModernAsm(stream, body);
+                return true;
+            }
+            [[fallthrough]];
+        case Kind::Public:
+        case Kind::Private:
+        case Kind::Protected:
+            if (frame != Frame::Class || !shapes_->startsAccessLabel(first)) return false;
+            parseModernAccessLabel(stream, body);
+            return true;
+        default:
+            return false;
+    }
+}
+
+// The statements that a word of their own begins.
+bool Parser::parseModernStatement(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    const TokenKind kind = shapes_->kind(first);
+    if (kind == Kind::Case || (kind == Kind::Default && shapes_->kind(shapes_->next(first)) == Kind::Colon)) {
+        if (shapes_->labelColon(shapes_->next(first)) == 0) return false;
+        body.addChild(parseModernCase(stream));
+        return true;
+    }
+    if (shapes_->startsGotoLabel(first)) {
+        body.addChild(parseModernLabel(stream));
+        return true;
+    }
+    return false;
+}
+
+void Parser::parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame) {
+    addShape(stream, body, shapes_->declaration(stream.index(), frame));
+}
+
+void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape) {
+    switch (shape.sort) {
+        case Sort::Class:
+            return addClass(stream, body, shape);
+        case Sort::Enum:
+            return addEnum(stream, body, shape);
+        case Sort::Function:
+            return addFunction(stream, body, shape);
+        case Sort::Data:
+            return addData(stream, body, shape);
+        case Sort::Macro:
+        case Sort::Statement:
+            return addExpression(stream, body, shape.first, shape.last);
+        case Sort::Head:
+            addExpression(stream, body, shape.first, shape.last);
+            return body.addChild(parseBlock(stream));
+        case Sort::Unread:
+            return leaveAlone(stream, body, shape.first, shape.last);
+    }
+}
+
+// ---- Leaves
+
+std::string_view Parser::sourceText(At first, At last) const {
+    const std::string_view front = buffer_->text(first), back = buffer_->text(last);
+    const auto isIn = [&](std::string_view text) {
+        return text.data() >= source_.data() && text.data() <= source_.data() + source_.size();
+    };
+    if (!isIn(front) || !isIn(back)) return front;
+    return {front.data(), static_cast<std::size_t>(back.data() + back.size() - front.data())};
+}
+
+void Parser::addExpression(Stream& stream, InteriorNode& body, At first, At last) {
+    if (auto held = heldBodies(stream, first, last)) {
+        body.addChild(std::move(held));
+    } else {
+        body.addChild(makeLeaf<ExprNode>(first, last));
+    }
+    stream.seek(last + 1);
+}
+
+std::unique_ptr<VerbatimNode> Parser::heldBodies(Stream& stream, At first, At last) {
+    Ptr<VerbatimNode> held;
+    for (At at = first; at <= last; ++at) {
+        if (shapes_->kind(at) != Kind::OpenBrace) continue;
+        if (!held) {
+            held = make<VerbatimNode>();
+            held->setFirstPosition(buffer_->first(first));
+            held->setLastPosition(buffer_->last(last));
+        }
+        if (!shapes_->isBody(at)) continue;
+        const At close = shapes_->partner(at);
+        stream.seek(at);
+        held->addChild(parseBlock(stream));
+        at = close;
+    }
+    return held;
+}
+
+void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
+    auto node = make<VerbatimNode>();
+    node->setFirstPosition(buffer_->first(first));
+    node->setLastPosition(buffer_->last(last));
+    node->isUnread = true;
+    body.addChild(std::move(node));
+    messages_.push_back({2, buffer_->first(first), static_cast<std::int32_t>(ParseCode::LeftAlone),
+                         std::string(textOf(ParseCode::LeftAlone))});
+    stream.seek(last + 1);
+}
+
+void Parser::addTrivia(Stream& stream, InteriorNode& body, At first, At last) {
+    for (stream.seek(first); stream.index() <= last;) {
+        if (Trn::isTrivia(stream.peek().kind()))
+            body.addChild(parseTrivia(stream));
+        else
+            stream.get();
+    }
+}
+
+// ---- Items with a word of their own
+
+void Parser::passUsing(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    const At last = shapes_->statementEnd(first);
+    if (auto held = heldBodies(stream, first, last)) body.addChild(std::move(held));
+    else addTrivia(stream, body, first, last);
+    stream.seek(last + 1);
+}
+
+bool Parser::parseModernNamespace(Stream& stream, InteriorNode& body) {
+    const Trn::NestingGuard guard(depth_);
+    const At first = stream.index();
+    At brace = first;
+    for (;; brace = shapes_->next(brace)) {
+        brace = shapes_->passAttributes(brace);
+        const TokenKind kind = shapes_->kind(brace);
+        if (kind == Kind::OpenBrace) break;
+        if (kind == Kind::OpenParen) {
+            brace = shapes_->partner(brace);
+        } else if (kind == Kind::Assign || kind == Kind::Semicolon) {
+            passUsing(stream, body);
+            return true;
+        } else if (kind != Kind::Identifier && kind != Kind::Namespace && kind != Kind::Inline && kind != Kind::Export) {
+            return false;
+        }
+    }
+    auto node = make<NamespaceDeclNode>();
+    node->head = makeLeaf<NamespaceHeadNode>(first, shapes_->previous(brace));
+    node->body = make<NamespaceBodyNode>();
+    node->body->setFirstPosition(buffer_->first(brace));
+    stream.seek(brace + 1);
+    parseModernItems(stream, *node->body, Frame::Namespace);
+    body.addChild(std::move(node));
+    return true;
+}
+
+bool Parser::parseModernLinkage(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    At brace = shapes_->next(first);
+    if (shapes_->kind(brace) == Kind::StringLiteral) brace = shapes_->next(brace);
+    if (shapes_->kind(brace) != Kind::OpenBrace) return false;
+    const Trn::NestingGuard guard(depth_);
+    auto node = make<LinkageBlockNode>();
+    node->head = makeLeaf<ExprNode>(first, shapes_->previous(brace));
+    node->body = make<LinkageBlockBodyNode>();
+    node->body->setFirstPosition(buffer_->first(brace));
+    stream.seek(brace + 1);
+    parseModernItems(stream, *node->body, Frame::Linkage);
+    body.addChild(std::move(node));
+    return true;
+}
+
+// A head with a class or a function behind it. Anything else is copied as it stands with its head, which no other
+// node would take over.
+bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    At at = first;
+    while (shapes_->kind(at) == Kind::Template || shapes_->isWord(at, "requires")) {
+        if (shapes_->kind(at) == Kind::Template) {
+            const At open = shapes_->next(at);
+            if (shapes_->kind(open) != Kind::Less) {
+                const At last = shapes_->statementEnd(first);
+                addExpression(stream, body, first, last);
+                return true;
+            }
+            if (shapes_->partner(open) == 0) return false;
+            at = shapes_->next(shapes_->partner(open));
+        } else {
+            at = shapes_->next(shapes_->requiresClauseEnd(at));
+        }
+    }
+    ItemShape shape = shapes_->declaration(at, Frame::Class);
+    const bool hasNode = shape.sort == Sort::Class || shape.sort == Sort::Function;
+    if (!hasNode) {
+        while (shape.sort == Sort::Macro) shape = shapes_->declaration(shapes_->next(shape.last), Frame::Class);
+        At last = shape.last;
+        if (shape.sort == Sort::Class || shape.sort == Sort::Enum) last = shapes_->statementEnd(last);
+        if (shape.sort == Sort::Head) last = shapes_->partner(shapes_->next(last));
+        if (auto held = heldBodies(stream, first, last)) {
+            body.addChild(std::move(held));
+        } else {
+            auto node = make<VerbatimNode>();
+            node->setFirstPosition(buffer_->first(first));
+            node->setLastPosition(buffer_->last(last));
+            body.addChild(std::move(node));
+        }
+        stream.seek(last + 1);
+        return true;
+    }
+    auto node = make<TemplateNode>();
+    const At open = shapes_->next(first);
+    const At close = shapes_->partner(open);
+    node->keyword = make<KeywordNode>(TokenKind{Kind::Template}, buffer_->first(first), buffer_->last(first));
+    node->parameters = modernParameters(open, close);
+    body.addChild(std::move(node));
+    stream.seek(close + 1);
+    // A clause behind the head stays as it stands.
+    if (const At clause = shapes_->next(close); shapes_->isWord(clause, "requires")) {
+        stream.seek(shapes_->requiresClauseEnd(clause) + 1);
+    }
+    return true;
+}
+
+void Parser::parseModernAccessLabel(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    At colon = shapes_->next(first);
+    int kind = accessKindOf(shapes_->kind(first));
+    if (kind == 0 || shapes_->kind(colon) == Kind::Identifier) kind = wordAccessKind;
+    if (shapes_->kind(colon) == Kind::Identifier) colon = shapes_->next(colon);
+    body.addChild(make<AccessSpecNode>(kind, buffer_->first(first), buffer_->last(colon)));
+    stream.seek(colon + 1);
+}
+
+std::unique_ptr<CaseNode> Parser::parseModernCase(Stream& stream) {
+    const At keyword = stream.index();
+    const At value = shapes_->next(keyword);
+    const At colon = shapes_->labelColon(value);
+    auto label = make<CaseNode>();
+    label->keyword = make<KeywordNode>(shapes_->kind(keyword), buffer_->first(keyword), buffer_->last(keyword));
+    if (colon != value) label->value = makeLeaf<ExprNode>(value, shapes_->previous(colon));
+    label->colonPosition = buffer_->last(colon);
+    stream.seek(colon + 1);
+    return label;
+}
+
+std::unique_ptr<LabelNode> Parser::parseModernLabel(Stream& stream) {
+    const At name = stream.index();
+    const At colon = shapes_->next(name);
+    auto label = make<LabelNode>();
+    label->name = makeLeaf<IdNode>(name, name);
+    label->colonPosition = buffer_->last(colon);
+    stream.seek(colon + 1);
+    return label;
+}
+
+// With a bracket it goes through its `;` and is copied; the forms without one are those of the classic dialect.
+void Parser::parseModernAsm(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    At open = shapes_->next(first);
+    while (shapes_->kind(open) == Kind::Identifier || shapes_->kind(open) == Kind::Volatile ||
+           shapes_->kind(open) == Kind::Inline || shapes_->kind(open) == Kind::Goto) {
+        open = shapes_->next(open);
+    }
+    if (shapes_->kind(open) != Kind::OpenParen) {
+        auto statement = parseAsm(stream);
+        if (statement) body.addChild(std::move(statement));
+        return;
+    }
+    const At last = shapes_->statementEnd(first);
+    auto node = make<VerbatimNode>();
+    node->setFirstPosition(buffer_->first(first));
+    node->setLastPosition(buffer_->last(last));
+    body.addChild(std::move(node));
+    stream.seek(last + 1);
+}
+
+// Words between the keyword and the bracket (`constexpr`, a macro) belong to neither; `if consteval` has no bracket.
+bool Parser::parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
+    At open = shapes_->next(stream.index() - 1);
+    At last = 0;
+    while (shapes_->kind(open) == Kind::Identifier || shapes_->kind(open) == Kind::Not) {
+        last = open;
+        open = shapes_->next(open);
+        if (shapes_->kind(open) == Kind::OpenBrace) {
+            head.setLastPosition(buffer_->last(last));
+            stream.seek(open);
+            return true;
+        }
+    }
+    if (shapes_->kind(open) != Kind::OpenParen) return true;
+    const At close = shapes_->partner(open);
+    head.condition = makeLeaf<ExprNode>(open, close);
+    head.held = heldBodies(stream, open, close);
+    stream.seek(close + 1);
+    return true;
+}
+
+}  // namespace Cpp

@@ -1,0 +1,272 @@
+// Tokens, statements, labels and bodies as shapes.
+#include "Cpp_ShapeScan.h"
+
+#include "Cpp_ParserWords.h"
+#include "Cpp_ShapeWords.h"
+
+namespace Cpp {
+
+namespace Kind = Trn::Kind;
+using Trn::isEnd;
+using Trn::TokenKind;
+
+namespace {
+
+constexpr bool isCloser(TokenKind kind) {
+    return kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::CloseBrace ||
+           kind == Kind::EndOfInput;
+}
+
+// What ends an operand, so that a sign behind it is binary and a `[` a subscript.
+constexpr bool endsOperand(TokenKind kind) {
+    return kind == Kind::Identifier || kind == Kind::CloseParen || kind == Kind::CloseBracket ||
+           kind == Kind::Number || kind == Kind::StringLiteral || kind == Kind::CharLiteral || kind == Kind::This ||
+           kind == Kind::True || kind == Kind::False || kind == Kind::CloseBrace || isTypeKeyword(kind);
+}
+
+// Words that are operators in front of an expression.
+constexpr std::string_view operatorWords[] = {"co_return", "co_await", "co_yield", "requires"};
+
+}  // namespace
+
+bool ShapeScan::isOpening(TokenIndex token) const {
+    switch (kind(token)) {
+        case Kind::OpenParen:
+        case Kind::OpenBracket:
+        case Kind::OpenBrace:
+            return true;
+        default:
+            return false;
+    }
+}
+
+TokenIndex ShapeScan::passAttributes(TokenIndex token) const {
+    for (;;) {
+        if (startsAttribute(token)) {
+            token = behind(token);
+        } else if (kind(token) == Kind::Identifier && isOneOf(bracketWords, text(token)) &&
+                   kind(next(token)) == Kind::OpenParen && text(token) != "decltype" && !text(token).starts_with("typeof") &&
+                   !text(token).starts_with("__typeof")) {
+            token = behind(next(token));
+        } else {
+            return token;
+        }
+    }
+}
+
+// ---- Statements
+
+// A call that ends its line, with something behind it that can't go on with it, has no `;`: such is a macro's.
+TokenIndex ShapeScan::statementEnd(TokenIndex first) const {
+    const bool isCall = kind(first) == Kind::Identifier && kind(next(first)) == Kind::OpenParen;
+    TokenIndex last = first;
+    for (TokenIndex at = first;; at = next(last)) {
+        const TokenKind here = kind(at);
+        if (here == Kind::Semicolon) return at;
+        if (isCloser(here)) return at == first ? first : last;
+        last = isOpening(at) ? partner(at) : at;
+        if (isCall && at == next(first) && startsLine(next(last)) && startsItem(next(last))) return last;
+    }
+}
+
+// Whether the token, at the start of a line, can't go on with what stands in front of it.
+bool ShapeScan::startsItem(TokenIndex token) const {
+    const TokenKind here = kind(token);
+    if (here == Kind::CloseBrace || here == Kind::EndOfInput || here == Kind::Tilde) return true;
+    if (here == Kind::Identifier) return !isWord(token, "and") && !isWord(token, "or");
+    return isItemKeyword(here) || here == Kind::StringLiteral ? here != Kind::StringLiteral : startsAttribute(token);
+}
+
+ItemShape ShapeScan::statement(TokenIndex first) const {
+    if (startsData(first)) return declaration(first, Frame::Block);
+    ItemShape shape;
+    shape.first = first;
+    shape.sort = ItemShape::Sort::Statement;
+    const TokenIndex second = next(first);
+    const bool isName = kind(first) == Kind::Identifier && !isOneOf(operatorWords, text(first));
+    // A macro in front of a block, with or without a bracket.
+    if (isName && kind(second) == Kind::OpenBrace) {
+        const TokenIndex inner = next(second);
+        const bool isValue = kind(next(partner(second))) == Kind::Semicolon && !brackets_->holdsSemicolon(second) &&
+                             kind(inner) != Kind::If;
+        if (!isValue) {
+            shape.sort = ItemShape::Sort::Head;
+            shape.last = first;
+            return shape;
+        }
+    }
+    if (isName && kind(second) == Kind::OpenParen && kind(next(partner(second))) == Kind::OpenBrace) {
+        shape.sort = ItemShape::Sort::Head;
+        shape.last = partner(second);
+        return shape;
+    }
+    shape.last = statementEnd(first);
+    return shape;
+}
+
+// Whether a statement of a block is a declaration: it begins with a keyword of these, or with a type that a name
+// follows.
+bool ShapeScan::startsData(TokenIndex first) const {
+    TokenIndex at = passAttributes(first);
+    const TokenKind begin = kind(at);
+    if (isDeclarationKeyword(begin) || begin == Kind::Typename) return true;
+    if (begin == Kind::Identifier && isOneOf(declarationWords, text(at)) && !isWord(at, "static_assert") &&
+        !isWord(at, "_Static_assert")) {
+        return true;
+    }
+    if (isTypeKeyword(begin)) {
+        // `int(x)` is a value and `int (*p)` none.
+        return kind(next(at)) != Kind::OpenParen || startsDeclarator(next(at));
+    }
+    if (begin != Kind::Identifier || isOneOf(operatorWords, text(at))) return false;
+
+    // The name of a type, with template arguments and parts behind these.
+    for (;;) {
+        at = next(at);
+        if (kind(at) == Kind::Less && partner(at) != 0 && !brackets_->holdsLogic(at)) {
+            const TokenIndex close = partner(at);
+            if (kind(next(close)) == Kind::Identifier && text(next(close)).starts_with("::")) {
+                at = next(close);
+                continue;
+            }
+            at = next(close);
+        }
+        break;
+    }
+    if (kind(at) == Kind::Const || kind(at) == Kind::Volatile) return true;
+    if (kind(at) == Kind::Identifier) return !text(at).starts_with("::") && !startsAttribute(at);
+    if (isTypeKeyword(kind(at))) return true;
+    if (!isDeclaratorSign(kind(at)) || kind(at) == Kind::Caret) {
+        // A structured binding has `auto`, a pointer to a function a bracket with a sign.
+        return kind(at) == Kind::OpenParen && startsDeclarator(at) && kind(next(partner(at))) == Kind::OpenParen &&
+               kind(next(at)) == Kind::Star && kind(previous(partner(at))) == Kind::Identifier &&
+               kind(next(next(at))) == Kind::Identifier && next(next(next(at))) == partner(at);
+    }
+    const bool isLogic = kind(at) == Kind::AmpAmp;
+    while (isDeclaratorSign(kind(at)) || kind(at) == Kind::Const || kind(at) == Kind::Volatile ||
+           isWord(at, "restrict") || isWord(at, "__restrict")) {
+        at = next(at);
+    }
+    if (kind(at) == Kind::OpenBracket) return isLogic;
+    if (kind(at) != Kind::Identifier) return false;
+    switch (kind(next(at))) {
+        case Kind::Assign:
+            return true;
+        case Kind::Semicolon:
+        case Kind::Comma:
+        case Kind::OpenBracket:
+        case Kind::OpenBrace:
+        case Kind::Colon:
+            return !isLogic;
+        default:
+            return false;
+    }
+}
+
+// ---- Labels
+
+TokenIndex ShapeScan::labelColon(TokenIndex first) const {
+    int questions = 0;
+    for (TokenIndex at = first;; at = behind(at)) {
+        const TokenKind here = kind(at);
+        if (here == Kind::Question) ++questions;
+        if (here == Kind::Colon && questions-- == 0) return at;
+        if (here == Kind::Semicolon || isCloser(here)) return 0;
+    }
+}
+
+bool ShapeScan::startsAccessLabel(TokenIndex first) const {
+    TokenIndex colon = next(first);
+    if (!isAccessKeyword(kind(first)) && kind(first) != Kind::Identifier) return false;
+    if (kind(colon) == Kind::Identifier) colon = next(colon);
+    if (kind(colon) != Kind::Colon) return false;
+    if (isAccessKeyword(kind(first))) return true;
+    // A bit-field without a name has its width behind the colon.
+    return startsLine(next(colon)) || kind(next(colon)) == Kind::CloseBrace;
+}
+
+bool ShapeScan::startsGotoLabel(TokenIndex first) const {
+    return kind(first) == Kind::Identifier && kind(next(first)) == Kind::Colon;
+}
+
+// ---- Requires clauses and bodies
+
+TokenIndex ShapeScan::requiresClauseEnd(TokenIndex first) const {
+    TokenIndex at = next(first);
+    for (;;) {
+        while (kind(at) == Kind::Not) at = next(at);
+        TokenIndex last = at;
+        if (isWord(at, "requires")) {
+            at = next(at);
+            if (kind(at) == Kind::OpenParen) at = behind(at);
+            last = kind(at) == Kind::OpenBrace ? partner(at) : previous(at);
+        } else if (kind(at) == Kind::OpenParen) {
+            last = partner(at);
+        } else {
+            // A name with template arguments.
+            for (;;) {
+                last = at;
+                if (kind(next(last)) == Kind::Less && partner(next(last)) != 0) last = partner(next(last));
+                const TokenIndex more = next(last);
+                if (kind(more) != Kind::Identifier || !text(more).starts_with("::")) break;
+                at = more;
+            }
+        }
+        at = next(last);
+        if (kind(at) != Kind::AmpAmp && kind(at) != Kind::PipePipe) return last;
+        at = next(at);
+    }
+}
+
+bool ShapeScan::isBody(TokenIndex brace) const { return brackets_->holdsSemicolon(brace) || isLambdaBody(brace); }
+
+// Goes back from the brace over what may stand between it and the `]` of a lambda.
+bool ShapeScan::isLambdaBody(TokenIndex brace) const {
+    constexpr int longest = 40;
+    TokenIndex at = previous(brace);
+    for (int i = 0; i < longest && at > 0; ++i) {
+        switch (kind(at)) {
+            case Kind::CloseBracket: {
+                const TokenIndex open = partner(at);
+                if (startsAttribute(open)) {
+                    at = previous(open);
+                    continue;
+                }
+                const TokenKind before = kind(previous(open));
+                return !endsOperand(before) || isOneOf(operatorWords, text(previous(open)));
+            }
+            case Kind::CloseParen:
+            case Kind::Greater:
+            case Kind::ShiftRight:
+                if (partner(at) == 0) return false;
+                at = previous(partner(at));
+                continue;
+            case Kind::Identifier:
+            case Kind::Mutable:
+            case Kind::Static:
+            case Kind::Const:
+            case Kind::Volatile:
+            case Kind::Arrow:
+            case Kind::Star:
+            case Kind::Amp:
+            case Kind::AmpAmp:
+            case Kind::Auto:
+            case Kind::Throw:
+                at = previous(at);
+                continue;
+            default:
+                if (!isTypeKeyword(kind(at))) return false;
+                at = previous(at);
+        }
+    }
+    return false;
+}
+
+bool ShapeScan::holdsBrace(TokenIndex first, TokenIndex last) const {
+    for (TokenIndex at = first; at <= last; ++at) {
+        if (kind(at) == Kind::OpenBrace) return true;
+    }
+    return false;
+}
+
+}  // namespace Cpp

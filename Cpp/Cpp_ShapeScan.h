@@ -1,0 +1,100 @@
+// The look-ahead of the modern dialect: decides by the shapes of tokens what an item is. It passes over brackets by
+// their partners, so a question costs no more than the tokens at the depth where it is asked.
+#pragma once
+
+#include "Cpp_ItemShape.h"
+
+namespace Cpp {
+
+// Positions are token indices; 0 stands for nothing found. Comments and directives are passed over.
+class ShapeScan {
+public:
+    ShapeScan(const Trn::TokenBuffer& buffer, const Trn::BracketTable& brackets)
+        : buffer_(&buffer), brackets_(&brackets) {}
+
+    // A declaration that begins at `first`, outside of blocks.
+    ItemShape declaration(TokenIndex first, Frame frame) const;
+    // A statement of a block that begins with no keyword of its own.
+    ItemShape statement(TokenIndex first) const;
+
+    // The last token of a statement: its `;`, or what stands in front of the bracket that ends the block.
+    TokenIndex statementEnd(TokenIndex first) const;
+    // The `:` that ends a label or the value of a `case`.
+    TokenIndex labelColon(TokenIndex first) const;
+    // Whether an access label, or a word that stands as one, begins here.
+    bool startsAccessLabel(TokenIndex first) const;
+    bool startsGotoLabel(TokenIndex first) const;
+    // The last token of the requires clause that begins here.
+    TokenIndex requiresClauseEnd(TokenIndex first) const;
+    // Whether the `{` opens a body: that of a lambda, or one that holds statements.
+    bool isBody(TokenIndex brace) const;
+    bool holdsBrace(TokenIndex first, TokenIndex last) const;
+
+    // ---- The tokens
+
+    Trn::TokenKind kind(TokenIndex token) const { return buffer_->kind(token); }
+    std::string_view text(TokenIndex token) const { return buffer_->text(token); }
+    TokenIndex partner(TokenIndex bracket) const { return brackets_->partner(bracket); }
+    // The token behind `token` that is no trivia.
+    TokenIndex next(TokenIndex token) const {
+        do token = buffer_->clamped(token + std::size_t{1});
+        while (Trn::isTrivia(kind(token)));
+        return token;
+    }
+    TokenIndex previous(TokenIndex token) const {
+        do --token;
+        while (token > 0 && Trn::isTrivia(kind(token)));
+        return token;
+    }
+    // Behind what a bracket holds, or behind the token.
+    TokenIndex behind(TokenIndex token) const { return next(isOpening(token) ? partner(token) : token); }
+    // Whether the token is a bracket with a partner; a `<` counts where the two can be template brackets.
+    bool isOpening(TokenIndex token) const;
+    bool isWord(TokenIndex token, std::string_view word) const {
+        return kind(token) == Trn::Kind::Identifier && text(token) == word;
+    }
+    bool startsLine(TokenIndex token) const {
+        return buffer_->first(token).line > buffer_->last(previous(token)).line ||
+               buffer_->last(previous(token)).column == 0;
+    }
+    bool startsAttribute(TokenIndex token) const {
+        return kind(token) == Trn::Kind::OpenBracket && kind(buffer_->clamped(token + std::size_t{1})) == Trn::Kind::OpenBracket;
+    }
+    // Behind attributes, in all their spellings.
+    TokenIndex passAttributes(TokenIndex token) const;
+
+private:
+    struct Declaration;
+    enum class Step { GoOn, Done };
+
+    Step scanToken(Declaration& scan) const;
+    Step scanWord(Declaration& scan) const;
+    Step scanParen(Declaration& scan) const;
+    Step scanDeclaratorParen(Declaration& scan) const;
+    Step scanBrace(Declaration& scan) const;
+    Step scanColon(Declaration& scan) const;
+    Step scanTemplateBracket(Declaration& scan) const;
+    bool scanClass(Declaration& scan) const;
+    bool scanEnum(Declaration& scan) const;
+    bool scanFunctionTail(Declaration& scan, TokenIndex tail) const;
+    TokenIndex passTailWord(Declaration& scan, TokenIndex at) const;
+    Step endAsData(Declaration& scan, TokenIndex initializer) const;
+    Step endAsMacro(Declaration& scan, TokenIndex last) const;
+    Step endUnterminated(Declaration& scan) const;
+
+    TokenIndex operatorParen(TokenIndex keyword) const;
+    TokenIndex initializersEnd(TokenIndex colon) const;
+    TokenIndex oldStyleBody(TokenIndex first) const;
+    TokenIndex passReturnType(TokenIndex arrow) const;
+    TokenIndex passRequires(TokenIndex keyword) const;
+    bool isLambdaBody(TokenIndex brace) const;
+    bool startsItem(TokenIndex token) const;
+    bool startsDeclarator(TokenIndex paren) const;
+    bool startsData(TokenIndex first) const;
+    bool isLoneMacro(TokenIndex word, Frame frame) const;
+
+    const Trn::TokenBuffer* buffer_;
+    const Trn::BracketTable* brackets_;
+};
+
+}  // namespace Cpp

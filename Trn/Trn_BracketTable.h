@@ -1,0 +1,50 @@
+// The partners of all brackets of a text, so that a look ahead passes over what a bracket holds in one step.
+#pragma once
+
+#include <vector>
+
+#include "Trn_TokenBuffer.h"
+
+namespace Trn {
+
+// Made in one pass over the tokens. Brackets are `( [ {`. A `<` gets a partner too where a `>` at its own depth could
+// close it, with no `;` between the two; whether the two are brackets is for the grammar to say. The buffer must outlive
+// the table.
+class BracketTable {
+public:
+    explicit BracketTable(const TokenBuffer& buffer);
+
+    // The token that closes the bracket `open`, or opens the bracket `close`; 0 for a `<` or `>` without a partner.
+    TokenIndex partner(TokenIndex bracket) const { return entries_[bracket].partner; }
+    // Whether a `;` stands between the bracket `open` and its partner, outside of other brackets.
+    bool holdsSemicolon(TokenIndex open) const { return entries_[open].holdsSemicolon; }
+    // Whether `&&` or `||` stands there, for a `<`.
+    bool holdsLogic(TokenIndex open) const { return entries_[open].holdsLogic; }
+
+    // The first bracket without a partner, or 0 if all match.
+    TokenIndex unmatched() const { return unmatched_; }
+
+private:
+    struct Entry {
+        TokenIndex partner : 30 = 0;
+        TokenIndex holdsSemicolon : 1 = 0;
+        TokenIndex holdsLogic : 1 = 0;
+    };
+
+    void add(TokenIndex token);
+    void close(TokenIndex token, TokenKind opening);
+    void closeAngle(TokenIndex token);
+    void noteLogic();
+    void dropAngles();
+    TokenKind topKind() const { return open_.empty() ? TokenKind{Kind::EndOfInput} : buffer_->kind(open_.back()); }
+
+    const TokenBuffer* buffer_;
+    std::vector<Entry> entries_;
+    TokenIndex unmatched_ = 0;
+
+    // While it is made
+    std::vector<TokenIndex> open_;
+    TokenKind previous_ = Kind::EndOfInput;
+};
+
+}  // namespace Trn
