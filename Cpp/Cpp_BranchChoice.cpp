@@ -12,6 +12,7 @@ namespace Cpp {
 namespace Kind = Trn::Kind;
 using Trn::TokenIndex;
 using Trn::TokenKind;
+using Stretch = Trn::TokenBuffer::Stretch;
 
 namespace {
 
@@ -46,7 +47,7 @@ struct Balance {
 };
 
 struct Branch {
-    TokenIndex directive;  // in front of it
+    TokenIndex directive = 0;  // in front of it
     Balance balance{};
     TokenKind lastKind = Kind::EndOfInput;  // of its last token that is no trivia
 };
@@ -83,26 +84,45 @@ int stepOf(TokenKind kind) {
     }
 }
 
+// Which branch of a group counts whose branches can't all count.
+enum class Preference {
+    First,
+    Uneven,  // the first that opens or closes brackets around it
+    Even,    // the first that doesn't; without one, none of them
+};
+
 class BranchChoice {
 public:
-    explicit BranchChoice(Trn::TokenBuffer& buffer) : buffer_(buffer) {}
-
-    void run() {
+    BranchChoice(const Trn::TokenBuffer& buffer, Preference preference) : buffer_(buffer), preference_(preference) {
         for (TokenIndex token = 1; token < buffer_.size(); ++token) {
             const TokenKind kind = buffer_.kind(token);
             if (kind == Kind::Directive)
                 onDirective(token);
-            else if (!groups_.empty() && !Trn::isComment(kind))
+            else if (!Trn::isComment(kind))
                 onToken(kind);
         }
-        buffer_.merge(outermost(), Kind::Directive);
+    }
+
+    bool isEven() const { return whole_.balance.isEven(); }
+
+    // What doesn't count, in order, without what lies in others.
+    std::vector<Stretch> dead() {
+        std::sort(dead_.begin(), dead_.end(), [](const Stretch& a, const Stretch& b) {
+            return a.first != b.first ? a.first < b.first : a.last > b.last;
+        });
+        std::vector<Stretch> result;
+        for (const Stretch& stretch : dead_) {
+            if (result.empty() || stretch.first > result.back().last) result.push_back(stretch);
+        }
+        return result;
     }
 
 private:
+    Branch& branch() { return groups_.empty() ? whole_ : groups_.back().branches.back(); }
+
     void onToken(TokenKind kind) {
-        Branch& branch = groups_.back().branches.back();
-        branch.balance.step(stepOf(kind));
-        branch.lastKind = kind;
+        branch().balance.step(stepOf(kind));
+        branch().lastKind = kind;
     }
 
     void onDirective(TokenIndex token) {
@@ -122,39 +142,54 @@ private:
     void endGroup(TokenIndex endif) {
         const Group group = std::move(groups_.back());
         groups_.pop_back();
-        const Branch& first = group.branches.front();
-        Branch counted = first;
         if (group.isNever) {
-            dead_.push_back({first.directive, endif});
-            counted = {};
-        } else if (group.branches.size() > 1 && !group.canAllCount()) {
-            dead_.push_back({group.branches[1].directive, endif});
+            dead_.push_back({group.branches.front().directive, endif});
+        } else if (group.canAllCount() || (group.branches.size() == 1 && preference_ != Preference::Even)) {
+            count(group.branches.front());
+        } else {
+            countOne(group, endif);
         }
-        if (groups_.empty()) return;
-        Branch& outer = groups_.back().branches.back();
-        outer.balance.add(counted.balance);
-        if (counted.lastKind != Kind::EndOfInput) outer.lastKind = counted.lastKind;
     }
 
-    // Without those that lie in others, in order.
-    std::vector<Trn::TokenBuffer::Stretch> outermost() {
-        std::sort(dead_.begin(), dead_.end(), [](const auto& a, const auto& b) {
-            return a.first != b.first ? a.first < b.first : a.last > b.last;
-        });
-        std::vector<Trn::TokenBuffer::Stretch> result;
-        for (const auto& stretch : dead_) {
-            if (result.empty() || stretch.first > result.back().last) result.push_back(stretch);
+    void countOne(const Group& group, TokenIndex endif) {
+        const std::size_t size = group.branches.size();
+        std::size_t chosen = 0;
+        while (chosen < size && preference_ != Preference::First &&
+               group.branches[chosen].balance.isEven() == (preference_ == Preference::Uneven)) {
+            ++chosen;
         }
-        return result;
+        if (chosen == size && preference_ == Preference::Uneven) chosen = 0;
+        const TokenIndex start = group.branches.front().directive;
+        if (chosen == size) return dead_.push_back({start, endif});
+        if (chosen > 0) dead_.push_back({start, group.branches[chosen].directive});
+        if (chosen + 1 < size) dead_.push_back({group.branches[chosen + 1].directive, endif});
+        count(group.branches[chosen]);
     }
 
-    Trn::TokenBuffer& buffer_;
+    void count(const Branch& counted) {
+        branch().balance.add(counted.balance);
+        if (counted.lastKind != Kind::EndOfInput) branch().lastKind = counted.lastKind;
+    }
+
+    const Trn::TokenBuffer& buffer_;
+    Preference preference_;
+    Branch whole_{};
     std::vector<Group> groups_;
-    std::vector<Trn::TokenBuffer::Stretch> dead_;
+    std::vector<Stretch> dead_;
 };
 
 }  // namespace
 
-void chooseBranches(Trn::TokenBuffer& buffer) { BranchChoice(buffer).run(); }
+void chooseBranches(Trn::TokenBuffer& buffer) {
+    using enum Preference;
+    std::vector<Stretch> dead;
+    // The last one is for a text that no choice balances.
+    for (const Preference preference : {First, Uneven, Even, First}) {
+        BranchChoice choice(buffer, preference);
+        dead = choice.dead();
+        if (choice.isEven()) break;
+    }
+    buffer.merge(dead, Kind::Directive);
+}
 
 }  // namespace Cpp

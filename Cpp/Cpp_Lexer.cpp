@@ -199,13 +199,16 @@ TokenKind Lexer::oddToken(const Token& token) {
 // ---- Comments
 
 TokenKind Lexer::lineComment() {
-    const void* lineFeed = std::memchr(text_ + offset_, '\n', size_ - offset_);
-    if (lineFeed == nullptr) {
-        offset_ = size_;
-    } else {
-        offset_ = static_cast<std::size_t>(static_cast<const char*>(lineFeed) + 1 - text_);
-        startLine();
-    }
+    do {
+        const void* lineFeed = std::memchr(text_ + offset_, '\n', size_ - offset_);
+        if (lineFeed == nullptr) {
+            offset_ = size_;
+        } else {
+            offset_ = static_cast<std::size_t>(static_cast<const char*>(lineFeed) + 1 - text_);
+            startLine();
+        }
+        // A backslash joins the next line to the comment.
+    } while (dialect_ == Dialect::modern && !atEnd() && text_[offset_ - 1] == '\n' && text_[offset_ - 2] == '\\');
     return Kind::LineComment;
 }
 
@@ -387,7 +390,7 @@ TokenKind Lexer::directive(std::size_t begin) {
             const Position last = cursor();
             const std::size_t end = offset_;
             blockComment();
-            if (line_ > last.line) {
+            if (line_ > last.line && dialect_ == Dialect::classic) {
                 pending_ = Token(Kind::BlockComment, {last.line, last.column + 1}, cursor(), text(end, offset_));
                 hasPending_ = true;
                 return oddToken(Token(Kind::Directive, first, last, text(begin, end)));

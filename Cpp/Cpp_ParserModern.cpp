@@ -95,7 +95,8 @@ bool Parser::parseFrameItem(Stream& stream, InteriorNode& body, Frame frame) {
         case Kind::Public:
         case Kind::Private:
         case Kind::Protected:
-            if (frame != Frame::Class || !shapes_->startsAccessLabel(first)) return false;
+            if (frame == Frame::Block || !shapes_->startsAccessLabel(first)) return false;
+            if (frame != Frame::Class && !isAccessKeyword(shapes_->kind(first))) return false;
             parseModernAccessLabel(stream, body);
             return true;
         default:

@@ -60,7 +60,7 @@ std::unique_ptr<CommentNode> Parser::parseComment(Stream& stream) {
 
 std::unique_ptr<PreprocDirectiveNode> Parser::parseDirective(Stream& stream) {
     const Token directive = stream.get();
-    if (!opensDeadRegion(directive)) {
+    if (isModern_ || !opensDeadRegion(directive)) {
         return make<PreprocDirectiveNode>(directive.text(), directive.first(), directive.last());
     }
     const auto last = passDeadRegion(stream);
@@ -100,7 +100,7 @@ std::unique_ptr<SyntaxNode> Parser::parseTrivia(Stream& stream) {
 void Parser::passRest(Stream& stream, const Token& token) {
     if (isComment(token.kind())) {
         if (opensCommentRegion(token)) passCommentRegion(stream);
-    } else if (opensDeadRegion(token)) {
+    } else if (!isModern_ && opensDeadRegion(token)) {
         passDeadRegion(stream);
     }
 }

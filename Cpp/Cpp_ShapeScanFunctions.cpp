@@ -39,16 +39,15 @@ ShapeScan::Step ShapeScan::scanParen(Declaration& scan) const {
     const TokenIndex tail = next(close);
     const TokenKind before = scan.previous == 0 ? TokenKind{Kind::EndOfInput} : kind(scan.previous);
     if (before == Kind::Explicit || before == Kind::Asm || before == Kind::Throw || scan.isList ||
-        (before == Kind::CloseBracket && scan.nameLast == scan.previous)) {
+        (before == Kind::CloseBracket && scan.nameLast == scan.previous && !scan.isOperator)) {
         scan.advance(close, tail);
         return Step::GoOn;
     }
     const bool hasName = scan.nameFirst != 0 && (scan.nameLast == scan.previous || scan.isOperator);
     if (!hasName) return scanDeclaratorParen(scan);
     const bool hasType = scan.nameFirst > scan.shape.first;
-    if (hasType && !scan.isOperator && startsDeclarator(open) && kind(tail) == Kind::OpenParen) {
-        return scanDeclaratorParen(scan);
-    }
+    const bool isBracketed = startsDeclarator(open) || (kind(next(open)) == Kind::Identifier && next(next(open)) == close);
+    if (!scan.isOperator && isBracketed && kind(tail) == Kind::OpenParen) return scanDeclaratorParen(scan);
     // In a block a type, a name and a bracket are data, but in front of a body.
     if (scan.frame == Frame::Block && !scan.isOperator) {
         if (hasType && (kind(tail) == Kind::Semicolon || kind(tail) == Kind::Comma)) {
@@ -268,7 +267,9 @@ TokenIndex ShapeScan::initializersEnd(TokenIndex colon) const {
 TokenIndex ShapeScan::oldStyleBody(TokenIndex first) const {
     if (kind(first) != Kind::Identifier && !isTypeKeyword(kind(first)) && !isDeclarationKeyword(kind(first))) return 0;
     bool isFirst = true;
-    for (TokenIndex at = first;; at = behind(at)) {
+    constexpr int longest = 500;  // tokens that such declarations take
+    TokenIndex at = first;
+    for (int i = 0; i < longest; ++i, at = behind(at)) {
         switch (kind(at)) {
             case Kind::OpenBrace:
                 return kind(previous(at)) == Kind::Semicolon ? at : 0;
@@ -294,6 +295,7 @@ TokenIndex ShapeScan::oldStyleBody(TokenIndex first) const {
                 if (!isTypeKeyword(kind(at)) && !isDeclarationKeyword(kind(at))) return 0;
         }
     }
+    return 0;
 }
 
 }  // namespace Cpp
