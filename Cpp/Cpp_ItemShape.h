@@ -15,7 +15,7 @@ enum class Frame : std::uint8_t { File, Namespace, Linkage, Class, Block };
 
 struct ItemShape {
     enum class Sort : std::uint8_t {
-        Class,      // up to the `}` or the `;` of its body
+        Class,  // up to the `}` or the `;` of its body
         Enum,
         Function,   // through its body or `;`
         Data,       // through its `;`

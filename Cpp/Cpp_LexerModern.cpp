@@ -15,7 +15,8 @@ namespace {
 
 // No text in UTF-8 holds 0xff, which is what a look beyond the end gives.
 constexpr bool isWordStart(char c) {
-    return isAny(c, CharClass::alpha | CharClass::underscore) || c == '$' || (static_cast<unsigned char>(c) >= 0x80 && c != '\xff');
+    return isAny(c, CharClass::alpha | CharClass::underscore) || c == '$' ||
+           (static_cast<unsigned char>(c) >= 0x80 && c != '\xff');
 }
 
 constexpr bool isWordPart(char c) { return isWordStart(c) || isAny(c, CharClass::digit); }
@@ -35,15 +36,15 @@ struct Spelling {
 
 // Operators that are words, in C++.
 constexpr Spelling operatorWords[] = {
-    {"and", Kind::AmpAmp},    {"or", Kind::PipePipe},    {"not", Kind::Not},          {"bitand", Kind::Amp},
-    {"bitor", Kind::Pipe},    {"xor", Kind::Caret},      {"compl", Kind::Tilde},      {"and_eq", Kind::AmpAssign},
+    {"and", Kind::AmpAmp},       {"or", Kind::PipePipe},        {"not", Kind::Not},         {"bitand", Kind::Amp},
+    {"bitor", Kind::Pipe},       {"xor", Kind::Caret},          {"compl", Kind::Tilde},     {"and_eq", Kind::AmpAssign},
     {"or_eq", Kind::PipeAssign}, {"xor_eq", Kind::CaretAssign}, {"not_eq", Kind::NotEqual},
 };
 
 // Operators that the classic dialect doesn't know as one token, and the other spellings of brackets.
 constexpr Spelling newOperators[] = {
-    {"<=>", Kind::Spaceship},  {"...", Kind::Ellipsis},    {"<%", Kind::OpenBrace}, {"%>", Kind::CloseBrace},
-    {"<:", Kind::OpenBracket}, {":>", Kind::CloseBracket},
+    {"<=>", Kind::Spaceship}, {"...", Kind::Ellipsis},   {"<%", Kind::OpenBrace},
+    {"%>", Kind::CloseBrace}, {"<:", Kind::OpenBracket}, {":>", Kind::CloseBracket},
 };
 
 // Keywords that are names in C.

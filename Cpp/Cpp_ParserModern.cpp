@@ -1,5 +1,5 @@
-// The modern dialect: the run over a text and the items of its frames. What an item is, `ShapeScan` tells beforehand, so
-// nothing is read twice; what fits no rule becomes a node that is copied as it stands.
+// The modern dialect: the run over a text and the items of its frames. What an item is, `ShapeScan` tells beforehand,
+// so nothing is read twice; what fits no rule becomes a node that is copied as it stands.
 #include "Cpp_BranchChoice.h"
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
@@ -208,8 +208,10 @@ void Parser::addTrivia(Stream& stream, InteriorNode& body, At first, At last) {
 void Parser::passUsing(Stream& stream, InteriorNode& body) {
     const At first = stream.index();
     const At last = shapes_->statementEnd(first);
-    if (auto held = heldBodies(stream, first, last)) body.addChild(std::move(held));
-    else addTrivia(stream, body, first, last);
+    if (auto held = heldBodies(stream, first, last))
+        body.addChild(std::move(held));
+    else
+        addTrivia(stream, body, first, last);
     stream.seek(last + 1);
 }
 
@@ -226,7 +228,8 @@ bool Parser::parseModernNamespace(Stream& stream, InteriorNode& body) {
         } else if (kind == Kind::Assign || kind == Kind::Semicolon) {
             passUsing(stream, body);
             return true;
-        } else if (kind != Kind::Identifier && kind != Kind::Namespace && kind != Kind::Inline && kind != Kind::Export) {
+        } else if (kind != Kind::Identifier && kind != Kind::Namespace && kind != Kind::Inline &&
+                   kind != Kind::Export) {
             return false;
         }
     }

@@ -65,7 +65,8 @@ std::unique_ptr<BaseClauseListNode> Parser::modernBases(At first, At end) {
             else
                 break;
         }
-        list->addChild(make<BaseClauseNode>(access, isVirtual, sourceText(name, last), buffer_->first(part), buffer_->last(last)));
+        list->addChild(
+            make<BaseClauseNode>(access, isVirtual, sourceText(name, last), buffer_->first(part), buffer_->last(last)));
     });
     if (list->childCount() == 0) return nullptr;
     return list;
@@ -119,7 +120,8 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
                               isCvQualifier(shapes_->kind(first)) || shapes_->kind(first) == Kind::OpenBracket;
     const At last = shapes_->statementEnd(first);
     if (!isDeclarator || shapes_->kind(last) != Kind::Semicolon) return;
-    if (shapes_->startsLine(first) && shapes_->next(first) < last && shapes_->kind(shapes_->next(first)) == Kind::Identifier) {
+    if (shapes_->startsLine(first) && shapes_->next(first) < last &&
+        shapes_->kind(shapes_->next(first)) == Kind::Identifier) {
         return;  // the `;` has been forgotten, or a macro has it
     }
     At assign = first;

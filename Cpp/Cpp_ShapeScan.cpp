@@ -19,9 +19,9 @@ constexpr bool isCloser(TokenKind kind) {
 
 // What ends an operand, so that a sign behind it is binary and a `[` a subscript.
 constexpr bool endsOperand(TokenKind kind) {
-    return kind == Kind::Identifier || kind == Kind::CloseParen || kind == Kind::CloseBracket ||
-           kind == Kind::Number || kind == Kind::StringLiteral || kind == Kind::CharLiteral || kind == Kind::This ||
-           kind == Kind::True || kind == Kind::False || kind == Kind::CloseBrace || isTypeKeyword(kind);
+    return kind == Kind::Identifier || kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::Number ||
+           kind == Kind::StringLiteral || kind == Kind::CharLiteral || kind == Kind::This || kind == Kind::True ||
+           kind == Kind::False || kind == Kind::CloseBrace || isTypeKeyword(kind);
 }
 
 // Words that are operators in front of an expression.
@@ -45,8 +45,8 @@ TokenIndex ShapeScan::passAttributes(TokenIndex token) const {
         if (startsAttribute(token)) {
             token = behind(token);
         } else if (kind(token) == Kind::Identifier && isOneOf(bracketWords, text(token)) &&
-                   kind(next(token)) == Kind::OpenParen && text(token) != "decltype" && !text(token).starts_with("typeof") &&
-                   !text(token).starts_with("__typeof")) {
+                   kind(next(token)) == Kind::OpenParen && text(token) != "decltype" &&
+                   !text(token).starts_with("typeof") && !text(token).starts_with("__typeof")) {
             token = behind(next(token));
         } else {
             return token;
@@ -181,8 +181,9 @@ bool ShapeScan::startsAccessLabel(TokenIndex first) const {
     if (kind(colon) == Kind::Identifier) colon = next(colon);
     if (kind(colon) != Kind::Colon) return false;
     if (isAccessKeyword(kind(first))) return true;
-    // A bit-field without a name has its width behind the colon.
-    return startsLine(next(colon)) || kind(next(colon)) == Kind::CloseBrace;
+    // A bit-field without a name has its width behind the colon, and a `;` behind that.
+    const TokenIndex behindColon = next(colon);
+    return startsLine(behindColon) || (kind(behindColon) != Kind::Number && kind(next(behindColon)) != Kind::Semicolon);
 }
 
 bool ShapeScan::startsGotoLabel(TokenIndex first) const {

@@ -58,7 +58,8 @@ public:
                buffer_->last(previous(token)).column == 0;
     }
     bool startsAttribute(TokenIndex token) const {
-        return kind(token) == Trn::Kind::OpenBracket && kind(buffer_->clamped(token + std::size_t{1})) == Trn::Kind::OpenBracket;
+        return kind(token) == Trn::Kind::OpenBracket &&
+               kind(buffer_->clamped(token + std::size_t{1})) == Trn::Kind::OpenBracket;
     }
     // Behind attributes, in all their spellings.
     TokenIndex passAttributes(TokenIndex token) const;

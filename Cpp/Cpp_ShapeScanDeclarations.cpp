@@ -81,7 +81,8 @@ ShapeScan::Step ShapeScan::scanToken(Declaration& scan) const {
         case Kind::Operator:
             scan.isOperator = true;
             scan.setName(at, previous(operatorParen(at)));
-            if (kind(scan.previous) == Kind::Identifier && text(scan.previous).ends_with("::")) scan.nameFirst = scan.previous;
+            if (kind(scan.previous) == Kind::Identifier && text(scan.previous).ends_with("::"))
+                scan.nameFirst = scan.previous;
             scan.isNameEnded = true;
             scan.advance(scan.nameLast, operatorParen(at));
             return Step::GoOn;
@@ -143,7 +144,8 @@ ShapeScan::Step ShapeScan::endAsData(Declaration& scan, TokenIndex initializer) 
     TokenIndex end = initializer != 0 ? initializer : scan.at;
     while (kind(end) != Kind::Semicolon) {
         const TokenKind here = kind(end);
-        if (here == Kind::EndOfInput || here == Kind::CloseBrace || here == Kind::CloseParen || here == Kind::CloseBracket) {
+        if (here == Kind::EndOfInput || here == Kind::CloseBrace || here == Kind::CloseParen ||
+            here == Kind::CloseBracket) {
             end = previous(end);
             break;
         }

@@ -15,7 +15,8 @@ TokenIndex ShapeScan::operatorParen(TokenIndex keyword) const {
     if (kind(at) == Kind::OpenParen) return behind(at);
     for (int i = 0; i < 64; ++i) {
         const TokenKind here = kind(at);
-        if (here == Kind::OpenParen || here == Kind::Semicolon || here == Kind::EndOfInput || here == Kind::OpenBrace) break;
+        if (here == Kind::OpenParen || here == Kind::Semicolon || here == Kind::EndOfInput || here == Kind::OpenBrace)
+            break;
         const bool isTemplate = here == Kind::Less && partner(at) != 0 && at != next(keyword);
         at = isTemplate ? next(partner(at)) : behind(at);
     }
@@ -46,7 +47,8 @@ ShapeScan::Step ShapeScan::scanParen(Declaration& scan) const {
     const bool hasName = scan.nameFirst != 0 && (scan.nameLast == scan.previous || scan.isOperator);
     if (!hasName) return scanDeclaratorParen(scan);
     const bool hasType = scan.nameFirst > scan.shape.first;
-    const bool isBracketed = startsDeclarator(open) || (kind(next(open)) == Kind::Identifier && next(next(open)) == close);
+    const bool isBracketed =
+        startsDeclarator(open) || (kind(next(open)) == Kind::Identifier && next(next(open)) == close);
     if (!scan.isOperator && isBracketed && kind(tail) == Kind::OpenParen) return scanDeclaratorParen(scan);
     // In a block a type, a name and a bracket are data, but in front of a body.
     if (scan.frame == Frame::Block && !scan.isOperator) {
@@ -67,8 +69,8 @@ ShapeScan::Step ShapeScan::scanParen(Declaration& scan) const {
     if (!hasType && !scan.isOperator) {
         const TokenKind after = kind(tail);
         if (after == Kind::CloseBrace || after == Kind::EndOfInput) return endAsMacro(scan, close);
-        if (startsLine(tail) && (after == Kind::Identifier || isItemKeyword(after) || after == Kind::Tilde ||
-                                 startsAttribute(tail))) {
+        if (startsLine(tail) &&
+            (after == Kind::Identifier || isItemKeyword(after) || after == Kind::Tilde || startsAttribute(tail))) {
             return endAsMacro(scan, close);
         }
         if (after == Kind::OpenBrace) {
@@ -150,7 +152,8 @@ bool ShapeScan::scanFunctionTail(Declaration& scan, TokenIndex tail) const {
                 return true;
             case Kind::Assign: {
                 const TokenIndex value = next(at);
-                if (kind(value) != Kind::Default && kind(value) != Kind::Delete && kind(value) != Kind::Number) return false;
+                if (kind(value) != Kind::Default && kind(value) != Kind::Delete && kind(value) != Kind::Number)
+                    return false;
                 shape.last = statementEnd(value);
                 return kind(shape.last) == Kind::Semicolon;
             }

@@ -10,17 +10,18 @@
 namespace Cpp {
 
 // With a bracket behind them these belong to a type or a declaration and open no parameters.
-inline constexpr std::string_view bracketWords[] = {
-    "__attribute__", "__attribute", "__declspec", "_declspec", "alignas",   "_Alignas", "decltype", "typeof",
-    "__typeof__",    "__typeof",    "__decltype", "typeof_unqual", "_Atomic", "_BitInt", "noexcept", "__underlying_type"};
+inline constexpr std::string_view bracketWords[] = {"__attribute__", "__attribute", "__declspec", "_declspec",
+                                                    "alignas",       "_Alignas",    "decltype",   "typeof",
+                                                    "__typeof__",    "__typeof",    "__decltype", "typeof_unqual",
+                                                    "_Atomic",       "_BitInt",     "noexcept",   "__underlying_type"};
 
 // Words that begin a declaration and are no types.
 inline constexpr std::string_view declarationWords[] = {
-    "constexpr",    "consteval",  "constinit",     "thread_local", "_Thread_local", "__thread", "__extension__",
-    "_Noreturn",    "__inline",   "__inline__",    "__forceinline", "restrict",     "__restrict", "__const",
-    "__volatile__", "__signed__", "_Static_assert", "static_assert", "alignas",     "_Alignas",  "decltype",
-    "typeof",       "__typeof__", "__typeof",      "_Atomic",      "_Complex",      "char8_t",   "char16_t",
-    "char32_t",     "_Bool",      "__int128",      "__builtin_va_list"};
+    "constexpr",    "consteval",  "constinit",      "thread_local",     "_Thread_local", "__thread",   "__extension__",
+    "_Noreturn",    "__inline",   "__inline__",     "__forceinline",    "restrict",      "__restrict", "__const",
+    "__volatile__", "__signed__", "_Static_assert", "static_assert",    "alignas",       "_Alignas",   "decltype",
+    "typeof",       "__typeof__", "__typeof",       "_Atomic",          "_Complex",      "char8_t",    "char16_t",
+    "char32_t",     "_Bool",      "__int128",       "__builtin_va_list"};
 
 constexpr bool isOneOf(std::span<const std::string_view> words, std::string_view word) {
     return std::find(words.begin(), words.end(), word) != words.end();
@@ -68,9 +69,8 @@ constexpr bool isItemKeyword(Trn::TokenKind kind) {
 
 // Whether a word is written as macros are: no small letters.
 constexpr bool isMacroCase(std::string_view word) {
-    return word.size() > 1 && std::none_of(word.begin(), word.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || c == ':' || c == '~';
-    });
+    return word.size() > 1 && std::none_of(word.begin(), word.end(),
+                                           [](char c) { return (c >= 'a' && c <= 'z') || c == ':' || c == '~'; });
 }
 
 // Signs in front of a declarator's name.
