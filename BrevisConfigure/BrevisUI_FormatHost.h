@@ -30,6 +30,9 @@ public:
     // Whether a text that a second run would change again is warned about. It costs that second run.
     virtual bool verifyStability() const { return false; }
 
+    // How texts are read. A file whose name ends in ".c" is C, unless a language is chosen here.
+    virtual Brevis::Reading reading() const { return {}; }
+
     // The line ends of formatted texts.
     virtual LineEndMode lineEnds() const { return LineEndMode::Keep; }
 

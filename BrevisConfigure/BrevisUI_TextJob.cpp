@@ -16,7 +16,8 @@ std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brev
         return std::nullopt;
     }
     Trn::ParseMessageList messages;
-    Brevis::FormatResult result = format(source, messages, update);
+    const Brevis::FormatterProperties properties = this->properties();
+    Brevis::FormatResult result = format(properties, source, messages, update);
     if (!result.isFormatted()) {
         // A cancel inside the pipeline ends here as well as a syntax error does.
         update(Phase::refuse);
@@ -24,12 +25,13 @@ std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brev
         host_.send(parseFailedMessage(path_), Severity::error);
         return std::nullopt;
     }
+    for (const Trn::ParseMessage& message : messages) send(message);
     if (changesTokens(source, result.text)) {
         update(Phase::refuse);
         return std::nullopt;
     }
     if (host_.verifyStability()) {
-        if (const auto warning = findSecondChange(scheme_, result.text)) send(*warning);
+        if (const auto warning = findSecondChange(properties, result.text)) send(*warning);
     }
     return result;
 }
@@ -40,10 +42,18 @@ const std::string_view* TextJob::obstacleIn(std::string_view source) {
     return encoding == Encoding::Nul ? &Message::nul : nullptr;
 }
 
-Brevis::FormatResult TextJob::format(const std::string& source, Trn::ParseMessageList& messages,
-                                     Brevis::UpdateFunctor& update) const {
+Brevis::FormatterProperties TextJob::properties() const {
+    Brevis::FormatterProperties properties(scheme_);
+    properties.reading = host_.reading();
+    if (properties.reading.language == Brevis::LanguageChoice::automatic && path_.ends_with(".c")) {
+        properties.reading.language = Brevis::LanguageChoice::c;
+    }
+    return properties;
+}
+
+Brevis::FormatResult TextJob::format(const Brevis::FormatterProperties& properties, const std::string& source,
+                                     Trn::ParseMessageList& messages, Brevis::UpdateFunctor& update) const {
     const std::string_view mark = byteOrderMarkOf(source);
-    const Brevis::FormatterProperties properties(scheme_);
     Brevis::FormatResult result =
         Brevis::Formatter().format(properties, std::string_view(source).substr(mark.size()), messages, update);
     result.text = LineEnds::restore(source, mark.empty() ? std::move(result.text) : std::string(mark) + result.text,

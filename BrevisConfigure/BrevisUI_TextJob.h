@@ -27,9 +27,11 @@ public:
 private:
     // Why such a text can't be formatted at all, or null.
     static const std::string_view* obstacleIn(std::string_view source);
+    // The scheme, and how the text is read.
+    Brevis::FormatterProperties properties() const;
     // Formats what stands between byte order mark and line ends.
-    Brevis::FormatResult format(const std::string& source, Trn::ParseMessageList& messages,
-                                Brevis::UpdateFunctor& update) const;
+    Brevis::FormatResult format(const Brevis::FormatterProperties& properties, const std::string& source,
+                                Trn::ParseMessageList& messages, Brevis::UpdateFunctor& update) const;
     void send(const Trn::ParseMessage& message) const;
 
     FormatHost& host_;

@@ -89,10 +89,10 @@ std::optional<Trn::ParseMessage> findChangedToken(std::string_view source, std::
     return Trn::ParseMessage{Severity::error, difference->place, 0, describe(*difference)};
 }
 
-std::optional<Trn::ParseMessage> findSecondChange(const Brevis::PropertySet& scheme, const std::string& formatted) {
+std::optional<Trn::ParseMessage> findSecondChange(const Brevis::FormatterProperties& properties,
+                                                  const std::string& formatted) {
     Trn::ParseMessageList messages;
     Brevis::UpdateFunctor neverCancels;
-    const Brevis::FormatterProperties properties(scheme);
     try {
         const Brevis::FormatResult second = Brevis::Formatter().format(properties, formatted, messages, neverCancels);
         if (!second.isFormatted()) return refusedAgain(messages.front().position, messages.front().text);

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "Trn_ParseMessage.h"
-#include "scheme/Brevis_PropertySet.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace BrevisUI {
 
@@ -16,6 +16,7 @@ std::optional<Trn::ParseMessage> findChangedToken(std::string_view source, std::
 
 // Formats `formatted` once more. Gives a warning with the first place in it that would change, or that makes the second
 // run refuse it.
-std::optional<Trn::ParseMessage> findSecondChange(const Brevis::PropertySet& scheme, const std::string& formatted);
+std::optional<Trn::ParseMessage> findSecondChange(const Brevis::FormatterProperties& properties,
+                                                  const std::string& formatted);
 
 }  // namespace BrevisUI

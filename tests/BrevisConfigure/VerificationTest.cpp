@@ -59,7 +59,7 @@ TEST(Verification, NamesTheFirstPlaceThatASecondRunWouldChange) {
         {"int x = " + std::string(5000, '(') + "1;\n", {}, "Another run would refuse the result: "},
     };
     for (const auto& [formatted, place, text] : cases) {
-        const auto change = findSecondChange(scheme, formatted);
+        const auto change = findSecondChange(Brevis::FormatterProperties(scheme), formatted);
         ASSERT_EQ(!text.empty(), change.has_value()) << formatted;
         if (!change) continue;
         EXPECT_EQ(2, change->severity);
