@@ -66,9 +66,11 @@ public:
     Owned<TextNode> qualifiers;     // the `const` and `volatile` behind the parameter list
     Owned<ExprNode> exceptionSpec;  // the `throw(...)` clause
     Owned<ExprNode> pureSpec;       // the `= 0`
+    Owned<VerbatimNode> tail;       // all of these and more, in the modern dialect
     static constexpr std::tuple members{&FunctionHeadNode::returnType,    &FunctionHeadNode::name,
                                         &FunctionHeadNode::parameters,    &FunctionHeadNode::qualifiers,
-                                        &FunctionHeadNode::exceptionSpec, &FunctionHeadNode::pureSpec};
+                                        &FunctionHeadNode::exceptionSpec, &FunctionHeadNode::pureSpec,
+                                        &FunctionHeadNode::tail};
     static constexpr auto end = &FunctionHeadNode::endPosition;
 };
 

@@ -324,13 +324,12 @@ private:
         return make<Node>(sourceText(first, last), buffer_->first(first), buffer_->last(last));
     }
     std::string_view sourceText(At first, At last) const;
+    Ptr<VerbatimNode> makeVerbatim(At first, At last);
     // What holds bodies, or only braces, inside of its tokens; null if it doesn't.
     Ptr<VerbatimNode> heldBodies(Stream& stream, At first, At last);
     // An expression or, if it holds braces, what is copied as it stands.
     void addExpression(Stream& stream, InteriorNode& body, At first, At last);
     void leaveAlone(Stream& stream, InteriorNode& body, At first, At last);
-    // The comments and directives among these tokens.
-    void addTrivia(Stream& stream, InteriorNode& body, At first, At last);
     // Calls `f` with the first and last token of each part between commas.
     template <class F>
     void forEachPart(At first, At end, F f);

@@ -165,15 +165,18 @@ void Parser::addExpression(Stream& stream, InteriorNode& body, At first, At last
     stream.seek(last + 1);
 }
 
+std::unique_ptr<VerbatimNode> Parser::makeVerbatim(At first, At last) {
+    auto node = make<VerbatimNode>();
+    node->setFirstPosition(buffer_->first(first));
+    node->setLastPosition(buffer_->last(last));
+    return node;
+}
+
 std::unique_ptr<VerbatimNode> Parser::heldBodies(Stream& stream, At first, At last) {
     Ptr<VerbatimNode> held;
     for (At at = first; at <= last; ++at) {
         if (shapes_->kind(at) != Kind::OpenBrace) continue;
-        if (!held) {
-            held = make<VerbatimNode>();
-            held->setFirstPosition(buffer_->first(first));
-            held->setLastPosition(buffer_->last(last));
-        }
+        if (!held) held = makeVerbatim(first, last);
         if (!shapes_->isBody(at)) continue;
         const At close = shapes_->partner(at);
         stream.seek(at);
@@ -184,9 +187,7 @@ std::unique_ptr<VerbatimNode> Parser::heldBodies(Stream& stream, At first, At la
 }
 
 void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
-    auto node = make<VerbatimNode>();
-    node->setFirstPosition(buffer_->first(first));
-    node->setLastPosition(buffer_->last(last));
+    auto node = makeVerbatim(first, last);
     node->isUnread = true;
     body.addChild(std::move(node));
     messages_.push_back({2, buffer_->first(first), static_cast<std::int32_t>(ParseCode::LeftAlone),
@@ -194,24 +195,13 @@ void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
     stream.seek(last + 1);
 }
 
-void Parser::addTrivia(Stream& stream, InteriorNode& body, At first, At last) {
-    for (stream.seek(first); stream.index() <= last;) {
-        if (Trn::isTrivia(stream.peek().kind()))
-            body.addChild(parseTrivia(stream));
-        else
-            stream.get();
-    }
-}
-
 // ---- Items with a word of their own
 
 void Parser::passUsing(Stream& stream, InteriorNode& body) {
     const At first = stream.index();
     const At last = shapes_->statementEnd(first);
-    if (auto held = heldBodies(stream, first, last))
-        body.addChild(std::move(held));
-    else
-        addTrivia(stream, body, first, last);
+    auto held = heldBodies(stream, first, last);
+    body.addChild(held ? std::move(held) : makeVerbatim(first, last));
     stream.seek(last + 1);
 }
 
@@ -288,10 +278,7 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
         if (auto held = heldBodies(stream, first, last)) {
             body.addChild(std::move(held));
         } else {
-            auto node = make<VerbatimNode>();
-            node->setFirstPosition(buffer_->first(first));
-            node->setLastPosition(buffer_->last(last));
-            body.addChild(std::move(node));
+            body.addChild(makeVerbatim(first, last));
         }
         stream.seek(last + 1);
         return true;
@@ -305,7 +292,9 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
     stream.seek(close + 1);
     // A clause behind the head stays as it stands.
     if (const At clause = shapes_->next(close); shapes_->isWord(clause, "requires")) {
-        stream.seek(shapes_->requiresClauseEnd(clause) + 1);
+        const At last = shapes_->requiresClauseEnd(clause);
+        body.addChild(makeVerbatim(clause, last));
+        stream.seek(last + 1);
     }
     return true;
 }
@@ -356,10 +345,7 @@ void Parser::parseModernAsm(Stream& stream, InteriorNode& body) {
         return;
     }
     const At last = shapes_->statementEnd(first);
-    auto node = make<VerbatimNode>();
-    node->setFirstPosition(buffer_->first(first));
-    node->setLastPosition(buffer_->last(last));
-    body.addChild(std::move(node));
+    body.addChild(makeVerbatim(first, last));
     stream.seek(last + 1);
 }
 

@@ -192,7 +192,14 @@ std::unique_ptr<FunctionHeadNode> Parser::modernHead(const ItemShape& shape) {
         head->returnType = makeLeaf<FunctionReturnNode>(shape.first, shapes_->previous(shape.nameFirst));
     }
     head->name = makeLeaf<IdNode>(shape.nameFirst, shape.nameLast);
-    head->parameters = modernParameters(shape.open, shapes_->partner(shape.open));
+    const At close = shapes_->partner(shape.open);
+    head->parameters = modernParameters(shape.open, close);
+    const At end = shape.colon != 0 ? shape.colon : shape.body != 0 ? shape.body : shape.last;
+    At last = close;
+    for (At at = shapes_->next(close); at < end && shapes_->kind(at) != Kind::Try; at = shapes_->behind(at)) {
+        last = shapes_->isOpening(at) ? shapes_->partner(at) : at;
+    }
+    if (last != close) head->tail = makeVerbatim(shapes_->next(close), last);
     return head;
 }
 

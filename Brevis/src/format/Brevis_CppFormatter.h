@@ -168,6 +168,9 @@ private:
 
     // ---- Functions (Brevis_CppFormatterFunctions.cpp)
     int formatFunctionHead(Cpp::FunctionDeclNode& node);
+    // What stands behind the parameters and goes out as it stands. On a line of its own it keeps its distance from the
+    // column of the head.
+    void writeHeadTail(Cpp::FunctionHeadNode& head, int column);
     SignSplit splitAlignedSign(std::string& text) const;
     int writeReturnTypeAndName(Cpp::FunctionDeclNode& node, int column, bool hadTemplate);
     void formatFunctionBody(Cpp::FunctionDeclNode& node);

@@ -1,4 +1,6 @@
 // The visits of the main formatter for functions, their parameters, function pointers and member initializers.
+#include <algorithm>
+
 #include "format/Brevis_CppFormatter.h"
 #include "text/Brevis_ParenText.h"
 
@@ -52,9 +54,46 @@ int CppFormatter::formatFunctionHead(Cpp::FunctionDeclNode& node) {
         formatParenList(*head.parameters, scheme_.wsAfterFnOpenParen, scheme_.wsBeforeFnComma,
                         scheme_.betweenFnParams(), scheme_.wsBeforeFnCloseParen);
     }
+    if (head.tail && head.parameters) {
+        writeHeadTail(head, column);
+        return column;
+    }
     // The close parenthesis with the qualifiers and specifiers behind it.
     writeRaw(out_, expr_.format(readThrough(in_, head.lastPosition()), out_.settings()));
     return column;
+}
+
+namespace {
+
+// The column of a place in front of `offset`, which is at `position`.
+int sourceColumn(std::string_view source, std::size_t offset, Position position, Position place, int tabSize) {
+    std::size_t lineStart = offset - static_cast<std::size_t>(position.column);
+    for (int line = position.line; line > place.line; --line) {
+        lineStart = source.rfind('\n', lineStart - 2) + 1;  // 0 behind npos
+    }
+    return columnAfter(source.substr(lineStart, static_cast<std::size_t>(place.column - 1)), 0, tabSize);
+}
+
+}  // namespace
+
+void CppFormatter::writeHeadTail(Cpp::FunctionHeadNode& head, int column) {
+    copyThrough(in_, out_, head.parameters->lastPosition());
+    const Position behindList = in_.position();
+    const std::size_t offset = in_.offset();
+    const std::string_view gap = readBefore(in_, head.tail->firstPosition());
+    if (!Vellum::isBlank(gap) || gap.find('\n') == std::string_view::npos ||
+        offset < static_cast<std::size_t>(behindList.column)) {
+        out_ << gap;
+    } else {
+        const auto columnOf = [&](Position place, Position known, std::size_t at) {
+            return sourceColumn(source_, at, known, place, scheme_.tabSize);
+        };
+        const int headColumn = columnOf(head.firstPosition(), behindList, offset);
+        const int tailColumn = columnOf(head.tail->firstPosition(), in_.position(), in_.offset());
+        writeRaw(out_, std::string(static_cast<std::size_t>(std::count(gap.begin(), gap.end(), '\n')), '\n'));
+        writeRaw(out_, indentStringFor(out_, std::max(column + tailColumn - headColumn, 0)));
+    }
+    head.tail->accept(*this);
 }
 
 // The sign behind a return type that stands on one line in front of an aligned name.

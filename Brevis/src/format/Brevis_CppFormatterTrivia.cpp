@@ -15,6 +15,7 @@ void CppFormatter::visit(Cpp::PreprocDirectiveNode& node) {
 }
 
 void CppFormatter::visit(Cpp::VerbatimNode& node) {
+    if (templatePending_) applyPending(node);  // a clause behind the head
     expr_.writeMultiLine(node.firstPosition(), node.lastPosition(), in_, out_);
 }
 
