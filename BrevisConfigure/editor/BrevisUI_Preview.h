@@ -28,15 +28,16 @@ struct Preview {
 // Exceptions of the engine pass through.
 Preview previewOf(const StylesBasePage& page, const Brevis::PropertySet& scheme, const SampleTable& samples);
 
-// The same for a text of the user's, which the page has no say in.
+// The same for a text of the user's, in which no page has a say. `name` is that of its file, for the messages.
 struct OwnTextPreview {
     bool isFormatted = false;
-    std::string text;              // formatted, or as it was given where it can't be formatted
+    std::string given;             // without its byte order mark; its lines end with line feeds, as those of `text` do
+    std::string text;              // formatted, or as `given` where it can't be formatted
     std::string message;           // why it can't be formatted, one line for each reason
     std::size_t changedLines = 0;  // lines of the given text that the formatted one doesn't have as they were
     std::size_t lines = 0;         // of the given text
     std::optional<std::int32_t> tabSize;
 };
-OwnTextPreview previewOfOwnText(std::string_view text, const Brevis::PropertySet& scheme);
+OwnTextPreview previewOfOwnText(const std::string& name, std::string_view text, const Brevis::PropertySet& scheme);
 
 }  // namespace BrevisUI

@@ -185,9 +185,11 @@ inline constexpr PropertyLabel asteriskLabels[] = {{"ASTERISK_ANCHOR", 0, "White
 inline constexpr PropertyLabel ampersandLabels[] = {{"AMPERSAND_ANCHOR", 0, "White space between Type and && :"},
                                                     {"AMPERSAND_ANCHOR", 1, "White space between && and Identifier:"}};
 
+inline constexpr std::string_view asteriskGroup = "Keep * with:", ampersandGroup = "Keep && with:",
+                                  continuationGroup = "Treatment of line continuation";
 // Groups of the controls for functions, whose labels would not tell them apart.
-inline constexpr std::string_view declarations = "Declarations", bothOfThem = "Declarations and definitions",
-                                  definitions = "Definitions";
+inline constexpr std::string_view declarations = "Declarations only", bothOfThem = "Declarations and definitions",
+                                  definitions = "Definitions only";
 
 inline constexpr PropertyInfo properties[] = {
     {"CORVANE_VERSION", PropertyType::Text, Page::None, Unused::Version, "", 0, schemeVersion, {}},
@@ -229,9 +231,7 @@ inline constexpr PropertyInfo properties[] = {
     // Functions.
     flag("FN_USE_GLOBAL_SETTINGS", Page::Functions, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
     flag("FN_DO_NOT_FORMAT", Page::Functions, &Scheme::fnDoNotFormat, "Do not format Functions").as(Role::DoNotFormat),
-    indent("INDENT_FN_CONTENT", Page::Functions, &Scheme::indentFnContent, "Body:")
-        .twinOf("GLOBAL_INDENT_CONTENT")
-        .in(definitions),
+    indent("INDENT_FN_CONTENT", Page::Functions, &Scheme::indentFnContent, "Body:").twinOf("GLOBAL_INDENT_CONTENT"),
     whiteSpace("WS_AFTER_FN_DECL_RETURN_TYPE", Page::Functions, &Scheme::wsAfterFnDeclReturnType,
                "After type name:", " ")
         .in(declarations),
@@ -378,19 +378,23 @@ inline constexpr PropertyInfo properties[] = {
     // Pointers and References.
     flag("POINTERSREFS_DO_NOT_FORMAT", Page::PointersRefs, Unused::EditorOnly, "Do not format Pointers && References")
         .as(Role::DoNotFormat),
-    choice("ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::asteriskAnchor, "Keep * with:", -1, anchorValues),
+    choice("ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::asteriskAnchor, asteriskGroup, -1, anchorValues),
     whiteSpace("WS_BETWEEN_ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::wsBetweenAsteriskAnchor,
                "White space between * and Identifier:")
+        .in(asteriskGroup)
         .when(asteriskAnchored)
         .labelled(asteriskLabels),
     flag("HANGING_ASTERISK", Page::PointersRefs, &Scheme::hangingAsterisk, "Hang * to left of aligned names:")
+        .in(asteriskGroup)
         .clearedUnless(asteriskAtIdentifier),
-    choice("AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::ampersandAnchor, "Keep && with:", -1, anchorValues),
+    choice("AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::ampersandAnchor, ampersandGroup, -1, anchorValues),
     whiteSpace("WS_BETWEEN_AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::wsBetweenAmpersandAnchor,
                "White space between && and Identifier:")
+        .in(ampersandGroup)
         .when(ampersandAnchored)
         .labelled(ampersandLabels),
     flag("HANGING_AMPERSAND", Page::PointersRefs, &Scheme::hangingAmpersand, "Hang && to left of aligned names:")
+        .in(ampersandGroup)
         .clearedUnless(ampersandAtIdentifier),
 
     // Preprocessor Directives.
@@ -400,11 +404,8 @@ inline constexpr PropertyInfo properties[] = {
     // Line Wrapping.
     flag("LINE_WRAP", Page::LineWrapping, &Scheme::lineWrap, "Wrap long lines"),
     number("RIGHT_MARGIN", Page::LineWrapping, &Scheme::rightMargin, "Right margin:", 78).when(wraps),
-    choice("WRAP_STYLE", Page::LineWrapping, &Scheme::wrapStyle, "Treatment of line continuation", 1, wrapStyleValues)
-        .when(wraps),
-    indent("WRAP_INDENT", Page::LineWrapping, &Scheme::wrapIndent, "Indent by")
-        .when(wrapIndents)
-        .in("Treatment of line continuation"),
+    choice("WRAP_STYLE", Page::LineWrapping, &Scheme::wrapStyle, continuationGroup, 1, wrapStyleValues).when(wraps),
+    indent("WRAP_INDENT", Page::LineWrapping, &Scheme::wrapIndent, "Indent by").when(wrapIndents).in(continuationGroup),
     choice("EXPR_WRAP_STYLE", Page::LineWrapping, &Scheme::exprWrapStyle, "Wrap expressions", 2, exprWrapStyleValues)
         .when(wraps),
     choice("SHIFT_WRAP_STYLE", Page::LineWrapping, &Scheme::shiftWrapStyle, "Wrap input and output expressions", 1,
