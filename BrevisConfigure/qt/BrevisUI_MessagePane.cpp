@@ -1,7 +1,6 @@
 // A plain text edit without undo, to which adding a line costs the same however many there are.
 #include "qt/BrevisUI_MessagePane.h"
 
-#include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTextBlock>
@@ -17,7 +16,6 @@ MessagePane::MessagePane(QWidget* parent) : QPlainTextEdit(parent) {
     // Files dropped here are the window's.
     setAcceptDrops(false);
     setAccessibleName(tr("Messages"));
-    takeWindowColour();
 }
 
 void MessagePane::addMessage(const QString& text) {
@@ -54,16 +52,8 @@ void MessagePane::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void MessagePane::changeEvent(QEvent* event) {
-    QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationPaletteChange) takeWindowColour();
-}
-
 void MessagePane::activate(const QTextCursor& cursor) {
     if (const int number = cursor.block().userState(); number >= 0) Q_EMIT messageActivated(number);
 }
-
-// So that text which can't be edited doesn't look disabled.
-void MessagePane::takeWindowColour() { viewport()->setBackgroundRole(QPalette::Base); }
 
 }  // namespace BrevisUI

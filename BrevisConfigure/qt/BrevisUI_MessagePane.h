@@ -26,11 +26,9 @@ Q_SIGNALS:
 protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void activate(const QTextCursor& cursor);
-    void takeWindowColour();
 
     int count_ = 0;
     PaintPace pace_;
