@@ -7,7 +7,6 @@ namespace BrevisUI {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("corvane"));
-    setApplicationDisplayName(tr("Corvane C++"));
     setApplicationVersion(QStringLiteral(CORVANE_VERSION_TEXT));
     setDesktopFileName(QStringLiteral("corvane"));
     setWindowIcon(QIcon(QStringLiteral(":/corvane/corvane.svg")));

@@ -35,6 +35,10 @@ QPixmap lampImage(bool isOn, const QPalette& palette, qreal ratio) {
 
 StatusPanes::StatusPanes(QWidget* parent)
     : QStatusBar(parent), text_(new ElidedLabel), barPane_(new QWidget), idleLamp_(nullptr), busyLamp_(nullptr) {
+    // A help text hides the pane and needs its room.
+    QSizePolicy policy = text_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    text_->setSizePolicy(policy);
     addWidget(text_, 1);
     barPane_->setLayout(new QHBoxLayout);
     barPane_->layout()->setContentsMargins(0, 0, 0, 0);
