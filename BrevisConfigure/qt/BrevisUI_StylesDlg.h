@@ -6,6 +6,7 @@
 #include <QString>
 #include <memory>
 
+#include "editor/BrevisUI_StylesDlgModel.h"
 #include "qt/BrevisUI_Dialogs.h"
 #include "settings/BrevisUI_SettingsFile.h"
 #include "store/BrevisUI_PropertySetStore.h"
@@ -17,8 +18,9 @@ class StylesDlg : public QDialog {
 
 public:
     // `settings` gives the samples, the font and the name of the scheme that was edited last, and takes that name when
-    // the dialog ends with OK; the caller saves the file. `settings` and `dialogs` must outlive the dialog.
-    StylesDlg(PropertySetStore store, SettingsFile& settings, Dialogs& dialogs, QWidget* parent = nullptr);
+    // the dialog ends with OK; the caller saves the file. All references must outlive the dialog.
+    StylesDlg(PropertySetStore store, SettingsFile& settings, EditorMemory& memory, Dialogs& dialogs,
+              QWidget* parent = nullptr);
     ~StylesDlg() override;
 
     // What the user made of the store; of use after exec() has given QDialog::Accepted.
