@@ -10,10 +10,14 @@ class BodyBasePage : public StylesBasePage {
 public:
     using StylesBasePage::StylesBasePage;
 
-    std::string_view wsBeforeOpenKey() const;
-    std::string_view wsAfterOpenKey() const;
-    std::string_view wsBeforeCloseKey() const;
-    std::string_view indentKey() const;
+    std::string_view wsBeforeOpenKey() const { return twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE"); }
+    std::string_view wsAfterOpenKey() const { return twinOf("GLOBAL_WS_AFTER_OPEN_BRACE"); }
+    std::string_view wsBeforeCloseKey() const { return twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE"); }
+    std::string_view indentKey() const { return twinOf("GLOBAL_INDENT_CONTENT"); }
+
+protected:
+    // The key that takes the value of a key of the global settings; empty if the page has none.
+    std::string_view twinOf(std::string_view globalKey) const;
 };
 
 }  // namespace BrevisUI

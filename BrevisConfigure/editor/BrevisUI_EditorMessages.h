@@ -21,4 +21,9 @@ inline constexpr std::string_view askSaveBuiltIn =
 inline constexpr std::string_view leftAsIs = "Code will be left as is";
 inline constexpr std::string_view noPreview = "No Preview Available";
 
+// The subject is the path of a scheme file. What is wrong with its lines follows the first two.
+inline constexpr std::string_view notImported = "The scheme file \"%s\" cannot be read.";
+inline constexpr std::string_view importedInPart = "Some lines of the scheme file \"%s\" are left out.";
+inline constexpr std::string_view notExported = "The scheme file \"%s\" cannot be written.";
+
 }  // namespace BrevisUI::EditorMessage

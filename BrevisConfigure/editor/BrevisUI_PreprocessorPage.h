@@ -15,10 +15,11 @@ class PreprocessorPage : public StylesBasePage {
 public:
     explicit PreprocessorPage(StylesSheet& sheet);
 
-    void exchangeProperties(bool isStoring) override;
-
 private:
+    void load() override;
+    void store() override;
     void refreshFields() override {}
+    std::string_view fieldKey(std::string_view key) const override;
 };
 
 }  // namespace BrevisUI

@@ -70,9 +70,9 @@ public:
     ChangeResult setBack(std::string_view key);
 
     // ---- For the sheet
-    // With `isStoring` the values of the fields go into the scheme, otherwise the other way, where a property that is
-    // missing gets its page default and marks the scheme as modified.
-    virtual void exchangeProperties(bool isStoring);
+    // With `isStoring` the values of the fields go into the scheme, otherwise the other way. Of a page that isn't
+    // switched off, a property of its own that the scheme lacks gets its page default there, which is a change.
+    void exchangeProperties(bool isStoring);
     // Copies global values that differ from this page's own into the scheme, if the page follows them.
     void applyGlobals();
     // The first field with a refused text.
@@ -81,34 +81,36 @@ public:
     void keepAsUnchanged();
 
 protected:
-    PageField* findField(std::string_view key);
     Brevis::PropertySet& scheme();
-    bool isSwitchedOff() const;
-    bool followsGlobals() const;
-
-    void loadField(PageField& field);
-    void storeField(PageField& field);
     void markModified();
+
+    virtual void load();
+    virtual void store();
     // Labels and enabled states after the values have changed.
     virtual void refreshFields();
+    // The key of the field that shows a property.
+    virtual std::string_view fieldKey(std::string_view key) const { return key; }
 
     std::vector<PageField> fields_;
 
 private:
     std::string_view keyOf(Brevis::PropertyRole role) const;
-    bool isTrue(const Brevis::PropertyCondition& condition) const;
-    bool isEnabled(const PageField& field) const;
-    void refreshLabel(PageField& field);
-    bool isClear(const PageField& field) const;
-    void load();
-    void store();
-    void eraseAll();
+    bool isChecked(Brevis::PropertyRole role) const;
+    bool isSwitchedOff() const { return isChecked(Brevis::PropertyRole::DoNotFormat); }
+    bool followsGlobals() const { return isChecked(Brevis::PropertyRole::UseGlobal); }
+    bool meetsConditions(const PageField& field) const;
+    bool isUsable(const PageField& field) const;
+    std::string_view labelOf(const PageField& field) const;
+    std::string globalValueOf(const PageField& field);
+    void storeSwitchedOff();
+    void storeField(PageField& field);
+    void copyGlobal(PageField& field);
     PageField& fieldToChange(std::string_view key, FieldKind kind);
     ChangeResult changed();
 
     StylesSheet& sheet_;
     const PageInfo& info_;
-    std::vector<FieldValue> unchanged_;
+    std::vector<FieldValue> unchanged_;  // in the order of the fields
 };
 
 }  // namespace BrevisUI

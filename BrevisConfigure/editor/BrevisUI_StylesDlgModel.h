@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,7 +46,7 @@ public:
     // Empty if there is no scheme any more.
     const std::string& currentName() const { return currentName_; }
     bool hasCurrent() const { return store_.count(currentName_) > 0; }
-    bool isCurrentBuiltIn() const;
+    bool isCurrentBuiltIn() const { return isBuiltIn(currentName_); }
 
     // Each of these may leave another scheme current and other rows in the chooser.
 
@@ -54,8 +55,10 @@ public:
     // False if the user has cancelled it.
     bool saveAs();
     void deleteCurrent();
-    // Reads a scheme file, brings an old one up to date, asks for another name where the store has the scheme's name,
-    // and makes it current. False if the file is no scheme, which the user is told, or if the user has cancelled it.
+    // Reads a scheme file, brings an old one up to date, asks for a name where the scheme has none or that of another
+    // in the store, which is then replaced if the user stays with it, and makes the scheme current. Unsaved changes of
+    // the current one are lost. False if the file is no scheme, which the user is told, or if the user has cancelled
+    // it.
     bool importScheme(const std::string& path);
     // Writes the working copy to a file under the current name. False if it can't be written, which the user is told.
     bool exportScheme(const std::string& path);
@@ -76,13 +79,15 @@ private:
     void start();
     void makeCurrent(std::string_view name);
     void makeFirstCurrent();
-    std::string proposedName() const;
-    bool isNameTaken(std::string_view name) const;
+    bool isBuiltIn(std::string_view name) const;
+    // Why a scheme can't be saved under a name; empty if it can.
     std::string_view faultOf(std::string_view name) const;
+    // Asks until the name will do or the user cancels it.
     std::optional<std::string> askName(std::string proposal);
-    bool saveBuiltIn(bool& isStaying);
-    void saveCurrent();
+    // In the place of the scheme that has the name.
     void insertAs(Brevis::PropertySet scheme, const std::string& name);
+    // False if the user is to stay in the dialog.
+    bool saveChanges();
 
     PropertySetStore store_;
     SettingsFile& settings_;

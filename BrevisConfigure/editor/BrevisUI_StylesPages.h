@@ -1,5 +1,5 @@
-// The pages by their names. A page is its rows in the table of pages and in the catalogue; only that of the directives
-// has code of its own.
+// The pages by their names. A page is its row in the table of pages and its rows in the catalogue; only that of the
+// directives has rules of its own.
 #pragma once
 
 #include <memory>
@@ -23,11 +23,18 @@ using NamespacesPage = StylesPage<Brevis::PropertyPage::Namespaces, BodyBasePage
 using FunctionsPage = StylesPage<Brevis::PropertyPage::Functions, BodyBasePage>;
 using MemberInitsPage = StylesPage<Brevis::PropertyPage::MemberInits, StylesBasePage>;
 using DataPage = StylesPage<Brevis::PropertyPage::Data, BodyBasePage>;
-using ControlStatementsPage = StylesPage<Brevis::PropertyPage::ControlStatements, BodyBasePage>;
 using ExpressionsPage = StylesPage<Brevis::PropertyPage::Expressions, StylesBasePage>;
 using PointersRefsPage = StylesPage<Brevis::PropertyPage::PointersRefs, StylesBasePage>;
 using TemplatesPage = StylesPage<Brevis::PropertyPage::Templates, StylesBasePage>;
 using LineWrappingPage = StylesPage<Brevis::PropertyPage::LineWrapping, StylesBasePage>;
+
+class ControlStatementsPage : public StylesPage<Brevis::PropertyPage::ControlStatements, BodyBasePage> {
+public:
+    using StylesPage::StylesPage;
+
+    std::string_view wsAfterOpenParenKey() const { return twinOf("GLOBAL_WS_AFTER_OPEN_PAREN"); }
+    std::string_view wsBeforeCloseParenKey() const { return twinOf("GLOBAL_WS_BEFORE_CLOSE_PAREN"); }
+};
 
 // All pages in the order of their tabs.
 std::vector<std::unique_ptr<StylesBasePage>> makePages(StylesSheet& sheet);

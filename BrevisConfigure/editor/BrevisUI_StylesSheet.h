@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "editor/BrevisUI_StylesBasePage.h"
@@ -44,16 +47,19 @@ public:
     void setScheme(const Brevis::PropertySet& scheme);
     // Has all pages store their values. A refused text in one of them comes back, and nothing is stored then.
     ChangeResult fetchScheme();
-    // The scheme has been saved as it is: it gets the name, and no change counts any more.
+    // The scheme has been saved as it is now under this name: the values of the fields count as unchanged, and
+    // `isModified` stays as it was.
     void schemeSaved(std::string name);
 
 private:
     friend class StylesBasePage;
-    class Change;
-    enum class Told { Nothing, Fields };
 
     // ---- For the pages
-    void pageModified(const StylesBasePage& page);
+    // Runs a change, or a part of one, and tells the listener at the end of the outermost one.
+    void inOneChange(const std::function<void()>& work);
+    // The same, while no page follows what another stores.
+    void inBulk(const std::function<void()>& work);
+    void pageModified();
     void pageShows(const StylesBasePage& page);
     void pageStored(const StylesBasePage& page);
     void tell();
