@@ -38,6 +38,7 @@ set(layers
   "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/files ${host}/projects"
   "${host}/store: ${front} ${scheme} ${host}"
   "${host}/settings: ${front} ${scheme} ${host}"
+  "${host}/qt: ${front} ${engine} ${engine_folders} ${host} ${host_folders}"
   "Console: ${front} ${engine} ${engine_folders} ${host} ${host_folders}")
 
 # Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed
