@@ -13,7 +13,6 @@
 
 #include "BrevisUI_Encoding.h"
 #include "BrevisUI_Files.h"
-#include "batch/BrevisUI_BatchMessages.h"
 #include "editor/BrevisUI_Preview.h"
 #include "editor/BrevisUI_TextMoves.h"
 #include "qt/BrevisUI_CodeView.h"
@@ -188,7 +187,8 @@ void PreviewPane::show(const std::string& before, const std::string& after, bool
 void PreviewPane::forgetMoves() { lastAfter_.clear(); }
 
 void PreviewPane::chooseOwnFile() {
-    const FileChoice choice{.filter = std::string(Filter::sources), .laterFilter = "", .directory = ""};
+    const FileChoice choice{
+        .filter = "C++ Source Files|*.c;*.cc;*.cpp;*.cxx;*.h;*.hh;*.hpp;*.hxx||", .laterFilter = "", .directory = ""};
     const std::vector<std::string> paths = dialogs_.chooseFiles(this, choice);
     if (!paths.empty()) showOwnFile(paths.front());
 }

@@ -5,6 +5,7 @@
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QStandardItemModel>
+#include <algorithm>
 
 #include "editor/BrevisUI_PageTable.h"
 #include "qt/BrevisUI_Translated.h"
@@ -55,7 +56,9 @@ void PropertySearchField::find(const QString& query) {
     }
 }
 
-void PropertySearchField::choose(int row) {
+// The row that stands out in the list, or else the first one.
+void PropertySearchField::choose() {
+    const int row = list_->popup()->isVisible() ? std::max(list_->popup()->currentIndex().row(), 0) : 0;
     list_->popup()->hide();
     Q_EMIT chosen(found_->index(row, 0).data(keyRole).toString());
 }
@@ -63,7 +66,7 @@ void PropertySearchField::choose(int row) {
 void PropertySearchField::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && !text().isEmpty()) {
-        if (found_->rowCount() > 0) choose(0);
+        if (found_->rowCount() > 0) choose();
     } else if (event->key() == Qt::Key_Escape && !text().isEmpty()) {
         clear();
         found_->clear();

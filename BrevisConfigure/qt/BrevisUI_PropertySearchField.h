@@ -22,12 +22,13 @@ Q_SIGNALS:
     void chosen(const QString& key);
 
 protected:
-    // Enter goes to the first find, and Escape empties the field; only then do they mean the dialog.
+    // Enter goes to the find that stands out in the list, or the first, and Escape empties the field; only then do they
+    // mean the dialog.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void find(const QString& query);
-    void choose(int row);
+    void choose();
 
     HelpOf helpOf_;
     QStandardItemModel* found_;
