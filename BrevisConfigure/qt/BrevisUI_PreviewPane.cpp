@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "BrevisUI_Encoding.h"
 #include "BrevisUI_Files.h"
 #include "editor/BrevisUI_Preview.h"
 #include "editor/BrevisUI_TextMoves.h"
@@ -71,16 +70,6 @@ std::vector<CodeView::Stretch> marksOf(Characters& characters, const std::vector
         marks.push_back({begin, endOfMark(characters.text(), characters.at(range.end)) - begin});
     }
     return marks;
-}
-
-// The text of a file as an editor shows it: without a byte order mark, and with line feeds alone.
-std::string plainText(std::string_view text) {
-    std::string plain;
-    for (const char c : text.substr(byteOrderMarkOf(text).size())) {
-        if (c == '\n' && !plain.empty() && plain.back() == '\r') plain.pop_back();
-        plain += c;
-    }
-    return plain;
 }
 
 }  // namespace
@@ -156,9 +145,9 @@ void PreviewPane::redraw() {
 }
 
 void PreviewPane::redrawOwnFile() {
-    const OwnTextPreview preview = previewOfOwnText(ownFile_->text, model_.sheet().scheme());
+    const OwnTextPreview preview = previewOfOwnText(ownFile_->path, ownFile_->text, model_.sheet().scheme());
     showTabSize(preview.tabSize);
-    show(ownFile_->text, preview.text, preview.isFormatted);
+    show(preview.given, preview.text, preview.isFormatted);
     if (preview.isFormatted) {
         status_->setText(tr("This scheme changes %1 of %2 lines.").arg(preview.changedLines).arg(preview.lines));
     } else {
@@ -195,12 +184,11 @@ void PreviewPane::chooseOwnFile() {
 
 void PreviewPane::showOwnFile(const std::string& path) {
     std::string text;
-    if (!readFile(path, text) || encodingOf(text) != Encoding::Bytes) {
-        dialogs_.tell(this, Dialogs::Icon::Warning,
-                      fromQt(tr("\"%1\" can't be read as source text.").arg(pathToQt(path))));
+    if (!readFile(path, text)) {
+        dialogs_.tell(this, Dialogs::Icon::Warning, fromQt(tr("The file \"%1\" can't be read.").arg(pathToQt(path))));
         return;
     }
-    ownFile_ = OwnFile{path, plainText(text)};
+    ownFile_ = OwnFile{path, std::move(text)};
     source_->setText(QFileInfo(pathToQt(path)).fileName());
     source_->setToolTip(pathToQt(path));
     sampleButton_->show();

@@ -2,6 +2,7 @@
 #include "qt/BrevisUI_StylesDlg.h"
 
 #include <QComboBox>
+#include <QLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
