@@ -11,7 +11,7 @@ list(JOIN front " " front)
 list(JOIN engine_folders " " engine_folders)
 
 set(host BrevisConfigure)
-foreach(folder disk files projects batch store settings editor)
+foreach(folder disk files projects batch store settings editor help)
   list(APPEND host_folders ${host}/${folder})
 endforeach()
 list(JOIN host_folders " " host_folders)
@@ -39,7 +39,8 @@ set(layers
   "${host}/store: ${front} ${scheme} ${host}"
   "${host}/settings: ${front} ${scheme} ${host}"
   "${host}/editor: ${front} ${engine} ${scheme} ${host} ${host}/store ${host}/settings"
-  "${host}/qt: ${front} ${engine} ${engine_folders} ${host} ${host_folders} ${host}/editor"
+  "${host}/help: ${scheme}"
+  "${host}/qt: ${front} ${engine} ${engine_folders} ${host} ${host_folders}"
   "Console: ${front} ${engine} ${engine_folders} ${host} ${host_folders}")
 
 # Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed

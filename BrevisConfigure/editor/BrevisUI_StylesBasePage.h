@@ -66,7 +66,8 @@ public:
     // ---- A single property against the scheme as it was set into the sheet
     // Whether the control holds another value than it did then.
     bool isChanged(std::string_view key) const;
-    // Changes the control back to the value that it had then, which drops a refused text too.
+    // Changes the control back to the value that it had then, which drops a refused text too. To be offered while the
+    // field is enabled: a page that is switched off or follows the global settings doesn't store the value of a field.
     ChangeResult setBack(std::string_view key);
 
     // ---- For the sheet

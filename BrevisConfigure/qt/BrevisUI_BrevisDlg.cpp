@@ -15,6 +15,7 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_MessagePlace.h"
+#include "qt/BrevisUI_HelpWindow.h"
 #include "qt/BrevisUI_MessagePane.h"
 #include "qt/BrevisUI_OptionsDlg.h"
 #include "qt/BrevisUI_StatusPanes.h"
@@ -130,7 +131,7 @@ void BrevisDlg::fillMenus() {
 
     QMenu* const help = menuBar()->addMenu(tr("&Help"));
     addRow(help, tr("&Contents"), tr("Displays the table of contents for the online documentation"),
-           QKeySequence::HelpContents, &BrevisDlg::showContents);
+           QKeySequence::HelpContents, [this] { help().openContents(); });
     addRow(help, tr("&About..."), tr("Displays the program information and copyright"), {}, &BrevisDlg::showAbout);
 }
 
@@ -179,6 +180,7 @@ void BrevisDlg::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    if (help_) help_->close();
     saveSettings();
     event->accept();
     Q_EMIT closed();
@@ -230,13 +232,24 @@ void BrevisDlg::formatGiven(const std::vector<std::string>& paths, void (BatchRu
 
 void BrevisDlg::showOptions() {
     if (isBusy()) return;
-    OptionsDlg dialog(state_, settings_, dialogs_, this);
+    OptionsDlg dialog(state_, settings_, editorMemory_, dialogs_, this);
+    connect(&dialog, &OptionsDlg::helpRequested, this, &BrevisDlg::showHelp);
     if (dialog.exec() != QDialog::Accepted) return;
     takeWindowPosition();
     if (const std::string_view warning = dialog.model().apply(state_, settings_); !warning.empty()) warn(warning);
 }
 
-void BrevisDlg::showContents() {}
+HelpWindow& BrevisDlg::help() {
+    if (!help_) {
+        helpLibrary_ = std::make_unique<HelpLibrary>();
+        help_ = std::make_unique<HelpWindow>(*helpLibrary_, &settings_);
+    }
+    return *help_;
+}
+
+void BrevisDlg::showHelp(const QString& topic) {
+    if (!help().openTopic(fromQt(topic))) help().openContents();
+}
 
 void BrevisDlg::showAbout() {
     auto* const box =

@@ -4,11 +4,14 @@
 
 #include <QMainWindow>
 #include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "batch/BrevisUI_BatchRun.h"
 #include "editor/BrevisUI_ProgramState.h"
+#include "editor/BrevisUI_StylesDlgModel.h"
+#include "help/BrevisUI_HelpLibrary.h"
 #include "projects/BrevisUI_ProjectFiles.h"
 #include "qt/BrevisUI_WindowHost.h"
 #include "settings/BrevisUI_SettingsFile.h"
@@ -18,6 +21,7 @@ class QMenu;
 
 namespace BrevisUI {
 
+class HelpWindow;
 class MessagePane;
 class StatusPanes;
 
@@ -70,18 +74,24 @@ private:
     void formatGiven(const std::vector<std::string>& paths, void (BatchRun::*command)(), bool keepMessages);
     void showOptions();
     void openMessage(int number);
-    void showContents();
+    HelpWindow& help();
+    void showHelp(const QString& topic);
     void showAbout();
 
     Dialogs& dialogs_;
     SettingsFile settings_;
     ProgramState state_;
+    EditorMemory editorMemory_;
     ProjectFiles projects_;
     std::deque<std::string> messages_;
 
     MessagePane* pane_;
     StatusPanes* status_;
     std::vector<QAction*> idleActions_;  // those that a run keeps out
+
+    // Made when they are asked for.
+    std::unique_ptr<HelpLibrary> helpLibrary_;
+    std::unique_ptr<HelpWindow> help_;
 
     WindowHost host_;
     BatchRun run_;

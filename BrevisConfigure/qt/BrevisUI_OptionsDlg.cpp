@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "qt/BrevisUI_StylesDlg.h"
 #include "qt/BrevisUI_Text.h"
 #include "settings/BrevisUI_Extensions.h"
 
@@ -27,10 +28,12 @@ int rowOfThreshold(std::uint32_t threshold) {
 
 }  // namespace
 
-OptionsDlg::OptionsDlg(const ProgramState& state, SettingsFile& settings, Dialogs& dialogs, QWidget* parent)
+OptionsDlg::OptionsDlg(const ProgramState& state, SettingsFile& settings, EditorMemory& memory, Dialogs& dialogs,
+                       QWidget* parent)
     : QDialog(parent),
       model_(state),
       settings_(settings),
+      memory_(memory),
       dialogs_(dialogs),
       scheme_(new QComboBox),
       extensions_(new QLineEdit(toQt(model_.extensions))),
@@ -39,6 +42,8 @@ OptionsDlg::OptionsDlg(const ProgramState& state, SettingsFile& settings, Dialog
       backupExtension_(new QLineEdit(toQt(model_.backupExtension))),
       threshold_(new QComboBox) {
     setWindowTitle(tr("Corvane C++ Options"));
+    // The help can be read beside it.
+    setWindowModality(Qt::WindowModal);
     fillSchemes();
     createBackups_->setChecked(model_.createBackups);
     for (const std::string_view label : thresholdLabels) threshold_->addItem(toQt(label));
@@ -114,7 +119,18 @@ void OptionsDlg::fetchControls() {
     model_.backupExtension = fromQt(backupExtension_->text());
 }
 
-void OptionsDlg::manageSchemes() { fetchControls(); }
+void OptionsDlg::manageSchemes() {
+    fetchControls();
+    StylesDlg editor(model_.store(), settings_, memory_, dialogs_, this);
+    editor.setWindowModality(Qt::WindowModal);
+    connect(&editor, &StylesDlg::helpRequested, this, &OptionsDlg::helpRequested);
+    if (editor.exec() != QDialog::Accepted) return;
+    model_.takeStore(editor.store());
+    fillSchemes();
+    if (const std::string_view warning = settings_.save(); !warning.empty()) {
+        dialogs_.tell(this, Dialogs::Icon::Warning, warning);
+    }
+}
 
 void OptionsDlg::accept() {
     fetchControls();

@@ -4,6 +4,7 @@
 #include <QDialog>
 
 #include "editor/BrevisUI_OptionsModel.h"
+#include "editor/BrevisUI_StylesDlgModel.h"
 #include "qt/BrevisUI_Dialogs.h"
 
 class QCheckBox;
@@ -18,8 +19,9 @@ class OptionsDlg : public QDialog {
     Q_OBJECT
 
 public:
-    // `settings` is for the scheme editor. It and `dialogs` must outlive the dialog.
-    OptionsDlg(const ProgramState& state, SettingsFile& settings, Dialogs& dialogs, QWidget* parent = nullptr);
+    // `settings` and `memory` are for the scheme editor. These and `dialogs` must outlive the dialog.
+    OptionsDlg(const ProgramState& state, SettingsFile& settings, EditorMemory& memory, Dialogs& dialogs,
+               QWidget* parent = nullptr);
 
     // What was entered; of use after exec() has given QDialog::Accepted.
     const OptionsModel& model() const { return model_; }
@@ -41,6 +43,7 @@ private:
 
     OptionsModel model_;
     SettingsFile& settings_;
+    EditorMemory& memory_;
     Dialogs& dialogs_;
 
     QComboBox* scheme_;
