@@ -1,5 +1,5 @@
-// The small dialogs of the system that windows ask for: boxes, questions and the choice of files. An interface, so that
-// a test can answer them.
+// What windows ask of the system around them: boxes, questions, the choice of files, and an editor. An interface, so
+// that a test can answer them.
 #pragma once
 
 #include <optional>
@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "BrevisUI_MessagePlace.h"
 #include "batch/BrevisUI_BatchHost.h"
 
 class QWidget;
@@ -35,6 +36,10 @@ public:
     // `filter` has the form of that of a FileChoice.
     virtual std::optional<std::string> chooseNewFile(QWidget* parent, std::string_view filter,
                                                      const std::string& path) = 0;
+
+    // Shows the file or directory at the place. `editor` is the user's command for it, in the form of editorCommand;
+    // it may be empty.
+    virtual void openInEditor(QWidget* parent, const MessagePlace& place, const std::string& editor) = 0;
 };
 
 }  // namespace BrevisUI

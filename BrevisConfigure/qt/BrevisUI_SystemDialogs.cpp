@@ -1,10 +1,15 @@
-// Boxes and file dialogs.
+// Boxes, file dialogs and the start of an editor.
 #include "qt/BrevisUI_SystemDialogs.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProcess>
+#include <QUrl>
 
+#include "BrevisUI_EditorCommand.h"
+#include "BrevisUI_Files.h"
 #include "qt/BrevisUI_Text.h"
 
 namespace BrevisUI {
@@ -93,6 +98,19 @@ std::optional<std::string> SystemDialogs::chooseNewFile(QWidget* parent, std::st
     const QString chosen =
         QFileDialog::getSaveFileName(parent, QString(), pathToQt(path), filterRows(filter).join(QLatin1String(";;")));
     return chosen.isEmpty() ? std::nullopt : std::optional(pathFromQt(chosen));
+}
+
+void SystemDialogs::openInEditor(QWidget* /*parent*/, const MessagePlace& place, const std::string& editor) {
+    if (!isDirectory(place.path)) {
+        QByteArray environment = qgetenv("VISUAL");
+        if (environment.isEmpty()) environment = qgetenv("EDITOR");
+        QStringList words;
+        for (const std::string& word : editorCommand(editor, environment.toStdString(), place)) {
+            words.append(pathToQt(word));
+        }
+        if (!words.isEmpty() && QProcess::startDetached(words.takeFirst(), words)) return;
+    }
+    QDesktopServices::openUrl(QUrl::fromLocalFile(pathToQt(place.path)));
 }
 
 }  // namespace BrevisUI

@@ -17,6 +17,7 @@ public:
                                             const std::string& directory) override;
     std::optional<std::string> chooseNewFile(QWidget* parent, std::string_view filter,
                                              const std::string& path) override;
+    void openInEditor(QWidget* parent, const MessagePlace& place, const std::string& editor) override;
 };
 
 // The rows of a filter in the form of BrevisUI::Filter, as the toolkit wants them: "C++ Source Files (*.c *.h)".
