@@ -20,6 +20,11 @@ namespace {
 
 QString valueText(const std::optional<std::string>& value) { return value ? toQt(*value) : QStringLiteral("\u2013"); }
 
+QString withoutColon(std::string_view label) {
+    const std::size_t end = label.find_last_not_of(" :");
+    return toQt(label.substr(0, end + 1));
+}
+
 // Also those that are equal.
 std::vector<PropertyDifference> allProperties(const Brevis::PropertySet& first, const Brevis::PropertySet& second) {
     std::vector<PropertyDifference> rows = compareSchemes(first, {});
@@ -98,7 +103,7 @@ void CompareDlg::compare() {
     const bool isAll = showsAll_->isChecked();
     for (const PropertyDifference& row : isAll ? allProperties(first, second) : compareSchemes(first, second)) {
         auto* item = new QTreeWidgetItem(
-            rows_, {toQt(row.page), bareLabel(row.label), valueText(row.first), valueText(row.second), toQt(row.key)});
+            rows_, {toQt(row.page), withoutColon(row.label), valueText(row.first), valueText(row.second), toQt(row.key)});
         if (row.first == row.second) continue;
         ++differing;
         QFont bold = font();
