@@ -11,6 +11,13 @@ struct Entity {
 
 constexpr Entity entities[] = {{"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}};
 
+// Whether a tag stands inside a sentence, so that it parts no words.
+bool isInline(std::string_view html) {
+    const std::size_t start = html.starts_with("</") ? 2 : 1;
+    const std::string_view name = html.substr(start, html.find_first_of(" >") - start);
+    return name == "b" || name == "i" || name == "a" || name == "code";
+}
+
 }  // namespace
 
 std::string toHtml(std::string_view text) {
@@ -35,7 +42,7 @@ std::string toPlainText(std::string_view html) {
         std::string_view plain = html.substr(0, 1);
         if (html.front() == '<') {
             length = html.find('>') + 1;
-            plain = " ";
+            plain = isInline(html) ? "" : " ";
         }
         for (const Entity& entity : entities) {
             if (html.starts_with(entity.name)) {

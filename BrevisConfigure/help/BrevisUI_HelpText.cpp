@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "help/BrevisUI_HelpMarkup.h"
 #include "help/BrevisUI_HelpReader.h"
@@ -86,6 +87,20 @@ std::string valueText(const PropertyInfo& row, const Brevis::PropertySet& scheme
     return text.empty() ? "empty" : "<code>" + toHtml(fieldText(text)) + "</code>";
 }
 
+constexpr std::string_view headingStart = "<tr><th align=\"left\">", headingEnd = "</th></tr>\n";
+// Two examples side by side may have this many columns together; wider ones would not fit a window of the usual size.
+constexpr std::size_t sideBySide = 62;
+
+std::size_t widthOf(std::string_view code) {
+    std::size_t widest = 0;
+    while (!code.empty()) {
+        const std::size_t end = std::min(code.find('\n'), code.size());
+        widest = std::max(widest, end);
+        code.remove_prefix(std::min(code.size(), end + 1));
+    }
+    return widest;
+}
+
 // Code in a table cell. A tab shows as an arrow, for else it would be seen as blanks.
 std::string codeCell(std::string_view code) {
     std::string text;
@@ -96,7 +111,24 @@ std::string codeCell(std::string_view code) {
         else
             text.push_back(character);
     }
-    return "<td class=\"code\" width=\"50%\"><pre>" + toHtml(text) + "</pre></td>";
+    return "<td class=\"code\"><pre>" + toHtml(text) + "</pre></td>";
+}
+
+std::string beforeAndAfter(const HelpExample& example) {
+    const std::string before = codeCell(example.before), after = codeCell(example.after);
+    std::string html = "<table width=\"100%\" cellspacing=\"2\" cellpadding=\"6\">";
+    if (widthOf(example.before) + widthOf(example.after) <= sideBySide) {
+        html.append(
+            "<tr><th align=\"left\" width=\"50%\">Before</th><th align=\"left\" width=\"50%\">After</th></tr>\n");
+        html.append("<tr>" + before + after + "</tr>");
+    } else {
+        for (const auto& [heading, cell] : {std::pair("Before", &before), std::pair("After", &after)}) {
+            html.append(headingStart).append(heading).append(headingEnd).append("<tr>" + *cell + "</tr>\n");
+        }
+    }
+    html.append("</table>\n");
+    const bool hasTab = (example.before + example.after).find('\t') != std::string::npos;
+    return hasTab ? html.append("<p class=\"settings\">An arrow stands for a tab.</p>\n") : html;
 }
 
 std::string paragraphs(const PropertyHelp& property) {
@@ -141,9 +173,7 @@ std::string HelpText::examples(const PropertyHelp& property) const {
     std::string html;
     for (const HelpExample& example : property.examples) {
         html.append("<p class=\"settings\">" + settings(property, example) + ":</p>\n");
-        html.append("<table width=\"100%\" cellspacing=\"2\" cellpadding=\"6\">");
-        html.append("<tr><th align=\"left\">Before</th><th align=\"left\">After</th></tr>\n<tr>");
-        html.append(codeCell(example.before) + codeCell(example.after) + "</tr></table>\n");
+        html.append(beforeAndAfter(example));
     }
     return html;
 }

@@ -20,6 +20,11 @@ namespace {
 
 QString valueText(const std::optional<std::string>& value) { return value ? toQt(*value) : QStringLiteral("\u2013"); }
 
+QString withoutColon(std::string_view label) {
+    const std::size_t end = label.find_last_not_of(" :");
+    return toQt(label.substr(0, end + 1));
+}
+
 // Also those that are equal.
 std::vector<PropertyDifference> allProperties(const Brevis::PropertySet& first, const Brevis::PropertySet& second) {
     std::vector<PropertyDifference> rows = compareSchemes(first, {});
@@ -85,27 +90,27 @@ CompareDlg::CompareDlg(const StylesDlgModel& model, QWidget* parent)
     connect(showsAll_, &QCheckBox::toggled, this, &CompareDlg::compare);
     compare();
     rows_->header()->resizeSections(QHeaderView::ResizeToContents);
-    constexpr int columns = 110, lines = 30;
+    constexpr int columns = 150, lines = 30;
     resize(fontMetrics().averageCharWidth() * columns, fontMetrics().lineSpacing() * lines);
 }
 
 void CompareDlg::compare() {
     const std::string names[] = {fromQt(first_->currentText()), fromQt(second_->currentText())};
     rows_->clear();
-    rows_->setHeaderLabels({tr("Page"), tr("Property"), tr("Key"), toQt(names[0]), toQt(names[1])});
+    rows_->setHeaderLabels({tr("Page"), tr("Property"), toQt(names[0]), toQt(names[1]), tr("Key")});
     int differing = 0;
     const Brevis::PropertySet first = model_.shownScheme(names[0]), second = model_.shownScheme(names[1]);
     const bool isAll = showsAll_->isChecked();
     for (const PropertyDifference& row : isAll ? allProperties(first, second) : compareSchemes(first, second)) {
         auto* item = new QTreeWidgetItem(
-            rows_, {toQt(row.page), toQt(row.label), toQt(row.key), valueText(row.first), valueText(row.second)});
+            rows_, {toQt(row.page), withoutColon(row.label), valueText(row.first), valueText(row.second), toQt(row.key)});
         if (row.first == row.second) continue;
         ++differing;
         QFont bold = font();
         bold.setBold(true);
-        for (const int column : {3, 4}) item->setFont(column, isAll ? bold : font());
+        for (const int column : {2, 3}) item->setFont(column, isAll ? bold : font());
     }
-    count_->setText(tr("%n value(s) differ.", nullptr, differing));
+    count_->setText(differing == 1 ? tr("1 value differs.") : tr("%1 values differ.").arg(differing));
 }
 
 }  // namespace BrevisUI

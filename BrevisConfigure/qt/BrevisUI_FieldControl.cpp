@@ -239,11 +239,7 @@ void FieldControl::setParts(QLabel* label, QWidget* editor, QWidget* focus) {
     setBackButton_->setObjectName(name + QLatin1String(".back"));
 }
 
-QString FieldControl::labelText() const {
-    QString text = translatedPlain(field_.label).trimmed();
-    while (text.endsWith(u':') || text.endsWith(u' ')) text.chop(1);
-    return text;
-}
+QString FieldControl::labelText() const { return bareLabel(field_.label); }
 
 void FieldControl::refresh() {
     showLabel();

@@ -49,7 +49,7 @@ void HelpBrowser::followPalette() {
     const QPalette& colours = palette();
     const QColor base = colours.color(QPalette::Base), text = colours.color(QPalette::Text);
     const QString sheet = QStringLiteral(
-        "td.code { background-color: %1; }"
+        "td.code, pre { background-color: %1; }"
         "th { color: %2; font-weight: normal; }"
         "p.key, p.settings { color: %2; }"
         "a { color: %3; text-decoration: none; }"

@@ -18,6 +18,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <sstream>
 
@@ -30,7 +31,7 @@ namespace {
 
 constexpr int topicRole = Qt::UserRole;
 constexpr std::string_view sizeName = "HelpWindowSize";  // width, height and width of the side, between blanks
-constexpr QSize usualSize(900, 640), leastSize(480, 320);
+constexpr QSize usualSize(1000, 700), leastSize(480, 320);
 constexpr int usualSide = 270;
 
 std::string topicOf(const QTreeWidgetItem& item) { return fromQt(item.data(0, topicRole).toString()); }
@@ -93,17 +94,18 @@ std::string HelpWindow::page() const { return browser_->page(); }
 QWidget* HelpWindow::makeToolBar() {
     auto* bar = new QToolBar;
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const auto add = [&](QStyle::StandardPixmap icon, const QString& text, const QKeySequence& keys) {
-        QAction* action = bar->addAction(style()->standardIcon(icon), text);
+    const auto add = [&](const QIcon& icon, const QString& text, const QKeySequence& keys) {
+        QAction* action = bar->addAction(icon, text);
         action->setShortcut(keys);
         action->setToolTip(tr("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
         return action;
     };
-    QAction* back = add(QStyle::SP_ArrowBack, tr("Back"), QKeySequence(Qt::ALT | Qt::Key_Left));
-    QAction* forward = add(QStyle::SP_ArrowForward, tr("Forward"), QKeySequence(Qt::ALT | Qt::Key_Right));
-    QAction* home = add(QStyle::SP_DirHomeIcon, tr("Start"), QKeySequence(Qt::ALT | Qt::Key_Home));
+    QAction* back = add(style()->standardIcon(QStyle::SP_ArrowBack), tr("Back"), QKeySequence(Qt::ALT | Qt::Key_Left));
+    QAction* forward =
+        add(style()->standardIcon(QStyle::SP_ArrowForward), tr("Forward"), QKeySequence(Qt::ALT | Qt::Key_Right));
+    QAction* home = add({}, tr("Start"), QKeySequence(Qt::ALT | Qt::Key_Home));
     bar->addSeparator();
-    QAction* find = add(QStyle::SP_FileDialogContentsView, tr("Find in page"), QKeySequence(Qt::CTRL | Qt::Key_F));
+    QAction* find = add({}, tr("Find in page"), QKeySequence(Qt::CTRL | Qt::Key_F));
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(back, &QAction::triggered, browser_, &QTextBrowser::backward);
@@ -125,6 +127,8 @@ QWidget* HelpWindow::makeSide() {
     contents_->setAccessibleName(tr("Contents"));
     hits_->setAccessibleName(tr("Pages found"));
     hits_->setWordWrap(true);
+    hits_->setAlternatingRowColors(true);
+    hits_->setSpacing(2);
     hits_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     side_->addWidget(contents_);
     side_->addWidget(hits_);
@@ -286,7 +290,8 @@ void HelpWindow::restoreSize() {
     }
     const QSize room = screen()->availableSize();
     resize(QSize(values[0], values[1]).expandedTo(leastSize).boundedTo(room));
-    splitter_->setSizes({values[2], width() - values[2]});
+    const int side = std::min(values[2], width() * 2 / 5);
+    splitter_->setSizes({side, width() - side});
 }
 
 void HelpWindow::keepSize() {

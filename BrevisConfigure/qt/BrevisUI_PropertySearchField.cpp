@@ -16,12 +16,18 @@ namespace {
 
 constexpr int keyRole = Qt::UserRole;
 
-// "Enums: Before body open". The group helps where a page has a label twice.
+bool isTwiceOnPage(const Brevis::PropertyInfo& property) {
+    return std::count_if(
+               std::begin(Brevis::Catalogue::properties), std::end(Brevis::Catalogue::properties),
+               [&](const auto& other) { return other.page == property.page && other.label == property.label; }) > 1;
+}
+
+// "Enums: Before body open", with the group where the page has the label twice.
 QString rowText(const FoundProperty& found) {
-    QString label = translatedPlain(found.property->label).trimmed();
-    if (label.endsWith(u':')) label.chop(1);
-    const std::string_view page = pageTable[found.tab].title;
-    return QStringLiteral("%1: %2").arg(translatedPlain(page), label);
+    const QString page = translatedPlain(pageTable[found.tab].title);
+    const QString label = bareLabel(found.property->label);
+    if (!isTwiceOnPage(*found.property)) return QStringLiteral("%1: %2").arg(page, label);
+    return QStringLiteral("%1: %2 (%3)").arg(page, label, translatedPlain(found.property->group));
 }
 
 }  // namespace

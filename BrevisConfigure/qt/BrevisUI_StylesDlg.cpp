@@ -2,8 +2,8 @@
 #include "qt/BrevisUI_StylesDlg.h"
 
 #include <QComboBox>
-#include <QLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
@@ -138,6 +138,9 @@ void StylesDlg::showPreview(bool isShown) {
     if (isShown) preview_->redraw();
     preview_->setVisible(isShown);
     if (wasShown == isShown || isMaximized() || isFullScreen()) return;
+    // The least width follows at once, not with the next events.
+    splitter_->refresh();
+    layout()->invalidate();
     layout()->activate();
     resize(this->width() + (isShown ? width + handle : width), height());
 }

@@ -61,6 +61,7 @@ private:
     QLayout* makeChooserRow();
     QWidget* makeSheet();
     void addPage(StylesBasePage& page);
+    std::string wordsOfHelp(std::string_view key) const;
     QLayout* makeButtonRow();
     void addShortcuts();
 

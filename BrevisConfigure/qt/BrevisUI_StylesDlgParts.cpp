@@ -105,7 +105,7 @@ QLayout* StylesDlg::makeChooserRow() {
 
 QWidget* StylesDlg::makeSheet() {
     auto* sheet = new QWidget(this);
-    auto* find = new PropertySearchField([this](std::string_view key) { return help_.whatsThis(key); }, sheet);
+    auto* find = new PropertySearchField([this](std::string_view key) { return wordsOfHelp(key); }, sheet);
     find->setObjectName(QStringLiteral("find"));
     auto* findLabel = new QLabel(tr("Fi&nd:"), sheet);
     findLabel->setBuddy(find);
@@ -116,6 +116,12 @@ QWidget* StylesDlg::makeSheet() {
     tabs_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
     stack_ = new QStackedWidget(sheet);
     for (const auto& page : model_.sheet().pages()) addPage(*page);
+    tabs_->setSpacing(tabs_->fontMetrics().height() / 8);
+    // A page with changes stands in bold letters, which must not widen the list.
+    QFont bold = tabs_->font();
+    bold.setBold(true);
+    for (int tab = 0; tab < tabs_->count(); ++tab) tabs_->item(tab)->setFont(bold);
+    tabs_->setMinimumWidth(tabs_->sizeHint().width());
 
     auto* findRow = new QHBoxLayout;
     findRow->addWidget(findLabel);
@@ -124,7 +130,8 @@ QWidget* StylesDlg::makeSheet() {
     panes->addWidget(tabs_);
     panes->addWidget(stack_, 1);
     auto* column = new QVBoxLayout(sheet);
-    column->setContentsMargins(0, 0, 0, 0);
+    // Room between the pages and the preview.
+    column->setContentsMargins(0, 0, findRow->spacing(), 0);
     column->addLayout(findRow);
     column->addLayout(panes, 1);
     connect(tabs_, &QListWidget::currentRowChanged, this, [this](int row) { showPage(static_cast<std::size_t>(row)); });
@@ -134,6 +141,15 @@ QWidget* StylesDlg::makeSheet() {
         find->selectAll();
     });
     return sheet;
+}
+
+// Without the examples, whose code has words of its own.
+std::string StylesDlg::wordsOfHelp(std::string_view key) const {
+    const PropertyHelp* help = help_.find(key);
+    if (!help) return {};
+    std::string words = help->title + '\n' + help->shortText;
+    for (const std::string& paragraph : help->paragraphs) words += '\n' + paragraph;
+    return words;
 }
 
 void StylesDlg::addPage(StylesBasePage& page) {

@@ -67,6 +67,19 @@ void StylesPageView::addRow(QGridLayout* grid, FieldControl* control) {
 
 void StylesPageView::refresh() {
     for (FieldControl* control : controls_) control->refresh();
+    alignEditors();
+}
+
+// The editors of all groups begin in one line.
+void StylesPageView::alignEditors() {
+    int width = 0;
+    for (const FieldControl* control : controls_) {
+        if (control->label() && !control->label()->isHidden())
+            width = std::max(width, control->label()->sizeHint().width());
+    }
+    for (const FieldControl* control : controls_) {
+        if (control->label()) control->label()->setMinimumWidth(width);
+    }
 }
 
 FieldControl* StylesPageView::control(std::string_view key) const {

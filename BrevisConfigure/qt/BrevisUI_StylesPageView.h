@@ -44,6 +44,7 @@ Q_SIGNALS:
 private:
     void addGroup(QVBoxLayout* column, const std::vector<FieldControl*>& group);
     void addRow(QGridLayout* grid, FieldControl* control);
+    void alignEditors();
 
     StylesBasePage& page_;
     std::vector<FieldControl*> controls_;

@@ -19,4 +19,11 @@ inline QString translated(std::string_view text) {
 // The same for a place that knows no accelerators: "&&" is one "&".
 inline QString translatedPlain(std::string_view label) { return toQt(plainLabel(fromQt(translated(label)))); }
 
+// The same without the colon at its end, for lists.
+inline QString bareLabel(std::string_view label) {
+    QString text = translatedPlain(label).trimmed();
+    while (text.endsWith(u':') || text.endsWith(u' ')) text.chop(1);
+    return text;
+}
+
 }  // namespace BrevisUI

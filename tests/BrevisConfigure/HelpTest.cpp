@@ -224,7 +224,7 @@ TEST(HelpSearch, CutsWordsAndExcerpts) {
 
 TEST(HelpMarkup, GoesToHtmlAndBack) {
     EXPECT_EQ("a&lt;b&gt; &amp; &quot;c&quot;", toHtml("a<b> & \"c\""));
-    EXPECT_EQ(" a  b < & &lt;", toPlainText("<p>a</p><i>b &lt; &amp; &amp;lt;"));
+    EXPECT_EQ(" a b, < & &lt;", toPlainText("<p>a</p><i>b</i>, &lt; &amp; &amp;lt;"));
     EXPECT_EQ("x", toPlainText("x<unclosed").substr(0, 1));
     EXPECT_EQ("A & B", textOfElement("<p>x</p><h1>A &amp; B</h1>", "h1"));
     EXPECT_EQ("", textOfElement("<h1>A", "h1"));
