@@ -28,7 +28,7 @@ namespace BrevisUI {
 
 namespace {
 
-constexpr int widthInCharacters = 100, heightInLines = 30;
+constexpr int widthInCharacters = 110, heightInLines = 28;
 
 constexpr std::uint32_t highestThreshold = 3;
 
