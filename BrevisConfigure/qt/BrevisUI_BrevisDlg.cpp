@@ -243,6 +243,7 @@ HelpWindow& BrevisDlg::help() {
     if (!help_) {
         helpLibrary_ = std::make_unique<HelpLibrary>();
         help_ = std::make_unique<HelpWindow>(*helpLibrary_, &settings_);
+        help_->move(screen()->availableGeometry().center() - help_->rect().center());
     }
     return *help_;
 }
