@@ -71,6 +71,14 @@ std::string fishQuoted(std::string_view text) {
     return "'" + replaced(replaced(text, '\\', "\\\\"), '\'', "\\'") + "'";
 }
 
+// Of zsh, which offers them beside files.
+constexpr std::string_view zshSchemes = R"zsh(_corvane_schemes() {
+    local -a schemes
+    schemes=(${(f)"$(corvane-format --list-schemes 2>/dev/null | sed 's/ (built-in)$//')"})
+    _alternative 'schemes:scheme:compadd -a schemes' 'files:file:_files'
+}
+)zsh";
+
 // The schemes of the store, one a line; any of the programs may be the one that is installed.
 constexpr std::string_view listSchemes = "corvane-format --list-schemes 2>/dev/null | sed 's/ (built-in)$//'";
 
@@ -101,8 +109,7 @@ std::string zshAction(const OptionRow& row) {
         case Completion::Files:
             return "_files";
         case Completion::Schemes:
-            return "{ _alternative 'schemes:scheme:{ compadd -- ${(f)\"$(" + replaced(listSchemes, '\'', "\"") +
-                   ")\"} }' 'files:file:_files' }";
+            return "_corvane_schemes";
         default:
             return " ";
     }
@@ -195,7 +202,7 @@ std::string bashCompletion(const ProgramManual& manual) {
 }
 
 std::string zshCompletion(const ProgramManual& manual) {
-    std::string out = "#compdef " + std::string(manual.name) + "\n_arguments -s -S \\\n";
+    std::string out = "#compdef " + std::string(manual.name) + "\n" + std::string(zshSchemes) + "_arguments -s -S \\\n";
     forEachRow(manual, [&](const OptionRow& row) { out += zshSpecification(row); });
     if (manual.commands.empty()) return out + "    '*:file:_files'\n";
     std::string commands;
