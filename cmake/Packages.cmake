@@ -18,6 +18,18 @@ space. This package has the headers and the library with which other
 programs do so.")
 set(CPACK_DEBIAN_CORVANE-DEV_PACKAGE_SECTION libdevel)
 
+if(TARGET corvane_desktop)
+  list(APPEND packages corvane-desktop)
+  set(CPACK_COMPONENT_CORVANE-DESKTOP_DESCRIPTION
+"formatter for C and C++ source code, desktop program
+Corvane C++ formats C and C++ source code and changes nothing but white
+space. This package has the desktop program, in which schemes are edited
+with a preview.")
+  set(CPACK_DEBIAN_CORVANE-DESKTOP_PACKAGE_SECTION devel)
+  # The schemes, and what reads the icon: nothing in the program itself names that.
+  set(CPACK_DEBIAN_CORVANE-DESKTOP_PACKAGE_DEPENDS "corvane (= ${PROJECT_VERSION}), libqt6svg6")
+endif()
+
 # Every Debian package has these two.
 foreach(package IN LISTS packages)
   install(FILES ${CMAKE_SOURCE_DIR}/cmake/packages/copyright ${CMAKE_SOURCE_DIR}/cmake/packages/changelog
