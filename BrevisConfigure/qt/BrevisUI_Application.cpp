@@ -12,14 +12,28 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setWindowIcon(QIcon(QStringLiteral(":/corvane/corvane.svg")));
 }
 
+void Application::guard(const std::function<void()>& command) {
+    auto* const application = qobject_cast<Application*>(instance());
+    try {
+        command();
+    } catch (...) {
+        if (!application) throw;
+        application->keepFailure();
+    }
+}
+
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (...) {
-        if (!failure_) failure_ = std::current_exception();
-        exit(1);
+        keepFailure();
     }
     return true;
+}
+
+void Application::keepFailure() {
+    if (!failure_) failure_ = std::current_exception();
+    exit(1);
 }
 
 }  // namespace BrevisUI

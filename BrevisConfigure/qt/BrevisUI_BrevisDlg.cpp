@@ -15,6 +15,7 @@
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_MessagePlace.h"
+#include "qt/BrevisUI_Application.h"
 #include "qt/BrevisUI_HelpWindow.h"
 #include "qt/BrevisUI_MessagePane.h"
 #include "qt/BrevisUI_OptionsDlg.h"
@@ -108,10 +109,19 @@ QAction* BrevisDlg::addRow(QMenu* menu, const QString& text, const QString& help
 }
 
 template <class Slot>
+void BrevisDlg::call(Slot slot) {
+    if constexpr (std::is_member_function_pointer_v<Slot>) {
+        (this->*slot)();
+    } else {
+        slot();
+    }
+}
+
+template <class Slot>
 QAction* BrevisDlg::addRow(QMenu* menu, const QString& text, const QString& help, const QKeySequence& shortcut,
                            Slot slot) {
     QAction* const action = addRow(menu, text, help, shortcut);
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, this, [this, slot] { Application::guard([this, slot] { call(slot); }); });
     return action;
 }
 
@@ -197,7 +207,7 @@ void BrevisDlg::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     const std::vector<std::string> paths = localPaths(*event->mimeData());
-    QTimer::singleShot(0, this, [this, paths] { formatPaths(paths); });
+    QTimer::singleShot(0, this, [this, paths] { Application::guard([&] { formatPaths(paths); }); });
 }
 
 void BrevisDlg::formatPaths(const std::vector<std::string>& paths) {

@@ -64,6 +64,8 @@ private:
     void fillFormatMenu();
     QAction* addRow(QMenu* menu, const QString& text, const QString& help, const QKeySequence& shortcut);
     template <class Slot>
+    void call(Slot slot);
+    template <class Slot>
     QAction* addRow(QMenu* menu, const QString& text, const QString& help, const QKeySequence& shortcut, Slot slot);
     void setBusy(bool isBusy);
 
