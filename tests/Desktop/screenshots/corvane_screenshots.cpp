@@ -2,14 +2,18 @@
 // QT_SCALE_FACTOR makes the pictures larger.
 #include <QCommandLineParser>
 #include <QDir>
+#include <QEventLoop>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QTextStream>
+#include <QTimer>
 
 #include "Scenes.h"
 #include "qt/BrevisUI_Application.h"
 
 namespace {
+
+constexpr int delay = 50;  // milliseconds
 
 QPalette darkPalette() {
     QPalette palette(QColor(0x35, 0x36, 0x3a), QColor(0x2b, 0x2c, 0x30));
@@ -27,7 +31,10 @@ bool draw(const Screenshots::Scene& scene, const QString& path) {
     Screenshots::Stage stage;
     const std::unique_ptr<QWidget> window = scene.make(stage);
     window->show();
-    QCoreApplication::processEvents();
+    // What changes often is drawn with a delay.
+    QEventLoop wait;
+    QTimer::singleShot(delay, &wait, &QEventLoop::quit);
+    wait.exec();
     return window->grab().save(path);
 }
 
