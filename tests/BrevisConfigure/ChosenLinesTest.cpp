@@ -47,7 +47,8 @@ TEST(ChosenLines, TakesWhatLiesInThem) {
         {"a\n\n\n", "a\n", setOf({2, 3}), "a\n"},
         {"a \n  \n", "a", setOf({1}), "a \n  \n"},
         {"a\n ", "a\n\n\n", setOf({1}), "a\n "},
-        {"\n \n", "", setOf({2}), "\n"},
+        {"\n \n", "", setOf({2}), "\n \n"},
+        {"\n \n", "", setOf({1, 2}), ""},
         // Line ends.
         {" a\r\n b\r\n", "a\nb\n", setOf({2}), " a\r\nb\n"},
         {"a \r\n\r\n\r\n b\r\n", "a\r\n\r\nb\r\n", setOf({3, 4}), "a \r\n\r\nb\r\n"},

@@ -42,6 +42,9 @@ TEST_F(ChangedLinesTest, TakesTheLinesThatAreNamed) {
     dir.file("a.cpp", source);
     run("$F --lines 3:3 a.cpp");
     EXPECT_EQ("void f( ){\n    g( );\n  h( );\n}\n", out) << err;
+    run("$F --lines 3:3 --check .");
+    EXPECT_EQ(2, status);
+    EXPECT_EQ("\".\" is a directory: --lines takes a file.\n", err);
     run("$F --lines 1:1 --lines 4:9 --check a.cpp");
     EXPECT_EQ(0, status) << out;
     run("$F --lines 2:2 --no-verify -i a.cpp && cat a.cpp && $F --lines 3:3 < a.cpp");
