@@ -178,7 +178,7 @@ void Chooser::addBreak(const Gap& gap) {
     const std::string_view before = gap.in(source_), after = gap.inFormatted(formatted_);
     const std::size_t count = countLineFeeds(before);
     // A line end that goes with nothing behind it is a join of all the lines that go.
-    const bool joins = endsText && count > 0 && countLineFeeds(after) == 0;
+    const bool joins = endsText && !opensText && count > 0 && countLineFeeds(after) == 0;
     if (joins && !lines_.hasAll(line_, line_ + count - (before.ends_with('\n') ? 1 : 0))) return;
     write(gap, BreakText(lines_, line_, before, after).make(opensText, endsText));
 }

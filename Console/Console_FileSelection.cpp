@@ -20,6 +20,7 @@ using BrevisUI::IgnoreRules;
 namespace {
 
 constexpr std::string_view needsMode = "\"%s\" is a directory: it needs one of -i, --check and --diff.";
+constexpr std::string_view noLines = "\"%s\" is a directory: --lines takes a file.";
 constexpr std::string_view notListed = "The directory \"%s\" cannot be listed: ";
 constexpr std::string_view listUnreadable = "The list of files \"%s\" cannot be read. No file will be formatted.";
 constexpr std::string_view changesUnknown = "The changed lines are not known. No file will be formatted.";
@@ -148,6 +149,7 @@ void FileSelection::keepChanged() {
 
 void FileSelection::addPath(const std::string& path) {
     if (!BrevisUI::isDirectory(path)) return add(path);
+    if (!options_.lines.empty()) return fail(fillIn(noLines, path));
     if (options_.inPlace || options_.check || options_.diff) return addTree(path);
     fail(fillIn(needsMode, path));
 }

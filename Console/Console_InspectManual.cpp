@@ -48,8 +48,8 @@ constexpr ManualSection sections[] = {
 parser reports goes to standard error; the tree is shown even so.)"},
     {"Exit status",
      R"( 0  if the text or the scheme was read, whatever the parser reports,
- 2  if one of them could not be read, if the text is nested too deeply or can't be
-    wrapped for what the parser reports, or if the arguments are bad.)"},
+ 2  if one of them could not be read, if the text is nested too deeply or
+    can't be wrapped for what the parser reports, or if the arguments are bad.)"},
 };
 
 }  // namespace
