@@ -129,10 +129,10 @@ void BrevisDlg::fillMenus() {
     idleActions_.push_back(
         addRow(tools, tr("&Options..."), tr("Display the Options dialog"), tr("Ctrl+,"), &BrevisDlg::showOptions));
 
-    QMenu* const help = menuBar()->addMenu(tr("&Help"));
-    addRow(help, tr("&Contents"), tr("Displays the table of contents for the online documentation"),
+    QMenu* const helpMenu = menuBar()->addMenu(tr("&Help"));
+    addRow(helpMenu, tr("&Contents"), tr("Displays the table of contents for the online documentation"),
            QKeySequence::HelpContents, [this] { help().openContents(); });
-    addRow(help, tr("&About..."), tr("Displays the program information and copyright"), {}, &BrevisDlg::showAbout);
+    addRow(helpMenu, tr("&About..."), tr("Displays the program information and copyright"), {}, &BrevisDlg::showAbout);
 }
 
 void BrevisDlg::fillFormatMenu() {
