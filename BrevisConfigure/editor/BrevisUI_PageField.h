@@ -48,7 +48,8 @@ struct PageField {
 
     std::string_view key() const { return property->key; }
     // Of a WhiteSpace: what the entry shows when it is filled, the refused text if there is one. A text that is being
-    // typed may have another form for the same value, a lone backslash on the way to its letter; it is to be left alone.
+    // typed may have another form for the same value, such as a lone backslash on the way to its letter;
+    // leave it alone.
     std::string entry() const;
 };
 

@@ -326,6 +326,9 @@ TEST(StylesPages, FollowOnlyWhileTheyAreAskedTo) {
     editor.window = {};
     editor.enter("GLOBAL_WS_BEFORE_OPEN_BRACE", "\\n");
     EXPECT_EQ((std::set<std::string>{"GlobalsPage", "EnumsPage"}), editor.window.pages);
+    editor.window = {};
+    editor.page("TAB_SIZE").setNumber("TAB_SIZE", 3);
+    EXPECT_EQ((std::set<std::string>{"GlobalsPage"}), editor.window.pages);
     EXPECT_EQ("\\n", editor.field("WS_BEFORE_ENUM_OPEN_BRACE").entry());
     EXPECT_EQ("", editor.line("WS_BEFORE_NS_OPEN_BRACE"));
     EXPECT_EQ("1 NS_USE_GLOBAL_SETTINGS 1", editor.line("NS_USE_GLOBAL_SETTINGS"));
@@ -346,6 +349,7 @@ TEST(StylesPages, CopyNothingWhileASchemeIsSet) {
     EXPECT_EQ(scheme, editor.sheet.scheme());
     EXPECT_FALSE(editor.sheet.isModified());
     editor.sheet.fetchScheme();
+    EXPECT_FALSE(editor.sheet.isModified());
     EXPECT_EQ(lineOf(scheme, "GLOBAL_WS_BEFORE_COMMA").substr(25), editor.line("WS_BEFORE_ENUM_COMMA").substr(23));
 }
 
@@ -440,18 +444,23 @@ TEST(StylesPages, LetTheAnchorDecide) {
 
 TEST(StylesPages, MapThreeButtonsToTwoKeys) {
     const struct {
-        const char* scheme;
         std::size_t button;
         const char* leave;
         const char* align;
     } cases[] = {
-        {"1 PPD_DO_NOT_FORMAT 0\n1 ALIGN_PPD_LEFT_MOST 0\n", 0, "1 PPD_DO_NOT_FORMAT 0", "1 ALIGN_PPD_LEFT_MOST 0"},
-        {"1 PPD_DO_NOT_FORMAT 0\n1 ALIGN_PPD_LEFT_MOST 1\n", 1, "1 PPD_DO_NOT_FORMAT 0", "1 ALIGN_PPD_LEFT_MOST 1"},
-        {"1 PPD_DO_NOT_FORMAT 1\n", 2, "1 PPD_DO_NOT_FORMAT 1", ""},
+        {0, "1 PPD_DO_NOT_FORMAT 0", "1 ALIGN_PPD_LEFT_MOST 0"},
+        {1, "1 PPD_DO_NOT_FORMAT 0", "1 ALIGN_PPD_LEFT_MOST 1"},
+        {2, "1 PPD_DO_NOT_FORMAT 1", ""},
     };
-    for (const auto& [scheme, button, leave, align] : cases) {
-        Editor editor(schemeOf(scheme));
+    for (const auto& [button, leave, align] : cases) {
+        PropertySet scheme = defaultScheme();
+        scheme.setBool("PPD_DO_NOT_FORMAT", button == 2);
+        scheme.setBool("ALIGN_PPD_LEFT_MOST", button == 1);
+        if (button == 2) scheme.erase("ALIGN_PPD_LEFT_MOST");
+        Editor editor(scheme);
+        EXPECT_FALSE(editor.sheet.isModified());
         EXPECT_EQ(button, editor.field("ALIGN_PPD_LEFT_MOST").value.selected);
+        EXPECT_EQ(leave, editor.line("PPD_DO_NOT_FORMAT"));
         EXPECT_EQ(align, editor.line("ALIGN_PPD_LEFT_MOST"));
         for (const auto& other : cases) {
             editor.page("PPD_DO_NOT_FORMAT").select("PPD_DO_NOT_FORMAT", other.button);
