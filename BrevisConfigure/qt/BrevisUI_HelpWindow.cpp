@@ -2,6 +2,7 @@
 #include "qt/BrevisUI_HelpWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -76,6 +77,7 @@ HelpWindow::HelpWindow(const HelpLibrary& library, SettingsFile* settings, QWidg
 
 bool HelpWindow::openTopic(std::string_view topic) {
     if (!browser_->openTopic(topic)) return false;
+    standBesideModal();
     show();
     raise();
     activateWindow();
@@ -279,6 +281,25 @@ void HelpWindow::closeEvent(QCloseEvent* event) {
 void HelpWindow::hideEvent(QHideEvent* event) {
     keepSize();
     QWidget::hideEvent(event);
+}
+
+// A modal dialog lets only its children act, so the window is a child of the one that is open, for as long as it is
+// open.
+void HelpWindow::standBesideModal() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == parentWidget()) return;
+    const bool wasVisible = isVisible();
+    const QRect place = geometry();
+    if (parentWidget()) parentWidget()->removeEventFilter(this);
+    setParent(modal, Qt::Window);
+    if (modal) modal->installEventFilter(this);
+    setGeometry(place);
+    setVisible(wasVisible);
+}
+
+bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parent() && event->type() == QEvent::Hide) standBesideModal();
+    return QWidget::eventFilter(watched, event);
 }
 
 void HelpWindow::restoreSize() {

@@ -27,7 +27,7 @@ public:
     explicit HelpWindow(const HelpLibrary& library, SettingsFile* settings = nullptr, QWidget* parent = nullptr);
 
     // Shows the window with a page, such as "Options.htm" or "Classes.htm#WS_AFTER_CLASS_NAME", and brings it to the
-    // front. False, and nothing happens, if there is no such page.
+    // front, also beside a modal dialog that is open. False, and nothing happens, if there is no such page.
     bool openTopic(std::string_view topic);
     // The same for the first page, with the table of contents at its side.
     void openContents();
@@ -36,6 +36,7 @@ public:
     std::string page() const;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +51,7 @@ private:
     void startFinding();
     void stopFinding();
     void findNext(bool backward);
+    void standBesideModal();
     void restoreSize();
     void keepSize();
 

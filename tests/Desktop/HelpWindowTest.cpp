@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
@@ -114,6 +115,33 @@ TEST(HelpWindow, FindsInThePageAndClosesWithEscape) {
     EXPECT_TRUE(window.isVisible());
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
+}
+
+// Keys go through the system here, which keeps them from windows behind a modal dialog.
+TEST(HelpWindow, CanBeUsedBesideModalDialogsAndOutlivesThem) {
+    const HelpLibrary library;
+    HelpWindow window(library);
+    {
+        QDialog outer;
+        outer.setModal(true);
+        outer.show();
+        {
+            QDialog inner(&outer);
+            inner.setModal(true);
+            inner.show();
+            activate(window, "Enums.htm");
+            QTest::keyClick(window.windowHandle(), Qt::Key_F, Qt::ControlModifier);
+            EXPECT_TRUE(part<QLineEdit>(window, "Find in page")->isVisible());
+            inner.reject();
+        }
+        EXPECT_TRUE(window.isVisible());
+        activate(window, "Schemes.htm");
+        QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+        EXPECT_FALSE(part<QLineEdit>(window, "Find in page")->isVisible());
+    }
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(nullptr, window.parentWidget());
+    EXPECT_EQ("Schemes.htm", window.page());
 }
 
 TEST(HelpWindow, RemembersItsSize) {
