@@ -28,7 +28,7 @@ namespace BrevisUI {
 
 namespace {
 
-constexpr int widthInCharacters = 100, heightInLines = 30;
+constexpr int widthInCharacters = 110, heightInLines = 28;
 
 constexpr std::uint32_t highestThreshold = 3;
 
@@ -243,6 +243,7 @@ HelpWindow& BrevisDlg::help() {
     if (!help_) {
         helpLibrary_ = std::make_unique<HelpLibrary>();
         help_ = std::make_unique<HelpWindow>(*helpLibrary_, &settings_);
+        help_->move(screen()->availableGeometry().center() - help_->rect().center());
     }
     return *help_;
 }

@@ -22,7 +22,8 @@ FileProgressWindow::FileProgressWindow(QWidget* parent)
     : QDialog(parent),
       text_(new ElidedLabel(textLines)),
       bar_(new QProgressBar),
-      cancelButton_(new QPushButton(tr("Cancel"))) {
+      cancelButton_(new QPushButton(tr("Cancel"))),
+      pace_(*this) {
     setWindowTitle(tr("Corvane C++"));
     bar_->setRange(0, stepCount);
     bar_->setTextVisible(false);
@@ -46,9 +47,10 @@ FileProgressWindow::FileProgressWindow(QWidget* parent)
 void FileProgressWindow::resetBar() { bar_->setValue(0); }
 
 void FileProgressWindow::show(const std::string& text, bool step) {
+    pace_.begin();
     text_->setText(pathToQt(text));
     if (step) bar_->setValue(bar_->value() + 1);
-    pace_.paint(*this);
+    pace_.end();
 }
 
 void FileProgressWindow::showBar(bool visible) { bar_->setVisible(visible); }

@@ -7,7 +7,7 @@
 
 namespace BrevisUI {
 
-MessagePane::MessagePane(QWidget* parent) : QPlainTextEdit(parent) {
+MessagePane::MessagePane(QWidget* parent) : QPlainTextEdit(parent), pace_(*viewport()) {
     setReadOnly(true);
     setUndoRedoEnabled(false);
     // A caret can be moved and text be marked by keys alone.
@@ -19,6 +19,7 @@ MessagePane::MessagePane(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void MessagePane::addMessage(const QString& text) {
+    pace_.begin();
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     // The empty document has a line already.
@@ -31,7 +32,7 @@ void MessagePane::addMessage(const QString& text) {
     ++count_;
     setTextCursor(cursor);
     ensureCursorVisible();
-    pace_.paint(*viewport());
+    pace_.end();
 }
 
 void MessagePane::clearMessages() {

@@ -32,7 +32,8 @@ protected:
     }
 
     static std::string schemeText(const std::string& name, const std::string& indent) {
-        return "Brevis::PropertySet\n1\n\"" + name + "\"\n3 CORVANE_VERSION \"1\"\n3 INDENT_FN_CONTENT \"" + indent + "\"\n";
+        return "Brevis::PropertySet\n1\n\"" + name + "\"\n3 CORVANE_VERSION \"1\"\n3 INDENT_FN_CONTENT \"" + indent +
+               "\"\n";
     }
     std::string settingsPath() const { return dir.file("settings/settings.json"); }
     void writeSettings() {

@@ -1,7 +1,7 @@
 // Runs the tests of the windows on the toolkit's platform without a screen, and away from the files of whoever runs
 // them.
 #include <gtest/gtest.h>
-#include <QApplication>
+#include "qt/BrevisUI_Application.h"
 
 #include "../support/TestFiles.h"
 
@@ -12,6 +12,6 @@ int main(int argc, char** argv) {
         qputenv(name, QByteArray::fromStdString(home.path()));
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
+    const BrevisUI::Application application(argc, argv);
     return RUN_ALL_TESTS();
 }
