@@ -233,16 +233,21 @@ void BrevisDlg::formatGiven(const std::vector<std::string>& paths, void (BatchRu
 void BrevisDlg::showOptions() {
     if (isBusy()) return;
     OptionsDlg dialog(state_, settings_, editorMemory_, dialogs_, this);
+    dialog.explainFrom(helpLibrary());
     connect(&dialog, &OptionsDlg::helpRequested, this, &BrevisDlg::showHelp);
     if (dialog.exec() != QDialog::Accepted) return;
     takeWindowPosition();
     if (const std::string_view warning = dialog.model().apply(state_, settings_); !warning.empty()) warn(warning);
 }
 
+const HelpLibrary& BrevisDlg::helpLibrary() {
+    if (!helpLibrary_) helpLibrary_ = std::make_unique<HelpLibrary>();
+    return *helpLibrary_;
+}
+
 HelpWindow& BrevisDlg::help() {
     if (!help_) {
-        helpLibrary_ = std::make_unique<HelpLibrary>();
-        help_ = std::make_unique<HelpWindow>(*helpLibrary_, &settings_);
+        help_ = std::make_unique<HelpWindow>(helpLibrary(), &settings_);
         help_->move(screen()->availableGeometry().center() - help_->rect().center());
     }
     return *help_;

@@ -74,6 +74,7 @@ private:
     void formatGiven(const std::vector<std::string>& paths, void (BatchRun::*command)(), bool keepMessages);
     void showOptions();
     void openMessage(int number);
+    const HelpLibrary& helpLibrary();
     HelpWindow& help();
     void showHelp(const QString& topic);
     void showAbout();

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "help/BrevisUI_HelpSection.h"
 #include "qt/BrevisUI_StylesDlg.h"
 #include "qt/BrevisUI_Text.h"
 #include "settings/BrevisUI_Extensions.h"
@@ -20,6 +21,8 @@ namespace BrevisUI {
 namespace {
 
 constexpr int fieldWidthInCharacters = 45;
+
+QString helpTopic() { return QStringLiteral("Options.htm"); }
 
 // A threshold above the highest hides nothing, as the lowest but "never" does.
 int rowOfThreshold(std::uint32_t threshold) {
@@ -36,6 +39,7 @@ OptionsDlg::OptionsDlg(const ProgramState& state, SettingsFile& settings, Editor
       memory_(memory),
       dialogs_(dialogs),
       scheme_(new QComboBox),
+      manage_(new QPushButton(tr("&Manage Schemes..."))),
       extensions_(new QLineEdit(toQt(model_.extensions))),
       createBackups_(new QCheckBox(tr("Create &backup before formatting"))),
       backupLabel_(new QLabel(tr("Backup file e&xtension:"))),
@@ -73,7 +77,7 @@ void OptionsDlg::layOut() {
     help->setShortcut(QKeySequence::HelpContents);
     connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDlg::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &OptionsDlg::reject);
-    connect(help, &QPushButton::clicked, this, [this] { Q_EMIT helpRequested(QStringLiteral("Options.htm")); });
+    connect(help, &QPushButton::clicked, this, [this] { Q_EMIT helpRequested(helpTopic()); });
 
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(form);
@@ -83,12 +87,11 @@ void OptionsDlg::layOut() {
 }
 
 void OptionsDlg::layOutSchemes(QFormLayout& form) {
-    auto* const manage = new QPushButton(tr("&Manage Schemes..."));
-    manage->setAutoDefault(false);
-    connect(manage, &QPushButton::clicked, this, &OptionsDlg::manageSchemes);
+    manage_->setAutoDefault(false);
+    connect(manage_, &QPushButton::clicked, this, &OptionsDlg::manageSchemes);
     auto* const row = new QHBoxLayout;
     row->addWidget(scheme_, 1);
-    row->addWidget(manage);
+    row->addWidget(manage_);
     auto* const label = new QLabel(tr("Formatting &scheme:"));
     label->setBuddy(scheme_);
     scheme_->setAccessibleName(tr("Formatting scheme"));
@@ -104,6 +107,24 @@ void OptionsDlg::layOutFiles(QFormLayout& form) {
     extensions_->setAccessibleName(tr("File extensions to format"));
     backupExtension_->setAccessibleName(tr("Backup file extension"));
     threshold_->setAccessibleName(tr("Display messages of severity"));
+}
+
+void OptionsDlg::explainFrom(const HelpLibrary& help) {
+    const HelpPage* const page = help.page(fromQt(helpTopic()));
+    if (!page) return;
+    const std::pair<QWidget*, std::string_view> controls[] = {
+        {scheme_, "Formatting scheme"},
+        {manage_, "Manage Schemes..."},
+        {extensions_, "File extensions to format"},
+        {createBackups_, "Create backup before formatting"},
+        {backupExtension_, "Backup file extension"},
+        {threshold_, "Display messages of severity"},
+    };
+    for (const auto& [control, title] : controls) {
+        const QString text = toQt(helpSection(page->html, title));
+        control->setToolTip(text);
+        control->setWhatsThis(text);
+    }
 }
 
 void OptionsDlg::fillSchemes() {

@@ -5,6 +5,7 @@
 
 #include "editor/BrevisUI_OptionsModel.h"
 #include "editor/BrevisUI_StylesDlgModel.h"
+#include "help/BrevisUI_HelpLibrary.h"
 #include "qt/BrevisUI_Dialogs.h"
 
 class QCheckBox;
@@ -12,6 +13,7 @@ class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace BrevisUI {
 
@@ -28,6 +30,9 @@ public:
 
     // Stays open, with a box that tells why, if what was entered won't do.
     void accept() override;
+
+    // Gives each control a tool tip and a what's-this text from its section of the page "Options.htm".
+    void explainFrom(const HelpLibrary& help);
 
 Q_SIGNALS:
     // The user asks for a page of the help, such as "Options.htm".
@@ -47,6 +52,7 @@ private:
     Dialogs& dialogs_;
 
     QComboBox* scheme_;
+    QPushButton* manage_;
     QLineEdit* extensions_;
     QCheckBox* createBackups_;
     QLabel* backupLabel_;

@@ -99,6 +99,24 @@ TEST_F(OptionsDlgTest, takesOverWhatTheSchemeEditorHasMade) {
     EXPECT_TRUE(std::filesystem::exists(dir.file("schemes/Wide.fsc")));
 }
 
+TEST_F(OptionsDlgTest, explainsEachControlAsThePageOfTheHelpDoes) {
+    start();
+    withOptions([](OptionsDlg& dialog) {
+        EXPECT_TRUE(
+            control<QComboBox>(dialog, "Formatting scheme").toolTip().contains("what formatted code looks like"));
+        EXPECT_TRUE(button(dialog, "Manage Schemes...").whatsThis().startsWith("\n<p>Opens the"));
+        std::vector<const QWidget*> controls = {&button(dialog, "Manage Schemes..."), dialog.findChild<QCheckBox*>()};
+        for (const auto* const found : dialog.findChildren<QComboBox*>()) controls.push_back(found);
+        for (const auto* const found : dialog.findChildren<QLineEdit*>()) controls.push_back(found);
+        EXPECT_EQ(controls.size(), 6u);
+        for (const QWidget* const found : controls) {
+            EXPECT_FALSE(found->whatsThis().isEmpty()) << found->accessibleName().toStdString();
+            EXPECT_FALSE(found->toolTip().contains("<h")) << found->accessibleName().toStdString();
+        }
+        dialog.reject();
+    });
+}
+
 TEST_F(OptionsDlgTest, letsALabelLeadToEveryField) {
     start();
     withOptions([](OptionsDlg& dialog) {
