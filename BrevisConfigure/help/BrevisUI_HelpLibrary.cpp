@@ -74,6 +74,11 @@ std::string HelpLibrary::withProperties(const HelpSource& source) const {
 }
 
 void HelpLibrary::addSections(const HelpPage& page, std::string_view prose) {
+    // The heading is the title already.
+    constexpr std::string_view headingEnd = "</h1>";
+    if (const std::size_t end = prose.find(headingEnd); end != std::string_view::npos) {
+        prose.remove_prefix(end + headingEnd.size());
+    }
     const std::string plain = toPlainText(prose);
     sections_.push_back({page.name, page.title, page.title, plain, wordLine(plain), wordLine(page.title)});
     const HelpTopic* topic = findHelpTopic(page.name);

@@ -130,6 +130,7 @@ QWidget* HelpWindow::makeSide() {
     hits_->setAccessibleName(tr("Pages found"));
     hits_->setWordWrap(true);
     hits_->setAlternatingRowColors(true);
+    hits_->setResizeMode(QListView::Adjust);
     hits_->setSpacing(2);
     hits_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     side_->addWidget(contents_);
@@ -293,8 +294,13 @@ void HelpWindow::standBesideModal() {
     if (parentWidget()) parentWidget()->removeEventFilter(this);
     setParent(modal, Qt::Window);
     if (modal) modal->installEventFilter(this);
-    setGeometry(place);
-    setVisible(wasVisible);
+    // Where it stands for the first time is the affair of the system.
+    if (wasVisible) {
+        setGeometry(place);
+        show();
+    } else {
+        resize(place.size());
+    }
 }
 
 bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
