@@ -19,7 +19,6 @@
 
 class QAction;
 class QComboBox;
-class QHBoxLayout;
 class QLabel;
 class QListWidget;
 class QPushButton;

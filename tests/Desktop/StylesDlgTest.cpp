@@ -211,6 +211,16 @@ TEST_F(StylesDlgTest, findsAProperty) {
     EXPECT_EQ(findAndEnter("angle open"), "Templates WS_BEFORE_TP_OPEN_BRACKET");
     EXPECT_EQ(findAndEnter("RIGHT_MARG"), "Line Wrapping find");  // it is disabled, and only shown
     EXPECT_EQ(findAndEnter("ws_after_cs_key"), "Control Statements WS_AFTER_CS_KEY");
+    // With the arrows another one than the first.
+    find("find")->setFocus();
+    find<QLineEdit>("find")->selectAll();
+    QTest::keyClicks(find("find"), QStringLiteral("paren"));
+    QWidget* const list = QApplication::activePopupWidget();
+    ASSERT_TRUE(list);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(list, key);
+    EXPECT_EQ(QApplication::focusWidget(), find("GLOBAL_WS_BEFORE_CLOSE_PAREN"));
+    find("find")->setFocus();
+    EXPECT_EQ(findAndEnter("WS_AFTER_CS_KEY"), "Control Statements WS_AFTER_CS_KEY");
     EXPECT_EQ(findAndEnter("no such thing"), "Control Statements find");
     EXPECT_TRUE(dlg->isVisible());
     QTest::keyClick(find("find"), Qt::Key_Escape);
