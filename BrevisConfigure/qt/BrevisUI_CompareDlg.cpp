@@ -102,8 +102,8 @@ void CompareDlg::compare() {
     const Brevis::PropertySet first = model_.shownScheme(names[0]), second = model_.shownScheme(names[1]);
     const bool isAll = showsAll_->isChecked();
     for (const PropertyDifference& row : isAll ? allProperties(first, second) : compareSchemes(first, second)) {
-        auto* item = new QTreeWidgetItem(
-            rows_, {toQt(row.page), withoutColon(row.label), valueText(row.first), valueText(row.second), toQt(row.key)});
+        auto* item = new QTreeWidgetItem(rows_, {toQt(row.page), withoutColon(row.label), valueText(row.first),
+                                                 valueText(row.second), toQt(row.key)});
         if (row.first == row.second) continue;
         ++differing;
         QFont bold = font();

@@ -2,10 +2,8 @@
 // means, and what then stands where, is told by the page.
 #pragma once
 
-#include <QFrame>
 #include <QLabel>
 #include <QToolButton>
-#include <memory>
 
 #include "editor/BrevisUI_StylesBasePage.h"
 

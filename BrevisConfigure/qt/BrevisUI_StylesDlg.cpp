@@ -128,21 +128,24 @@ void StylesDlg::accept() {
 
 // ---- Preview and help
 
-// Without the preview the window is narrower by just what the preview took.
+// Without the preview the window is narrower by just what the preview takes.
 void StylesDlg::showPreview(bool isShown) {
     const bool wasShown = !preview_->isHidden();
     model_.memory().isPreviewShown = isShown;
     previewButton_->setText(isShown ? tr("Hide &Preview <<") : tr("Show &Preview >>"));
-    const int handle = splitter_->handleWidth();
-    const int width = isShown ? preview_->width() : -preview_->width() - handle;
+    if (wasShown == isShown) return;
+    if (wasShown) previewWidth_ = preview_->width() + splitter_->handleWidth();
+    const int sheetWidth = splitter_->sizes().front();
+    const int newWidth = width() + (isShown ? previewWidth_ : -previewWidth_);
     if (isShown) preview_->redraw();
     preview_->setVisible(isShown);
-    if (wasShown == isShown || isMaximized() || isFullScreen()) return;
+    if (isMaximized() || isFullScreen()) return;
     // The least width follows at once, not with the next events.
     splitter_->refresh();
     layout()->invalidate();
     layout()->activate();
-    resize(this->width() + (isShown ? width + handle : width), height());
+    resize(newWidth, height());
+    if (isShown) splitter_->setSizes({sheetWidth, previewWidth_ - splitter_->handleWidth()});
 }
 
 void StylesDlg::askForHelp() {

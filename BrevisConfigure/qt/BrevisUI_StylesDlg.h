@@ -19,7 +19,6 @@
 
 class QAction;
 class QComboBox;
-class QHBoxLayout;
 class QLabel;
 class QListWidget;
 class QPushButton;
@@ -108,6 +107,7 @@ private:
     QSplitter* splitter_;
     PreviewPane* preview_;
     QPushButton* previewButton_;
+    int previewWidth_ = 0;  // with the handle beside it, when it was shown last
 
     FieldControl* highlighted_ = nullptr;
     QTimer highlightTimer_;

@@ -40,6 +40,7 @@ StylesDlg::StylesDlg(PropertySetStore store, SettingsFile& settings, EditorMemor
     splitter_->setChildrenCollapsible(false);
     splitter_->addWidget(makeSheet());
     preview_ = new PreviewPane(model_, previewFont(settings), dialogs_, splitter_);
+    preview_->setObjectName(QStringLiteral("previewPane"));
     splitter_->addWidget(preview_);
     splitter_->setStretchFactor(1, 1);
     column->addWidget(splitter_, 1);

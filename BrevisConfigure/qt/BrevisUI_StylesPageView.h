@@ -3,7 +3,6 @@
 
 #include <QWidget>
 #include <functional>
-#include <map>
 #include <string_view>
 #include <vector>
 
