@@ -4,11 +4,13 @@
 #include <string>
 
 #include "BrevisUI_LineEnds.h"
+#include "BrevisUI_Messages.h"
 #include "Brevis_Formatter.h"
 
 namespace BrevisUI {
 
 class FileWriter;
+class LineSet;
 
 class FormatHost {
 public:
@@ -16,6 +18,10 @@ public:
 
     // One message without a line end, its severity one of BrevisUI::Severity. The host filters and shows it.
     virtual void send(const std::string& text, int severity) = 0;
+    // The same for a message about a place in a file.
+    virtual void sendPlaced(const std::string& path, const Trn::ParseMessage& message) {
+        send(parseMessageLine(path, message), message.severity);
+    }
     // Lets waiting events act, such as a press of the cancel button.
     virtual void letUserInterfaceRun() {}
     // A text that must not be overlooked. The job sends it as a message too.
@@ -29,6 +35,9 @@ public:
     virtual bool verifyTokens() const { return true; }
     // Whether a text that a second run would change again is warned about. It costs that second run.
     virtual bool verifyStability() const { return false; }
+
+    // The lines to which the changes of a file are limited; null for all. Their tokens are then always checked.
+    virtual const LineSet* chosenLines(const std::string& /*path*/) const { return nullptr; }
 
     // How texts are read. A file whose name ends in ".c" is C, unless a language is chosen here.
     virtual Brevis::Reading reading() const { return {}; }

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "BrevisUI_ChosenLines.h"
 #include "BrevisUI_Encoding.h"
 #include "BrevisUI_Messages.h"
 #include "BrevisUI_Verification.h"
@@ -26,13 +27,13 @@ std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brev
         return std::nullopt;
     }
     for (const Trn::ParseMessage& message : messages) send(message);
-    if (changesTokens(source, result.text)) {
+    std::optional<Trn::ParseMessage> warning;
+    if (host_.verifyStability()) warning = findSecondChange(properties, result.text);
+    if (!takesChosenLines(source, result.text) || changesTokens(source, result.text)) {
         update(Phase::refuse);
         return std::nullopt;
     }
-    if (host_.verifyStability()) {
-        if (const auto warning = findSecondChange(properties, result.text)) send(*warning);
-    }
+    if (warning) send(*warning);
     return result;
 }
 
@@ -61,12 +62,22 @@ Brevis::FormatResult TextJob::format(const Brevis::FormatterProperties& properti
     return result;
 }
 
-void TextJob::send(const Trn::ParseMessage& message) const {
-    host_.send(parseMessageLine(path_, message), message.severity);
+void TextJob::send(const Trn::ParseMessage& message) const { host_.sendPlaced(path_, message); }
+
+bool TextJob::takesChosenLines(std::string_view source, std::string& formatted) const {
+    const LineSet* const lines = host_.chosenLines(path_);
+    if (!lines) return true;
+    std::optional<std::string> chosen = takeChosenLines(source, formatted, *lines);
+    if (!chosen) {
+        host_.send(fillIn(Message::codeChanged, path_), Severity::error);
+        return false;
+    }
+    formatted = std::move(*chosen);
+    return true;
 }
 
 bool TextJob::changesTokens(std::string_view source, std::string_view formatted) const {
-    if (!host_.verifyTokens()) return false;
+    if (!host_.verifyTokens() && !host_.chosenLines(path_)) return false;
     const auto change = findChangedToken(source, formatted);
     if (!change) return false;
     send(*change);

@@ -41,11 +41,15 @@ std::string userSettingsPath() { return userPlace("XDG_CONFIG_HOME", ".config", 
 
 std::string shippedSchemeDirectory() {
     std::error_code error;
+    std::error_code ignored;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
     const fs::path beside = program.parent_path() / CORVANE_DATA_FROM_BIN / "schemes/";
     // An installed tree may stand inside of a build tree.
-    const bool isBuilt = error || (isInside(program, CORVANE_BUILD_DIR) && !fs::exists(beside, error));
-    const fs::path schemes = isBuilt ? fs::path(CORVANE_SOURCE_DIR) / "schemes/" : beside;
+    const bool isBuilt = isInside(program, CORVANE_BUILD_DIR) && !fs::exists(beside, ignored);
+    // Without /proc nobody knows where the program is; most likely it is where it was meant to be.
+    const fs::path installed = error ? fs::path(CORVANE_DATA_DIR) / "schemes/" : beside;
+    const bool fromSource = isBuilt || (error && !fs::exists(installed, ignored));
+    const fs::path schemes = fromSource ? fs::path(CORVANE_SOURCE_DIR) / "schemes/" : installed;
     return schemes.lexically_normal().string();
 }
 

@@ -15,12 +15,15 @@
 namespace Console {
 
 using BrevisUI::fillIn;
+using BrevisUI::IgnoreRules;
 
 namespace {
 
 constexpr std::string_view needsMode = "\"%s\" is a directory: it needs one of -i, --check and --diff.";
+constexpr std::string_view noLines = "\"%s\" is a directory: --lines takes a file.";
 constexpr std::string_view notListed = "The directory \"%s\" cannot be listed: ";
 constexpr std::string_view listUnreadable = "The list of files \"%s\" cannot be read. No file will be formatted.";
+constexpr std::string_view changesUnknown = "The changed lines are not known. No file will be formatted.";
 constexpr std::string_view projectUnreadable = "The files of \"%s\" are not all known. No file will be formatted.";
 
 // A directory's files stand together, whatever other names begin with its own.
@@ -64,6 +67,7 @@ std::vector<std::string> FileSelection::select() {
     for (const std::string& name : options_.files) addNamed(name);
     if (!options_.filesFrom.empty()) addList();
     addProjects();
+    if (options_.git) keepChanged();
     if (gaveUp_) files_.clear();
     return std::move(files_);
 }
@@ -120,8 +124,32 @@ void FileSelection::addProject(const std::string& path, BrevisUI::IgnoreRules& r
     }
 }
 
+void FileSelection::addChanged() {
+    IgnoreRules::Options ignore = ignoreOptions(options_);
+    // What git ignores is not among them, unless it knows the file all the same.
+    ignore.gitIgnoreFiles = false;
+    IgnoreRules rules(".", std::move(ignore));
+    const BrevisUI::ExtensionList extensions(options_.extensions);
+    std::vector<std::string> found = lines_.changedFiles();
+    std::erase_if(found,
+                  [&](const std::string& file) { return !extensions.holds(file) || rules.isIgnored(file, false); });
+    std::ranges::sort(found, comesFirst);
+    for (const std::string& file : found) add(file);
+}
+
+void FileSelection::keepChanged() {
+    try {
+        if (options_.files.empty() && options_.projects.empty() && options_.filesFrom.empty()) addChanged();
+        lines_.narrow(files_);
+    } catch (const Trn::Exception& error) {
+        fail(error.message());
+        giveUp(std::string(changesUnknown));
+    }
+}
+
 void FileSelection::addPath(const std::string& path) {
     if (!BrevisUI::isDirectory(path)) return add(path);
+    if (!options_.lines.empty()) return fail(fillIn(noLines, path));
     if (options_.inPlace || options_.check || options_.diff) return addTree(path);
     fail(fillIn(needsMode, path));
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Console_FormatOptions.h"
+#include "Console_LineChoice.h"
 #include "files/BrevisUI_IgnoreRules.h"
 
 namespace Console {
@@ -17,11 +18,14 @@ public:
     // Told what goes wrong, with one of BrevisUI::Severity.
     using Tell = std::function<void(const std::string& text, int severity)>;
 
-    // `options` must outlive the selection.
-    FileSelection(const FormatOptions& options, Tell tell) : options_(options), tell_(std::move(tell)) {}
+    // `options` and `lines` must outlive the selection.
+    FileSelection(const FormatOptions& options, LineChoice& lines, Tell tell)
+        : options_(options), lines_(lines), tell_(std::move(tell)) {}
 
     // The files that are named, that a list names and that the projects hold, in this order, and each once. Those below
-    // a directory stand in its place, in the order of their names. None if a list or a project can't be read.
+    // a directory stand in its place, in the order of their names. If changes of git are wanted, the files without any
+    // are left out, and without names it is all files with some. None if a list, a project or git's answer can't be
+    // read.
     std::vector<std::string> select();
     // Whether something that was named could not be taken, once its message has been sent.
     bool hasFailed() const { return failed_; }
@@ -34,11 +38,14 @@ private:
     void addList();
     void addProjects();
     void addProject(const std::string& path, BrevisUI::IgnoreRules& rules);
+    void addChanged();
+    void keepChanged();
     void addPath(const std::string& path);
     void addTree(const std::string& directory);
     void add(const std::string& file);
 
     const FormatOptions& options_;
+    LineChoice& lines_;
     const Tell tell_;
     std::vector<std::string> files_;
     std::unordered_set<std::string> known_;  // by full path

@@ -3,7 +3,13 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <sstream>
+#include <string_view>
+#include <utility>
 
+#include "Console_ManualText.h"
 #include "settings/BrevisUI_Extensions.h"
 #include "settings/BrevisUI_Settings.h"
 
@@ -14,101 +20,6 @@ namespace {
 constexpr const char* versionText = "corvane-format (Corvane C++) " CORVANE_VERSION_TEXT
                                     "\n"
                                     "Copyright (C) Vellum Software\n";
-
-constexpr const char* helpText =
-    R"(Usage: corvane-format [OPTION]... [FILE|DIR]...
-Format C and C++ source files under a scheme file. Only white space changes.
-
-Without FILE, or where FILE is -, standard input is read. The formatted text goes
-to standard output, unless one of -i, --check and --diff asks for something else.
-With one of these, DIR stands for the source files below it, in the order of their
-names; write-protected and hidden entries and symbolic links are left out, but a
-FILE is always taken. A file that comes twice is taken once.
-
-  -s, --scheme=SCHEME         the scheme: the path of a scheme file or else the name
-                                of a scheme; without this option the nearest
-                                .corvane.fsc in the source file's directory or one
-                                of its parents, else the scheme Corvane that comes
-                                with the program
-      --list-schemes          list the names that --scheme knows, and format nothing
-      --dump-scheme           print the scheme in force for FILE, or else for the
-                                current directory, as a scheme file with a comment
-                                that tells where it was found, and format nothing
-  -i, --in-place              write each file back
-      --backup[=EXT]          with -i: keep the source as FILE.EXT; EXT is bak
-                                unless given
-      --line-endings=WHAT     how lines end: keep, as in the source, which is the
-                                default; lf; crlf; native, as on this system
-      --project=FILE          take the files of a project: .dsp, .vcproj, .vcxproj,
-                                .vcxitems, compile_commands.json or the directory
-                                that holds the last; may be repeated
-      --workspace=FILE        the same for the projects of a .dsw, .sln or .slnx
-      --files-from=FILE       take the files and directories that FILE names, one a
-                                line; - is standard input
-  -0                          with --files-from: each name ends with a NUL, not with
-                                its line
-      --extensions=LIST       the extensions of source files below DIR and in
-                                projects, separated by commas, unless given
-                                c,cc,cpp,cxx,h,hh,hpp,hxx
-      --exclude=GLOB          leave out what matches below DIR, as if GLOB were a
-                                line of a .gitignore file in DIR, for projects one
-                                in the current directory; may be repeated
-      --no-ignore             take files below DIR and of projects although git
-                                ignores them
-      --check                 write nothing; name each file that would change
-      --diff                  write nothing; show what would change as a unified
-                                diff, in colours on a terminal
-      --verify[=WHAT]         compare the tokens of the result with those of the
-                                source, and refuse a file where they differ; -i
-                                does so anyway. WHAT is tokens unless given;
-                                stable also formats the result again, and warns
-                                if that would change it
-      --no-verify             with -i: compare nothing
-      --verbose               tell for each file how many seams were mended, places
-                                where the scheme's white space would have changed
-                                the code; the threshold doesn't hide it
-      --assume-filename=PATH  the path of standard input, for messages and for the
-                                search for a scheme; without this option <stdin>
-                                and the current directory
-      --threshold=N           leave out messages of a severity below N, 0 to 3, 2
-                                unless given: 1 is information, 2 a warning, 3 an
-                                error
-      --undo                  give every file that the last run with -i has changed
-                                its old text back, unless it has changed since
-      --recover               look for what an interrupted run has left beside each
-                                FILE, in the current directory without FILE, and
-                                in the cache: give half-written files their old
-                                text back and remove temporary files
-      --help                  show this help and exit
-      --version               show the version and exit
-
-Messages go to standard error. A file that can't be read or parsed gives its
-messages and no output, and is left as it is; the other files are still done.
-
---check and --diff may be combined. -i takes neither of them and no standard
-input; --backup needs -i; --assume-filename needs standard input, which can be
-named only once. --verify and --no-verify cannot be combined. --list-schemes takes
-no FILE, --dump-scheme one at most; neither takes -i, --check or --diff. --undo and
---recover take no other option, and --undo no FILE. --project and --workspace need
-one of -i, --check and --diff.
-
-A scheme has a name once it stands in the user's scheme directory, by default
-$XDG_DATA_HOME/corvane/schemes, or ~/.local/share/corvane/schemes. The schemes that
-come with the program arrive there, write-protected: they are listed as built-in.
-
--i leaves a file alone that would not change. The old texts of the last ten runs
-are kept in $XDG_CACHE_HOME/corvane, by default ~/.cache/corvane.
-
-A file .corvaneignore, in the syntax of .gitignore, leaves out what it matches below
-its directory; what it says counts for more than what git's own files say. If a
-project or a list cannot be read, nothing is formatted.
-
-Exit status:
-  0  if all went well and, with --check or --diff, nothing would change,
-  1  if --check or --diff found a file that would change,
-  2  if a file was refused or failed, or the scheme or the arguments are bad.
-Warnings don't change it.
-)";
 
 struct LineEndWord {
     const char* word;
@@ -121,47 +32,147 @@ constexpr LineEndWord lineEndWords[] = {
     {"native", BrevisUI::LineEndMode::Native},
 };
 
+constexpr std::pair<std::string_view, ReportForm> reportWords[] = {
+    {"sarif", ReportForm::Sarif},
+    {"checkstyle", ReportForm::Checkstyle},
+    {"github", ReportForm::Github},
+    {"gcc", ReportForm::Gcc},
+};
+constexpr std::pair<std::string_view, ColourUse> colourWords[] = {
+    {"auto", ColourUse::Auto},
+    {"always", ColourUse::Always},
+    {"never", ColourUse::Never},
+};
+
+// The names of an option as the parser wants them. Whatever stands behind the name belongs to the parser.
+std::string namesOf(std::string_view name, std::string_view behind = {}) {
+    const OptionRow& row = optionRow(formatManual, name);
+    std::string names(row.letter);
+    if (!row.letter.empty() && !row.name.empty()) names += ',';
+    return names.append(row.name).append(behind);
+}
+
+CLI::IsMember wordsOf(std::string_view name) {
+    std::istringstream words{std::string(optionRow(formatManual, name).words)};
+    return CLI::IsMember(std::vector<std::string>{std::istream_iterator<std::string>(words), {}});
+}
+
+// Adds the options of the table by their names: one that the table lacks throws.
+class OptionAdder {
+public:
+    explicit OptionAdder(CLI::App& app) : app_(app) {}
+
+    void flag(std::string_view name) { app_.add_flag(namesOf(name))->disable_flag_override(); }
+    void flag(std::string_view name, bool& value) { app_.add_flag(namesOf(name), value)->disable_flag_override(); }
+    template <class Value>
+    CLI::Option* option(std::string_view name, Value& value) {
+        return app_.add_option(namesOf(name), value)->type_name(std::string(optionRow(formatManual, name).argument));
+    }
+    CLI::Option* option(std::string_view name) {
+        return app_.add_option(namesOf(name))->type_name(std::string(optionRow(formatManual, name).argument));
+    }
+
+private:
+    CLI::App& app_;
+};
+
 void addOptions(CLI::App& app, FormatOptions& options) {
-    app.set_help_flag("--help");
-    app.set_version_flag("--version", versionText);
-    app.add_option("-s,--scheme", options.scheme)->type_name("SCHEME");
-    app.add_flag("--list-schemes", options.listSchemes)->disable_flag_override();
-    app.add_flag("--dump-scheme", options.dumpScheme)->disable_flag_override();
-    app.add_flag("-i,--in-place", options.inPlace)->disable_flag_override();
+    OptionAdder add(app);
+    app.set_help_flag(namesOf("--help"));
+    app.set_version_flag(namesOf("--version"), versionText);
+    add.option("--scheme", options.scheme);
+    add.flag("--list-schemes", options.listSchemes);
+    add.flag("--dump-scheme", options.dumpScheme);
+    add.flag("--in-place", options.inPlace);
     // A flag with a text: unlike an option it takes a value only behind an equals sign.
-    app.add_flag("--backup{bak}", options.backupExtension);
-    app.add_option("--line-endings")->check(CLI::IsMember({"keep", "lf", "crlf", "native"}));
+    app.add_flag(namesOf("--backup", "{bak}"), options.backupExtension);
+    app.add_flag(namesOf("--git", "{HEAD}"), options.gitRevision);
+    app.add_flag(namesOf("--verify", "{tokens}"))->check(wordsOf("--verify"));
+    add.option("--line-endings")->check(wordsOf("--line-endings"));
     // Both take either, in the order given.
-    app.add_option("--project,--workspace", options.projects)->type_name("FILE")->allow_extra_args(false);
-    app.add_option("--files-from", options.filesFrom)->type_name("FILE");
-    app.add_flag("-0", options.nulSeparated)->disable_flag_override();
-    app.add_option("--extensions")->type_name("LIST");
-    app.add_option("--exclude", options.excludes)->type_name("GLOB")->allow_extra_args(false);
-    app.add_flag("--no-ignore")->disable_flag_override();
-    app.add_flag("--undo")->disable_flag_override();
-    app.add_flag("--recover")->disable_flag_override();
-    app.add_flag("--check", options.check)->disable_flag_override();
-    app.add_flag("--diff", options.diff)->disable_flag_override();
-    app.add_flag("--verify{tokens}")->check(CLI::IsMember({"tokens", "stable"}));
-    app.add_flag("--no-verify")->disable_flag_override();
-    app.add_flag("--verbose", options.verbose)->disable_flag_override();
-    app.add_option("--assume-filename", options.assumeFilename)->type_name("PATH");
-    app.add_option("--threshold", options.threshold)->type_name("N")->check(CLI::Range(0, 3).description(""));
+    app.add_option(namesOf("--project", ",") + namesOf("--workspace"), options.projects)
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    add.option("--files-from", options.filesFrom);
+    add.flag("-0", options.nulSeparated);
+    add.option("--extensions");
+    add.option("--exclude", options.excludes)->allow_extra_args(false);
+    add.flag("--no-ignore");
+    app.add_option(namesOf("--lines"))
+        ->type_name("FROM:TO")
+        ->allow_extra_args(false)
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    add.flag("--staged", options.staged);
+    add.flag("--undo");
+    add.flag("--recover");
+    add.flag("--check", options.check);
+    add.flag("--diff", options.diff);
+    add.flag("--no-verify");
+    add.flag("--verbose", options.verbose);
+    add.option("--format")->check(wordsOf("--format"));
+    add.option("--color")->check(wordsOf("--color"));
+    add.option("--assume-filename", options.assumeFilename);
+    add.option("--threshold", options.threshold)->check(CLI::Range(0, 3).description(""));
     app.add_option("FILE", options.files);
+}
+
+// Sets `value` to what the word of an option means, if it was given.
+template <class Words, class Value>
+void readWord(const CLI::App& app, const std::string& name, const Words& words, Value& value) {
+    if (app.count(name) == 0) return;
+    const std::string given = app[name]->as<std::string>();
+    for (const auto& [word, meaning] : words) {
+        if (given == word) value = meaning;
+    }
+}
+
+bool readNumber(std::string_view text, std::size_t& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+// Gives a complaint, or nothing.
+std::string readLines(const CLI::App& app, FormatOptions& options) {
+    if (app.count("--lines") == 0) return {};
+    for (const auto& given : app["--lines"]->as<std::vector<std::string>>()) {
+        const std::string_view text = given;
+        const std::size_t colon = std::min(text.find(':'), text.size());
+        std::size_t first = 0;
+        std::size_t last = 0;
+        const bool isGood = readNumber(text.substr(0, colon), first) &&
+                            readNumber(text.substr(std::min(colon + 1, text.size())), last) && 1 <= first &&
+                            first <= last;
+        if (!isGood) return "--lines: \"" + given + "\" is not FROM:TO, two numbers of lines from 1";
+        options.lines.add(first, last);
+    }
+    return {};
+}
+
+bool namesFiles(const FormatOptions& options) {
+    return !options.files.empty() || !options.projects.empty() || !options.filesFrom.empty();
+}
+
+std::string complaintAboutLines(const CLI::App& app, const FormatOptions& options) {
+    const bool hasMode = options.inPlace || options.check || options.diff;
+    if (options.staged && !options.git) return "--staged has no meaning without --git";
+    if (options.git && options.gitRevision.empty()) return "--git needs a revision behind its equals sign";
+    if (app.count("--lines") > 0) {
+        if (options.git) return "--lines and --git cannot be combined";
+        const bool isOne = options.files.size() == 1 && options.projects.empty() && options.filesFrom.empty();
+        if (!isOne) return "--lines takes one file, not more and no project or list";
+    }
+    if (options.git && std::ranges::count(options.files, standardInput) > 0) return "--git takes no standard input";
+    if (options.git && !namesFiles(options) && !hasMode) {
+        return "--git without a file needs one of --in-place, --check and --diff";
+    }
+    return {};
 }
 
 void readVerification(const CLI::App& app, FormatOptions& options) {
     const CLI::Option& verify = *app.get_option("--verify");
     options.verifyTokens = options.inPlace ? app.count("--no-verify") == 0 : verify.count() > 0;
     options.verifyStability = verify.count() > 0 && verify.as<std::string>() == "stable";
-}
-
-void readLineEnds(const CLI::App& app, FormatOptions& options) {
-    if (app.count("--line-endings") == 0) return;
-    const std::string given = app["--line-endings"]->as<std::string>();
-    for (const auto& [word, mode] : lineEndWords) {
-        if (given == word) options.lineEnds = mode;
-    }
 }
 
 void readTreeOptions(const CLI::App& app, FormatOptions& options) {
@@ -174,10 +185,6 @@ void readTreeOptions(const CLI::App& app, FormatOptions& options) {
 // A pattern or an extension with a dot would match nothing.
 bool isExtension(const std::string& text) {
     return BrevisUI::isValidExtension(text) && text.find_first_of("*.") == std::string::npos;
-}
-
-bool namesFiles(const FormatOptions& options) {
-    return !options.files.empty() || !options.projects.empty() || !options.filesFrom.empty();
 }
 
 std::string complaintAboutSelection(const CLI::App& app, const FormatOptions& options) {
@@ -203,8 +210,8 @@ std::string complaintAboutSchemeQuery(const FormatOptions& options) {
     if (options.inPlace || options.check || options.diff) {
         return "--list-schemes and --dump-scheme format nothing: --in-place, --check and --diff have no meaning";
     }
-    if (!options.projects.empty() || !options.filesFrom.empty()) {
-        return "--list-schemes and --dump-scheme take no --project, --workspace and --files-from";
+    if (!options.projects.empty() || !options.filesFrom.empty() || options.git) {
+        return "--list-schemes and --dump-scheme take no --project, --workspace, --files-from and --git";
     }
     if (options.listSchemes && options.files != std::vector<std::string>{std::string(standardInput)}) {
         return "--list-schemes takes no files";
@@ -219,6 +226,9 @@ std::string complaintAbout(const CLI::App& app, const FormatOptions& options) {
     if (app.count("--assume-filename") > 0 && options.assumeFilename.empty()) return "--assume-filename needs a path";
     if (options.inPlace && options.check) return "--in-place and --check cannot be combined: --check writes nothing";
     if (options.inPlace && options.diff) return "--in-place and --diff cannot be combined: --diff writes nothing";
+    if (options.report != ReportForm::None && (!options.check || options.diff)) {
+        return "--format needs --check, without --diff";
+    }
     if (options.createBackups && !options.inPlace) return "--backup has no meaning without --in-place";
     if (app.count("--verify") > 0 && app.count("--no-verify") > 0) {
         return "--verify and --no-verify cannot be combined";
@@ -262,7 +272,7 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        return {FormatCommand::Action::ShowText, {}, helpText};
+        return {FormatCommand::Action::ShowText, {}, helpText(formatManual)};
     } catch (const CLI::CallForVersion&) {
         return {FormatCommand::Action::ShowText, {}, versionText};
     } catch (const CLI::ParseError& error) {
@@ -271,13 +281,17 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     if (app.count("--undo") > 0 || app.count("--recover") > 0) return restoring(app, command);
     options.createBackups = app.count("--backup") > 0;
     readVerification(app, options);
-    readLineEnds(app, options);
+    options.git = app.count("--git") > 0;
+    readWord(app, "--line-endings", lineEndWords, options.lineEnds);
+    readWord(app, "--format", reportWords, options.report);
+    readWord(app, "--color", colourWords, options.colours);
     readTreeOptions(app, options);
-    if (!namesFiles(options)) options.files.emplace_back(standardInput);
-    std::string complaint;
+    if (!namesFiles(options) && !options.git) options.files.emplace_back(standardInput);
+    std::string complaint = readLines(app, options);
     if (options.listSchemes || options.dumpScheme) complaint = complaintAboutSchemeQuery(options);
     if (complaint.empty()) complaint = complaintAbout(app, options);
     if (complaint.empty()) complaint = complaintAboutSelection(app, options);
+    if (complaint.empty()) complaint = complaintAboutLines(app, options);
     return complaint.empty() ? command : failure(complaint);
 }
 

@@ -6,10 +6,14 @@
 #include <vector>
 
 #include "BrevisUI_LineEnds.h"
+#include "BrevisUI_LineSet.h"
 
 namespace Console {
 
 inline constexpr std::string_view standardInput = "-";
+
+enum class ReportForm { None, Sarif, Checkstyle, Github, Gcc };
+enum class ColourUse { Auto, Always, Never };
 
 struct FormatOptions {
     std::vector<std::string> files;       // and directories, in the order given; "-" is standard input
@@ -28,6 +32,12 @@ struct FormatOptions {
     bool createBackups = false;
     std::string backupExtension = "bak";
     BrevisUI::LineEndMode lineEnds = BrevisUI::LineEndMode::Keep;
+    BrevisUI::LineSet lines;  // of the one file that may change; empty: all
+    bool git = false;         // only lines may change that differ from a revision
+    bool staged = false;      // and are staged
+    std::string gitRevision = "HEAD";
+    ReportForm report = ReportForm::None;  // what --check writes instead of names
+    ColourUse colours = ColourUse::Auto;
     bool verifyTokens = false;
     bool verifyStability = false;
     bool verbose = false;

@@ -1,9 +1,12 @@
 // One file after the other: in place by the file job, to standard output by its middle part.
 #include "Console_FormatRun.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <iterator>
 #include <sstream>
 #include <utility>
 
@@ -11,6 +14,7 @@
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "BrevisUI_UserPlaces.h"
+#include "Console_Colours.h"
 #include "Console_FileSelection.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_UnifiedDiff.h"
@@ -37,12 +41,22 @@ std::string onOneLine(std::string path) {
 FormatRun::FormatRun(const FormatOptions& options, StandardOutput& output)
     : options_(options),
       output_(output),
+      colouredOutput_(wantsColours(options.colours, STDOUT_FILENO)),
+      colouredMessages_(wantsColours(options.colours, STDERR_FILENO)),
+      lines_(options),
+      report_(makeReport(options.report, fs::current_path().string())),
       schemes_(shippedSchemePath()),
       store_(system_, BrevisUI::userCacheDirectory()),
       writer_(system_, &store_) {}
 
 void FormatRun::send(const std::string& text, int severity) {
-    if (severity >= options_.threshold) writeErrorLine(text);
+    if (severity >= Severity::error && lastError_.empty()) lastError_ = text;
+    if (severity >= options_.threshold) writeErrorLine(colouredMessages_ ? colouredMessage(text, severity) : text);
+}
+
+void FormatRun::sendPlaced(const std::string& path, const Trn::ParseMessage& message) {
+    FormatHost::sendPlaced(path, message);
+    if (message.severity >= Severity::warning) findings_.findings.push_back(findingFrom(message));
 }
 
 void FormatRun::onFormatted(const std::string& path, const Brevis::FormatResult& result) {
@@ -62,7 +76,7 @@ int FormatRun::run() {
 }
 
 int FormatRun::formatFiles() {
-    FileSelection selection(options_, [this](const std::string& text, int severity) { send(text, severity); });
+    FileSelection selection(options_, lines_, [this](const std::string& text, int severity) { send(text, severity); });
     const std::vector<std::string> files = selection.select();
     const int status = options_.inPlace ? writeFiles(files) : processFiles(files);
     return selection.hasFailed() ? exitTrouble : status;
@@ -77,11 +91,25 @@ int FormatRun::writeFiles(const std::vector<std::string>& files) {
 
 int FormatRun::processFiles(const std::vector<std::string>& files) {
     int status = exitGood;
+    if (report_) output_.write(report_->begin());
     for (const std::string& file : files) {
-        status = std::max(status, processFile(file));
+        status = std::max(status, report_ ? reportFile(file) : processFile(file));
         // Nobody would see what follows, or wants it.
         if (!output_.good() || (options_.inPlace && BrevisUI::SignalPause::isStopAsked())) break;
     }
+    if (report_) output_.write(report_->end(status != exitTrouble));
+    return status;
+}
+
+int FormatRun::reportFile(const std::string& file) {
+    findings_ = {displayName(file), {}};
+    lastError_.clear();
+    const int status = processFile(file);
+    const auto isRefusal = [](const Finding& finding) { return finding.kind == Finding::Kind::Refused; };
+    if (status == exitTrouble && std::ranges::none_of(findings_.findings, isRefusal)) {
+        findings_.findings.push_back({Finding::Kind::Refused, {}, lastError_, {}});
+    }
+    output_.write(report_->file(findings_));
     return status;
 }
 
@@ -176,8 +204,12 @@ int FormatRun::formatToOutput(const std::string& file, const Brevis::PropertySet
 
 int FormatRun::showChanges(const std::string& name, const std::string& source, const std::string& formatted) {
     if (source == formatted) return exitGood;
-    if (options_.check) output_.write(name + "\n");
-    if (options_.diff) output_.write(unifiedDiff(name, source, formatted, StandardOutput::takesColours()));
+    if (report_) {
+        std::ranges::move(findLayout(source, formatted), std::back_inserter(findings_.findings));
+    } else if (options_.check) {
+        output_.write(name + "\n");
+    }
+    if (options_.diff) output_.write(unifiedDiff(name, source, formatted, colouredOutput_));
     return exitWouldChange;
 }
 

@@ -1,6 +1,7 @@
 // A run of corvane-format over its files, once the arguments have been read.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -8,6 +9,8 @@
 #include "BrevisUI_FormatHost.h"
 #include "BrevisUI_LineEnds.h"
 #include "Console_FormatOptions.h"
+#include "Console_LineChoice.h"
+#include "Console_Report.h"
 #include "Console_SchemeFinder.h"
 #include "Console_StandardStreams.h"
 #include "disk/BrevisUI_FileWriter.h"
@@ -27,6 +30,8 @@ public:
 
 private:
     void send(const std::string& text, int severity) override;
+    void sendPlaced(const std::string& path, const Trn::ParseMessage& message) override;
+    const BrevisUI::LineSet* chosenLines(const std::string& path) const override { return lines_.linesOf(path); }
     bool createBackups() const override { return options_.createBackups; }
     std::string backupExtension() const override { return options_.backupExtension; }
     bool verifyTokens() const override { return options_.verifyTokens; }
@@ -53,6 +58,8 @@ private:
     // The scheme at a path, or null once the messages about it have been sent.
     const Brevis::PropertySet* schemeAt(const std::string& path);
     int processFile(const std::string& file);
+    // The same for a report of what is found in the file.
+    int reportFile(const std::string& file);
     int formatInPlace(const std::string& file, const Brevis::PropertySet& scheme);
     int formatToOutput(const std::string& file, const Brevis::PropertySet& scheme);
     // All bytes of a file or of standard input, or nothing once the message has been sent.
@@ -61,6 +68,11 @@ private:
 
     const FormatOptions& options_;
     StandardOutput& output_;
+    const bool colouredOutput_, colouredMessages_;
+    LineChoice lines_;
+    std::unique_ptr<Report> report_;  // null: none is wanted
+    FileFindings findings_;           // in the file in work
+    std::string lastError_;           // about it, without a place
     SchemeFinder schemes_;
     BrevisUI::FileSystem system_;
     BrevisUI::RunStore store_;

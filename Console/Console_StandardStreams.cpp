@@ -39,12 +39,6 @@ int StandardOutput::finish() {
     return error_;
 }
 
-bool StandardOutput::takesColours() {
-    const char* const terminal = std::getenv("TERM");
-    const bool plain = std::getenv("NO_COLOR") || !terminal || std::string_view(terminal) == "dumb";
-    return !plain && isatty(STDOUT_FILENO) == 1;
-}
-
 void writeErrorLine(std::string_view line) {
     std::string text(line);
     text += '\n';

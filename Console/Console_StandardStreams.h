@@ -19,9 +19,6 @@ public:
     // Writes what is held back. Gives 0, or the error number of the first failure.
     int finish();
 
-    // Whether this is a terminal on which colours are welcome.
-    static bool takesColours();
-
 private:
     void noteFailure();
 

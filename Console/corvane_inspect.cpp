@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Console_InspectCommands.h"
+#include "Console_ManualText.h"
 #include "Console_StandardStreams.h"
 
 namespace {
@@ -13,42 +14,6 @@ namespace {
 constexpr const char* versionText = "corvane-inspect (Corvane C++) " CORVANE_VERSION_TEXT
                                     "\n"
                                     "Copyright (C) Vellum Software\n";
-
-constexpr const char* helpText =
-    R"(Usage: corvane-inspect tokens [FILE]
-  or:  corvane-inspect tree [--preformat] [FILE]
-  or:  corvane-inspect wrap --scheme SCHEME [FILE]
-  or:  corvane-inspect scheme [--scheme SCHEME] [FILE]
-Show what the stages of the formatter make of a C or C++ source text, or of a
-scheme.
-
-Without FILE, or where FILE is -, standard input is read; to the command scheme it
-stands for a file in the current directory.
-
-  tokens       one token a line: its number, its first and last position and its
-                 text, between tabs; the end of the text comes last
-  tree         one node of the syntax tree a line, two blanks a level
-      --preformat  the tree as the formatter gets it: a marked region that is left
-                     alone is a single comment
-  wrap         the text as the second pass leaves it, which wraps long lines; the
-                 text is taken as formatted already
-  scheme       one property a line: its key, the value in force and where that comes
-                 from, between tabs; the path of the scheme comes first
-  -s, --scheme SCHEME
-               the path or the name of the scheme; without one, the command scheme shows
-                 the scheme that corvane-format would take for FILE, which it doesn't read
-      --help     show this help and exit
-      --version  show the version and exit
-
-Positions are LINE:COLUMN. In a text, white space other than blanks, quotes and
-backslashes are escaped. What the parser reports goes to standard error; the tree
-is shown even so.
-
-Exit status:
-  0  if the text or the scheme was read, whatever the parser reports,
-  2  if one of them could not be read, if the text is nested too deeply or can't be
-       wrapped for what the parser reports, or if the arguments are bad.
-)";
 
 // What the arguments ask for: a command with its options, or a status to end with.
 struct Request {
@@ -80,7 +45,7 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        output.write(helpText);
+        output.write(Console::helpText(Console::inspectManual));
         request.command = nullptr;
     } catch (const CLI::CallForVersion&) {
         output.write(versionText);

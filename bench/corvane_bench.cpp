@@ -1,5 +1,6 @@
 // Measures lexing, parsing and formatting in bytes a second, for one, ten and a hundred times the same text: a rate
-// that falls as the text grows tells of work that grows faster than the text. scripts/bench runs it.
+// that falls as the text grows tells of work that grows faster than the text; and what a keystroke in the scheme editor
+// costs. scripts/bench runs it.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -7,11 +8,15 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "Brevis_Formatter.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
+#include "editor/BrevisUI_Preview.h"
+#include "editor/BrevisUI_StylesSheet.h"
+#include "editor/BrevisUI_TextMoves.h"
 #include "guard/Brevis_SeamGuard.h"
 #include "scheme/Brevis_PropertyCatalogue.h"
 
@@ -146,6 +151,24 @@ void wrappingOneLine(benchmark::State& state) {
     run(state, line.before + repeated(line.part, 1000 * state.range(1)) + line.after, wrapped);
 }
 
+// What a keystroke in the scheme editor costs without the drawing: the change of a control, the preview of the sample
+// that takes longest, and what moved in it.
+void previewing(benchmark::State& state) {
+    using namespace BrevisUI;
+    StylesSheet sheet;
+    sheet.setScheme(wrappingScheme());
+    StylesBasePage& page = sheet.page(tabOf(Brevis::PropertyPage::LineWrapping));
+    const SampleTable samples{{std::string(page.previewName()), std::string(builtInSample(page.previewName()))}};
+    std::string shown;
+    for (auto _ : state) {
+        page.setNumber("RIGHT_MARGIN", 60 + static_cast<std::int32_t>(state.iterations() % 2));
+        Preview preview = previewOf(page, sheet.scheme(), samples);
+        benchmark::DoNotOptimize(movedRanges(shown, preview.text));
+        shown = std::move(preview.text);
+    }
+}
+
+BENCHMARK(previewing)->Unit(benchmark::kMillisecond);
 BENCHMARK(lexing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(parsing)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(formatting)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);

@@ -11,7 +11,7 @@ list(JOIN front " " front)
 list(JOIN engine_folders " " engine_folders)
 
 set(host BrevisConfigure)
-foreach(folder disk files projects batch store settings)
+foreach(folder disk files projects batch store settings editor help)
   list(APPEND host_folders ${host}/${folder})
 endforeach()
 list(JOIN host_folders " " host_folders)
@@ -38,6 +38,9 @@ set(layers
   "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/files ${host}/projects"
   "${host}/store: ${front} ${scheme} ${host}"
   "${host}/settings: ${front} ${scheme} ${host}"
+  "${host}/editor: ${front} ${engine} ${scheme} ${host} ${host}/store ${host}/settings"
+  "${host}/help: ${scheme}"
+  "${host}/qt: ${front} ${engine} ${engine_folders} ${host} ${host_folders}"
   "Console: ${front} ${engine} ${engine_folders} ${host} ${host_folders}")
 
 # Arrows that the table forbids and that are still there: a folder, a colon, a header. One that is no longer needed

@@ -6,6 +6,9 @@ jobs=$(nproc)
 # What a build needs, the tests included: one configured tree serves scripts/run, scripts/test and a developer.
 build_packages="g++ cmake ninja-build libcli11-dev libpugixml-dev nlohmann-json3-dev libgtest-dev"
 
+# What the desktop program needs besides, a font and the reader of its icon included.
+desktop_packages="qt6-base-dev libqt6svg6 fonts-dejavu-core"
+
 say() {
     printf '%s\n' "$*" >&2
 }

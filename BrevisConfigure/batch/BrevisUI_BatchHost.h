@@ -58,6 +58,10 @@ public:
     // Never null.
     virtual std::unique_ptr<BatchProgressDlg> createProgress() = 0;
 
+    // Called behind the last file of a command, before its closing message: a host with a writer of its own brings the
+    // texts to the disk that still wait.
+    virtual void finishFiles() {}
+
     // Where dialogs start.
     virtual std::string lastDirectory() const = 0;
     virtual void setLastDirectory(const std::string& directory) = 0;

@@ -113,6 +113,7 @@ void BatchRun::formatFiles() {
         status.begin();
         formatFile(host_, path, scheme);
     }
+    host_.finishFiles();
     host_.setLastDirectory(directoryOf(paths.back()));
 }
 
@@ -251,8 +252,8 @@ void BatchRun::sweepDirectory(const std::string& directory, const Brevis::Proper
     host_.setOverallRange(count);
     sweep.setCount(count);
     walkTree(sweep, directory, [&sweep](const std::string& path) { sweep.format(path); });
-    send(sweep.dialog().isCancelled() ? BatchMessage::cancelled : BatchMessage::endDirectoryTree,
-         Severity::information);
+    if (sweep.dialog().isCancelled()) sweep.sendCancelled();
+    sweep.sendEnd(BatchMessage::endDirectoryTree);
     host_.setLastDirectory(directoryOf(directory));
     status.end();
 }

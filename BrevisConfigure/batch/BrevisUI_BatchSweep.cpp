@@ -29,9 +29,13 @@ bool BatchSweep::formatProject(const Project& project) {
     return true;
 }
 
-void BatchSweep::sendCancelled() { host_.send(std::string(BatchMessage::cancelled), Severity::information); }
+void BatchSweep::sendCancelled() {
+    host_.finishFiles();
+    host_.send(std::string(BatchMessage::cancelled), Severity::information);
+}
 
 void BatchSweep::sendEnd(std::string_view text) {
+    host_.finishFiles();
     if (!dialog_->isCancelled()) host_.send(std::string(text), Severity::information);
 }
 

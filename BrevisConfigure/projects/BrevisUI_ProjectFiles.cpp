@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
@@ -38,6 +39,8 @@ constexpr std::array<WorkspaceFormat, 3> workspaceFormats{{
     {"sln", readSln},
     {"slnx", readSlnx},
 }};
+
+constexpr const char* compileCommands = "compile_commands.json";
 
 constexpr std::string_view unknownFormat = "Corvane C++ cannot read projects of this kind.";
 constexpr std::string_view foreignProject = "The project \"%s\" is of a kind that Corvane C++ cannot read.";
@@ -112,12 +115,18 @@ private:
 
 std::string projectFileAt(const std::string& path) {
     const std::string full = fullPath(path);
-    return isDirectory(full) ? fullPath(full, "compile_commands.json") : full;
+    return isDirectory(full) ? fullPath(full, compileCommands) : full;
 }
 
 }  // namespace
 
 bool isWorkspaceFile(const std::string& path) { return formatOf(workspaceFormats, path) != nullptr; }
+
+bool isProjectFile(const std::string& path) {
+    // Any other file of this extension is likely to be something else.
+    if (extensionOf(path) == "json") return std::filesystem::path(path).filename() == compileCommands;
+    return formatOf(projectFormats, path) != nullptr;
+}
 
 ProjectList readProjects(const std::string& path) {
     const std::string file = projectFileAt(path);

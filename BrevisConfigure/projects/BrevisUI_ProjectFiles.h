@@ -14,6 +14,9 @@ namespace BrevisUI {
 // no entry. Throws a ProjectError if the file itself can't be read.
 ProjectList readProjects(const std::string& path);
 
+// Whether `readProjects` has a reader of projects, not of workspaces, for a file of this name.
+bool isProjectFile(const std::string& path);
+
 class ProjectFiles : public ProjectSource {
 public:
     void setWorkspace(const std::string& path) override { path_ = path; }

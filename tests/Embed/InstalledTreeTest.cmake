@@ -25,6 +25,13 @@ file(MAKE_DIRECTORY ${DIRECTORY})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${DIRECTORY}/first)
 file(RENAME ${DIRECTORY}/first ${prefix})
 
+foreach(page man/man1/corvane-format.1 man/man1/corvane-inspect.1 bash-completion/completions/corvane-format
+        zsh/vendor-completions/_corvane-inspect fish/vendor_completions.d/corvane-format.fish doc/corvane/copyright)
+  if(NOT EXISTS ${prefix}/share/${page})
+    message(FATAL_ERROR "${page} is not installed.")
+  endif()
+endforeach()
+
 # The program reads the scheme that stands beside it: given the example's indent, it formats as the example does.
 run(${prefix}/bin/corvane-format)
 set(plain "${output}")

@@ -60,6 +60,27 @@ struct ChoiceValue {
     std::string_view label;
 };
 
+// What a key means to its page, beside holding a value of the scheme.
+enum class PropertyRole {
+    Value,
+    UseGlobal,    // the page takes the values with a twin from the global settings
+    DoNotFormat,  // the page is switched off: a scheme that says so has none of its values
+};
+
+// True while another property of the same page, a Flag or a Choice, has a value from `least` to `most`.
+struct PropertyCondition {
+    std::string_view key;
+    std::int32_t least;
+    std::int32_t most;
+};
+
+// The label of a control while another property of the same page has a value.
+struct PropertyLabel {
+    std::string_view key;
+    std::int32_t value;
+    std::string_view label;
+};
+
 // The page default is what the editor puts in place when it loads a scheme without the key. The defaults of the engine
 // are others (Brevis_Scheme.h).
 struct PropertyInfo {
@@ -71,19 +92,59 @@ struct PropertyInfo {
     std::int32_t defaultNumber;    // of a Flag (0 or 1), Number or Choice
     std::string_view defaultText;  // of the other types
     std::span<const ChoiceValue> choices;
+
+    // What only the page needs to know.
+    PropertyRole role = PropertyRole::Value;
+    std::string_view group = "";                         // the label of the controls that it stands among
+    std::string_view globalTwin = "";                    // the key of the global settings whose value it can take
+    std::span<const PropertyCondition> conditions = {};  // the control can be used while all of them are true
+    bool isClearedWhenOff = false;                       // a Flag that turns false while a condition isn't true
+    std::span<const PropertyLabel> labels = {};          // in the place of `label`; the last one that held stays
+
+    constexpr PropertyInfo as(PropertyRole newRole) const {
+        PropertyInfo row = *this;
+        row.role = newRole;
+        return row;
+    }
+    constexpr PropertyInfo in(std::string_view newGroup) const {
+        PropertyInfo row = *this;
+        row.group = newGroup;
+        return row;
+    }
+    constexpr PropertyInfo twinOf(std::string_view key) const {
+        PropertyInfo row = *this;
+        row.globalTwin = key;
+        return row;
+    }
+    constexpr PropertyInfo when(std::span<const PropertyCondition> newConditions) const {
+        PropertyInfo row = *this;
+        row.conditions = newConditions;
+        return row;
+    }
+    constexpr PropertyInfo clearedUnless(std::span<const PropertyCondition> newConditions) const {
+        PropertyInfo row = when(newConditions);
+        row.isClearedWhenOff = true;
+        return row;
+    }
+    constexpr PropertyInfo labelled(std::span<const PropertyLabel> newLabels) const {
+        PropertyInfo row = *this;
+        row.labels = newLabels;
+        return row;
+    }
 };
 
 namespace Catalogue {
 
 using Page = PropertyPage;
+using Role = PropertyRole;
 
 constexpr PropertyInfo whiteSpace(std::string_view key, Page page, SchemeField field, std::string_view label = "",
                                   std::string_view text = "") {
-    return {key, PropertyType::WhiteSpace, page, field, label, 0, text, {}};
+    return PropertyInfo{key, PropertyType::WhiteSpace, page, field, label, 0, text, {}}.in("White space");
 }
 
 constexpr PropertyInfo indent(std::string_view key, Page page, SchemeField field, std::string_view label) {
-    return {key, PropertyType::Indent, page, field, label, 0, "", {}};
+    return PropertyInfo{key, PropertyType::Indent, page, field, label, 0, "", {}}.in("Indent");
 }
 
 constexpr PropertyInfo flag(std::string_view key, Page page, SchemeField field, std::string_view label = "",
@@ -98,7 +159,7 @@ constexpr PropertyInfo number(std::string_view key, Page page, SchemeField field
 
 constexpr PropertyInfo choice(std::string_view key, Page page, SchemeField field, std::string_view label,
                               std::int32_t value, std::span<const ChoiceValue> choices) {
-    return {key, PropertyType::Choice, page, field, label, value, "", choices};
+    return PropertyInfo{key, PropertyType::Choice, page, field, label, value, "", choices}.in(label);
 }
 
 inline constexpr ChoiceValue convertValues[] = {{0, "do not convert"}, {1, "tabs to spaces"}, {2, "spaces to tabs"}};
@@ -112,6 +173,24 @@ inline constexpr ChoiceValue listWrapStrategyValues[] = {
     {0, ""}, {1, "Fit as many elements as possible on a single line"}, {2, "Put each element on a separate line"}};
 
 // Page by page in the order of the controls.
+// Conditions and labels of controls that depend on others.
+inline constexpr PropertyCondition asteriskAnchored[] = {{"ASTERISK_ANCHOR", 0, 1}};
+inline constexpr PropertyCondition asteriskAtIdentifier[] = {{"ASTERISK_ANCHOR", 1, 1}};
+inline constexpr PropertyCondition ampersandAnchored[] = {{"AMPERSAND_ANCHOR", 0, 1}};
+inline constexpr PropertyCondition ampersandAtIdentifier[] = {{"AMPERSAND_ANCHOR", 1, 1}};
+inline constexpr PropertyCondition wraps[] = {{"LINE_WRAP", 1, 1}};
+inline constexpr PropertyCondition wrapIndents[] = {{"LINE_WRAP", 1, 1}, {"WRAP_STYLE", 2, 2}};
+inline constexpr PropertyLabel asteriskLabels[] = {{"ASTERISK_ANCHOR", 0, "White space between Type and * :"},
+                                                   {"ASTERISK_ANCHOR", 1, "White space between * and Identifier:"}};
+inline constexpr PropertyLabel ampersandLabels[] = {{"AMPERSAND_ANCHOR", 0, "White space between Type and && :"},
+                                                    {"AMPERSAND_ANCHOR", 1, "White space between && and Identifier:"}};
+
+inline constexpr std::string_view asteriskGroup = "Keep * with:", ampersandGroup = "Keep && with:",
+                                  continuationGroup = "Treatment of line continuation";
+// Groups of the controls for functions, whose labels would not tell them apart.
+inline constexpr std::string_view declarations = "Declarations only", bothOfThem = "Declarations and definitions",
+                                  definitions = "Definitions only";
+
 inline constexpr PropertyInfo properties[] = {
     {"CORVANE_VERSION", PropertyType::Text, Page::None, Unused::Version, "", 0, schemeVersion, {}},
 
@@ -126,110 +205,156 @@ inline constexpr PropertyInfo properties[] = {
     whiteSpace("GLOBAL_WS_AFTER_OPEN_BRACE", Page::Globals, &Scheme::globalWsAfterOpenBrace, "After body open:"),
     whiteSpace("GLOBAL_WS_BEFORE_CLOSE_BRACE", Page::Globals, &Scheme::globalWsBeforeCloseBrace, "Before body close:"),
     whiteSpace("GLOBAL_WS_BEFORE_COMMA", Page::Globals, Unused::EditorOnly, "Before comma:"),
-    flag("GLOBALS_DO_NOT_FORMAT", Page::Globals, Unused::EditorOnly),
+    flag("GLOBALS_DO_NOT_FORMAT", Page::Globals, Unused::EditorOnly).as(Role::DoNotFormat),
 
     // Classes, Structs and Unions.
-    flag("CLASS_USE_GLOBAL_SETTINGS", Page::Classes, Unused::EditorOnly, "Use global settings"),
-    flag("CLASS_DO_NOT_FORMAT", Page::Classes, Unused::EditorOnly, "Do not format Classes, Structs or Unions"),
-    indent("INDENT_CLASS_CONTENT", Page::Classes, &Scheme::indentClassContent, "Body:"),
+    flag("CLASS_USE_GLOBAL_SETTINGS", Page::Classes, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
+    flag("CLASS_DO_NOT_FORMAT", Page::Classes, Unused::EditorOnly, "Do not format Classes, Structs or Unions")
+        .as(Role::DoNotFormat),
+    indent("INDENT_CLASS_CONTENT", Page::Classes, &Scheme::indentClassContent, "Body:").twinOf("GLOBAL_INDENT_CONTENT"),
     indent("INDENT_ACCESS_SPEC_LABEL", Page::Classes, &Scheme::indentAccessSpecLabel, "Access specifier:"),
-    whiteSpace("WS_BEFORE_CLASS_OPEN_BRACE", Page::Classes, &Scheme::wsBeforeClassOpenBrace, "Before body open:"),
-    whiteSpace("WS_AFTER_CLASS_OPEN_BRACE", Page::Classes, &Scheme::wsAfterClassOpenBrace, "After body open:"),
-    whiteSpace("WS_BEFORE_CLASS_CLOSE_BRACE", Page::Classes, &Scheme::wsBeforeClassCloseBrace, "Before body close:"),
+    whiteSpace("WS_BEFORE_CLASS_OPEN_BRACE", Page::Classes, &Scheme::wsBeforeClassOpenBrace, "Before body open:")
+        .twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE"),
+    whiteSpace("WS_AFTER_CLASS_OPEN_BRACE", Page::Classes, &Scheme::wsAfterClassOpenBrace, "After body open:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_BRACE"),
+    whiteSpace("WS_BEFORE_CLASS_CLOSE_BRACE", Page::Classes, &Scheme::wsBeforeClassCloseBrace, "Before body close:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE"),
     whiteSpace("WS_AFTER_CLASS_NAME", Page::Classes, &Scheme::wsAfterClassName, "Before base clause open:"),
     whiteSpace("WS_BEFORE_BASE_CLAUSES", Page::Classes, &Scheme::wsBeforeBaseClauses, "After base clause open:"),
     whiteSpace("WS_BEFORE_BASE_CLAUSES_COMMA", Page::Classes, &Scheme::wsBeforeBaseClausesComma,
-               "Before base clause comma:"),
+               "Before base clause comma:")
+        .twinOf("GLOBAL_WS_BEFORE_COMMA"),
     whiteSpace("WS_BETWEEN_BASE_CLAUSES", Page::Classes, &Scheme::wsBetweenBaseClauses, "Between base clauses:"),
     flag("ALIGN_CLASS_MEMBER_NAMES_LEFT", Page::Classes, &Scheme::alignClassMemberNamesLeft,
          "Align class member names left"),
 
     // Functions.
-    flag("FN_USE_GLOBAL_SETTINGS", Page::Functions, Unused::EditorOnly, "Use global settings"),
-    flag("FN_DO_NOT_FORMAT", Page::Functions, &Scheme::fnDoNotFormat, "Do not format Functions"),
-    indent("INDENT_FN_CONTENT", Page::Functions, &Scheme::indentFnContent, "Body:"),
+    flag("FN_USE_GLOBAL_SETTINGS", Page::Functions, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
+    flag("FN_DO_NOT_FORMAT", Page::Functions, &Scheme::fnDoNotFormat, "Do not format Functions").as(Role::DoNotFormat),
+    indent("INDENT_FN_CONTENT", Page::Functions, &Scheme::indentFnContent, "Body:").twinOf("GLOBAL_INDENT_CONTENT"),
     whiteSpace("WS_AFTER_FN_DECL_RETURN_TYPE", Page::Functions, &Scheme::wsAfterFnDeclReturnType,
-               "After type name:", " "),
-    whiteSpace("WS_AFTER_FN_NAME", Page::Functions, &Scheme::wsAfterFnName, "After function name:"),
-    whiteSpace("WS_AFTER_FN_OPEN_PAREN", Page::Functions, &Scheme::wsAfterFnOpenParen, "After open paren:"),
-    whiteSpace("WS_BEFORE_FN_CLOSE_PAREN", Page::Functions, &Scheme::wsBeforeFnCloseParen, "Before close paren:"),
-    whiteSpace("WS_BEFORE_FN_COMMA", Page::Functions, &Scheme::wsBeforeFnComma, "Before comma:"),
-    whiteSpace("WS_BETWEEN_FN_PARAMS", Page::Functions, &Scheme::wsBetweenFnParams, "Between parameters:"),
+               "After type name:", " ")
+        .in(declarations),
+    whiteSpace("WS_AFTER_FN_NAME", Page::Functions, &Scheme::wsAfterFnName, "After function name:").in(bothOfThem),
+    whiteSpace("WS_AFTER_FN_OPEN_PAREN", Page::Functions, &Scheme::wsAfterFnOpenParen, "After open paren:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_PAREN")
+        .in(bothOfThem),
+    whiteSpace("WS_BEFORE_FN_CLOSE_PAREN", Page::Functions, &Scheme::wsBeforeFnCloseParen, "Before close paren:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_PAREN")
+        .in(bothOfThem),
+    whiteSpace("WS_BEFORE_FN_COMMA", Page::Functions, &Scheme::wsBeforeFnComma, "Before comma:")
+        .twinOf("GLOBAL_WS_BEFORE_COMMA")
+        .in(bothOfThem),
+    whiteSpace("WS_BETWEEN_FN_PARAMS", Page::Functions, &Scheme::wsBetweenFnParams, "Between parameters:")
+        .in(bothOfThem),
     whiteSpace("WS_AFTER_FN_DEFN_RETURN_TYPE", Page::Functions, &Scheme::wsAfterFnDefnReturnType,
-               "After type name:", " "),
-    whiteSpace("WS_BEFORE_FN_OPEN_BRACE", Page::Functions, &Scheme::wsBeforeFnOpenBrace, "Before body open:"),
-    whiteSpace("WS_AFTER_FN_OPEN_BRACE", Page::Functions, &Scheme::wsAfterFnOpenBrace, "After body open:"),
-    whiteSpace("WS_BEFORE_FN_CLOSE_BRACE", Page::Functions, &Scheme::wsBeforeFnCloseBrace, "Before body close:"),
+               "After type name:", " ")
+        .in(definitions),
+    whiteSpace("WS_BEFORE_FN_OPEN_BRACE", Page::Functions, &Scheme::wsBeforeFnOpenBrace, "Before body open:")
+        .twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE")
+        .in(definitions),
+    whiteSpace("WS_AFTER_FN_OPEN_BRACE", Page::Functions, &Scheme::wsAfterFnOpenBrace, "After body open:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_BRACE")
+        .in(definitions),
+    whiteSpace("WS_BEFORE_FN_CLOSE_BRACE", Page::Functions, &Scheme::wsBeforeFnCloseBrace, "Before body close:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE")
+        .in(definitions),
     flag("ALIGN_FN_DECL_NAMES_LEFT", Page::Functions, &Scheme::alignFnDeclNamesLeft,
-         "Left align function names in groups of function declarations"),
+         "Left align function names in groups of function declarations")
+        .in(declarations),
 
     // Variable Declarations.
-    flag("DATA_USE_GLOBAL_SETTINGS", Page::Data, Unused::EditorOnly, "Use global settings"),
-    flag("DATA_DO_NOT_FORMAT", Page::Data, &Scheme::dataDoNotFormat, "Do not format Variable Declarations"),
-    indent("INDENT_DD_CONTENT", Page::Data, &Scheme::indentDdContent, "Body:"),
+    flag("DATA_USE_GLOBAL_SETTINGS", Page::Data, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
+    flag("DATA_DO_NOT_FORMAT", Page::Data, &Scheme::dataDoNotFormat, "Do not format Variable Declarations")
+        .as(Role::DoNotFormat),
+    indent("INDENT_DD_CONTENT", Page::Data, &Scheme::indentDdContent, "Body:").twinOf("GLOBAL_INDENT_CONTENT"),
     whiteSpace("WS_AFTER_DD_TYPE_ID", Page::Data, &Scheme::wsAfterDdTypeId, "After typename:", " "),
-    whiteSpace("WS_BEFORE_DD_OPEN_BRACE", Page::Data, &Scheme::wsBeforeDdOpenBrace, "Before init body open:"),
-    whiteSpace("WS_AFTER_DD_OPEN_BRACE", Page::Data, &Scheme::wsAfterDdOpenBrace, "After init body open:"),
-    whiteSpace("WS_BEFORE_DD_CLOSE_BRACE", Page::Data, &Scheme::wsBeforeDdCloseBrace, "Before init body close:"),
-    whiteSpace("WS_BEFORE_DD_COMMA", Page::Data, &Scheme::wsBeforeDdComma, "Before comma:"),
+    whiteSpace("WS_BEFORE_DD_OPEN_BRACE", Page::Data, &Scheme::wsBeforeDdOpenBrace, "Before init body open:")
+        .twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE"),
+    whiteSpace("WS_AFTER_DD_OPEN_BRACE", Page::Data, &Scheme::wsAfterDdOpenBrace, "After init body open:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_BRACE"),
+    whiteSpace("WS_BEFORE_DD_CLOSE_BRACE", Page::Data, &Scheme::wsBeforeDdCloseBrace, "Before init body close:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE"),
+    whiteSpace("WS_BEFORE_DD_COMMA", Page::Data, &Scheme::wsBeforeDdComma, "Before comma:")
+        .twinOf("GLOBAL_WS_BEFORE_COMMA"),
     whiteSpace("WS_BETWEEN_DD_ELEMENTS", Page::Data, &Scheme::wsBetweenDdElements, "Between init elements:", " "),
     flag("ALIGN_DD_NAMES_LEFT", Page::Data, &Scheme::alignDdNamesLeft, "Align identifiers"),
     flag("ALIGN_DD_INITIALIZERS", Page::Data, &Scheme::alignDdInitializers, "Align initializers"),
 
     // Enums.
-    flag("ENUM_USE_GLOBAL_SETTINGS", Page::Enums, Unused::EditorOnly, "Use global settings"),
-    flag("ENUMS_DO_NOT_FORMAT", Page::Enums, Unused::EditorOnly, "Do not format Enums"),
-    indent("INDENT_ENUM_CONTENT", Page::Enums, &Scheme::indentEnumContent, "Body:"),
-    whiteSpace("WS_BEFORE_ENUM_OPEN_BRACE", Page::Enums, &Scheme::wsBeforeEnumOpenBrace, "Before body open:"),
-    whiteSpace("WS_AFTER_ENUM_OPEN_BRACE", Page::Enums, &Scheme::wsAfterEnumOpenBrace, "After body open:"),
-    whiteSpace("WS_BEFORE_ENUM_CLOSE_BRACE", Page::Enums, &Scheme::wsBeforeEnumCloseBrace, "Before body close:"),
-    whiteSpace("WS_BEFORE_ENUM_COMMA", Page::Enums, &Scheme::wsBeforeEnumComma, "Before comma:"),
+    flag("ENUM_USE_GLOBAL_SETTINGS", Page::Enums, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
+    flag("ENUMS_DO_NOT_FORMAT", Page::Enums, Unused::EditorOnly, "Do not format Enums").as(Role::DoNotFormat),
+    indent("INDENT_ENUM_CONTENT", Page::Enums, &Scheme::indentEnumContent, "Body:").twinOf("GLOBAL_INDENT_CONTENT"),
+    whiteSpace("WS_BEFORE_ENUM_OPEN_BRACE", Page::Enums, &Scheme::wsBeforeEnumOpenBrace, "Before body open:")
+        .twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE"),
+    whiteSpace("WS_AFTER_ENUM_OPEN_BRACE", Page::Enums, &Scheme::wsAfterEnumOpenBrace, "After body open:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_BRACE"),
+    whiteSpace("WS_BEFORE_ENUM_CLOSE_BRACE", Page::Enums, &Scheme::wsBeforeEnumCloseBrace, "Before body close:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE"),
+    whiteSpace("WS_BEFORE_ENUM_COMMA", Page::Enums, &Scheme::wsBeforeEnumComma, "Before comma:")
+        .twinOf("GLOBAL_WS_BEFORE_COMMA"),
     whiteSpace("WS_BETWEEN_ENUM_ELEMENTS", Page::Enums, &Scheme::wsBetweenEnumElements, "Between elements:"),
     flag("ALIGN_ENUM_INITIALIZERS", Page::Enums, &Scheme::alignEnumInitializers, "Align initializers"),
 
     // Namespaces.
-    flag("NS_USE_GLOBAL_SETTINGS", Page::Namespaces, Unused::EditorOnly, "Use global settings"),
-    flag("NAMESPACES_DO_NOT_FORMAT", Page::Namespaces, Unused::EditorOnly, "Do not format Namespaces"),
-    indent("INDENT_NS_CONTENT", Page::Namespaces, &Scheme::indentNsContent, "Body:"),
-    whiteSpace("WS_BEFORE_NS_OPEN_BRACE", Page::Namespaces, &Scheme::wsBeforeNsOpenBrace, "Before body open:"),
-    whiteSpace("WS_AFTER_NS_OPEN_BRACE", Page::Namespaces, &Scheme::wsAfterNsOpenBrace, "After body open:"),
-    whiteSpace("WS_BEFORE_NS_CLOSE_BRACE", Page::Namespaces, &Scheme::wsBeforeNsCloseBrace, "Before body close:"),
+    flag("NS_USE_GLOBAL_SETTINGS", Page::Namespaces, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
+    flag("NAMESPACES_DO_NOT_FORMAT", Page::Namespaces, Unused::EditorOnly, "Do not format Namespaces")
+        .as(Role::DoNotFormat),
+    indent("INDENT_NS_CONTENT", Page::Namespaces, &Scheme::indentNsContent, "Body:").twinOf("GLOBAL_INDENT_CONTENT"),
+    whiteSpace("WS_BEFORE_NS_OPEN_BRACE", Page::Namespaces, &Scheme::wsBeforeNsOpenBrace, "Before body open:")
+        .twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE"),
+    whiteSpace("WS_AFTER_NS_OPEN_BRACE", Page::Namespaces, &Scheme::wsAfterNsOpenBrace, "After body open:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_BRACE"),
+    whiteSpace("WS_BEFORE_NS_CLOSE_BRACE", Page::Namespaces, &Scheme::wsBeforeNsCloseBrace, "Before body close:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE"),
 
     // Control Statements.
-    flag("CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS", Page::ControlStatements, Unused::EditorOnly, "Use global settings"),
+    flag("CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS", Page::ControlStatements, Unused::EditorOnly, "Use global settings")
+        .as(Role::UseGlobal),
     flag("CONTROL_STATEMENTS_DO_NOT_FORMAT", Page::ControlStatements, Unused::EditorOnly,
-         "Do not format Control Statements"),
-    indent("INDENT_CS_CONTENT", Page::ControlStatements, &Scheme::indentCsContent, "Body:"),
+         "Do not format Control Statements")
+        .as(Role::DoNotFormat),
+    indent("INDENT_CS_CONTENT", Page::ControlStatements, &Scheme::indentCsContent, "Body:")
+        .twinOf("GLOBAL_INDENT_CONTENT"),
     indent("INDENT_CS_CASE_LABELS", Page::ControlStatements, &Scheme::indentCsCaseLabels, "Case labels:"),
     indent("INDENT_CS_CASE_CONTENT", Page::ControlStatements, &Scheme::indentCsCaseContent, "Case content:"),
     whiteSpace("WS_AFTER_CS_KEY", Page::ControlStatements, &Scheme::wsAfterCsKey, "After keyword:"),
     whiteSpace("WS_BETWEEN_CS_FOR_CLAUSES", Page::ControlStatements, &Scheme::wsBetweenCsForClauses,
                "Between \"for\" clauses:"),
-    whiteSpace("WS_AFTER_CS_OPEN_PAREN", Page::ControlStatements, &Scheme::wsAfterCsOpenParen, "After open paren:"),
+    whiteSpace("WS_AFTER_CS_OPEN_PAREN", Page::ControlStatements, &Scheme::wsAfterCsOpenParen, "After open paren:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_PAREN"),
     whiteSpace("WS_BEFORE_CS_CLOSE_PAREN", Page::ControlStatements, &Scheme::wsBeforeCsCloseParen,
-               "Before close paren:"),
-    whiteSpace("WS_BEFORE_CS_OPEN_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsOpenBrace, "Before body open:"),
-    whiteSpace("WS_AFTER_CS_OPEN_BRACE", Page::ControlStatements, &Scheme::wsAfterCsOpenBrace, "After body open:"),
-    whiteSpace("WS_BEFORE_CS_CLOSE_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsCloseBrace,
-               "Before body close:"),
+               "Before close paren:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_PAREN"),
+    whiteSpace("WS_BEFORE_CS_OPEN_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsOpenBrace, "Before body open:")
+        .twinOf("GLOBAL_WS_BEFORE_OPEN_BRACE"),
+    whiteSpace("WS_AFTER_CS_OPEN_BRACE", Page::ControlStatements, &Scheme::wsAfterCsOpenBrace, "After body open:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_BRACE"),
+    whiteSpace("WS_BEFORE_CS_CLOSE_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsCloseBrace, "Before body close:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_BRACE"),
     whiteSpace("WS_BETWEEN_CS", Page::ControlStatements, &Scheme::wsBetweenCs, "After body close:"),
     whiteSpace("WS_AFTER_CS_CASE_LABELS", Page::ControlStatements, &Scheme::wsAfterCsCaseLabels, "After case labels:"),
 
     // Expressions.
-    flag("EXPR_USE_GLOBAL_SETTINGS", Page::Expressions, Unused::EditorOnly, "Use global settings"),
-    flag("EXPR_DO_NOT_FORMAT", Page::Expressions, Unused::EditorOnly, "Do not format Expressions"),
-    whiteSpace("WS_AFTER_EXPR_OPEN_PAREN", Page::Expressions, &Scheme::wsAfterExprOpenParen, "After open paren:"),
-    whiteSpace("WS_BEFORE_EXPR_CLOSE_PAREN", Page::Expressions, &Scheme::wsBeforeExprCloseParen, "Before close paren:"),
+    flag("EXPR_USE_GLOBAL_SETTINGS", Page::Expressions, Unused::EditorOnly, "Use global settings").as(Role::UseGlobal),
+    flag("EXPR_DO_NOT_FORMAT", Page::Expressions, Unused::EditorOnly, "Do not format Expressions")
+        .as(Role::DoNotFormat),
+    whiteSpace("WS_AFTER_EXPR_OPEN_PAREN", Page::Expressions, &Scheme::wsAfterExprOpenParen, "After open paren:")
+        .twinOf("GLOBAL_WS_AFTER_OPEN_PAREN"),
+    whiteSpace("WS_BEFORE_EXPR_CLOSE_PAREN", Page::Expressions, &Scheme::wsBeforeExprCloseParen, "Before close paren:")
+        .twinOf("GLOBAL_WS_BEFORE_CLOSE_PAREN"),
     whiteSpace("WS_AFTER_LBRACKET", Page::Expressions, &Scheme::wsAfterLbracket, "After left bracket:"),
     whiteSpace("WS_BEFORE_RBRACKET", Page::Expressions, &Scheme::wsBeforeRbracket, "Before right bracket:"),
     whiteSpace("WS_BETWEEN_EXPR_OP_OPERANDS", Page::Expressions, &Scheme::wsBetweenExprOpOperands,
                "Either side of an operator:"),
     whiteSpace("WS_AFTER_FN_CALL_NAME", Page::Expressions, &Scheme::wsAfterFnCallName, "After function name:"),
-    whiteSpace("WS_BEFORE_FN_CALL_COMMA", Page::Expressions, &Scheme::wsBeforeFnCallComma, "Before comma:"),
+    whiteSpace("WS_BEFORE_FN_CALL_COMMA", Page::Expressions, &Scheme::wsBeforeFnCallComma, "Before comma:")
+        .twinOf("GLOBAL_WS_BEFORE_COMMA"),
     whiteSpace("WS_BETWEEN_FN_CALL_ARGS", Page::Expressions, &Scheme::wsBetweenFnCallArgs, "Between arguments:"),
 
     // Member Initializer Lists.
-    flag("MEMBERINITS_DO_NOT_FORMAT", Page::MemberInits, Unused::EditorOnly, "Do not format Member Initializer Lists"),
+    flag("MEMBERINITS_DO_NOT_FORMAT", Page::MemberInits, Unused::EditorOnly, "Do not format Member Initializer Lists")
+        .as(Role::DoNotFormat),
     whiteSpace("WS_BEFORE_CLASS_INIT_LIST", Page::MemberInits, &Scheme::wsBeforeClassInitList,
                "Before initializer list:"),
     whiteSpace("WS_BEFORE_CLASS_INITS", Page::MemberInits, &Scheme::wsBeforeClassInits, "Before first initializer:"),
@@ -238,7 +363,8 @@ inline constexpr PropertyInfo properties[] = {
     whiteSpace("WS_BEFORE_CLASS_INITS_COMMA", Page::MemberInits, &Scheme::wsBeforeClassInitsComma, "Before comma:"),
 
     // Templates.
-    flag("TEMPLATES_DO_NOT_FORMAT", Page::Templates, Unused::EditorOnly, "Do not format Templates"),
+    flag("TEMPLATES_DO_NOT_FORMAT", Page::Templates, Unused::EditorOnly, "Do not format Templates")
+        .as(Role::DoNotFormat),
     whiteSpace("WS_BEFORE_TP_OPEN_BRACKET", Page::Templates, &Scheme::wsBeforeTpOpenBracket,
                "Before open angle bracket:"),
     whiteSpace("WS_AFTER_TP_OPEN_BRACKET", Page::Templates, &Scheme::wsAfterTpOpenBracket, "After open angle bracket:"),
@@ -250,33 +376,48 @@ inline constexpr PropertyInfo properties[] = {
     whiteSpace("WS_BEFORE_TP_COMMA", Page::Templates, &Scheme::wsBeforeTpComma, "Before comma:"),
 
     // Pointers and References.
-    flag("POINTERSREFS_DO_NOT_FORMAT", Page::PointersRefs, Unused::EditorOnly, "Do not format Pointers && References"),
-    choice("ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::asteriskAnchor, "Keep * with:", -1, anchorValues),
+    flag("POINTERSREFS_DO_NOT_FORMAT", Page::PointersRefs, Unused::EditorOnly, "Do not format Pointers && References")
+        .as(Role::DoNotFormat),
+    choice("ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::asteriskAnchor, asteriskGroup, -1, anchorValues),
     whiteSpace("WS_BETWEEN_ASTERISK_ANCHOR", Page::PointersRefs, &Scheme::wsBetweenAsteriskAnchor,
-               "White space between * and Identifier:"),
-    flag("HANGING_ASTERISK", Page::PointersRefs, &Scheme::hangingAsterisk, "Hang * to left of aligned names:"),
-    choice("AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::ampersandAnchor, "Keep && with:", -1, anchorValues),
+               "White space between * and Identifier:")
+        .in(asteriskGroup)
+        .when(asteriskAnchored)
+        .labelled(asteriskLabels),
+    flag("HANGING_ASTERISK", Page::PointersRefs, &Scheme::hangingAsterisk, "Hang * to left of aligned names:")
+        .in(asteriskGroup)
+        .clearedUnless(asteriskAtIdentifier),
+    choice("AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::ampersandAnchor, ampersandGroup, -1, anchorValues),
     whiteSpace("WS_BETWEEN_AMPERSAND_ANCHOR", Page::PointersRefs, &Scheme::wsBetweenAmpersandAnchor,
-               "White space between && and Identifier:"),
-    flag("HANGING_AMPERSAND", Page::PointersRefs, &Scheme::hangingAmpersand, "Hang && to left of aligned names:"),
+               "White space between && and Identifier:")
+        .in(ampersandGroup)
+        .when(ampersandAnchored)
+        .labelled(ampersandLabels),
+    flag("HANGING_AMPERSAND", Page::PointersRefs, &Scheme::hangingAmpersand, "Hang && to left of aligned names:")
+        .in(ampersandGroup)
+        .clearedUnless(ampersandAtIdentifier),
 
     // Preprocessor Directives.
-    flag("PPD_DO_NOT_FORMAT", Page::Preprocessor, Unused::EditorOnly, "Leave as is"),
+    flag("PPD_DO_NOT_FORMAT", Page::Preprocessor, Unused::EditorOnly, "Leave as is").as(Role::DoNotFormat),
     flag("ALIGN_PPD_LEFT_MOST", Page::Preprocessor, &Scheme::alignPpdLeftMost, "Align to left-most margin", true),
 
     // Line Wrapping.
     flag("LINE_WRAP", Page::LineWrapping, &Scheme::lineWrap, "Wrap long lines"),
-    number("RIGHT_MARGIN", Page::LineWrapping, &Scheme::rightMargin, "Right margin:", 78),
-    choice("WRAP_STYLE", Page::LineWrapping, &Scheme::wrapStyle, "Treatment of line continuation", 1, wrapStyleValues),
-    indent("WRAP_INDENT", Page::LineWrapping, &Scheme::wrapIndent, "Indent by"),
-    choice("EXPR_WRAP_STYLE", Page::LineWrapping, &Scheme::exprWrapStyle, "Wrap expressions", 2, exprWrapStyleValues),
+    number("RIGHT_MARGIN", Page::LineWrapping, &Scheme::rightMargin, "Right margin:", 78).when(wraps),
+    choice("WRAP_STYLE", Page::LineWrapping, &Scheme::wrapStyle, continuationGroup, 1, wrapStyleValues).when(wraps),
+    indent("WRAP_INDENT", Page::LineWrapping, &Scheme::wrapIndent, "Indent by").when(wrapIndents).in(continuationGroup),
+    choice("EXPR_WRAP_STYLE", Page::LineWrapping, &Scheme::exprWrapStyle, "Wrap expressions", 2, exprWrapStyleValues)
+        .when(wraps),
     choice("SHIFT_WRAP_STYLE", Page::LineWrapping, &Scheme::shiftWrapStyle, "Wrap input and output expressions", 1,
-           shiftWrapStyleValues),
+           shiftWrapStyleValues)
+        .when(wraps),
     choice("COMMA_WRAP_STYLE", Page::LineWrapping, &Scheme::commaWrapStyle, "Wrap comma separated lists", 2,
-           commaWrapStyleValues),
+           commaWrapStyleValues)
+        .when(wraps),
     choice("LIST_WRAP_STRATEGY", Page::LineWrapping, &Scheme::listWrapStrategy, "List wrap strategy", 1,
-           listWrapStrategyValues),
-    flag("LINE_WRAP_DO_NOT_FORMAT", Page::LineWrapping, Unused::EditorOnly),
+           listWrapStrategyValues)
+        .when(wraps),
+    flag("LINE_WRAP_DO_NOT_FORMAT", Page::LineWrapping, Unused::EditorOnly).as(Role::DoNotFormat),
 
     // No page shows these, they can only come from a file.
     whiteSpace("WS_AFTER_PARAM_TYPE_ID", Page::None, &Scheme::wsAfterParamTypeId),

@@ -1,0 +1,61 @@
+// The table of corvane-inspect.
+#include "Console_OptionTable.h"
+
+namespace Console {
+
+namespace {
+
+constexpr std::string_view usages[] = {
+    "tokens [FILE]",
+    "tree [--preformat] [FILE]",
+    "wrap --scheme SCHEME [FILE]",
+    "scheme [--scheme SCHEME] [FILE]",
+};
+
+constexpr std::string_view description =
+    R"(Show what the stages of the formatter make of a C or C++ source text, or of a scheme.
+
+Without FILE, or where FILE is -, standard input is read; to the command scheme it stands for a file in the current
+directory.)";
+
+constexpr CommandRow commands[] = {
+    {"tokens",
+     "one token a line: its number, its first and last position and its text, between tabs; the end of the text comes "
+     "last"},
+    {"tree", "one node of the syntax tree a line, two blanks a level"},
+    {"wrap", "the text as the second pass leaves it, which wraps long lines; the text is taken as formatted already"},
+    {"scheme",
+     "one property a line: its key, the value in force and where that comes from, between tabs; the path of the scheme "
+     "comes first"},
+};
+
+constexpr OptionRow options[] = {
+    {"", "--preformat", "",
+     "with tree: the tree as the formatter gets it; a marked region that is left alone is a single comment"},
+    {"-s", "--scheme", "SCHEME",
+     "with wrap and scheme: the path or the name of the scheme; without one, the command scheme shows the scheme that "
+     "corvane-format would take for FILE, which it doesn't read",
+     Completion::Schemes},
+    {"", "--help", "", "show this help and exit"},
+    {"", "--version", "", "show the version and exit"},
+};
+
+constexpr OptionGroup groups[] = {{"Options", options}};
+
+constexpr ManualSection sections[] = {
+    {"",
+     R"(Positions are LINE:COLUMN. In a text, white space other than blanks, quotes and backslashes are escaped. What the
+parser reports goes to standard error; the tree is shown even so.)"},
+    {"Exit status",
+     R"( 0  if the text or the scheme was read, whatever the parser reports,
+ 2  if one of them could not be read, if the text is nested too deeply or
+    can't be wrapped for what the parser reports, or if the arguments are bad.)"},
+};
+
+}  // namespace
+
+constinit const ProgramManual inspectManual = {
+    "corvane-inspect", "show how a source text or a scheme is read", usages, description, commands, groups, sections,
+};
+
+}  // namespace Console
