@@ -83,6 +83,21 @@ constexpr OptionRow lineOptions[] = {
     {"", "--staged", "", "with --git: only lines that are staged, as they stand in the work tree"},
 };
 
+constexpr OptionRow readingOptions[] = {
+    {"", "--dialect", "NAME",
+     "how C and C++ are read: auto, which is the default and tries the others in turn; classic, the language of the "
+     "late nineties; modern, that of today",
+     Completion::Words, "auto classic modern"},
+    {"", "--language", "NAME",
+     "the language of a text that is read in the modern dialect: auto, which is the default, C for a file *.c and else "
+     "C++, or C where that refuses; c; c++",
+     Completion::Words, "auto c c++"},
+    {"", "--strict", "",
+     "refuse a file with a part that can't be read; without this option that part is left as it stands, and the rest "
+     "is "
+     "formatted"},
+};
+
 constexpr OptionRow checkOptions[] = {
     {"", "--verify", "WHAT",
      "compare the tokens of the result with those of the source, and refuse a file where they differ; -i does so "
@@ -111,8 +126,8 @@ constexpr OptionRow outputOptions[] = {
 };
 
 constexpr OptionGroup groups[] = {
-    {"Scheme", schemeOptions},      {"What to do", modeOptions}, {"Files", fileOptions},
-    {"Changed lines", lineOptions}, {"Safety", checkOptions},    {"Output", outputOptions},
+    {"Scheme", schemeOptions},   {"What to do", modeOptions}, {"Files", fileOptions},    {"Changed lines", lineOptions},
+    {"Reading", readingOptions}, {"Safety", checkOptions},    {"Output", outputOptions},
 };
 
 constexpr ManualSection sections[] = {

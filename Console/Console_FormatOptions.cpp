@@ -38,6 +38,16 @@ constexpr std::pair<std::string_view, ReportForm> reportWords[] = {
     {"github", ReportForm::Github},
     {"gcc", ReportForm::Gcc},
 };
+constexpr std::pair<std::string_view, Brevis::DialectChoice> dialectWords[] = {
+    {"auto", Brevis::DialectChoice::automatic},
+    {"classic", Brevis::DialectChoice::classic},
+    {"modern", Brevis::DialectChoice::modern},
+};
+constexpr std::pair<std::string_view, Brevis::LanguageChoice> languageWords[] = {
+    {"auto", Brevis::LanguageChoice::automatic},
+    {"c", Brevis::LanguageChoice::c},
+    {"c++", Brevis::LanguageChoice::cpp},
+};
 constexpr std::pair<std::string_view, ColourUse> colourWords[] = {
     {"auto", ColourUse::Auto},
     {"always", ColourUse::Always},
@@ -110,6 +120,9 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     add.flag("--diff", options.diff);
     add.flag("--no-verify");
     add.flag("--verbose", options.verbose);
+    add.option("--dialect")->check(wordsOf("--dialect"));
+    add.option("--language")->check(wordsOf("--language"));
+    add.flag("--strict", options.reading.isStrict);
     add.option("--format")->check(wordsOf("--format"));
     add.option("--color")->check(wordsOf("--color"));
     add.option("--assume-filename", options.assumeFilename);
@@ -283,6 +296,8 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     readVerification(app, options);
     options.git = app.count("--git") > 0;
     readWord(app, "--line-endings", lineEndWords, options.lineEnds);
+    readWord(app, "--dialect", dialectWords, options.reading.dialect);
+    readWord(app, "--language", languageWords, options.reading.language);
     readWord(app, "--format", reportWords, options.report);
     readWord(app, "--color", colourWords, options.colours);
     readTreeOptions(app, options);

@@ -7,6 +7,7 @@
 
 #include "BrevisUI_LineEnds.h"
 #include "BrevisUI_LineSet.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace Console {
 
@@ -38,6 +39,7 @@ struct FormatOptions {
     std::string gitRevision = "HEAD";
     ReportForm report = ReportForm::None;  // what --check writes instead of names
     ColourUse colours = ColourUse::Auto;
+    Brevis::Reading reading;  // of the texts
     bool verifyTokens = false;
     bool verifyStability = false;
     bool verbose = false;

@@ -32,6 +32,7 @@ private:
     void send(const std::string& text, int severity) override;
     void sendPlaced(const std::string& path, const Trn::ParseMessage& message) override;
     const BrevisUI::LineSet* chosenLines(const std::string& path) const override { return lines_.linesOf(path); }
+    Brevis::Reading reading() const override { return options_.reading; }
     bool createBackups() const override { return options_.createBackups; }
     std::string backupExtension() const override { return options_.backupExtension; }
     bool verifyTokens() const override { return options_.verifyTokens; }

@@ -11,6 +11,7 @@
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "Brevis_Formatter.h"
+#include "Brevis_SourceReader.h"
 #include "Console_SchemeFinder.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_SchemePrinter.h"
@@ -76,10 +77,26 @@ std::string schemePath(const InspectOptions& options) {
 
 void complainOfInspect(const std::string& complaint) { writeErrorLine(std::string(inspectProgram) + ": " + complaint); }
 
+namespace {
+
+// A file whose name ends in ".c" is C, unless a language is given.
+Brevis::Reading readingOf(const Source& source, Brevis::Reading reading) {
+    if (reading.language == Brevis::LanguageChoice::automatic && source.name.ends_with(".c")) {
+        reading.language = Brevis::LanguageChoice::c;
+    }
+    return reading;
+}
+
+}  // namespace
+
 int showTokens(const InspectOptions& options, std::string& out) {
     const std::optional<Source> source = readSource(options.file);
     if (!source) return inspectTrouble;
-    Cpp::Lexer lexer(source->text);
+    const Brevis::Reading reading = readingOf(*source, options.reading);
+    const bool isModern = reading.dialect == Brevis::DialectChoice::modern;
+    const bool isC = reading.language == Brevis::LanguageChoice::c;
+    Cpp::Lexer lexer(source->text, isModern ? Cpp::Dialect::modern : Cpp::Dialect::classic,
+                     isC ? Cpp::Language::c : Cpp::Language::cpp);
     for (;;) {
         const Trn::Token token = lexer.next();
         out += std::to_string(token.kind()) + '\t' + printPosition(token.first()) + '-' + printPosition(token.last()) +
@@ -91,10 +108,10 @@ int showTokens(const InspectOptions& options, std::string& out) {
 int showTree(const InspectOptions& options, std::string& out) {
     const std::optional<Source> source = readSource(options.file);
     if (!source) return inspectTrouble;
-    Cpp::Lexer lexer(source->text);
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
-    Cpp::Parser().parse(lexer, root, messages);
+    Brevis::SourceReader reader(readingOf(*source, options.reading), Cpp::Parser::Sketches::Made);
+    reader.read(source->text, root, messages);
     writeMessages(*source, messages);
     if (options.preformat) {
         Brevis::CppPreFormatter preFormatter(Brevis::regionTable());

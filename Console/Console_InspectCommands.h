@@ -3,12 +3,15 @@
 
 #include <string>
 
+#include "scheme/Brevis_FormatterProperties.h"
+
 namespace Console {
 
 struct InspectOptions {
     std::string file;    // empty if not given; "-" is standard input
     std::string scheme;  // the path of a scheme file, empty if not given
     bool preformat = false;
+    Brevis::Reading reading;
 };
 
 inline constexpr const char* inspectProgram = "corvane-inspect";

@@ -6,8 +6,8 @@ namespace Console {
 namespace {
 
 constexpr std::string_view usages[] = {
-    "tokens [FILE]",
-    "tree [--preformat] [FILE]",
+    "tokens [--dialect NAME] [--language NAME] [FILE]",
+    "tree [--dialect NAME] [--language NAME] [--preformat] [FILE]",
     "wrap --scheme SCHEME [FILE]",
     "scheme [--scheme SCHEME] [FILE]",
 };
@@ -30,6 +30,12 @@ constexpr CommandRow commands[] = {
 };
 
 constexpr OptionRow options[] = {
+    {"", "--dialect", "NAME",
+     "how the text is read: classic, the language of the late nineties; modern, that of today; auto, which is the "
+     "default: classic for tokens, for tree the first that takes the text",
+     Completion::Words, "auto classic modern"},
+    {"", "--language", "NAME", "with tokens and tree, in the modern dialect: auto, c or c++", Completion::Words,
+     "auto c c++"},
     {"", "--preformat", "",
      "with tree: the tree as the formatter gets it; a marked region that is left alone is a single comment"},
     {"-s", "--scheme", "SCHEME",

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cstring>
 #include <exception>
+#include <map>
 #include <string>
 
 #include "Console_InspectCommands.h"
@@ -30,14 +31,28 @@ CLI::App& addCommand(CLI::App& app, const char* name, Console::InspectCommand co
     return *sub;
 }
 
+// The choices of --dialect and --language, for the commands that read a text.
+void addReading(CLI::App& command, Brevis::Reading& reading) {
+    using enum Brevis::DialectChoice;
+    const std::map<std::string, Brevis::DialectChoice> dialects{
+        {"auto", automatic}, {"classic", classic}, {"modern", modern}};
+    const std::map<std::string, Brevis::LanguageChoice> languages{{"auto", Brevis::LanguageChoice::automatic},
+                                                                  {"c", Brevis::LanguageChoice::c},
+                                                                  {"c++", Brevis::LanguageChoice::cpp}};
+    command.add_option("--dialect", reading.dialect)->transform(CLI::Transformer(dialects));
+    command.add_option("--language", reading.language)->transform(CLI::Transformer(languages));
+}
+
 Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     Request request;
     CLI::App app;
     app.set_help_flag("--help");
     app.set_version_flag("--version", versionText);
     app.require_subcommand(1);
-    addCommand(app, "tokens", Console::showTokens, request);
-    addCommand(app, "tree", Console::showTree, request).add_flag("--preformat", request.options.preformat);
+    addReading(addCommand(app, "tokens", Console::showTokens, request), request.options.reading);
+    CLI::App& tree = addCommand(app, "tree", Console::showTree, request);
+    addReading(tree, request.options.reading);
+    tree.add_flag("--preformat", request.options.preformat);
     addCommand(app, "wrap", Console::showWrapped, request)
         .add_option("-s,--scheme", request.options.scheme)
         ->required();

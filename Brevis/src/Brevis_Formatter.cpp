@@ -2,13 +2,9 @@
 // messages.
 #include "Brevis_Formatter.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
-#include "Cpp_Lexer.h"
-#include "Cpp_Nodes.h"
-#include "Cpp_Parser.h"
+#include "Brevis_SourceReader.h"
 #include "Vellum_LineEnds.h"
 #include "format/Brevis_CppFormatter.h"
 #include "format/Brevis_CppPreFormatter.h"
@@ -23,45 +19,9 @@ constexpr const char* analyzingPhase = "Analyzing file:\n%s";
 constexpr const char* formattingPhase = "Formatting file:\n%s";
 constexpr const char* cancelledText = "Formatting cancelled at user's request.";
 
-// A remark on a tree that is usable as it is; any other report fails the text.
-constexpr int strayTokenCode = 2;
-// A warning: a part of the text is copied as it stands.
-constexpr auto leftAloneCode = static_cast<std::int32_t>(Cpp::ParseCode::LeftAlone);
-
 FormatResult cancelled(Trn::ParseMessageList& messages) {
     messages.push_back({1, {}, 0, cancelledText});
     return {FormatOutcome::Cancelled, {}, 0};
-}
-
-// Parses `text` into `root` in one dialect and language. Gives false if it can't be formatted; `reports` tells why, or
-// what is left alone.
-bool parseAs(Cpp::Dialect dialect, Cpp::Language language, std::string_view text, const Reading& reading,
-             Cpp::RootNode& root, Trn::ParseMessageList& reports) {
-    Cpp::Lexer lexer(text, dialect, language);
-    Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut, dialect);
-    reports.clear();
-    parser.parse(lexer, root, reports);
-    std::erase_if(reports, [](const Trn::ParseMessage& report) { return report.code == strayTokenCode; });
-    return std::all_of(reports.begin(), reports.end(), [&](const Trn::ParseMessage& report) {
-        return report.code == leftAloneCode && !reading.isStrict;
-    });
-}
-
-// The same in the dialects and languages that come into question, one after the other.
-bool parse(std::string_view text, const Reading& reading, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
-    using enum Cpp::Dialect;
-    Trn::ParseMessageList reports;
-    bool isGood = false;
-    const auto attempt = [&](Cpp::Dialect dialect, Cpp::Language language) {
-        if (!isGood) isGood = parseAs(dialect, language, text, reading, root, reports);
-    };
-    if (reading.dialect != DialectChoice::modern) attempt(classic, Cpp::Language::cpp);
-    if (reading.dialect != DialectChoice::classic) {
-        if (reading.language != LanguageChoice::c) attempt(modern, Cpp::Language::cpp);
-        if (reading.language != LanguageChoice::cpp) attempt(modern, Cpp::Language::c);
-    }
-    messages.insert(messages.end(), std::make_move_iterator(reports.begin()), std::make_move_iterator(reports.end()));
-    return isGood;
 }
 
 // The end of each pass.
@@ -87,7 +47,7 @@ FormatResult Formatter::formatLines(const FormatterProperties& properties, std::
     if (!update(analyzingPhase)) return cancelled(messages);
     {
         Cpp::RootNode root;
-        if (!parse(source, properties.reading, root, messages)) return {};
+        if (!SourceReader(properties.reading).read(source, root, messages)) return {};
         CppPreFormatter preFormatter(properties.regions);
         root.accept(preFormatter);
 
@@ -108,7 +68,7 @@ FormatResult Formatter::formatLines(const FormatterProperties& properties, std::
 FormatResult Formatter::wrap(const FormatterProperties& properties, const std::string& text,
                              Trn::ParseMessageList& messages) const {
     Cpp::RootNode root;
-    if (!parse(text, properties.reading, root, messages)) return {};
+    if (!SourceReader(properties.reading).read(text, root, messages)) return {};
     CppPreFormatter preFormatter(properties.regions);
     root.accept(preFormatter);
     CppLineWrapper wrapper(properties.scheme, text);
