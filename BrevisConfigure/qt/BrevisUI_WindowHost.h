@@ -57,6 +57,7 @@ public:
     void showWaitCursor(bool visible) override;
     std::unique_ptr<BatchProgressDlg> createProgress() override;
     void finishFiles() override;
+    Brevis::Reading reading() const override { return {.dialect = state_.settings.dialect}; }
     std::string lastDirectory() const override { return state_.settings.lastDirectory; }
     void setLastDirectory(const std::string& directory) override { state_.settings.lastDirectory = directory; }
     std::vector<std::string> extensions() const override { return state_.settings.fileExtensions; }

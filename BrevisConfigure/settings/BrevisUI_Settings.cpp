@@ -22,6 +22,7 @@ constexpr std::string_view backupExtension = "BackupExtension";
 constexpr std::string_view createBackups = "CreateBackups";
 constexpr std::string_view messagesThreshold = "MessagesThreshold";
 constexpr std::string_view lastDirectory = "StandaloneLastDirectory";
+constexpr std::string_view dialect = "Dialect";
 
 }  // namespace Name
 
@@ -40,6 +41,11 @@ std::string textOf(const WindowPosition& position) {
     return text;
 }
 
+Brevis::DialectChoice parseDialect(std::string_view text) {
+    if (text == "classic") return Brevis::DialectChoice::classic;
+    return text == "modern" ? Brevis::DialectChoice::modern : Brevis::DialectChoice::automatic;
+}
+
 void readText(const SettingsFile& file, std::string_view name, std::string& value) {
     if (std::optional<std::string> text = file.text(Section::Options, name)) value = std::move(*text);
 }
@@ -50,7 +56,7 @@ Settings::Settings() : fileExtensions(parseExtensions(defaultExtensions)) {}
 
 Settings readSettings(const SettingsFile& file) {
     Settings settings;
-    std::string position, extensions;
+    std::string position, extensions, dialect;
     readText(file, Name::windowPosition, position);
     settings.windowPosition = parseWindowPosition(position);
     readText(file, Name::formattingScheme, settings.formattingScheme);
@@ -61,6 +67,8 @@ Settings readSettings(const SettingsFile& file) {
     settings.messagesThreshold =
         file.number(Section::Options, Name::messagesThreshold).value_or(settings.messagesThreshold);
     readText(file, Name::lastDirectory, settings.lastDirectory);
+    readText(file, Name::dialect, dialect);
+    settings.dialect = parseDialect(dialect);
     return settings;
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "scheme/Brevis_FormatterProperties.h"
 #include "settings/BrevisUI_SettingsFile.h"
 
 namespace BrevisUI {
@@ -26,6 +27,8 @@ struct Settings {
     bool createBackups = true;
     std::uint32_t messagesThreshold = 1;  // 0: show none; above 3: show all
     std::string lastDirectory;
+    // How C and C++ are read. No dialog sets it, so it is never written.
+    Brevis::DialectChoice dialect = Brevis::DialectChoice::automatic;
 
     bool operator==(const Settings&) const = default;
 };
