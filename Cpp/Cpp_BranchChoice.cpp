@@ -18,7 +18,7 @@ namespace {
 
 // The word behind the `#`.
 std::string_view nameOf(std::string_view directive) {
-    directive.remove_prefix(1);
+    directive.remove_prefix(directive.starts_with('%') ? 2 : 1);
     while (!directive.empty() && (directive.front() == ' ' || directive.front() == '\t')) directive.remove_prefix(1);
     std::size_t length = 0;
     while (length < directive.size() && isAny(directive[length], CharClass::word)) ++length;
@@ -50,18 +50,26 @@ struct Branch {
     TokenIndex directive = 0;  // in front of it
     Balance balance{};
     TokenKind lastKind = Kind::EndOfInput;  // of its last token that is no trivia
+    int semicolons = 0;
 };
 
 struct Group {
     bool isNever;
+    bool isInside;  // of an item that began in front of it
     std::vector<Branch> branches;
 
     // Whether the branches can all stand in one tree.
     bool canAllCount() const {
+        if (isInside && endsOneItemInEach()) return false;
         for (const Branch& branch : branches) {
             if (!branch.balance.isEven() || !endsItem(branch.lastKind)) return false;
         }
         return true;
+    }
+    bool endsOneItemInEach() const {
+        return branches.size() > 1 && std::all_of(branches.begin(), branches.end(), [](const Branch& branch) {
+                   return branch.semicolons == 1 && branch.lastKind == Kind::Semicolon;
+               });
     }
     static bool endsItem(TokenKind kind) {
         return kind == Kind::EndOfInput || kind == Kind::Semicolon || kind == Kind::CloseBrace || kind == Kind::Comma ||
@@ -123,13 +131,14 @@ private:
     void onToken(TokenKind kind) {
         branch().balance.step(stepOf(kind));
         branch().lastKind = kind;
+        if (kind == Kind::Semicolon) ++branch().semicolons;
     }
 
     void onDirective(TokenIndex token) {
         const std::string_view text = buffer_.text(token);
         const std::string_view name = nameOf(text);
         if (name == "if" || name == "ifdef" || name == "ifndef") {
-            groups_.push_back({name == "if" && isNever(text), {{token}}});
+            groups_.push_back({name == "if" && isNever(text), !Group::endsItem(branch().lastKind), {{token}}});
         } else if (groups_.empty()) {
             return;
         } else if (name.starts_with("el")) {
@@ -168,6 +177,7 @@ private:
 
     void count(const Branch& counted) {
         branch().balance.add(counted.balance);
+        branch().semicolons += counted.semicolons;
         if (counted.lastKind != Kind::EndOfInput) branch().lastKind = counted.lastKind;
     }
 

@@ -21,6 +21,7 @@ struct ItemShape {
         Data,       // through its `;`
         Macro,      // a name, with or without a bracket, that stands for an item of its own
         Head,       // such a name in front of a `{`
+        Loop,       // a call in front of a statement without braces
         Statement,  // anything else that ends with a `;`
         Unread,     // what fits no rule
     };

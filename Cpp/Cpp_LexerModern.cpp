@@ -93,6 +93,9 @@ TokenKind Lexer::modernToken(std::size_t begin) {
             return quoted(begin);
         case '#':
             return directive(begin);
+        case '%':
+            if (peek(1) == ':') return directive(begin);
+            break;
         case '~':
             return isWordStart(peek(1)) ? modernWord(begin) : single(Kind::Tilde);
         case ':':

@@ -301,6 +301,10 @@ private:
     void passUsing(Stream& stream, InteriorNode& body);
     bool parseModernNamespace(Stream& stream, InteriorNode& body);
     bool parseModernTemplate(Stream& stream, InteriorNode& body);
+    void addTemplateHead(Stream& stream, InteriorNode& body);
+    bool parseModernModule(Stream& stream, InteriorNode& body);
+    Ptr<CtrlStmtNode> macroLoop(Stream& stream, const ItemShape& shape);
+    void addVerbatim(Stream& stream, InteriorNode& body, At first, At last);
     bool parseModernLinkage(Stream& stream, InteriorNode& body);
     void parseModernAccessLabel(Stream& stream, InteriorNode& body);
     Ptr<CaseNode> parseModernCase(Stream& stream);

@@ -75,7 +75,7 @@ bool Parser::parseFrameItem(Stream& stream, InteriorNode& body, Frame frame) {
         case Kind::Export:
             if (shapes_->kind(shapes_->next(first)) == Kind::Namespace) return parseModernNamespace(stream, body);
             if (shapes_->kind(shapes_->next(first)) == Kind::OpenBrace) return parseModernLinkage(stream, body);
-            return false;
+            return parseModernModule(stream, body);
         case Kind::Using:
             passUsing(stream, body);
             return true;
@@ -91,6 +91,7 @@ bool Parser::parseFrameItem(Stream& stream, InteriorNode& body, Frame frame) {
                 parseModernAsm(stream, body);
                 return true;
             }
+            if (frame == Frame::File && parseModernModule(stream, body)) return true;
             [[fallthrough]];
         case Kind::Public:
         case Kind::Private:
@@ -140,9 +141,25 @@ void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape
         case Sort::Head:
             addExpression(stream, body, shape.first, shape.last);
             return body.addChild(parseBlock(stream));
+        case Sort::Loop:
+            return body.addChild(macroLoop(stream, shape));
         case Sort::Unread:
             return leaveAlone(stream, body, shape.first, shape.last);
     }
+}
+
+// A call with a statement below it is a loop, whose keyword is the whole call.
+std::unique_ptr<CtrlStmtNode> Parser::macroLoop(Stream& stream, const ItemShape& shape) {
+    const Trn::NestingGuard guard(depth_);
+    auto part = make<CtrlSubStmtNode>();
+    part->head = make<CtrlSubStmtHeadNode>();
+    part->head->keyword =
+        make<KeywordNode>(TokenKind{Kind::For}, buffer_->first(shape.first), buffer_->last(shape.last));
+    stream.seek(shape.last + 1);
+    part->body = parseBlock(stream);
+    auto loop = make<CtrlStmtNode>();
+    loop->addChild(std::move(part));
+    return loop;
 }
 
 // ---- Leaves
@@ -184,6 +201,13 @@ std::unique_ptr<VerbatimNode> Parser::heldBodies(Stream& stream, At first, At la
         at = close;
     }
     return held;
+}
+
+// Copied as it stands, since no other node has a place for it.
+void Parser::addVerbatim(Stream& stream, InteriorNode& body, At first, At last) {
+    auto node = heldBodies(stream, first, last);
+    body.addChild(node ? std::move(node) : makeVerbatim(first, last));
+    stream.seek(last + 1);
 }
 
 void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
@@ -233,6 +257,24 @@ bool Parser::parseModernNamespace(Stream& stream, InteriorNode& body) {
     return true;
 }
 
+// The directives of modules, of which `import <a.h>;` must not be touched inside.
+bool Parser::parseModernModule(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
+    const At word = shapes_->kind(first) == Kind::Export ? shapes_->next(first) : first;
+    if (!shapes_->isWord(word, "module") && !shapes_->isWord(word, "import")) return false;
+    switch (shapes_->kind(shapes_->next(word))) {
+        case Kind::Identifier:
+        case Kind::Less:
+        case Kind::StringLiteral:
+        case Kind::Colon:
+            break;
+        default:
+            return false;
+    }
+    addVerbatim(stream, body, first, shapes_->statementEnd(first));
+    return true;
+}
+
 bool Parser::parseModernLinkage(Stream& stream, InteriorNode& body) {
     const At first = stream.index();
     At brace = shapes_->next(first);
@@ -275,28 +317,30 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
         At last = shape.last;
         if (shape.sort == Sort::Class || shape.sort == Sort::Enum) last = shapes_->statementEnd(last);
         if (shape.sort == Sort::Head) last = shapes_->partner(shapes_->next(last));
-        if (auto held = heldBodies(stream, first, last)) {
-            body.addChild(std::move(held));
-        } else {
-            body.addChild(makeVerbatim(first, last));
-        }
-        stream.seek(last + 1);
+        addVerbatim(stream, body, first, last);
         return true;
     }
+    do {
+        addTemplateHead(stream, body);
+        attachTrivia(stream, body);
+    } while (stream.index() < at && shapes_->kind(stream.index()) == Kind::Template);
+    return true;
+}
+
+// A clause behind the head stays as it stands.
+void Parser::addTemplateHead(Stream& stream, InteriorNode& body) {
+    const At first = stream.index();
     auto node = make<TemplateNode>();
     const At open = shapes_->next(first);
-    const At close = shapes_->partner(open);
+    At last = shapes_->partner(open);
     node->keyword = make<KeywordNode>(TokenKind{Kind::Template}, buffer_->first(first), buffer_->last(first));
-    node->parameters = modernParameters(open, close);
+    node->parameters = modernParameters(open, last);
     body.addChild(std::move(node));
-    stream.seek(close + 1);
-    // A clause behind the head stays as it stands.
-    if (const At clause = shapes_->next(close); shapes_->isWord(clause, "requires")) {
-        const At last = shapes_->requiresClauseEnd(clause);
+    if (const At clause = shapes_->next(last); shapes_->isWord(clause, "requires")) {
+        last = shapes_->requiresClauseEnd(clause);
         body.addChild(makeVerbatim(clause, last));
-        stream.seek(last + 1);
     }
-    return true;
+    stream.seek(last + 1);
 }
 
 void Parser::parseModernAccessLabel(Stream& stream, InteriorNode& body) {
@@ -344,9 +388,7 @@ void Parser::parseModernAsm(Stream& stream, InteriorNode& body) {
         if (statement) body.addChild(std::move(statement));
         return;
     }
-    const At last = shapes_->statementEnd(first);
-    body.addChild(makeVerbatim(first, last));
-    stream.seek(last + 1);
+    addVerbatim(stream, body, first, shapes_->statementEnd(first));
 }
 
 // Words between the keyword and the bracket (`constexpr`, a macro) belong to neither; `if consteval` has no bracket.

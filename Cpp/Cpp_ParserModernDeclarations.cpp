@@ -147,7 +147,7 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
 
 void Parser::addFunction(Stream& stream, InteriorNode& body, const ItemShape& shape) {
     const At headEnd = shape.colon != 0 ? shape.colon : shapes_->partner(shape.open);
-    if (shapes_->holdsBrace(shape.first, headEnd)) {
+    if (shapes_->holdsBody(shape.first, headEnd)) {
         body.addChild(heldBodies(stream, shape.first, shape.last));
         stream.seek(shape.last + 1);
         return;

@@ -78,12 +78,17 @@ bool ShapeScan::startsItem(TokenIndex token) const {
 }
 
 ItemShape ShapeScan::statement(TokenIndex first) const {
-    if (startsData(first)) return declaration(first, Frame::Block);
     ItemShape shape;
     shape.first = first;
     shape.sort = ItemShape::Sort::Statement;
     const TokenIndex second = next(first);
     const bool isName = kind(first) == Kind::Identifier && !isOneOf(operatorWords, text(first));
+    if (isName && kind(second) == Kind::Identifier && startsLine(second) && isMacroCase(text(first))) {
+        shape.sort = ItemShape::Sort::Macro;
+        shape.last = first;
+        return shape;
+    }
+    if (startsData(first)) return declaration(first, Frame::Block);
     // A macro in front of a block, with or without a bracket.
     if (isName && kind(second) == Kind::OpenBrace) {
         const TokenIndex inner = next(second);
@@ -100,8 +105,22 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
         shape.last = partner(second);
         return shape;
     }
+    if (isName && startsLoop(first)) {
+        shape.sort = ItemShape::Sort::Loop;
+        shape.last = partner(second);
+        return shape;
+    }
     shape.last = statementEnd(first);
     return shape;
+}
+
+// Whether a call that begins its line has a statement below it, set deeper.
+bool ShapeScan::startsLoop(TokenIndex call) const {
+    const TokenIndex open = next(call);
+    if (kind(open) != Kind::OpenParen || !startsLine(call)) return false;
+    const TokenIndex body = next(partner(open));
+    return startsLine(body) && startsItem(body) && !isCloser(kind(body)) &&
+           buffer_->first(body).column > buffer_->first(call).column && !holdsBrace(open, partner(open));
 }
 
 // Whether a statement of a block is a declaration: it begins with a keyword of these, or with a type that a name
@@ -152,6 +171,9 @@ bool ShapeScan::startsData(TokenIndex first) const {
     switch (kind(next(at))) {
         case Kind::Assign:
             return true;
+        case Kind::OpenParen:
+            // No statement multiplies for nothing.
+            return !isLogic && kind(next(partner(next(at)))) == Kind::Semicolon;
         case Kind::Semicolon:
         case Kind::Comma:
         case Kind::OpenBracket:
@@ -234,6 +256,8 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
                     continue;
                 }
                 const TokenKind before = kind(previous(open));
+                const bool isSign = before == Kind::Amp || before == Kind::AmpAmp;
+                if (isSign && kind(previous(previous(open))) == Kind::Auto) return false;  // a structured binding
                 return !endsOperand(before) || isOneOf(operatorWords, text(previous(open)));
             }
             case Kind::CloseParen:
@@ -259,6 +283,13 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
                 if (!isTypeKeyword(kind(at))) return false;
                 at = previous(at);
         }
+    }
+    return false;
+}
+
+bool ShapeScan::holdsBody(TokenIndex first, TokenIndex last) const {
+    for (TokenIndex at = first; at <= last; ++at) {
+        if (kind(at) == Kind::OpenBrace && isBody(at)) return true;
     }
     return false;
 }

@@ -29,6 +29,7 @@ public:
     // Whether the `{` opens a body: that of a lambda, or one that holds statements.
     bool isBody(TokenIndex brace) const;
     bool holdsBrace(TokenIndex first, TokenIndex last) const;
+    bool holdsBody(TokenIndex first, TokenIndex last) const;
 
     // ---- The tokens
 
@@ -69,6 +70,7 @@ private:
     enum class Step { GoOn, Done };
 
     Step scanToken(Declaration& scan) const;
+    Step scanOperator(Declaration& scan) const;
     Step scanWord(Declaration& scan) const;
     Step scanParen(Declaration& scan) const;
     Step scanDeclaratorParen(Declaration& scan) const;
@@ -90,6 +92,7 @@ private:
     TokenIndex passRequires(TokenIndex keyword) const;
     bool isLambdaBody(TokenIndex brace) const;
     bool startsItem(TokenIndex token) const;
+    bool startsLoop(TokenIndex call) const;
     bool startsDeclarator(TokenIndex paren) const;
     bool startsData(TokenIndex first) const;
     bool isLoneMacro(TokenIndex word, Frame frame) const;

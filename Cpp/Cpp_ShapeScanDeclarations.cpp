@@ -30,6 +30,7 @@ bool ShapeScan::isLoneMacro(TokenIndex word, Frame frame) const {
     if (isAccessKeyword(here) || here == Kind::Namespace || here == Kind::Template || here == Kind::Using) return true;
     if (frame == Frame::Class && startsLine(second) && startsAccessLabel(second)) return true;
     if (!startsLine(second) || !isMacroCase(text(word))) return false;
+    if (buffer_->first(second).line > buffer_->last(word).line + 1) return true;
     if (here == Kind::Extern || here == Kind::Typedef || here == Kind::Tilde || startsAttribute(second)) return true;
     // A return type on a line of its own has a function's name below it.
     if (here == Kind::Identifier) return kind(next(second)) != Kind::OpenParen || isMacroCase(text(second));
@@ -79,19 +80,25 @@ ShapeScan::Step ShapeScan::scanToken(Declaration& scan) const {
             if (scanEnum(scan)) return Step::Done;
             break;
         case Kind::Operator:
-            scan.isOperator = true;
-            scan.setName(at, previous(operatorParen(at)));
-            if (kind(scan.previous) == Kind::Identifier && text(scan.previous).ends_with("::"))
-                scan.nameFirst = scan.previous;
-            scan.isNameEnded = true;
-            scan.advance(scan.nameLast, operatorParen(at));
-            return Step::GoOn;
+            return scanOperator(scan);
         case Kind::Identifier:
             return scanWord(scan);
         default:
             break;
     }
     scan.advance(at, next(at));
+    return Step::GoOn;
+}
+
+// The name begins with the class in front of `::operator`, where there is one.
+ShapeScan::Step ShapeScan::scanOperator(Declaration& scan) const {
+    const TokenIndex at = scan.at;
+    const bool isMember = scan.nameFirst != 0 && scan.nameLast == scan.previous &&
+                          (text(at).starts_with("::") || text(scan.nameLast).ends_with("::"));
+    scan.isOperator = true;
+    scan.setName(isMember ? scan.nameFirst : at, previous(operatorParen(at)));
+    scan.isNameEnded = true;
+    scan.advance(scan.nameLast, operatorParen(at));
     return Step::GoOn;
 }
 
@@ -109,7 +116,7 @@ ShapeScan::Step ShapeScan::scanWord(Declaration& scan) const {
         return Step::Done;
     }
     // A name that ends in `::` goes on behind template brackets, `template` or a sign.
-    const bool isContinued = text(at).starts_with("::") && kind(scan.previous) == Kind::Greater;
+    const bool isContinued = kind(scan.previous) == Kind::Greater && (text(at).starts_with("::") || text(at).empty());
     if (!scan.isNameEnded) {
         if (isContinued && scan.nameFirst != 0)
             scan.nameLast = at;
@@ -173,7 +180,7 @@ ShapeScan::Step ShapeScan::endUnterminated(Declaration& scan) const {
         areMacros = kind(at) == Kind::Identifier || kind(at) == Kind::OpenParen;
     }
     scan.shape.sort = areMacros ? Sort::Macro : Sort::Unread;
-    scan.shape.last = scan.previous != 0 ? scan.previous : scan.shape.first;
+    scan.shape.last = scan.at > scan.shape.first ? previous(scan.at) : scan.shape.first;
     return Step::Done;
 }
 

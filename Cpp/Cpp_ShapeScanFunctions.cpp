@@ -117,7 +117,9 @@ ShapeScan::Step ShapeScan::scanDeclaratorParen(Declaration& scan) const {
 bool ShapeScan::scanFunctionTail(Declaration& scan, TokenIndex tail) const {
     ItemShape& shape = scan.shape;
     const bool hasType = scan.nameFirst > shape.first || scan.isOperator;
-    for (TokenIndex at = tail;;) {
+    constexpr int longest = 32;  // words and signs between the parameters and the body
+    TokenIndex at = tail;
+    for (int i = 0; i < longest; ++i) {
         at = passAttributes(at);
         switch (kind(at)) {
             case Kind::Semicolon:
@@ -191,6 +193,7 @@ bool ShapeScan::scanFunctionTail(Declaration& scan, TokenIndex tail) const {
         shape.last = partner(shape.body);
         return true;
     }
+    return false;
 }
 
 // Behind a word that may follow the parameters, with its bracket: one of the language or a macro. 0 for a word that
@@ -203,6 +206,9 @@ TokenIndex ShapeScan::passTailWord(Declaration& scan, TokenIndex at) const {
     if (isOneOf(words, text(at)) || isOneOf(bracketWords, text(at))) return behindWord;
     const bool hasType = scan.nameFirst > scan.shape.first;
     if (!hasType && scan.frame != Frame::Class && startsLine(at)) return 0;
+    // Behind a macro that gives a type the name of the function comes, with its bracket.
+    if (!hasType && isMacroCase(text(scan.nameLast)) && !isMacroCase(text(at)) && kind(next(at)) == Kind::OpenParen)
+        return 0;
     switch (kind(behindWord)) {
         case Kind::OpenBrace:
         case Kind::Semicolon:

@@ -21,6 +21,8 @@
 #include <string>
 #include <vector>
 
+#include "Cpp_Dialect.h"
+
 namespace Cpp {
 
 struct TextCase {
@@ -34,6 +36,9 @@ struct CaseGroup {
     std::string name;  // of file and group, with nothing but letters, digits and `_`
     std::vector<TextCase> cases;
     std::string fault;  // what is wrong with the file, in place of its cases
+
+    // In the modern dialect; the files c.txt have C.
+    Language language() const { return file.ends_with("/c.txt") ? Language::c : Language::cpp; }
 };
 
 // What gtest asks for: how to print a group, and how to name its test.

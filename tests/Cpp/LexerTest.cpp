@@ -1,4 +1,4 @@
-// Runs the cases in tests/Cpp/tokens, where `->` shows numbers and texts and `@` positions, and what no case can show.
+// Runs the cases in tests/Cpp/tokens and, for the modern dialect, in tests/Cpp/modern-tokens, where `->` shows numbers and texts and `@` positions, and what no case can show.
 #include "Cpp_Lexer.h"
 
 #include <gtest/gtest.h>
@@ -28,8 +28,7 @@ std::vector<Token> tokensOf(Lexer& lexer) {
 }
 
 // "119 a, 6 ;" without the end token.
-std::string kindsAndTexts(std::string_view source) {
-    Lexer lexer(source);
+std::string kindsAndTexts(Lexer&& lexer) {
     std::string result;
     for (const Token& token : tokensOf(lexer)) {
         if (token.kind() == Kind::EndOfInput) break;
@@ -39,8 +38,7 @@ std::string kindsAndTexts(std::string_view source) {
     return result;
 }
 
-std::string spans(std::string_view source, Position start = {1, 0}) {
-    Lexer lexer(source, start);
+std::string spans(Lexer&& lexer) {
     std::ostringstream result;
     for (const Token& token : tokensOf(lexer)) {
         if (result.tellp() > 0) result << ", ";
@@ -50,26 +48,32 @@ std::string spans(std::string_view source, Position start = {1, 0}) {
     return result.str();
 }
 
-class LexerCaseTest : public testing::TestWithParam<CaseGroup> {};
-
-TEST_P(LexerCaseTest, ComesOutAsExpected) {
-    EXPECT_EQ(GetParam().fault, "");
-    for (const TextCase& c : GetParam().cases) {
-        const testing::ScopedTrace at(GetParam().file.c_str(), c.line, c.source);
+void expectTokens(const CaseGroup& group, Dialect dialect) {
+    EXPECT_EQ(group.fault, "");
+    for (const TextCase& c : group.cases) {
+        const testing::ScopedTrace at(group.file.c_str(), c.line, c.source);
+        const auto lexer = [&] { return Lexer(c.source, dialect, group.language()); };
         for (const auto& [mark, expected] : c.expected) {
-            EXPECT_EQ(mark == "->" ? kindsAndTexts(c.source) : mark == "@" ? spans(c.source) : "", expected);
+            EXPECT_EQ(mark == "->" ? kindsAndTexts(lexer()) : mark == "@" ? spans(lexer()) : "", expected);
         }
     }
 }
 
+class LexerCaseTest : public testing::TestWithParam<CaseGroup> {};
+class ModernLexerCaseTest : public testing::TestWithParam<CaseGroup> {};
+
+TEST_P(LexerCaseTest, ComesOutAsExpected) { expectTokens(GetParam(), Dialect::classic); }
+TEST_P(ModernLexerCaseTest, ComesOutAsExpected) { expectTokens(GetParam(), Dialect::modern); }
+
 INSTANTIATE_TEST_SUITE_P(Files, LexerCaseTest, testing::ValuesIn(readCaseGroups("tokens")), groupName);
+INSTANTIATE_TEST_SUITE_P(Files, ModernLexerCaseTest, testing::ValuesIn(readCaseGroups("modern-tokens")), groupName);
 
 TEST(Lexer, BytesThatNoTextHolds) {
-    EXPECT_EQ(kindsAndTexts("7\x80"), "");
-    EXPECT_EQ(kindsAndTexts({"a$@`\\\1\0\377b", 9}), "119 a, 119 b");
+    EXPECT_EQ(kindsAndTexts(Lexer("7\x80")), "");
+    EXPECT_EQ(kindsAndTexts(Lexer(std::string_view("a$@`\\\1\0\377b", 9))), "119 a, 119 b");
 }
 
-TEST(Lexer, CountsFromTheGivenPosition) { EXPECT_EQ(spans("ab\ncd", {3, 4}), "3:5-3:6, 4:1-4:2, 4:2-4:2"); }
+TEST(Lexer, CountsFromTheGivenPosition) { EXPECT_EQ(spans(Lexer("ab\ncd", {3, 4})), "3:5-3:6, 4:1-4:2, 4:2-4:2"); }
 
 TEST(Lexer, EndTokensAndDump) {
     Lexer lexer("x; \n");

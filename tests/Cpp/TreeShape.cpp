@@ -66,9 +66,9 @@ std::string joined(const std::vector<Line>& lines, bool withPositions) {
 
 }  // namespace
 
-ParsedText::ParsedText(std::string_view source) {
-    Lexer lexer(source);
-    Parser().parse(lexer, root, messages);
+ParsedText::ParsedText(std::string_view source, Dialect dialect, Language language) {
+    Lexer lexer(source, dialect, language);
+    Parser(Parser::Sketches::Made, dialect).parse(lexer, root, messages);
     const std::vector<Line> lines = linesOf(Console::printTree(root));
     shape_ = joined(lines, false);
     positions_ = joined(lines, true);

@@ -4,13 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "Cpp_Dialect.h"
 #include "Cpp_Nodes.h"
 #include "Trn_ParseMessage.h"
 
 namespace Cpp {
 
 struct ParsedText {
-    explicit ParsedText(std::string_view source);
+    explicit ParsedText(std::string_view source, Dialect dialect = Dialect::classic, Language language = Language::cpp);
 
     // The children of the root without positions: `DataDecl{Type'int' Id'x'} Expr'y;'`. A class name stands without
     // its `Node`, a text between single quotes, what else a node holds between square brackets.
