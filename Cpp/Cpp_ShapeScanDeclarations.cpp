@@ -23,7 +23,7 @@ ItemShape ShapeScan::declaration(TokenIndex first, Frame frame) const {
 
 // A word that is alone at the start of an item and is no part of what follows: a macro.
 bool ShapeScan::isLoneMacro(TokenIndex word, Frame frame) const {
-    if (kind(word) != Kind::Identifier) return false;
+    if (kind(word) != Kind::Identifier || isWord(word, "requires")) return false;
     const TokenIndex second = next(word);
     const TokenKind here = kind(second);
     if (here == Kind::CloseBrace || here == Kind::EndOfInput) return true;

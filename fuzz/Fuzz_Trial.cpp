@@ -44,6 +44,7 @@ Trial runOnce(const Brevis::FormatterProperties& properties, const std::string& 
             trial.verdict = Verdict::Refused;
             return trial;
         }
+        trial.messages.clear();
         trial.text = std::move(result.text);
         trial.seams = result.seams;
     } catch (const std::exception& exception) {
@@ -70,8 +71,10 @@ void judgeSecondRun(Trial& trial, Trial second) {
 
 }  // namespace
 
-Trial tryText(const Brevis::PropertySet& scheme, const std::string& source, bool runsTwice) {
-    const Brevis::FormatterProperties properties(scheme);
+Trial tryText(const Brevis::PropertySet& scheme, const std::string& source, bool runsTwice,
+              const Brevis::Reading& reading) {
+    Brevis::FormatterProperties properties(scheme);
+    properties.reading = reading;
     Trial trial = runOnce(properties, source);
     if (runsTwice && trial.verdict == Verdict::Settled) judgeSecondRun(trial, runOnce(properties, trial.text));
     return trial;

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "Trn_ParseMessage.h"
-#include "scheme/Brevis_PropertySet.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace Fuzz {
 
@@ -28,7 +28,8 @@ struct Trial {
     std::size_t seams = 0;           // mended by the first run
 };
 
-Trial tryText(const Brevis::PropertySet& scheme, const std::string& source, bool runsTwice = true);
+Trial tryText(const Brevis::PropertySet& scheme, const std::string& source, bool runsTwice = true,
+              const Brevis::Reading& reading = {});
 
 // True for the message of an exception that the engine throws for texts beyond its limits: too deeply nested, or grown
 // beyond measure by wrapping. Such a text has got its answer.

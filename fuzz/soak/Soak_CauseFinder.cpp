@@ -18,7 +18,8 @@ std::size_t mostShrinks(Verdict verdict) { return verdict == Verdict::Refused ? 
 
 Sample shrink(const Sample& sample, Verdict verdict, const std::string& kind) {
     const auto fails = [&](const Sample& candidate) {
-        const Fuzz::Trial trial = Fuzz::tryText(candidate.scheme, candidate.text, verdict != Verdict::Refused);
+        const Fuzz::Trial trial =
+            Fuzz::tryText(candidate.scheme, candidate.text, verdict != Verdict::Refused, candidate.reading);
         return trial.verdict == verdict && findingOf(candidate, trial).shows(verdict, kind);
     };
     return Shrinker(fails, bytesOfShrink).shrink(sample);

@@ -33,7 +33,7 @@ std::string kindOfRefusal(const Sample& sample, const Fuzz::Trial& trial) {
     if (wraps) {
         Brevis::PropertySet firstPass = sample.scheme;
         firstPass.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), false);
-        const Fuzz::Trial first = Fuzz::tryText(firstPass, sample.text, false);
+        const Fuzz::Trial first = Fuzz::tryText(firstPass, sample.text, false, sample.reading);
         if (first.verdict != Verdict::Refused) return "by the second pass: " + refusalCause(first.text, message);
     }
     std::string text = sample.text;

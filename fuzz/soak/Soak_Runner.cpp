@@ -103,10 +103,10 @@ Runner::Pair Runner::draw(std::uint64_t number) const {
 
 void Runner::runPair(const Pair& pair) {
     noteCurrent(pair);
-    const Sample sample{readFile(pair.path), pair.scheme};
+    const Sample sample{readFile(pair.path), pair.scheme, settings_.reading};
     files_.insert(pair.path.string());
     const Clock::time_point begin = Clock::now();
-    const Fuzz::Trial trial = Fuzz::tryText(sample.scheme, sample.text);
+    const Fuzz::Trial trial = Fuzz::tryText(sample.scheme, sample.text, true, sample.reading);
     measure(pair, sample.text.size(), Clock::now() - begin);
     seams_ += trial.seams;
     if (trial.seams > 0) ++mendedTexts_;

@@ -24,6 +24,7 @@ struct Settings {
     std::uint64_t first = 0;  // the number of the first pair
     std::size_t shrinks = 2000;
     bool shippedOnly = false;
+    Brevis::Reading reading{};
     std::filesystem::path folder;  // for what is found; it exists
 };
 

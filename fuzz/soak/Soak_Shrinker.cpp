@@ -64,10 +64,10 @@ void Shrinker::leaveOut(std::vector<Piece>& pieces, Sample& sample, Make make) {
 }
 
 void Shrinker::shrinkText(Sample& sample, bool byWords) {
-    const std::string text = sample.text;  // the pieces are views of it
-    std::vector<std::string_view> pieces = piecesOf(text, byWords);
-    leaveOut(pieces, sample, [scheme = sample.scheme](const std::vector<std::string_view>& rest) {
-        Sample made{{}, scheme};
+    const Sample whole = sample;  // the pieces are views of its text
+    std::vector<std::string_view> pieces = piecesOf(whole.text, byWords);
+    leaveOut(pieces, sample, [&whole](const std::vector<std::string_view>& rest) {
+        Sample made{{}, whole.scheme, whole.reading};
         for (const std::string_view piece : rest) made.text += piece;
         return made;
     });

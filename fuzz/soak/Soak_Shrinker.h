@@ -7,13 +7,14 @@
 #include <string>
 #include <utility>
 
-#include "scheme/Brevis_PropertySet.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace Soak {
 
 struct Sample {
     std::string text;
     Brevis::PropertySet scheme;
+    Brevis::Reading reading{};
 };
 
 class Shrinker {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 
 #include "Soak_Runner.h"
@@ -53,6 +54,11 @@ int soak(int argc, char** argv) {
     app.add_option("--first", settings.first, "the number of the first pair");
     app.add_option("--shrinks", settings.shrinks, "how many samples are made small");
     app.add_option("--out", folder, "the folder for the smallest text and scheme of each cause");
+    const std::map<std::string, Brevis::DialectChoice> dialects{{"auto", Brevis::DialectChoice::automatic},
+                                                                {"classic", Brevis::DialectChoice::classic},
+                                                                {"modern", Brevis::DialectChoice::modern}};
+    app.add_option("--dialect", settings.reading.dialect, "auto, classic or modern")
+        ->transform(CLI::CheckedTransformer(dialects));
     app.add_flag("--shipped", settings.shippedOnly, "no drawn schemes, only the shipped ones, wrapping or not");
     app.add_option("DIR", names)->required();
     CLI11_PARSE(app, argc, argv);

@@ -47,11 +47,11 @@ bool hasTextOfPlace(const Trn::Token& token, std::string_view place) {
 
 }  // namespace
 
-void fuzzLexer(std::string_view data) {
-    const std::string text = splitInput(data).text;
+namespace {
+
+void checkTokens(const std::string& text, Cpp::Lexer&& lexer) {
     const std::string_view view = text;
     const LineTable lines(text);
-    Cpp::Lexer lexer(text);
     std::size_t read = 0;
     Trn::Token token = lexer.next();
     for (; token.kind() != Trn::Kind::EndOfInput; token = lexer.next()) {
@@ -66,6 +66,15 @@ void fuzzLexer(std::string_view data) {
     }
     require(isSkipped(view.substr(read)), "The lexer skips what it could read at the end.");
     require(lexer.next().kind() == Trn::Kind::EndOfInput, "The lexer goes on behind the end.");
+}
+
+}  // namespace
+
+void fuzzLexer(std::string_view data) {
+    const std::string text = splitInput(data).text;
+    checkTokens(text, Cpp::Lexer(text));
+    checkTokens(text, Cpp::Lexer(text, Cpp::Dialect::modern, Cpp::Language::cpp));
+    checkTokens(text, Cpp::Lexer(text, Cpp::Dialect::modern, Cpp::Language::c));
 }
 
 }  // namespace Fuzz

@@ -8,8 +8,11 @@ namespace Fuzz {
 void fuzzPipeline(std::string_view data) {
     const Input input = splitInput(data);
     ByteDraws draws(input.choices);
-    const Trial trial = tryText(drawScheme(draws), input.text, false);
-    require(trial.verdict == Verdict::Refused || trial.verdict == Verdict::Settled, trial.complaint);
+    const Brevis::PropertySet scheme = drawScheme(draws);
+    for (const auto dialect : {Brevis::DialectChoice::classic, Brevis::DialectChoice::modern}) {
+        const Trial trial = tryText(scheme, input.text, false, {dialect});
+        require(trial.verdict == Verdict::Refused || trial.verdict == Verdict::Settled, trial.complaint);
+    }
 }
 
 }  // namespace Fuzz

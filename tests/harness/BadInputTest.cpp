@@ -47,13 +47,16 @@ double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PE
 
 class BadInputTest : public testing::TestWithParam<NamedText> {
 protected:
-    void expectClearAnswer(const Brevis::PropertySet& scheme, const std::string& input) {
+    void expectClearAnswer(const Brevis::PropertySet& scheme, const std::string& input, Cpp::Dialect dialect) {
+        const bool isModern = dialect == Cpp::Dialect::modern;
         try {
-            const FormatRun run = formatText(scheme, input);
-            EXPECT_EQ(run.isFormatted, run.messages.empty());
+            const FormatRun run = formatText(
+                scheme, input, {isModern ? Brevis::DialectChoice::modern : Brevis::DialectChoice::classic});
             if (run.isFormatted) {
-                EXPECT_EQ(lossIn(input, run.text), "");
+                EXPECT_TRUE(isModern || run.messages.empty());
+                EXPECT_EQ(lossIn(input, run.text, dialect), "");
             } else {
+                EXPECT_FALSE(run.messages.empty());
                 EXPECT_EQ(run.text, "");
             }
         } catch (const Trn::Exception& exception) {
@@ -66,7 +69,8 @@ TEST_P(BadInputTest, GetsAClearAnswerInTime) {
     const std::string text = GetParam().text();
     for (const Brevis::PropertySet& scheme : testedSchemes()) {
         const double start = processorSeconds();
-        expectClearAnswer(scheme, text);
+        expectClearAnswer(scheme, text, Cpp::Dialect::classic);
+        expectClearAnswer(scheme, text, Cpp::Dialect::modern);
         EXPECT_LT(processorSeconds() - start, 20) << scheme.name();
     }
 }
@@ -154,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(Odd, BadInputTest, testing::ValuesIn(oddTexts()), testN
 TEST(BadInput, UnfinishedTextIsRefusedWithItsPlace) {
     const Brevis::PropertySet scheme("any");
     for (const char* text : {"int x;\n#if 0\n", "int x;\n// CORVANE-OFF\n", "void f() {\n"}) {
-        const FormatRun run = formatText(scheme, text);
+        const FormatRun run = formatText(scheme, text, classicReading);
         ASSERT_EQ(run.messages.size(), 1U) << text;
         EXPECT_EQ(run.messages.front().text, "Unexpected EOF found.") << text;
         EXPECT_GE(run.messages.front().position.line, 1) << text;
@@ -221,6 +225,12 @@ const std::vector<Growing>& growingTexts() {
         growing("OneNamespace", "namespace N\n{\n", "int x = 1; /* a */\ntypedef int* y;\n", "}\n"),
         growing("Declarators", "int a = 1", ", *b = 0", ";\n"),
         growing("CommentsInAGap", "void f(", "/* a */ // b\n", "int a);\n"),
+        growing("MacrosInAClass", "class A {\n", "FOO(x)\n", "};\n"),
+        growing("Attributes", "", "[[a]]\n", "int x;\n"),
+        growing("TemplateHeads", "", "template <class T> requires A<T>\n", "void f();\n"),
+        growing("CallsInFrontOfData", "", "foo(a) int x;\n", ""),
+        growing("LambdasInACall", "void f() { g(", "[a](int b) { return a < b; }, ", "1); }\n"),
+        growing("UnevenBranches", "", "#if A\nvoid f() {\n#else\nvoid g() {\n#endif\n}\n", ""),
         growing("Directives", "", "#define A(x) x\n#ifdef B\nint x;\n#endif\n", ""),
     };
     return texts;

@@ -11,11 +11,12 @@
 
 namespace Harness {
 
-FormatRun formatText(const Brevis::PropertySet& scheme, const std::string& text) {
+FormatRun formatText(const Brevis::PropertySet& scheme, const std::string& text, const Brevis::Reading& reading) {
     FormatRun run;
     Brevis::UpdateFunctor update;
-    Brevis::FormatResult result =
-        Brevis::Formatter().format(Brevis::FormatterProperties(scheme), text, run.messages, update);
+    Brevis::FormatterProperties properties(scheme);
+    properties.reading = reading;
+    Brevis::FormatResult result = Brevis::Formatter().format(properties, text, run.messages, update);
     run.isFormatted = result.isFormatted();
     run.text = std::move(result.text);
     return run;
@@ -46,9 +47,9 @@ std::string withoutWhiteSpace(std::string_view text) {
     return result;
 }
 
-std::string tokenLines(std::string text) {
+std::string tokenLines(std::string text, Cpp::Dialect dialect) {
     Vellum::normalizeLineEnds(text);
-    Cpp::Lexer lexer(text);
+    Cpp::Lexer lexer(text, dialect);
     std::string lines;
     for (Trn::Token token = lexer.next(); token.kind() != Trn::Kind::EndOfInput; token = lexer.next()) {
         lines += std::to_string(token.kind()) + ' ' + withoutWhiteSpace(token.text()) + '\n';
@@ -78,12 +79,12 @@ std::string firstDifference(const std::string& text, const std::string& other) {
 
 }  // namespace
 
-std::string lossIn(const std::string& input, const std::string& output) {
+std::string lossIn(const std::string& input, const std::string& output, Cpp::Dialect dialect) {
     const std::string before = withoutWhiteSpace(input);
     const std::string after = withoutWhiteSpace(output);
     if (before != after) return "characters: " + firstDifference(before, after);
-    const std::string tokensBefore = tokenLines(input);
-    const std::string tokensAfter = tokenLines(output);
+    const std::string tokensBefore = tokenLines(input, dialect);
+    const std::string tokensAfter = tokenLines(output, dialect);
     if (tokensBefore != tokensAfter) return "tokens: " + firstDifference(tokensBefore, tokensAfter);
     return {};
 }

@@ -7,7 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "Cpp_Dialect.h"
 #include "Trn_ParseMessage.h"
+#include "scheme/Brevis_FormatterProperties.h"
 #include "scheme/Brevis_PropertySet.h"
 
 namespace Harness {
@@ -19,7 +21,10 @@ struct FormatRun {
 };
 
 // Exceptions of the engine pass through.
-FormatRun formatText(const Brevis::PropertySet& scheme, const std::string& text);
+FormatRun formatText(const Brevis::PropertySet& scheme, const std::string& text, const Brevis::Reading& reading = {});
+
+// The classic dialect and no other.
+inline constexpr Brevis::Reading classicReading{Brevis::DialectChoice::classic};
 
 // The root of the source tree that the tests were built from.
 std::filesystem::path sourceDirectory();
@@ -30,12 +35,13 @@ Brevis::PropertySet readScheme(const std::filesystem::path& path);
 
 std::string withoutWhiteSpace(std::string_view text);
 // One line a token: its number and its text without white space.
-std::string tokenLines(std::string text);
+std::string tokenLines(std::string text, Cpp::Dialect dialect = Cpp::Dialect::classic);
 // One line a message: position, severity, code, text.
 std::string messageLines(const Trn::ParseMessageList& messages);
 
 // What a successful run must keep whatever the scheme says. Empty if all is well, else what was lost.
-std::string lossIn(const std::string& input, const std::string& output);
+std::string lossIn(const std::string& input, const std::string& output,
+                   Cpp::Dialect dialect = Cpp::Dialect::classic);
 
 // A list of known exceptions: lines `NAME: REASON`, `#` starts a comment line. Gives the names; throws
 // std::runtime_error for a line without a reason.

@@ -30,9 +30,10 @@ bool mayChangeAgain(const std::string& caseName) {
 
 class GoldenTest : public testing::TestWithParam<GoldenCase> {
 protected:
-    // The formatted text, or the messages of a case that must be refused.
+    // The formatted text, or the messages of a case that the classic dialect must refuse.
     std::string outcome(const std::string& input) const {
-        const FormatRun run = formatText(readScheme(GetParam().scheme), input);
+        const Brevis::Reading reading = GetParam().refused ? classicReading : Brevis::Reading{};
+        const FormatRun run = formatText(readScheme(GetParam().scheme), input, reading);
         EXPECT_EQ(!run.isFormatted, GetParam().refused) << messageLines(run.messages);
         EXPECT_EQ(run.isFormatted, run.messages.empty());
         EXPECT_TRUE(run.isFormatted || run.text.empty());
