@@ -186,6 +186,7 @@ TokenKind Lexer::preprocessingNumber() {
 // defective as far as the line goes.
 TokenKind Lexer::quoted(std::size_t begin) {
     const char quote = text_[offset_];
+    const Trn::Position first{line_, positionAt(begin).column + 1};
     for (++offset_; !atEnd(); ++offset_) {
         const char c = text_[offset_];
         if (c == quote) {
@@ -206,7 +207,7 @@ TokenKind Lexer::quoted(std::size_t begin) {
             }
         }
     }
-    return oddToken(Trn::Token(Kind::Defective, {line_, positionAt(begin).column + 1}, cursor(), text(begin, offset_)));
+    return oddToken(Trn::Token(Kind::Defective, first, cursor(), text(begin, offset_)));
 }
 
 TokenKind Lexer::withSuffix(TokenKind literal) {

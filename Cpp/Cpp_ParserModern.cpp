@@ -192,9 +192,10 @@ std::unique_ptr<VerbatimNode> Parser::makeVerbatim(At first, At last) {
 std::unique_ptr<VerbatimNode> Parser::heldBodies(Stream& stream, At first, At last) {
     Ptr<VerbatimNode> held;
     for (At at = first; at <= last; ++at) {
-        if (shapes_->kind(at) != Kind::OpenBrace) continue;
+        const bool isBrace = shapes_->kind(at) == Kind::OpenBrace;
+        if (!isBrace && !shapes_->isDeadBranch(at)) continue;
         if (!held) held = makeVerbatim(first, last);
-        if (!shapes_->isBody(at)) continue;
+        if (!isBrace || !shapes_->isBody(at)) continue;
         const At close = shapes_->partner(at);
         stream.seek(at);
         held->addChild(parseBlock(stream));

@@ -199,10 +199,11 @@ TokenIndex ShapeScan::labelColon(TokenIndex first) const {
 
 bool ShapeScan::startsAccessLabel(TokenIndex first) const {
     TokenIndex colon = next(first);
-    if (!isAccessKeyword(kind(first)) && kind(first) != Kind::Identifier) return false;
-    if (kind(colon) == Kind::Identifier) colon = next(colon);
+    const bool isKeyword = isAccessKeyword(kind(first));
+    if (!isKeyword && kind(first) != Kind::Identifier) return false;
+    if (isKeyword && kind(colon) == Kind::Identifier) colon = next(colon);
     if (kind(colon) != Kind::Colon) return false;
-    if (isAccessKeyword(kind(first))) return true;
+    if (isKeyword) return true;
     // A bit-field without a name has its width behind the colon, and a `;` behind that.
     const TokenIndex behindColon = next(colon);
     return startsLine(behindColon) || (kind(behindColon) != Kind::Number && kind(next(behindColon)) != Kind::Semicolon);
@@ -283,6 +284,23 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
                 if (!isTypeKeyword(kind(at))) return false;
                 at = previous(at);
         }
+    }
+    return false;
+}
+
+bool ShapeScan::isDeadBranch(TokenIndex token) const {
+    if (kind(token) != Kind::Directive) return false;
+    const std::string_view lines = text(token);
+    for (std::size_t end = lines.find('\n'); end != std::string_view::npos; end = lines.find('\n', end + 1)) {
+        const std::size_t begin = lines.find_first_not_of(" \t", end + 1);
+        if (begin != std::string_view::npos && lines[begin] == '#') return true;
+    }
+    return false;
+}
+
+bool ShapeScan::holdsDeadBranch(TokenIndex first, TokenIndex last) const {
+    for (TokenIndex at = first; at <= last; ++at) {
+        if (isDeadBranch(at)) return true;
     }
     return false;
 }

@@ -30,6 +30,9 @@ public:
     bool isBody(TokenIndex brace) const;
     bool holdsBrace(TokenIndex first, TokenIndex last) const;
     bool holdsBody(TokenIndex first, TokenIndex last) const;
+    // Whether the token is a directive with the branches behind it that don't count.
+    bool isDeadBranch(TokenIndex token) const;
+    bool holdsDeadBranch(TokenIndex first, TokenIndex last) const;
 
     // ---- The tokens
 
