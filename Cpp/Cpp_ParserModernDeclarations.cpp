@@ -242,7 +242,7 @@ void Parser::addData(Stream& stream, InteriorNode& body, const ItemShape& shape)
     const bool isPlainBrace = shape.initializer != 0 && shapes_->kind(shape.initializer) == Kind::Assign &&
                               shapes_->kind(shapes_->next(shape.initializer)) == Kind::OpenBrace &&
                               !shapes_->holdsBrace(shape.first, shape.initializer) &&
-                              !shapes_->holdsDeadBranch(shape.first, shape.last);
+                              !shapes_->holdsNoCode(shape.first, shape.last);
     if (auto held = heldBodies(stream, shape.first, shape.last)) {
         if (held->childCount() > 0 || !isPlainBrace) {
             body.addChild(std::move(held));

@@ -1,6 +1,8 @@
 // Tokens, statements, labels and bodies as shapes.
 #include "Cpp_ShapeScan.h"
 
+#include <string>
+
 #include "Cpp_ParserWords.h"
 #include "Cpp_ShapeWords.h"
 
@@ -298,9 +300,15 @@ bool ShapeScan::isDeadBranch(TokenIndex token) const {
     return false;
 }
 
-bool ShapeScan::holdsDeadBranch(TokenIndex first, TokenIndex last) const {
+// What `#if 0` holds need not be code.
+bool ShapeScan::holdsNoCode(TokenIndex first, TokenIndex last) const {
     for (TokenIndex at = first; at <= last; ++at) {
-        if (isDeadBranch(at)) return true;
+        if (!isDeadBranch(at)) continue;
+        std::string line;
+        for (const char c : text(at).substr(0, text(at).find('\n'))) {
+            if (c != ' ' && c != '\t') line += c;
+        }
+        if (line.starts_with("#if0")) return true;
     }
     return false;
 }

@@ -32,7 +32,7 @@ public:
     bool holdsBody(TokenIndex first, TokenIndex last) const;
     // Whether the token is a directive with the branches behind it that don't count.
     bool isDeadBranch(TokenIndex token) const;
-    bool holdsDeadBranch(TokenIndex first, TokenIndex last) const;
+    bool holdsNoCode(TokenIndex first, TokenIndex last) const;
 
     // ---- The tokens
 
