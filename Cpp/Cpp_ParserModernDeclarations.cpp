@@ -167,6 +167,11 @@ void Parser::addFunction(Stream& stream, InteriorNode& body, const ItemShape& sh
     At end = shape.last;
     if (shape.body != 0) {
         stream.seek(shape.body);
+        // Behind old-style parameters the body is a block of its own, whose brace isn't put behind the last of them.
+        if (shapes_->kind(shapes_->previous(shape.body)) == Kind::Semicolon) {
+            body.addChild(std::move(declaration));
+            return body.addChild(parseBlock(stream));
+        }
         declaration->body = parseBlock(stream);
         body.addChild(std::move(declaration));
         return;
