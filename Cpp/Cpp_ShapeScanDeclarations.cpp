@@ -116,8 +116,10 @@ ShapeScan::Step ShapeScan::scanWord(Declaration& scan) const {
         return Step::Done;
     }
     // A name that ends in `::` goes on behind template brackets, `template` or a sign.
-    const bool isContinued = kind(scan.previous) == Kind::Greater && (text(at).starts_with("::") || text(at).empty());
-    if (!scan.isNameEnded) {
+    const bool isBehindAngle = kind(scan.previous) == Kind::Greater || kind(scan.previous) == Kind::ShiftRight;
+    const bool isContinued = isBehindAngle && (text(at).starts_with("::") || text(at).empty());
+    // An empty word stands in front of `::operator`.
+    if (!scan.isNameEnded && (isContinued || !text(at).empty())) {
         if (isContinued && scan.nameFirst != 0)
             scan.nameLast = at;
         else
