@@ -36,7 +36,8 @@ private:
     void addProject(const std::string& path, BrevisUI::IgnoreRules& rules);
     void addPath(const std::string& path);
     void addTree(const std::string& directory);
-    void add(const std::string& file);
+    // The part to which the file belongs depends on its name as seen from the directory.
+    void add(const std::string& file, const std::string& directory);
 
     const FormatOptions& options_;
     const Tell tell_;

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "Console_Arguments.h"
 #include "settings/BrevisUI_Extensions.h"
 #include "settings/BrevisUI_Settings.h"
 
@@ -55,6 +56,12 @@ FILE is always taken. A file that comes twice is taken once.
                                 in the current directory; may be repeated
       --no-ignore             take files below DIR and of projects although git
                                 ignores them
+      --shard=I/N             take the I-th of N parts of the files. The parts are
+                                the same on every machine that has the same names
+                                below DIR; for projects names count from the
+                                project's directory, for FILE from the current one
+  -j, --jobs=N                format N files at once, unless given as many as there
+                                are processors. What comes out is the same
       --check                 write nothing; name each file that would change
       --diff                  write nothing; show what would change as a unified
                                 diff, in colours on a terminal
@@ -66,7 +73,10 @@ FILE is always taken. A file that comes twice is taken once.
       --no-verify             with -i: compare nothing
       --verbose               tell for each file how many seams were mended, places
                                 where the scheme's white space would have changed
-                                the code; the threshold doesn't hide it
+                                the code; the threshold doesn't hide it. At the end
+                                tell how many files were formatted, unchanged,
+                                refused and failed; on a terminal that is told
+                                anyway
       --assume-filename=PATH  the path of standard input, for messages and for the
                                 search for a scheme; without this option <stdin>
                                 and the current directory
@@ -96,6 +106,9 @@ A scheme has a name once it stands in the user's scheme directory, by default
 $XDG_DATA_HOME/corvane/schemes, or ~/.local/share/corvane/schemes. The schemes that
 come with the program arrive there, write-protected: they are listed as built-in.
 
+On an interrupt (SIGINT, SIGTERM or SIGHUP) the files that are being formatted are
+brought to an end, and no other is touched.
+
 -i leaves a file alone that would not change. The old texts of the last ten runs
 are kept in $XDG_CACHE_HOME/corvane, by default ~/.cache/corvane.
 
@@ -107,6 +120,7 @@ Exit status:
   0  if all went well and, with --check or --diff, nothing would change,
   1  if --check or --diff found a file that would change,
   2  if a file was refused or failed, or the scheme or the arguments are bad.
+  128 + N  if signal N has stopped the run.
 Warnings don't change it.
 )";
 
@@ -147,6 +161,8 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     app.add_flag("--verbose", options.verbose)->disable_flag_override();
     app.add_option("--assume-filename", options.assumeFilename)->type_name("PATH");
     app.add_option("--threshold", options.threshold)->type_name("N")->check(CLI::Range(0, 3).description(""));
+    app.add_option("-j,--jobs", options.jobs)->type_name("N")->check(CLI::Range(1, 1024).description(""));
+    app.add_option("--shard")->type_name("I/N");
     app.add_option("FILE", options.files);
 }
 
@@ -165,6 +181,7 @@ void readLineEnds(const CLI::App& app, FormatOptions& options) {
 }
 
 void readTreeOptions(const CLI::App& app, FormatOptions& options) {
+    if (app.count("--shard") > 0) options.shard = parseShard(app["--shard"]->as<std::string>());
     options.gitIgnore = app.count("--no-ignore") == 0;
     const CLI::Option& given = *app.get_option("--extensions");
     options.extensions =
@@ -184,6 +201,8 @@ std::string complaintAboutSelection(const CLI::App& app, const FormatOptions& op
     const bool readsInput = std::ranges::count(options.files, standardInput) > 0;
     const bool hasMode = options.inPlace || options.check || options.diff;
     if (app.count("--files-from") > 0 && options.filesFrom.empty()) return "--files-from needs a path";
+    if (app.count("--shard") > 0 && !options.shard) return "--shard needs a part such as 1/4";
+    if (options.shard && readsInput) return "--shard needs files: standard input has no parts";
     if (options.nulSeparated && options.filesFrom.empty()) return "-0 has no meaning without --files-from";
     if (options.filesFrom == standardInput && readsInput) return "standard input can be read only once";
     if (std::ranges::count(options.projects, "") > 0) return "--project and --workspace need a path";
@@ -260,7 +279,7 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     CLI::App app;
     addOptions(app, options);
     try {
-        app.parse(argc, argv);
+        parseArguments(app, argc, argv);
     } catch (const CLI::CallForHelp&) {
         return {FormatCommand::Action::ShowText, {}, helpText};
     } catch (const CLI::CallForVersion&) {

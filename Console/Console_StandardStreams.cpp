@@ -33,16 +33,23 @@ void StandardOutput::write(std::string_view text) {
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) noteFailure();
 }
 
-int StandardOutput::finish() {
+void StandardOutput::flush() {
     errno = 0;
     if (std::fflush(stdout) != 0) noteFailure();
+}
+
+int StandardOutput::finish() {
+    flush();
     return error_;
 }
 
-bool StandardOutput::takesColours() {
+bool StandardOutput::takesColours() { return !std::getenv("NO_COLOR") && isCapableTerminal(STDOUT_FILENO); }
+
+bool isTerminal(int stream) { return isatty(stream) == 1; }
+
+bool isCapableTerminal(int stream) {
     const char* const terminal = std::getenv("TERM");
-    const bool plain = std::getenv("NO_COLOR") || !terminal || std::string_view(terminal) == "dumb";
-    return !plain && isatty(STDOUT_FILENO) == 1;
+    return terminal && std::string_view(terminal) != "dumb" && isTerminal(stream);
 }
 
 void writeErrorLine(std::string_view line) {

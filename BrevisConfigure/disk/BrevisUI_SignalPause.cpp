@@ -7,25 +7,21 @@ namespace {
 
 constexpr int stopSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 }  // namespace
 
-SignalPause::SignalPause() : before_() {
-    sigset_t stops;
-    sigemptyset(&stops);
-    for (const int signal : stopSignals) sigaddset(&stops, signal);
-    pthread_sigmask(SIG_BLOCK, &stops, &before_);
+SignalPause::SignalPause() : stops_(), before_() {
+    sigemptyset(&stops_);
+    for (const int signal : stopSignals) {
+        if (!isIgnored(signal)) sigaddset(&stops_, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &stops_, &before_);
 }
 
 SignalPause::~SignalPause() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
-bool SignalPause::isStopAsked() {
-    sigset_t pending;
-    sigemptyset(&pending);
-    sigpending(&pending);
-    for (const int signal : stopSignals) {
-        if (sigismember(&pending, signal) == 1) return true;
-    }
-    return false;
-}
 
 }  // namespace BrevisUI

@@ -13,10 +13,11 @@ public:
     SignalPause(const SignalPause&) = delete;
     SignalPause& operator=(const SignalPause&) = delete;
 
-    // Whether one of them has come.
-    static bool isStopAsked();
+    // Those that are put off; not those that the program was told to ignore, as nohup does.
+    const sigset_t& signals() const { return stops_; }
 
 private:
+    sigset_t stops_;
     sigset_t before_;
 };
 
