@@ -82,6 +82,12 @@ void FileTask::formatInPlace(const std::string& file, Host& host) const {
     outcome.prepared = BrevisUI::prepareFile(host, file, outcome.scheme.scheme->scheme);
     outcome.bytes = outcome.prepared.source.size();
     outcome.fate = fateOf(outcome.prepared.result);
+    // It may wait with many others: no more is held than what is to be written.
+    if (outcome.fate != FileFate::Formatted) {
+        outcome.prepared.source = std::string();
+        outcome.prepared.formatted.text = std::string();
+    }
+    outcome.prepared.source.shrink_to_fit();
 }
 
 std::optional<std::string> FileTask::readSource(const std::string& file, Host& host) const {
