@@ -92,15 +92,17 @@ private:
     void takeAll() {
         std::unique_lock lock(mutex_);
         while (hasArrived(lock)) {
-            const std::size_t item = taken_++;
-            Begun begun = std::move(begun_.front());
-            begun_.pop_front();
-            weight_ -= begun.weight;
+            Begun done = std::move(begun_.front());
+            begun_.front().result.reset();
             lock.unlock();
-            roomMade_.notify_all();
-            if (begun.failure) std::rethrow_exception(begun.failure);
-            if (!steps_.take(item, std::move(*begun.result))) return;
+            if (done.failure) std::rethrow_exception(done.failure);
+            if (!steps_.take(taken_, std::move(*done.result))) return;
+            done.result.reset();
             lock.lock();
+            ++taken_;
+            weight_ -= done.weight;
+            begun_.pop_front();
+            roomMade_.notify_all();
         }
     }
 
