@@ -31,6 +31,17 @@ SignalWatch::~SignalWatch() {
     watcher_.join();
 }
 
+// One may have come that the watcher had no time for.
+int SignalWatch::signal() const {
+    sigset_t pending;
+    sigemptyset(&pending);
+    if (signal_ == 0) sigpending(&pending);
+    for (const int stop : {SIGHUP, SIGINT, SIGTERM}) {
+        if (sigismember(&pending, stop) == 1 && sigismember(&pause_.signals(), stop) == 1) return stop;
+    }
+    return signal_;
+}
+
 void SignalWatch::watch(sigset_t awaited) {
     while (!ends_) {
         int signal = 0;

@@ -21,7 +21,7 @@ public:
     SignalWatch& operator=(const SignalWatch&) = delete;
 
     // The number of the first signal that has come, or 0. Any thread may ask.
-    int signal() const { return signal_; }
+    int signal() const;
 
     // The exit status that tells of the signal.
     static int statusFor(int signal) { return 128 + signal; }
