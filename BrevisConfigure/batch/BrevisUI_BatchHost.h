@@ -10,6 +10,7 @@
 
 #include "BrevisUI_FileProgressDlg.h"
 #include "BrevisUI_FormatHost.h"
+#include "BrevisUI_UserPlaces.h"
 #include "scheme/Brevis_PropertySet.h"
 
 namespace BrevisUI {
@@ -61,6 +62,9 @@ public:
     // Where dialogs start.
     virtual std::string lastDirectory() const = 0;
     virtual void setLastDirectory(const std::string& directory) = 0;
+
+    // Where the old texts of the files of a command are kept.
+    virtual std::string cacheDirectory() const { return userCacheDirectory(); }
 
     // The extensions of source files, without dots.
     virtual std::vector<std::string> extensions() const = 0;

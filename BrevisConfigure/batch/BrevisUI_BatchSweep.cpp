@@ -29,15 +29,19 @@ bool BatchSweep::formatProject(const Project& project) {
     return true;
 }
 
-void BatchSweep::sendCancelled() { host_.send(std::string(BatchMessage::cancelled), Severity::information); }
+void BatchSweep::sendCancelled() {
+    finishWriting();
+    host_.send(std::string(BatchMessage::cancelled), Severity::information);
+}
 
 void BatchSweep::sendEnd(std::string_view text) {
+    finishWriting();
     if (!dialog_->isCancelled()) host_.send(std::string(text), Severity::information);
 }
 
 void BatchSweep::formatNumbered(const std::string& path) {
     host_.setStatusText(fillInAll(Status::file, {std::to_string(number_), std::to_string(count_)}));
-    formatFile(host_, path, scheme_, dialog_.get());
+    formatFile(host_, path, scheme_, dialog_.get(), &writer_.writer());
     host_.advanceOverall();
 }
 
