@@ -328,11 +328,12 @@ TEST(ExprFormatter, limitsNesting) {
 
 TEST(ExprFormatterGrowth, isThatOfTheText) {
     const Scheme scheme = schemeOf("OP|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1");
-    CppExprFormatter formatter(scheme);
     for (const std::string_view piece : {"a<b+", "a<b,\n", "a<(b)&&", "f(a,b)+", "#x\n", "\"a\\\n\"", "(a)*b\\\n"}) {
         for (const bool keep : {false, true}) {
             const auto cost = [&](int count) {
                 const std::string text = "(" + repeated(piece, count) + "c)";
+                // A new one, which has no memory from an earlier text.
+                CppExprFormatter formatter(scheme);
                 std::string result;
                 const StepCount::Cost spent =
                     StepCount::of([&] { result = formatter.format(text, midLine(keep ? "" : "  ", keep)); });
