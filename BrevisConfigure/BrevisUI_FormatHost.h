@@ -34,8 +34,8 @@ public:
     // Called, behind the messages, for a file that hasn't got its new text. Its job may have ended well before.
     virtual void onWriteFailed(const std::string& /*path*/) {}
 
-    // Called once for each text that was formatted, and accepted by the writer if the job writes it. For one that hasn't
-    // changed, too.
+    // Called once for each text that was formatted, and accepted by the writer if the job writes it. For one that
+    // hasn't changed, too.
     virtual void onFormatted(const std::string& /*path*/, const Brevis::FormatResult& /*result*/) {}
 };
 
