@@ -29,6 +29,9 @@ SignalWatch::~SignalWatch() {
     ends_ = true;
     pthread_kill(watcher_.native_handle(), wakeSignal);
     watcher_.join();
+    // One that the watcher had no time for has been seen by now, or is late.
+    const timespec noTime{};
+    while (sigtimedwait(&pause_.pausedSignals(), nullptr, &noTime) > 0) continue;
 }
 
 // One may have come that the watcher had no time for.

@@ -44,8 +44,9 @@ protected:
 TEST_F(CorvaneRunTest, GivesTheSameBytesWithAnyNumberOfThreads) {
     makeTree();
     const std::string source = treeContents();
-    for (const char* mode : {"--check", "--diff", "--check --diff --verify=stable --threshold 0", "-i --threshold 0",
-                             "$(find t -name '*.cpp' | sort) - gone.cpp <ugly.cpp"}) {
+    for (const char* mode :
+         {"--check", "--diff --color=always", "--check --format=sarif", "--check --diff --verify=stable --threshold 0",
+          "-i --threshold 0", "$(find t -name '*.cpp' | sort) - gone.cpp <ugly.cpp"}) {
         std::string firstOut, firstErr, firstTree;
         int firstStatus = 0;
         for (const char* jobs : {"-j 1", "-j 2", "--jobs=7", ""}) {
@@ -149,6 +150,7 @@ public:
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_addchdir_np(&actions, directory.c_str());
         posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
+        posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
         EXPECT_EQ(0, posix_spawn(&process_, CORVANE_FORMAT, &actions, nullptr, pointers.data(), environ));
         posix_spawn_file_actions_destroy(&actions);
         close(ends[1]);
@@ -215,12 +217,17 @@ TEST_F(CorvaneRunTest, ASignalStopsItBehindTheFilesInWork) {
     run("ls -A " + folder + " | grep -v '^1[0-9]*.cpp$'");
     EXPECT_EQ("", out) << "nothing is left behind";
 
-    Child child(dir.path(), {"--check", "--threshold=1", "t"});
+    // The report goes where the messages go, and is whole.
+    Child child(dir.path(), {"--check", "--format=checkstyle", "--threshold=1", "t"});
     child.awaitMessage();
     child.send(SIGINT);
     std::string text;
     EXPECT_EQ(128 + SIGINT, child.finish(text));
-    EXPECT_NE(std::string::npos, text.find("Stopped by SIGINT after ")) << text.substr(text.size() - 100);
+    const std::size_t told = text.find("Stopped by SIGINT after ");
+    ASSERT_NE(std::string::npos, told) << text.substr(text.size() - 100);
+    const std::size_t end = text.find("</checkstyle>\n");
+    EXPECT_LT(text.find("<checkstyle"), end) << text.substr(text.size() - 100);
+    EXPECT_LT(end, told) << text.substr(text.size() - 100);
 }
 
 TEST_F(CorvaneRunTest, ASignalThatIsIgnoredStopsNothing) {
@@ -259,7 +266,7 @@ TEST_F(CorvaneRunTest, ShowsHowFarItIsOnATerminal) {
     EXPECT_EQ(0u, shown.find("ugly.cpp\r\r\x1b[K1 of 3 files, ")) << shown;
     const std::size_t erased = shown.find(
         " left\r\x1b[K"
-        "bad.cpp(1) : error: ");
+        "bad.cpp(1) : \x1b[1;31merror:");
     EXPECT_NE(std::string::npos, erased) << shown;
     EXPECT_EQ(std::string::npos, showOnTerminal(dir.path(), "export TERM=dumb; " + list + "-i").find('\x1b'));
 }

@@ -102,6 +102,7 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"--shard=1", "a"}, "--shard"},
         {{"--shard=1/2x", "a"}, "--shard"},
         {{"--shard=1/1"}, "standard input"},
+        {{"--shard=1/2", "--lines=1:2", "a"}, "--shard"},
         {{"--files-from", "-", "-"}, "once"},
         {{"--dump-scheme", "--files-from", "a"}, "--files-from"},
         {{"--undo", "a"}, "--undo"},
