@@ -36,59 +36,65 @@ Result guarded(FormatHost& host, const std::string& path, Work work, Result fail
 
 class FileJob {
 public:
-    FileJob(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme, FileProgressDlg* progress)
-        : host_(host), path_(path), textJob_(host, path, scheme), progress_(progress), showPhase_(progress, path) {}
+    FileJob(FormatHost& host, const std::string& path, FileProgressDlg* progress)
+        : host_(host), path_(path), progress_(progress), showPhase_(progress, path) {}
 
-    FileResult run();
+    // Fills in all but the result.
+    FileResult prepare(const Brevis::PropertySet& scheme, PreparedFile& file);
+    // Without a writer, the file is a run of its own.
+    FileResult write(const PreparedFile& file, FileWriter* runWriter);
 
 private:
-    FileResult refuse(std::string_view message);
+    FileResult fail(std::string_view message);
     // Whether the user has cancelled; events that wait act first.
     bool isCancelled() const;
     // The reason why the file can't be formatted in place, or null.
     const std::string_view* obstacle() const;
-    std::optional<Brevis::FormatResult> format(const std::string& source);
-    // Takes the backup and writes, if there is something to write. Sends the messages.
-    bool write(const std::string& formatted, const std::string& source);
-    bool replace(FileWriter& writer, const std::string& formatted, const std::string& source);
+    std::optional<Brevis::FormatResult> format(const Brevis::PropertySet& scheme, const std::string& source);
+    // Takes the backup and writes. Sends the messages.
+    bool replace(const PreparedFile& file, FileWriter* runWriter);
+    bool replaceBy(FileWriter& writer, bool isLast, const PreparedFile& file);
 
     FormatHost& host_;
     const std::string& path_;
-    TextJob textJob_;
     FileProgressDlg* progress_;
     FileProgressDlg::UpdateFunction showPhase_;
 };
 
-FileResult FileJob::run() {
+FileResult FileJob::prepare(const Brevis::PropertySet& scheme, PreparedFile& file) {
     if (isCancelled()) return FileResult::Cancelled;
     if (progress_) progress_->resetBar();
     showPhase_(Phase::open);
     host_.send(fillIn(Message::starting, path_), Severity::information);
 
-    if (const std::string_view* message = obstacle()) return refuse(*message);
+    if (const std::string_view* message = obstacle()) return fail(*message);
     if (hasNoContents(path_)) {
         showPhase_(Phase::done);
         return FileResult::Empty;
     }
     // Read to the end before anything runs: a file that breaks off must not be written back as if it were whole.
-    std::string source;
-    if (!readFile(path_, source)) return refuse(Message::unreadable);
+    if (!readFile(path_, file.source)) return fail(Message::unreadable);
 
     if (isCancelled()) return FileResult::Cancelled;
-    const std::optional<Brevis::FormatResult> formatted = format(source);
+    std::optional<Brevis::FormatResult> formatted = format(scheme, file.source);
     if (!formatted) return FileResult::Refused;
-
-    showPhase_(Phase::write);
-    const bool written = write(formatted->text, source);
-    showPhase_(Phase::done);
-    if (!written) return FileResult::Refused;
-    host_.onFormatted(path_, *formatted);
-    return FileResult::Formatted;
+    file.formatted = std::move(*formatted);
+    return file.formatted.text == file.source ? FileResult::Unchanged : FileResult::Formatted;
 }
 
-FileResult FileJob::refuse(std::string_view message) {
+FileResult FileJob::write(const PreparedFile& file, FileWriter* runWriter) {
+    if (file.result != FileResult::Formatted && file.result != FileResult::Unchanged) return file.result;
+    showPhase_(Phase::write);
+    const bool written = file.result == FileResult::Unchanged || replace(file, runWriter);
+    showPhase_(Phase::done);
+    if (!written) return FileResult::Failed;
+    host_.onFormatted(path_, file.formatted);
+    return file.result;
+}
+
+FileResult FileJob::fail(std::string_view message) {
     host_.send(fillIn(message, path_), Severity::error);
-    return FileResult::Refused;
+    return FileResult::Failed;
 }
 
 bool FileJob::isCancelled() const {
@@ -104,28 +110,28 @@ const std::string_view* FileJob::obstacle() const {
     return nullptr;
 }
 
-std::optional<Brevis::FormatResult> FileJob::format(const std::string& source) {
-    if (progress_) return textJob_.run(source, showPhase_);
+std::optional<Brevis::FormatResult> FileJob::format(const Brevis::PropertySet& scheme, const std::string& source) {
+    const TextJob job(host_, path_, scheme);
+    if (progress_) return job.run(source, showPhase_);
     // The functor of the dialog would stop the run, having no dialog.
     Brevis::UpdateFunctor neverCancels;
-    return textJob_.run(source, neverCancels);
+    return job.run(source, neverCancels);
 }
 
-bool FileJob::write(const std::string& formatted, const std::string& source) {
-    if (formatted == source) return true;
-    if (FileWriter* const writer = host_.fileWriter()) return replace(*writer, formatted, source);
+bool FileJob::replace(const PreparedFile& file, FileWriter* runWriter) {
+    if (runWriter) return replaceBy(*runWriter, false, file);
     FileSystem system;
     FileWriter writer(system);
-    return replace(writer, formatted, source);
+    return replaceBy(writer, true, file);
 }
 
-bool FileJob::replace(FileWriter& writer, const std::string& formatted, const std::string& source) {
-    if (host_.createBackups() && writer.copy(path_, source, path_ + "." + host_.backupExtension())) {
-        refuse(Message::noBackup);
+bool FileJob::replaceBy(FileWriter& writer, bool isLast, const PreparedFile& file) {
+    if (host_.createBackups() && writer.copy(path_, file.source, path_ + "." + host_.backupExtension())) {
+        fail(Message::noBackup);
         return false;
     }
-    WriteFailures failures = writer.replace(path_, source, formatted);
-    if (&writer != host_.fileWriter()) {
+    WriteFailures failures = writer.replace(path_, file.source, file.formatted.text);
+    if (isLast) {
         const WriteFailures late = writer.finish();
         failures.insert(failures.end(), late.begin(), late.end());
     }
@@ -162,9 +168,26 @@ void tellFailure(FormatHost& host, const WriteFailure& failure) {
 }  // namespace
 
 FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
-                      FileProgressDlg* progress) {
-    return guarded(
-        host, path, [&] { return FileJob(host, path, scheme, progress).run(); }, FileResult::Refused);
+                      FileProgressDlg* progress, FileWriter* writer) {
+    const auto work = [&] {
+        FileJob job(host, path, progress);
+        PreparedFile file;
+        file.result = job.prepare(scheme, file);
+        return job.write(file, writer);
+    };
+    return guarded(host, path, work, FileResult::Refused);
+}
+
+PreparedFile prepareFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme) {
+    PreparedFile file;
+    const auto work = [&] { return FileJob(host, path, nullptr).prepare(scheme, file); };
+    file.result = guarded(host, path, work, FileResult::Refused);
+    return file;
+}
+
+FileResult writePrepared(FormatHost& host, FileWriter& writer, const std::string& path, const PreparedFile& file) {
+    const auto work = [&] { return FileJob(host, path, nullptr).write(file, &writer); };
+    return guarded(host, path, work, FileResult::Failed);
 }
 
 void tellFailures(FormatHost& host, const WriteFailures& failures) {

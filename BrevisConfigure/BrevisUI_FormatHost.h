@@ -9,7 +9,6 @@
 
 namespace BrevisUI {
 
-class FileWriter;
 class LineSet;
 
 class FormatHost {
@@ -45,12 +44,11 @@ public:
     // The line ends of formatted texts.
     virtual LineEndMode lineEnds() const { return LineEndMode::Keep; }
 
-    // The writer of a run over several files; the host calls its finish() behind the last. Null if each file is a run.
-    virtual FileWriter* fileWriter() { return nullptr; }
     // Called, behind the messages, for a file that hasn't got its new text. Its job may have ended well before.
     virtual void onWriteFailed(const std::string& /*path*/) {}
 
-    // Called once for each text that was formatted, and accepted by the writer if the job writes it.
+    // Called once for each text that was formatted, and accepted by the writer if the job writes it. For one that
+    // hasn't changed, too.
     virtual void onFormatted(const std::string& /*path*/, const Brevis::FormatResult& /*result*/) {}
 };
 

@@ -22,6 +22,22 @@ std::string withLineFeeds(std::string_view text) {
     return normalised;
 }
 
+// A text without carriage returns, as most are, is not copied.
+class LineFeedText {
+public:
+    explicit LineFeedText(std::string_view text) : text_(text) {
+        if (text.find('\r') != std::string_view::npos) text_ = copy_ = withLineFeeds(text);
+    }
+    LineFeedText(const LineFeedText&) = delete;
+    LineFeedText& operator=(const LineFeedText&) = delete;
+
+    std::string_view text() const { return text_; }
+
+private:
+    std::string copy_;
+    std::string_view text_;
+};
+
 // Leaves out a last character of UTF-8 of which only the first bytes are there.
 std::string_view wholeCharacters(std::string_view text) {
     const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
@@ -84,7 +100,8 @@ std::optional<Trn::ParseMessage> refusedAgain(const Trn::Position& place, const 
 }  // namespace
 
 std::optional<Trn::ParseMessage> findChangedToken(std::string_view source, std::string_view formatted) {
-    const auto difference = Brevis::findTokenDifference(withLineFeeds(source), withLineFeeds(formatted));
+    const LineFeedText before(source), after(formatted);
+    const auto difference = Brevis::findTokenDifference(before.text(), after.text());
     if (!difference) return std::nullopt;
     return Trn::ParseMessage{Severity::error, difference->place, 0, describe(*difference)};
 }

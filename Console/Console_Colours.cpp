@@ -1,12 +1,11 @@
 // Escape sequences, as terminals have understood them since the VT100.
 #include "Console_Colours.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <string_view>
 
 #include "BrevisUI_Messages.h"
+#include "Console_StandardStreams.h"
 
 namespace Console {
 
@@ -16,12 +15,11 @@ constexpr std::string_view boldRed = "\x1b[1;31m", boldMagenta = "\x1b[1;35m", p
 
 }  // namespace
 
-bool wantsColours(ColourUse use, int descriptor) {
+bool wantsColours(ColourUse use, int stream) {
     if (use != ColourUse::Auto) return use == ColourUse::Always;
     const char* const unwanted = std::getenv("NO_COLOR");
-    const char* const terminal = std::getenv("TERM");
-    if ((unwanted && *unwanted != '\0') || !terminal || std::string_view(terminal) == "dumb") return false;
-    return isatty(descriptor) == 1;
+    const bool isWanted = !unwanted || *unwanted == '\0';
+    return isWanted && isCapableTerminal(stream);
 }
 
 std::string colouredMessage(const std::string& text, int severity) {

@@ -7,6 +7,7 @@
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "Trn_Exception.h"
+#include "disk/BrevisUI_SiblingFile.h"
 #include "files/BrevisUI_TextLines.h"
 #include "files/BrevisUI_TreeWalk.h"
 #include "projects/BrevisUI_ProjectFiles.h"
@@ -45,6 +46,12 @@ std::string identityOf(const std::string& file) {
     std::error_code error;
     const std::string path = std::filesystem::canonical(file, error).string();
     return error ? BrevisUI::fullPath(file) : path;
+}
+
+// How a file is named in a directory, with slashes between the parts; the same wherever both stand together.
+std::string nameFrom(const std::string& directory, const std::string& file) {
+    const std::filesystem::path path = BrevisUI::fullPath(file);
+    return path.lexically_relative(BrevisUI::fullPath(directory)).generic_string();
 }
 
 bool readList(const std::string& name, std::string& text) {
@@ -110,6 +117,7 @@ void FileSelection::addProjects() {
 
 void FileSelection::addProject(const std::string& path, BrevisUI::IgnoreRules& rules) {
     const BrevisUI::ExtensionList extensions(options_.extensions);
+    const std::string directory = BrevisUI::isDirectory(path) ? path : BrevisUI::parentOf(path);
     const auto [projects, complaints] = BrevisUI::readProjects(path);
     bool isWhole = true;
     for (const auto& [severity, text] : complaints) {
@@ -119,7 +127,7 @@ void FileSelection::addProject(const std::string& path, BrevisUI::IgnoreRules& r
     if (!isWhole) giveUp(fillIn(projectUnreadable, path));
     for (const BrevisUI::Project& project : projects) {
         for (const std::string& file : project.files) {
-            if (extensions.holds(file) && !rules.isIgnored(file, false)) add(file);
+            if (extensions.holds(file) && !rules.isIgnored(file, false)) add(file, directory);
         }
     }
 }
@@ -134,7 +142,7 @@ void FileSelection::addChanged() {
     std::erase_if(found,
                   [&](const std::string& file) { return !extensions.holds(file) || rules.isIgnored(file, false); });
     std::ranges::sort(found, comesFirst);
-    for (const std::string& file : found) add(file);
+    for (const std::string& file : found) add(file, ".");
 }
 
 void FileSelection::keepChanged() {
@@ -148,7 +156,7 @@ void FileSelection::keepChanged() {
 }
 
 void FileSelection::addPath(const std::string& path) {
-    if (!BrevisUI::isDirectory(path)) return add(path);
+    if (!BrevisUI::isDirectory(path)) return add(path, ".");
     if (!options_.lines.empty()) return fail(fillIn(noLines, path));
     if (options_.inPlace || options_.check || options_.diff) return addTree(path);
     fail(fillIn(needsMode, path));
@@ -165,11 +173,12 @@ void FileSelection::addTree(const std::string& directory) {
     BrevisUI::TreeWalk(BrevisUI::ExtensionList(options_.extensions), std::move(hooks))
         .walk(directory, [&](const std::string& file) { found.push_back(file); });
     std::ranges::sort(found, comesFirst);
-    for (const std::string& file : found) add(file);
+    for (const std::string& file : found) add(file, directory);
 }
 
-void FileSelection::add(const std::string& file) {
-    if (known_.insert(identityOf(file)).second) files_.push_back(file);
+void FileSelection::add(const std::string& file, const std::string& directory) {
+    if (!known_.insert(identityOf(file)).second) return;
+    if (!options_.shard || options_.shard->holds(nameFrom(directory, file))) files_.push_back(file);
 }
 
 }  // namespace Console

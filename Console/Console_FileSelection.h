@@ -42,7 +42,8 @@ private:
     void keepChanged();
     void addPath(const std::string& path);
     void addTree(const std::string& directory);
-    void add(const std::string& file);
+    // The part to which the file belongs depends on its name as seen from the directory.
+    void add(const std::string& file, const std::string& directory);
 
     const FormatOptions& options_;
     LineChoice& lines_;

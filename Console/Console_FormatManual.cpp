@@ -64,6 +64,12 @@ constexpr OptionRow fileOptions[] = {
      "leave out what matches below DIR, as if GLOB were a line of a .gitignore file in DIR, for projects and --git one "
      "in the current directory; may be repeated"},
     {"", "--no-ignore", "", "take files below DIR and of projects although git ignores them"},
+    {"", "--shard", "I/N",
+     "take the I-th of N parts of the files. The parts are the same on every machine that has the same names below "
+     "DIR; "
+     "for projects names count from the project's directory, for FILE and --git from the current one"},
+    {"-j", "--jobs", "N",
+     "format N files at once, unless given as many as there are processors. What comes out is the same"},
     {"", "--assume-filename", "PATH",
      "the path of standard input, for messages and for the search for a scheme; without this option <stdin> and the "
      "current directory",
@@ -119,8 +125,8 @@ constexpr OptionRow outputOptions[] = {
      Completion::Words, "0 1 2 3"},
     {"", "--verbose", "",
      "tell for each file how many seams were mended, places where the scheme's white space would have changed the "
-     "code; "
-     "the threshold doesn't hide it"},
+     "code; the threshold doesn't hide it. At the end tell how many files were formatted, unchanged, refused and "
+     "failed; on a terminal that is told anyway"},
     {"", "--help", "", "show this help and exit"},
     {"", "--version", "", "show the version and exit"},
 };
@@ -145,6 +151,9 @@ A scheme has a name once it stands in the user's scheme directory, by default $X
 ~/.local/share/corvane/schemes. The schemes that come with the program arrive there, write-protected: they are listed as
 built-in.
 
+On an interrupt (SIGINT, SIGTERM or SIGHUP) the files that are being formatted are brought to an end, and no other is
+touched.
+
 -i leaves a file alone that would not change. The old texts of the last ten runs are kept in $XDG_CACHE_HOME/corvane, by
 default ~/.cache/corvane.
 
@@ -160,6 +169,7 @@ needs one of -i, --check and --diff without FILE.)"},
      R"( 0  if all went well and, with --check or --diff, nothing would change,
  1  if --check or --diff found a file that would change,
  2  if a file was refused or failed, or the scheme or the arguments are bad.
+ 128 + N  if signal N has stopped the run.
 Warnings don't change it.)"},
 };
 

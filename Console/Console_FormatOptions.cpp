@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Console_Arguments.h"
 #include "Console_ManualText.h"
 #include "settings/BrevisUI_Extensions.h"
 #include "settings/BrevisUI_Settings.h"
@@ -108,6 +109,8 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     add.option("--extensions");
     add.option("--exclude", options.excludes)->allow_extra_args(false);
     add.flag("--no-ignore");
+    add.option("--shard");
+    add.option("--jobs", options.jobs)->check(CLI::Range(1, 1024).description(""));
     app.add_option(namesOf("--lines"))
         ->type_name("FROM:TO")
         ->allow_extra_args(false)
@@ -174,6 +177,7 @@ std::string complaintAboutLines(const CLI::App& app, const FormatOptions& option
         if (options.git) return "--lines and --git cannot be combined";
         const bool isOne = options.files.size() == 1 && options.projects.empty() && options.filesFrom.empty();
         if (!isOne) return "--lines takes one file, not more and no project or list";
+        if (options.shard) return "--lines and --shard cannot be combined: one file has no parts";
     }
     if (options.git && std::ranges::count(options.files, standardInput) > 0) return "--git takes no standard input";
     if (options.git && !namesFiles(options) && !hasMode) {
@@ -189,6 +193,7 @@ void readVerification(const CLI::App& app, FormatOptions& options) {
 }
 
 void readTreeOptions(const CLI::App& app, FormatOptions& options) {
+    if (app.count("--shard") > 0) options.shard = parseShard(app["--shard"]->as<std::string>());
     options.gitIgnore = app.count("--no-ignore") == 0;
     const CLI::Option& given = *app.get_option("--extensions");
     options.extensions =
@@ -204,6 +209,8 @@ std::string complaintAboutSelection(const CLI::App& app, const FormatOptions& op
     const bool readsInput = std::ranges::count(options.files, standardInput) > 0;
     const bool hasMode = options.inPlace || options.check || options.diff;
     if (app.count("--files-from") > 0 && options.filesFrom.empty()) return "--files-from needs a path";
+    if (app.count("--shard") > 0 && !options.shard) return "--shard needs a part such as 1/4";
+    if (options.shard && readsInput) return "--shard needs files: standard input has no parts";
     if (options.nulSeparated && options.filesFrom.empty()) return "-0 has no meaning without --files-from";
     if (options.filesFrom == standardInput && readsInput) return "standard input can be read only once";
     if (std::ranges::count(options.projects, "") > 0) return "--project and --workspace need a path";
@@ -283,7 +290,7 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     CLI::App app;
     addOptions(app, options);
     try {
-        app.parse(argc, argv);
+        parseArguments(app, argc, argv);
     } catch (const CLI::CallForHelp&) {
         return {FormatCommand::Action::ShowText, {}, helpText(formatManual)};
     } catch (const CLI::CallForVersion&) {

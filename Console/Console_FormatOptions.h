@@ -1,12 +1,14 @@
 // The command line of corvane-format: its options, the rules for combining them and its help text.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "BrevisUI_LineEnds.h"
 #include "BrevisUI_LineSet.h"
+#include "Console_Shard.h"
 #include "scheme/Brevis_FormatterProperties.h"
 
 namespace Console {
@@ -43,6 +45,8 @@ struct FormatOptions {
     bool verifyTokens = false;
     bool verifyStability = false;
     bool verbose = false;
+    unsigned jobs = 0;           // files to format at once; 0: as many as there are processors
+    std::optional<Shard> shard;  // the part of the files that is taken
     int threshold = 2;           // of message severities, 0 to 3
     std::string assumeFilename;  // empty: not given
 };

@@ -1,33 +1,33 @@
-// One file after the other: in place by the file job, to standard output by its middle part.
+// Lets the files be formatted by several threads, and does the rest one file after the other.
 #include "Console_FormatRun.h"
 
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
-#include <iterator>
+#include <optional>
 #include <sstream>
+#include <thread>
 #include <utility>
 
 #include "BrevisUI_FileJob.h"
-#include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "BrevisUI_UserPlaces.h"
 #include "Console_Colours.h"
 #include "Console_FileSelection.h"
+#include "Console_OrderedWork.h"
 #include "Console_SchemeLibrary.h"
-#include "Console_UnifiedDiff.h"
-#include "disk/BrevisUI_SignalPause.h"
 
 namespace Console {
 
-using BrevisUI::fillIn;
-namespace Message = BrevisUI::Message;
 namespace Severity = BrevisUI::Severity;
 namespace fs = std::filesystem;
 
 namespace {
+
+// What is held of files that have been begun: enough for the threads to go on while a sync takes its time.
+constexpr std::size_t mostFiles = 256;
+constexpr std::uint64_t mostBytes = std::uint64_t{32} << 20;
 
 // A comment must not go on in a line of its own.
 std::string onOneLine(std::string path) {
@@ -36,81 +36,49 @@ std::string onOneLine(std::string path) {
     return path;
 }
 
+std::uint64_t sizeOf(const std::string& file) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(file, error);
+    return error ? 0 : size;
+}
+
+std::size_t threadCount(unsigned jobs) { return jobs > 0 ? jobs : std::max(1u, std::thread::hardware_concurrency()); }
+
+std::string nameOf(int signal) {
+    if (signal == SIGINT) return "SIGINT";
+    return signal == SIGTERM ? "SIGTERM" : "SIGHUP";
+}
+
 }  // namespace
 
 FormatRun::FormatRun(const FormatOptions& options, StandardOutput& output)
     : options_(options),
       output_(output),
-      colouredOutput_(wantsColours(options.colours, STDOUT_FILENO)),
       colouredMessages_(wantsColours(options.colours, STDERR_FILENO)),
       lines_(options),
       report_(makeReport(options.report, fs::current_path().string())),
-      schemes_(shippedSchemePath()),
       store_(system_, BrevisUI::userCacheDirectory()),
-      writer_(system_, &store_) {}
-
-void FormatRun::send(const std::string& text, int severity) {
-    if (severity >= Severity::error && lastError_.empty()) lastError_ = text;
-    if (severity >= options_.threshold) writeErrorLine(colouredMessages_ ? colouredMessage(text, severity) : text);
+      writer_(system_, &store_) {
+    // The line would stand among the text.
+    if (printsTexts() && isTerminal(STDOUT_FILENO)) progressLine_.disable();
 }
 
-void FormatRun::sendPlaced(const std::string& path, const Trn::ParseMessage& message) {
-    FormatHost::sendPlaced(path, message);
-    if (message.severity >= Severity::warning) findings_.findings.push_back(findingFrom(message));
+void FormatRun::send(const std::string& text, int severity) {
+    if (severity >= options_.threshold) writeError(colouredMessages_ ? colouredMessage(text, severity) : text);
+}
+
+void FormatRun::onWriteFailed(const std::string& path) {
+    if (path != current_) summary_.takeBackFormatted();
 }
 
 void FormatRun::onFormatted(const std::string& path, const Brevis::FormatResult& result) {
-    if (!options_.verbose) return;
-    writeErrorLine(path + ": " + std::to_string(result.seams) + (result.seams == 1 ? " seam" : " seams") + " mended");
-}
-
-std::string FormatRun::displayName(const std::string& file) const {
-    if (file != standardInput) return file;
-    return options_.assumeFilename.empty() ? "<stdin>" : options_.assumeFilename;
+    tellSeams(path, result.seams);
 }
 
 int FormatRun::run() {
     if (options_.listSchemes) return listSchemes();
     if (options_.dumpScheme) return dumpScheme(options_.files.front());
     return formatFiles();
-}
-
-int FormatRun::formatFiles() {
-    FileSelection selection(options_, lines_, [this](const std::string& text, int severity) { send(text, severity); });
-    const std::vector<std::string> files = selection.select();
-    const int status = options_.inPlace ? writeFiles(files) : processFiles(files);
-    return selection.hasFailed() ? exitTrouble : status;
-}
-
-int FormatRun::writeFiles(const std::vector<std::string>& files) {
-    const BrevisUI::SignalPause pause;
-    const int status = processFiles(files);
-    BrevisUI::tellFailures(*this, writer_.finish());
-    return writeFailed_ ? exitTrouble : status;
-}
-
-int FormatRun::processFiles(const std::vector<std::string>& files) {
-    int status = exitGood;
-    if (report_) output_.write(report_->begin());
-    for (const std::string& file : files) {
-        status = std::max(status, report_ ? reportFile(file) : processFile(file));
-        // Nobody would see what follows, or wants it.
-        if (!output_.good() || (options_.inPlace && BrevisUI::SignalPause::isStopAsked())) break;
-    }
-    if (report_) output_.write(report_->end(status != exitTrouble));
-    return status;
-}
-
-int FormatRun::reportFile(const std::string& file) {
-    findings_ = {displayName(file), {}};
-    lastError_.clear();
-    const int status = processFile(file);
-    const auto isRefusal = [](const Finding& finding) { return finding.kind == Finding::Kind::Refused; };
-    if (status == exitTrouble && std::ranges::none_of(findings_.findings, isRefusal)) {
-        findings_.findings.push_back({Finding::Kind::Refused, {}, lastError_, {}});
-    }
-    output_.write(report_->file(findings_));
-    return status;
 }
 
 int FormatRun::listSchemes() {
@@ -123,94 +91,132 @@ int FormatRun::listSchemes() {
 }
 
 int FormatRun::dumpScheme(const std::string& file) {
-    const std::string path = schemePathFor(file);
-    const Brevis::PropertySet* scheme = schemeAt(path);
-    if (!scheme) return exitTrouble;
+    SchemeChoice schemes(options_.scheme);
+    sendRemarks(schemes.remarks());
+    const SchemeChoice::Choice choice = schemes.forFile(file == standardInput ? options_.assumeFilename : file);
+    sendRemarks(choice);
+    if (!choice.scheme->good) return exitTrouble;
     std::ostringstream out;
-    out << "# This scheme was found at " << onOneLine(fs::absolute(path).lexically_normal().string()) << '\n';
-    scheme->write(out);
+    out << "# This scheme was found at " << onOneLine(fs::absolute(choice.path).lexically_normal().string()) << '\n';
+    choice.scheme->scheme.write(out);
     output_.write(out.str());
     return exitGood;
 }
 
-const std::string& FormatRun::givenScheme() {
-    if (givenScheme_.empty()) {
-        GivenScheme given = findGivenScheme(options_.scheme);
-        sendRemarks(given.remarks);
-        givenScheme_ = std::move(given.path);
-    }
-    return givenScheme_;
+int FormatRun::formatFiles() {
+    FileSelection selection(options_, lines_, [this](const std::string& text, int severity) { send(text, severity); });
+    const std::vector<std::string> files = selection.select();
+    selectionFailed_ = selection.hasFailed();
+    const int signal = processFiles(files);
+    return signal != 0 ? SignalWatch::statusFor(signal) : status();
 }
 
-std::string FormatRun::schemePathFor(const std::string& file) {
-    if (!options_.scheme.empty()) return givenScheme();
-    const std::string& place = file == standardInput ? options_.assumeFilename : file;
-    return schemes_.pathFor(BrevisUI::isDirectory(place) ? place + "/" : place);
+int FormatRun::processFiles(const std::vector<std::string>& files) {
+    // Who waits for standard input is stopped at once.
+    std::optional<SignalWatch> watch;
+    const auto again = options_.inPlace ? SignalWatch::Again::Nothing : SignalWatch::Again::ExitAtOnce;
+    if (std::ranges::count(files, standardInput) == 0) watch.emplace(again);
+    if (report_) write(report_->begin());
+    if (!files.empty()) formatAll(files, watch ? &*watch : nullptr);
+    finishWriting();
+    // Whoever is late has stopped nothing.
+    const int signal = watch && summary_.total() < files.size() ? watch->signal() : 0;
+    endReport(signal != 0);
+    tellEnd(signal, files.size());
+    return signal;
+}
+
+void FormatRun::formatAll(const std::vector<std::string>& files, const SignalWatch* watch) {
+    SchemeChoice schemes(options_.scheme);
+    sendRemarks(schemes.remarks());
+    progress_.allFiles = files.size();
+    if (progressLine_.isWanted()) {
+        for (const std::string& file : files) progress_.allBytes += sizeOf(file);
+    }
+    const FileTask task(options_, schemes, lines_);
+    OrderedWork<FileOutcome>::Steps steps;
+    steps.mayBegin = [&] { return !watch || watch->signal() == 0; };
+    steps.weigh = [&](std::size_t item) { return sizeOf(files[item]); };
+    steps.work = [&](std::size_t item) { return task.run(files[item]); };
+    steps.take = [&](std::size_t item, const FileOutcome& outcome) {
+        finishFile(files[item], outcome);
+        // Nobody would see what follows.
+        return output_.good();
+    };
+    OrderedWork<FileOutcome>({threadCount(options_.jobs), mostFiles, mostBytes}, std::move(steps)).run(files.size());
+}
+
+void FormatRun::finishFile(const std::string& file, const FileOutcome& outcome) {
+    current_ = file;
+    sendRemarks(outcome.scheme);
+    for (const FileOutcome::Message& message : outcome.messages) send(message.text, message.severity);
+    if (outcome.seams) tellSeams(outcome.name, *outcome.seams);
+    write(report_ ? report_->file(outcome.findings) : outcome.output);
+    FileFate fate = outcome.fate;
+    if (options_.inPlace) {
+        const BrevisUI::FileResult result = BrevisUI::writePrepared(*this, writer_, file, outcome.prepared);
+        if (result == BrevisUI::FileResult::Failed) fate = FileFate::Failed;
+    }
+    summary_.add(fate);
+    ++progress_.files;
+    progress_.bytes += outcome.bytes;
+    progressLine_.update(progress_);
+}
+
+void FormatRun::finishWriting() {
+    current_.clear();
+    BrevisUI::tellFailures(*this, writer_.finish());
+    progressLine_.disable();
+}
+
+// It must be whole before a signal can act again.
+void FormatRun::endReport(bool isStopped) {
+    if (!report_) return;
+    write(report_->end(!isStopped && status() != exitTrouble));
+    output_.flush();
+}
+
+void FormatRun::tellEnd(int signal, std::size_t count) {
+    if (signal != 0) {
+        writeError("Stopped by " + nameOf(signal) + " after " + std::to_string(summary_.total()) + " of " +
+                   std::to_string(count) + (options_.inPlace ? " files; the others are as they were." : " files."));
+    }
+    const bool isWanted = isTerminal(STDERR_FILENO) && !(printsTexts() && isTerminal(STDOUT_FILENO));
+    if (!options_.verbose && !isWanted) return;
+    // An order that a reader of both streams understands.
+    output_.flush();
+    writeError(summary_.text(options_.inPlace || printsTexts(), ProgressLine::Clock::now() - start_));
+}
+
+int FormatRun::status() const {
+    if (selectionFailed_ || summary_.hasTrouble()) return exitTrouble;
+    return (options_.check || options_.diff) && summary_.formatted() > 0 ? exitWouldChange : exitGood;
 }
 
 void FormatRun::sendRemarks(const std::vector<Remark>& remarks) {
     for (const Remark& remark : remarks) send(remark.text, remark.severity);
 }
 
-const Brevis::PropertySet* FormatRun::schemeAt(const std::string& path) {
-    const LoadedScheme& loaded = schemes_.load(path);
-    if (path != reportedScheme_) sendRemarks(loaded.remarks);
-    reportedScheme_ = path;
-    return loaded.good ? &loaded.scheme : nullptr;
+void FormatRun::sendRemarks(const SchemeChoice::Choice& choice) {
+    if (choice.path != reportedScheme_) sendRemarks(choice.scheme->remarks);
+    reportedScheme_ = choice.path;
 }
 
-int FormatRun::processFile(const std::string& file) {
-    const Brevis::PropertySet* scheme = schemeAt(schemePathFor(file));
-    if (!scheme) {
-        send("The file \"" + displayName(file) + "\" will not be formatted: its scheme is bad.", Severity::error);
-        return exitTrouble;
-    }
-    return options_.inPlace ? formatInPlace(file, *scheme) : formatToOutput(file, *scheme);
+void FormatRun::tellSeams(const std::string& path, std::size_t seams) {
+    if (options_.verbose)
+        writeError(path + ": " + std::to_string(seams) + (seams == 1 ? " seam" : " seams") + " mended");
 }
 
-int FormatRun::formatInPlace(const std::string& file, const Brevis::PropertySet& scheme) {
-    const BrevisUI::FileResult result = BrevisUI::formatFile(*this, file, scheme);
-    return result == BrevisUI::FileResult::Refused ? exitTrouble : exitGood;
+void FormatRun::write(const std::string& text) {
+    if (text.empty()) return;
+    progressLine_.erase();
+    output_.write(text);
+    if (progressLine_.isWanted()) output_.flush();
 }
 
-std::optional<std::string> FormatRun::readSource(const std::string& file) {
-    std::string text;
-    if (file == standardInput) {
-        if (BrevisUI::readStream(stdin, text)) return text;
-    } else if (!BrevisUI::fileExists(file)) {
-        send(fillIn(Message::missing, file), Severity::error);
-        return std::nullopt;
-    } else if (BrevisUI::readFile(file, text)) {
-        return text;
-    }
-    send(fillIn(Message::unreadable, displayName(file)), Severity::error);
-    return std::nullopt;
-}
-
-int FormatRun::formatToOutput(const std::string& file, const Brevis::PropertySet& scheme) {
-    const std::string name = displayName(file);
-    send(fillIn(Message::starting, name), Severity::information);
-    const std::optional<std::string> source = readSource(file);
-    if (!source) return exitTrouble;
-    if (source->empty()) return exitGood;
-
-    const bool compares = options_.check || options_.diff;
-    const std::optional<std::string> formatted = BrevisUI::formatText(*this, name, scheme, *source);
-    if (!formatted) return exitTrouble;
-    if (compares) return showChanges(name, *source, *formatted);
-    output_.write(*formatted);
-    return exitGood;
-}
-
-int FormatRun::showChanges(const std::string& name, const std::string& source, const std::string& formatted) {
-    if (source == formatted) return exitGood;
-    if (report_) {
-        std::ranges::move(findLayout(source, formatted), std::back_inserter(findings_.findings));
-    } else if (options_.check) {
-        output_.write(name + "\n");
-    }
-    if (options_.diff) output_.write(unifiedDiff(name, source, formatted, colouredOutput_));
-    return exitWouldChange;
+void FormatRun::writeError(const std::string& line) {
+    progressLine_.erase();
+    writeErrorLine(line);
 }
 
 }  // namespace Console

@@ -1,17 +1,19 @@
 // A run of corvane-format over its files, once the arguments have been read.
 #pragma once
 
+#include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "BrevisUI_FormatHost.h"
-#include "BrevisUI_LineEnds.h"
+#include "Console_FileTask.h"
 #include "Console_FormatOptions.h"
 #include "Console_LineChoice.h"
+#include "Console_ProgressLine.h"
 #include "Console_Report.h"
-#include "Console_SchemeFinder.h"
+#include "Console_RunSummary.h"
+#include "Console_SignalWatch.h"
 #include "Console_StandardStreams.h"
 #include "disk/BrevisUI_FileWriter.h"
 
@@ -19,6 +21,8 @@ namespace Console {
 
 inline constexpr int exitGood = 0, exitWouldChange = 1, exitTrouble = 2;
 
+// Files are formatted several at a time. Whatever the user sees and whatever happens on the disk is done by the thread
+// of run(), in the order of the files.
 class FormatRun : private BrevisUI::FormatHost {
 public:
     // `options` and `output` must outlive the run.
@@ -29,58 +33,52 @@ public:
     int run();
 
 private:
+    // The host of what is written back.
     void send(const std::string& text, int severity) override;
-    void sendPlaced(const std::string& path, const Trn::ParseMessage& message) override;
-    const BrevisUI::LineSet* chosenLines(const std::string& path) const override { return lines_.linesOf(path); }
-    Brevis::Reading reading() const override { return options_.reading; }
     bool createBackups() const override { return options_.createBackups; }
     std::string backupExtension() const override { return options_.backupExtension; }
-    bool verifyTokens() const override { return options_.verifyTokens; }
-    bool verifyStability() const override { return options_.verifyStability; }
-    BrevisUI::LineEndMode lineEnds() const override { return options_.lineEnds; }
-    BrevisUI::FileWriter* fileWriter() override { return &writer_; }
-    void onWriteFailed(const std::string&) override { writeFailed_ = true; }
+    void onWriteFailed(const std::string& path) override;
     void onFormatted(const std::string& path, const Brevis::FormatResult& result) override;
 
-    // The name of a file in messages.
-    std::string displayName(const std::string& file) const;
     int listSchemes();
     int dumpScheme(const std::string& file);
     int formatFiles();
-    // The same as processFiles, with every file in its place at the end.
-    int writeFiles(const std::vector<std::string>& files);
-    // The status of all files; stops early if there is no use in going on.
+    // Gives the number of the signal that has stopped it, or 0.
     int processFiles(const std::vector<std::string>& files);
-    // The path of the scheme file that --scheme means.
-    const std::string& givenScheme();
-    // The path of the scheme file for a source file.
-    std::string schemePathFor(const std::string& file);
+    void formatAll(const std::vector<std::string>& files, const SignalWatch* watch);
+    // Shows and writes what has become of a file.
+    void finishFile(const std::string& file, const FileOutcome& outcome);
+    void finishWriting();
+    void endReport(bool isStopped);
+    void tellEnd(int signal, std::size_t count);
+    int status() const;
+
     void sendRemarks(const std::vector<Remark>& remarks);
-    // The scheme at a path, or null once the messages about it have been sent.
-    const Brevis::PropertySet* schemeAt(const std::string& path);
-    int processFile(const std::string& file);
-    // The same for a report of what is found in the file.
-    int reportFile(const std::string& file);
-    int formatInPlace(const std::string& file, const Brevis::PropertySet& scheme);
-    int formatToOutput(const std::string& file, const Brevis::PropertySet& scheme);
-    // All bytes of a file or of standard input, or nothing once the message has been sent.
-    std::optional<std::string> readSource(const std::string& file);
-    int showChanges(const std::string& name, const std::string& source, const std::string& formatted);
+    // Those about the scheme of a file.
+    void sendRemarks(const SchemeChoice::Choice& choice);
+    void tellSeams(const std::string& path, std::size_t seams);
+    // Standard output and error, where the line of progress may stand.
+    void write(const std::string& text);
+    void writeError(const std::string& line);
+    // Whether the formatted texts themselves go to standard output.
+    bool printsTexts() const { return !options_.inPlace && !options_.check && !options_.diff; }
 
     const FormatOptions& options_;
     StandardOutput& output_;
-    const bool colouredOutput_, colouredMessages_;
+    const bool colouredMessages_;
     LineChoice lines_;
-    std::unique_ptr<Report> report_;  // null: none is wanted
-    FileFindings findings_;           // in the file in work
-    std::string lastError_;           // about it, without a place
-    SchemeFinder schemes_;
+    const std::unique_ptr<Report> report_;  // null: none is wanted
     BrevisUI::FileSystem system_;
     BrevisUI::RunStore store_;
     BrevisUI::FileWriter writer_;
-    bool writeFailed_ = false;
-    std::string givenScheme_;     // empty until it has been asked for
+
+    bool selectionFailed_ = false;  // something that was named could not be taken
+    RunSummary summary_;
+    ProgressLine progressLine_;
+    RunProgress progress_;
+    std::string current_;         // the file that is being finished
     std::string reportedScheme_;  // the path of the scheme whose remarks were sent last
+    const ProgressLine::Clock::time_point start_ = ProgressLine::Clock::now();
 };
 
 }  // namespace Console

@@ -33,10 +33,21 @@ void StandardOutput::write(std::string_view text) {
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) noteFailure();
 }
 
-int StandardOutput::finish() {
+void StandardOutput::flush() {
     errno = 0;
     if (std::fflush(stdout) != 0) noteFailure();
+}
+
+int StandardOutput::finish() {
+    flush();
     return error_;
+}
+
+bool isTerminal(int stream) { return isatty(stream) == 1; }
+
+bool isCapableTerminal(int stream) {
+    const char* const terminal = std::getenv("TERM");
+    return terminal && std::string_view(terminal) != "dumb" && isTerminal(stream);
 }
 
 void writeErrorLine(std::string_view line) {

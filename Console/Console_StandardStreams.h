@@ -16,6 +16,8 @@ public:
     void write(std::string_view text);
     // False once a write has failed.
     bool good() const { return error_ == 0; }
+    // Brings what was written in front of whatever standard error gets next.
+    void flush();
     // Writes what is held back. Gives 0, or the error number of the first failure.
     int finish();
 
@@ -24,6 +26,11 @@ private:
 
     int error_ = 0;
 };
+
+// Whether a stream, given by its number, is a terminal.
+bool isTerminal(int stream);
+// The same for one that can go back in its line and erase it.
+bool isCapableTerminal(int stream);
 
 // One line on standard error.
 void writeErrorLine(std::string_view line);

@@ -1,4 +1,5 @@
 // corvane-format: formats C and C++ files from the command line.
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <string>
@@ -39,7 +40,7 @@ int guardedMain(int argc, char** argv) {
     const int status = execute(Console::parseFormatArguments(argc, argv), output);
     if (const int error = output.finish()) {
         complain(std::string("write error: ") + std::strerror(error));
-        return Console::exitTrouble;
+        return std::max(status, Console::exitTrouble);
     }
     return status;
 }

@@ -35,7 +35,7 @@ set(layers
   "${host}: ${front} ${engine} ${engine_folders} ${host}/disk"
   "${host}/files: ${front} ${host}"
   "${host}/projects: ${front} ${host} ${host}/files"
-  "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/files ${host}/projects"
+  "${host}/batch: ${front} ${engine} ${scheme} ${host} ${host}/disk ${host}/files ${host}/projects"
   "${host}/store: ${front} ${scheme} ${host}"
   "${host}/settings: ${front} ${scheme} ${host}"
   "${host}/editor: ${front} ${engine} ${scheme} ${host} ${host}/store ${host}/settings"

@@ -10,6 +10,7 @@
 
 #include "BrevisUI_FileProgressDlg.h"
 #include "BrevisUI_FormatHost.h"
+#include "BrevisUI_UserPlaces.h"
 #include "scheme/Brevis_PropertySet.h"
 
 namespace BrevisUI {
@@ -58,13 +59,12 @@ public:
     // Never null.
     virtual std::unique_ptr<BatchProgressDlg> createProgress() = 0;
 
-    // Called behind the last file of a command, before its closing message: a host with a writer of its own brings the
-    // texts to the disk that still wait.
-    virtual void finishFiles() {}
-
     // Where dialogs start.
     virtual std::string lastDirectory() const = 0;
     virtual void setLastDirectory(const std::string& directory) = 0;
+
+    // Where the old texts of the files of a command are kept.
+    virtual std::string cacheDirectory() const { return userCacheDirectory(); }
 
     // The extensions of source files, without dots.
     virtual std::vector<std::string> extensions() const = 0;

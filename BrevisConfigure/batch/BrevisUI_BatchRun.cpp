@@ -1,6 +1,7 @@
 // The four commands, each with its questions and messages in their order.
 #include "batch/BrevisUI_BatchRun.h"
 
+#include <algorithm>
 #include <numeric>
 
 #include "BrevisUI_FileJob.h"
@@ -9,6 +10,7 @@
 #include "Trn_Exception.h"
 #include "batch/BrevisUI_BatchMessages.h"
 #include "batch/BrevisUI_BatchSweep.h"
+#include "batch/BrevisUI_BatchWriter.h"
 #include "files/BrevisUI_ExtensionList.h"
 #include "files/BrevisUI_TreeWalk.h"
 
@@ -108,13 +110,16 @@ void BatchRun::formatFiles() {
 
     const WaitCursor waitCursor(host_);
     BusyStatus status(host_);
-    for (const std::string& path : paths) {
-        if (!target.holds(path) && !isWanted(path)) return;
+    BatchWriter writer(host_);
+    const auto isAccepted = [&](const std::string& path) { return target.holds(path) || isWanted(path); };
+    const auto end = std::ranges::find_if_not(paths, [&](const std::string& path) {
+        if (!isAccepted(path)) return false;
         status.begin();
-        formatFile(host_, path, scheme);
-    }
-    host_.finishFiles();
-    host_.setLastDirectory(directoryOf(paths.back()));
+        formatFile(host_, path, scheme, nullptr, &writer.writer());
+        return true;
+    });
+    writer.finish();
+    if (end == paths.end()) host_.setLastDirectory(directoryOf(paths.back()));
 }
 
 void BatchRun::formatProject() {

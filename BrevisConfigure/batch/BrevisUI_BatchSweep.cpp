@@ -30,18 +30,18 @@ bool BatchSweep::formatProject(const Project& project) {
 }
 
 void BatchSweep::sendCancelled() {
-    host_.finishFiles();
+    writer_.finish();
     host_.send(std::string(BatchMessage::cancelled), Severity::information);
 }
 
 void BatchSweep::sendEnd(std::string_view text) {
-    host_.finishFiles();
+    writer_.finish();
     if (!dialog_->isCancelled()) host_.send(std::string(text), Severity::information);
 }
 
 void BatchSweep::formatNumbered(const std::string& path) {
     host_.setStatusText(fillInAll(Status::file, {std::to_string(number_), std::to_string(count_)}));
-    formatFile(host_, path, scheme_, dialog_.get());
+    formatFile(host_, path, scheme_, dialog_.get(), &writer_.writer());
     host_.advanceOverall();
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "batch/BrevisUI_BatchHost.h"
+#include "batch/BrevisUI_BatchWriter.h"
 #include "files/BrevisUI_ExtensionList.h"
 #include "projects/BrevisUI_ProjectSource.h"
 
@@ -16,7 +17,7 @@ class BatchSweep {
 public:
     // The host and the scheme must outlive the object.
     BatchSweep(BatchHost& host, const Brevis::PropertySet& scheme)
-        : host_(host), scheme_(scheme), extensions_(host.extensions()), dialog_(host.createProgress()) {}
+        : host_(host), scheme_(scheme), extensions_(host.extensions()), dialog_(host.createProgress()), writer_(host) {}
 
     BatchProgressDlg& dialog() { return *dialog_; }
     const ExtensionList& extensions() const { return extensions_; }
@@ -32,8 +33,9 @@ public:
     // message, once the dialog is cancelled.
     bool formatProject(const Project& project);
 
+    // The two ends of a pass: all files that were formatted are brought to the disk first. The second sends the text
+    // unless the dialog has been cancelled.
     void sendCancelled();
-    // Sends the text unless the dialog has been cancelled.
     void sendEnd(std::string_view text);
 
 private:
@@ -43,6 +45,7 @@ private:
     const Brevis::PropertySet& scheme_;
     const ExtensionList extensions_;
     const std::unique_ptr<BatchProgressDlg> dialog_;
+    BatchWriter writer_;
     int count_ = 0;
     int number_ = 0;  // of the file last met
 };

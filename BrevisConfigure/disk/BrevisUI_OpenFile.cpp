@@ -49,17 +49,23 @@ std::error_code OpenFile::read(std::string& text) {
     return {};
 }
 
-std::error_code OpenFile::readAt(off_t place, std::size_t length, std::string& text) {
+std::error_code OpenFile::readSome(off_t place, std::size_t length, std::string& text) {
     if (system_.seek(number_, place) == -1) return lastError();
     text.resize(length);
     std::size_t filled = 0;
     while (filled < length) {
         const ssize_t count = system_.read(number_, text.data() + filled, length - filled);
         if (count == -1) return lastError();
-        if (count == 0) return std::make_error_code(std::errc::io_error);
+        if (count == 0) break;
         filled += static_cast<std::size_t>(count);
     }
+    text.resize(filled);
     return {};
+}
+
+std::error_code OpenFile::readAt(off_t place, std::size_t length, std::string& text) {
+    if (const std::error_code error = readSome(place, length, text)) return error;
+    return text.size() == length ? std::error_code() : std::make_error_code(std::errc::io_error);
 }
 
 std::error_code OpenFile::sync() { return system_.sync(number_) == -1 ? lastError() : std::error_code(); }

@@ -23,6 +23,8 @@ public:
     std::error_code write(std::string_view text);
     // All that is left.
     std::error_code read(std::string& text);
+    // At most `length` bytes at a place of the file, fewer only at its end.
+    std::error_code readSome(off_t place, std::size_t length, std::string& text);
     // `length` bytes at a place of the file; an error too where the file is too short.
     std::error_code readAt(off_t place, std::size_t length, std::string& text);
 

@@ -18,7 +18,14 @@ using State = RunJournal::State;
 
 std::string named(const std::string& path) { return "The file \"" + path + "\""; }
 
-bool isUndoable(const RunJournal::Entry& entry) { return entry.isOpen() || entry.state == State::Done; }
+bool isUndoable(State state) { return RunJournal::isOpen(state) || state == State::Done; }
+
+bool holdsUndoable(const RunJournal& journal) {
+    for (std::size_t index = 0; index < journal.count(); ++index) {
+        if (isUndoable(journal.state(index))) return true;
+    }
+    return false;
+}
 
 // Whether somebody may still want what was found in a damaged file.
 bool holdsFoundText(const std::string& run) {
@@ -56,35 +63,38 @@ bool Restorer::undo() {
         if (error == std::errc::operation_would_block) {
             return fail("The last run is still at work. Nothing has been undone.");
         }
-        Entries entries;
-        if (!journal || journal->readEntries(entries)) continue;
-        if (std::any_of(entries.begin(), entries.end(), isUndoable)) return undoRun(*journal, entries);
+        if (!journal || journal->scan()) continue;
+        if (holdsUndoable(*journal)) return undoRun(*journal);
     }
     return fail("There is no run to undo.");
 }
 
 // Backwards, since a run may have changed a file twice. Files wait for one sync, but none twice.
-bool Restorer::undoRun(RunJournal& journal, const Entries& entries) {
+bool Restorer::undoRun(RunJournal& journal) {
     bool good = true;
     FileWriter writer(system_);
-    std::vector<std::size_t> begun;
-    for (std::size_t index = entries.size(); index-- > 0;) {
-        if (!isUndoable(entries[index])) continue;
-        const auto isSame = [&](std::size_t other) { return entries[other].path == entries[index].path; };
-        if (begun.size() + 1 == FileWriter::mostWaiting || std::any_of(begun.begin(), begun.end(), isSame)) {
-            good = finishUndo(journal, entries, begun, writer) && good;
+    std::vector<Begun> begun;
+    Entry entry;
+    for (std::size_t index = journal.count(); index-- > 0;) {
+        if (!isUndoable(journal.state(index))) continue;
+        if (const std::error_code error = journal.readEntry(index, entry)) {
+            good = fail("A part of the journal cannot be read: " + error.message() + ".");
+            continue;
         }
-        const Step step = undoFile(journal, entries, index, writer);
-        if (step == Step::Begun) begun.push_back(index);
+        const auto isSame = [&](const Begun& other) { return other.path == entry.path; };
+        if (begun.size() + 1 == FileWriter::mostWaiting || std::any_of(begun.begin(), begun.end(), isSame)) {
+            good = finishUndo(journal, begun, writer) && good;
+        }
+        const Step step = undoFile(journal, entry, index, writer);
+        if (step == Step::Waits) begun.push_back({index, entry.path});
         // Told once, it is not in the way of the run before this one.
         if (step == Step::LeftAlone) journal.mark(index, State::Kept);
-        good = good && step == Step::Begun;
+        good = good && step == Step::Waits;
     }
-    return finishUndo(journal, entries, begun, writer) && good;
+    return finishUndo(journal, begun, writer) && good;
 }
 
-Restorer::Step Restorer::undoFile(RunJournal& journal, const Entries& entries, std::size_t index, FileWriter& writer) {
-    const Entry& entry = entries[index];
+Restorer::Step Restorer::undoFile(RunJournal& journal, const Entry& entry, std::size_t index, FileWriter& writer) {
     const auto leave = [&](Step step, const std::string& reason) {
         fail(named(entry.path) + reason + " It is left as it is.");
         return step;
@@ -95,7 +105,7 @@ Restorer::Step Restorer::undoFile(RunJournal& journal, const Entries& entries, s
         const bool gone = error == std::errc::no_such_file_or_directory;
         return leave(gone ? Step::LeftAlone : Step::Failed, " cannot be read: " + error.message() + ".");
     }
-    if (fingerprintOf(present) == entry.old) return Step::Begun;
+    if (fingerprintOf(present) == entry.old) return Step::Waits;
     if (fingerprintOf(present) != entry.formatted) {
         if (entry.state == State::InPlace) return leave(Step::Failed, " may be half-written: try --recover.");
         return leave(Step::LeftAlone, " has changed since it was formatted.");
@@ -103,7 +113,7 @@ Restorer::Step Restorer::undoFile(RunJournal& journal, const Entries& entries, s
     if (const std::error_code error = journal.readOldText(entry, oldText)) {
         return leave(Step::Failed, ": its old text cannot be read: " + error.message() + ".");
     }
-    if (writer.replace(entry.path, present, oldText).empty()) return Step::Begun;
+    if (writer.replace(entry.path, present, oldText).empty()) return Step::Waits;
     return undoInPlace(journal, index, entry.path, present, oldText);
 }
 
@@ -113,17 +123,16 @@ Restorer::Step Restorer::undoInPlace(RunJournal& journal, std::size_t index, con
     if (!error) error = journal.sync();
     Overwrite result = Overwrite::Kept;
     if (!error) result = overwriteFile(system_, path, present, oldText, error);
-    if (result == Overwrite::Written) return Step::Begun;
+    if (result == Overwrite::Written) return Step::Waits;
     if (result != Overwrite::Damaged) journal.mark(index, State::Done);
     fail(named(path) + " could not be written: " + (error ? error.message() : "another program changes it") + ".");
     return Step::Failed;
 }
 
-bool Restorer::finishUndo(RunJournal& journal, const Entries& entries, std::vector<std::size_t>& begun,
-                          FileWriter& writer) {
+bool Restorer::finishUndo(RunJournal& journal, std::vector<Begun>& begun, FileWriter& writer) {
     const WriteFailures failures = writer.finish();
-    for (const std::size_t index : std::exchange(begun, {})) {
-        const std::string& path = entries[index].path;
+    for (const auto& [index, file] : std::exchange(begun, {})) {
+        const std::string& path = file;
         const auto isPath = [&](const WriteFailure& failure) { return failure.path == path; };
         const auto failure = std::find_if(failures.begin(), failures.end(), isPath);
         if (failure != failures.end()) {
@@ -157,30 +166,31 @@ bool Restorer::recover(std::set<std::string> directories) {
 bool Restorer::recoverRun(const std::string& run, std::set<std::string>& directories) {
     std::error_code error;
     const std::unique_ptr<RunJournal> journal = RunJournal::open(system_, run, error);
-    Entries entries;
     // A run at work looks after itself, and one without a journal had not begun.
-    if (!journal || journal->readEntries(entries)) return true;
-    for (const Entry& entry : entries) {
-        if (entry.isOpen()) directories.insert(parentOf(entry.path));
-    }
-    return recoverEntries(*journal, entries);
+    if (!journal || journal->scan()) return true;
+    return recoverEntries(*journal, [&](Entry& entry) { directories.insert(parentOf(entry.path)); });
 }
 
 bool Restorer::recoverSavedTexts(const std::string& run) {
     std::error_code error;
     const std::unique_ptr<RunJournal> journal = RunJournal::open(system_, run, error);
-    Entries entries;
-    if (!journal || journal->readEntries(entries)) return true;
-    for (Entry& entry : entries) {
+    if (!journal || journal->scan()) return true;
+    return recoverEntries(*journal, [&](Entry& entry) {
         entry.path = parentOf(run) + "/" + std::filesystem::path(entry.path).filename().string();
-    }
-    return recoverEntries(*journal, entries);
+    });
 }
 
-bool Restorer::recoverEntries(RunJournal& journal, const Entries& entries) {
+bool Restorer::recoverEntries(RunJournal& journal, const Change& change) {
     bool good = true;
-    for (std::size_t index = 0; index < entries.size(); ++index) {
-        if (entries[index].isOpen()) good = recoverFile(journal, entries[index], index) && good;
+    Entry entry;
+    for (std::size_t index = 0; index < journal.count(); ++index) {
+        if (!RunJournal::isOpen(journal.state(index))) continue;
+        if (const std::error_code error = journal.readEntry(index, entry)) {
+            good = fail("A part of the journal cannot be read: " + error.message() + ".");
+            continue;
+        }
+        change(entry);
+        good = recoverFile(journal, entry, index) && good;
     }
     return good;
 }

@@ -30,24 +30,30 @@ public:
 
 private:
     using Entry = RunJournal::Entry;
-    using Entries = std::vector<Entry>;
+    // A file that waits for its old text.
+    struct Begun {
+        std::size_t index;
+        std::string path;
+    };
 
     // What has become of a file of a run that is to be undone.
-    enum class Step { Begun, LeftAlone, Failed };
+    enum class Step { Waits, LeftAlone, Failed };
 
-    bool undoRun(RunJournal& journal, const Entries& entries);
-    Step undoFile(RunJournal& journal, const Entries& entries, std::size_t index, FileWriter& writer);
+    bool undoRun(RunJournal& journal);
+    Step undoFile(RunJournal& journal, const Entry& entry, std::size_t index, FileWriter& writer);
     // For a file that the writer can't write; its text is safe in the journal.
     Step undoInPlace(RunJournal& journal, std::size_t index, const std::string& path, const std::string& present,
                      const std::string& oldText);
-    bool finishUndo(RunJournal& journal, const Entries& entries, std::vector<std::size_t>& begun, FileWriter& writer);
+    bool finishUndo(RunJournal& journal, std::vector<Begun>& begun, FileWriter& writer);
 
     // Adds the directories in which the run may have left a temporary file.
     bool recoverRun(const std::string& run, std::set<std::string>& directories);
     // The same for saved texts beside files. They are trusted with files in their own directory, and with no others:
     // they may have come with a tree from elsewhere.
     bool recoverSavedTexts(const std::string& run);
-    bool recoverEntries(RunJournal& journal, const Entries& entries);
+    // `change` may change what an entry says.
+    using Change = std::function<void(Entry& entry)>;
+    bool recoverEntries(RunJournal& journal, const Change& change);
     bool recoverFile(RunJournal& journal, const Entry& entry, std::size_t index);
     bool putOldTextBack(RunJournal& journal, const Entry& entry, std::size_t index, const std::string& found);
 

@@ -55,29 +55,19 @@ bool readFingerprint(LineReader& reader, Fingerprint& fingerprint) {
     return reader.readNumber(fingerprint.size) && reader.readNumber(fingerprint.hash);
 }
 
-bool readFile(LineReader& reader, std::vector<RunJournal::Entry>& entries) {
-    RunJournal::Entry entry;
+bool readFile(LineReader& reader, RunJournal::Entry& entry) {
     std::size_t length = 0;
     std::string_view path;
     const bool whole = reader.readNumber(entry.place) && readFingerprint(reader, entry.old) &&
                        readFingerprint(reader, entry.formatted) && reader.readNumber(length) &&
                        reader.readText(length, path);
-    if (!whole) return false;
     entry.path = path;
-    entries.push_back(std::move(entry));
-    return true;
+    return whole;
 }
 
-bool readLine(LineReader& reader, std::vector<RunJournal::Entry>& entries) {
-    std::string_view word;
-    if (!reader.readWord(word)) return false;
-    if (word == fileWord) return readFile(reader, entries);
-    const auto* const state = std::find(std::begin(stateWords), std::end(stateWords), word);
-    std::size_t entry = 0;
-    if (state == std::end(stateWords) || !reader.readNumber(entry) || entry >= entries.size()) return false;
-    entries[entry].state = static_cast<RunJournal::State>(state - std::begin(stateWords));
-    return true;
-}
+// No line is longer: a path isn't.
+constexpr std::size_t longestLine = 1 << 13;
+constexpr std::size_t pieceSize = 1 << 16;
 
 std::string numbersOf(const Fingerprint& fingerprint) {
     return " " + std::to_string(fingerprint.size) + " " + std::to_string(fingerprint.hash);
@@ -140,6 +130,7 @@ std::error_code RunJournal::add(std::string_view path, std::string_view oldText,
 std::error_code RunJournal::mark(std::size_t entry, State state) {
     std::string line(stateWords[static_cast<std::size_t>(state)]);
     line += " " + std::to_string(entry) + "\n";
+    if (entry < places_.size()) places_[entry].state = state;
     return append(system_, journal_, journalSize_, line);
 }
 
@@ -149,18 +140,56 @@ std::error_code RunJournal::sync() {
     return syncPath(system_, directory_);
 }
 
-std::error_code RunJournal::readEntries(std::vector<Entry>& entries) {
-    std::string text;
-    if (const std::error_code error = journal_.read(text)) return error;
-    entries.clear();
-    LineReader reader(text);
-    std::size_t left = 0;
-    do left = reader.left();
-    while (readLine(reader, entries));
-    count_ = entries.size();
-    journalSize_ = static_cast<off_t>(text.size() - left);
-    if (left > 0 && system_.truncate(journal_.number(), journalSize_) == -1) return lastError();
+std::error_code RunJournal::scan() {
+    places_.clear();
+    off_t begin = 0;
+    std::string piece;
+    std::size_t length = 0;
+    do {
+        if (const std::error_code error = journal_.readSome(begin, pieceSize, piece)) return error;
+        length = scanLines(piece, begin);
+        begin += static_cast<off_t>(length);
+    } while (length > 0);
+    count_ = places_.size();
+    journalSize_ = begin;
+    // Only a whole line may stand in front of whatever is noted next.
+    if (!piece.empty() && system_.truncate(journal_.number(), journalSize_) == -1) return lastError();
     return {};
+}
+
+std::size_t RunJournal::scanLines(std::string_view piece, off_t begin) {
+    std::size_t read = 0;
+    std::size_t length = 0;
+    while (scanLine(piece.substr(read), begin + static_cast<off_t>(read), length)) read += length;
+    return read;
+}
+
+bool RunJournal::scanLine(std::string_view line, off_t begin, std::size_t& length) {
+    LineReader reader(line);
+    std::string_view word;
+    if (!reader.readWord(word)) return false;
+    Entry entry;
+    std::size_t number = places_.size();
+    const auto* const state = std::find(std::begin(stateWords), std::end(stateWords), word);
+    if (word == fileWord) {
+        if (!readFile(reader, entry)) return false;
+        places_.push_back({begin, State::Begun});
+    } else {
+        if (state == std::end(stateWords) || !reader.readNumber(number) || number >= places_.size()) return false;
+        places_[number].state = static_cast<State>(state - std::begin(stateWords));
+    }
+    length = line.size() - reader.left();
+    return true;
+}
+
+std::error_code RunJournal::readEntry(std::size_t entry, Entry& found) {
+    std::string line;
+    if (const std::error_code error = journal_.readSome(places_[entry].line, longestLine, line)) return error;
+    LineReader reader(line);
+    std::string_view word;
+    found.state = state(entry);
+    const bool isWhole = reader.readWord(word) && readFile(reader, found);
+    return isWhole ? std::error_code() : std::make_error_code(std::errc::io_error);
 }
 
 std::error_code RunJournal::readOldText(const Entry& entry, std::string& text) {

@@ -15,7 +15,7 @@ namespace BrevisUI {
 
 class RunJournal {
 public:
-    enum class State {
+    enum class State : std::uint8_t {
         Begun,    // the file holds its old text or its new one, and a temporary file may lie beside it
         InPlace,  // it may hold anything
         Done,     // it has got its new text
@@ -29,10 +29,10 @@ public:
         Fingerprint old;
         Fingerprint formatted;
         State state = State::Begun;
-
-        // Whether an interrupted run may have left something behind.
-        bool isOpen() const { return state == State::Begun || state == State::InPlace; }
     };
+
+    // Whether an interrupted run may have left something behind.
+    static bool isOpen(State state) { return state == State::Begun || state == State::InPlace; }
 
     // Makes the directory and the two files in it; leaves nothing behind if that fails.
     static std::unique_ptr<RunJournal> create(FileSystem& system, const std::string& directory, std::error_code& error);
@@ -47,8 +47,12 @@ public:
     // Brings both files and their directory to the disk.
     std::error_code sync();
 
-    // All whole entries; an end that broke off is cut away.
-    std::error_code readEntries(std::vector<Entry>& entries);
+    // Looks through all that an earlier run has noted; an end that broke off is cut away. What follows is good behind
+    // it only. A few bytes are held for each entry, so that a run may have any number.
+    std::error_code scan();
+    std::size_t count() const { return count_; }
+    State state(std::size_t entry) const { return places_[entry].state; }
+    std::error_code readEntry(std::size_t entry, Entry& found);
     // An error too if the text isn't the one that was stored.
     std::error_code readOldText(const Entry& entry, std::string& text);
 
@@ -61,6 +65,15 @@ public:
 private:
     RunJournal(FileSystem& system, const std::string& directory, int flags);
 
+    // An entry that was found by scan().
+    struct Place {
+        off_t line : 56;  // where it begins in the journal
+        State state : 8;
+    };
+
+    // Takes in the whole lines that a piece of the journal begins with, and gives their length.
+    std::size_t scanLines(std::string_view piece, off_t begin);
+    bool scanLine(std::string_view line, off_t begin, std::size_t& length);
     std::error_code openError() const;
     static std::error_code append(FileSystem& system, OpenFile& file, off_t& size, std::string_view text);
 
@@ -71,6 +84,7 @@ private:
     off_t textsSize_ = 0;
     off_t journalSize_ = 0;
     std::size_t count_ = 0;
+    std::vector<Place> places_;
 };
 
 }  // namespace BrevisUI

@@ -75,10 +75,12 @@ void removeSettledRun(FileSystem& system, const std::string& directory) {
     std::error_code error;
     const std::unique_ptr<RunJournal> journal = RunJournal::open(system, directory, error);
     if (error && error != std::errc::no_such_file_or_directory) return;
-    std::vector<RunJournal::Entry> entries;
-    if (journal && journal->readEntries(entries)) return;
-    const auto isNeeded = [](const RunJournal::Entry& entry) { return entry.state == RunJournal::State::InPlace; };
-    if (std::none_of(entries.begin(), entries.end(), isNeeded)) RunJournal::remove(system, directory);
+    if (journal && journal->scan()) return;
+    const std::size_t count = journal ? journal->count() : 0;
+    for (std::size_t entry = 0; entry < count; ++entry) {
+        if (journal->state(entry) == RunJournal::State::InPlace) return;
+    }
+    RunJournal::remove(system, directory);
 }
 
 }  // namespace BrevisUI

@@ -13,10 +13,13 @@ public:
     SignalPause(const SignalPause&) = delete;
     SignalPause& operator=(const SignalPause&) = delete;
 
-    // Whether one of them has come.
-    static bool isStopAsked();
+    // Those that are put off; not those that the program was told to ignore, as nohup does.
+    const sigset_t& pausedSignals() const { return stops_; }
+    // Whether one of them has come and waits, if nobody else takes it.
+    bool isStopAsked() const;
 
 private:
+    sigset_t stops_;
     sigset_t before_;
 };
 

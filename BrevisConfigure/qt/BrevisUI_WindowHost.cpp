@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <utility>
 
-#include "BrevisUI_FileJob.h"
-#include "BrevisUI_UserPlaces.h"
 #include "qt/BrevisUI_StatusPanes.h"
 #include "qt/BrevisUI_Text.h"
 
@@ -25,12 +23,7 @@ public:
 }  // namespace
 
 WindowHost::WindowHost(QWidget* window, Dialogs& dialogs, StatusPanes& status, ProgramState& state, Events events)
-    : window_(window),
-      dialogs_(dialogs),
-      status_(status),
-      state_(state),
-      events_(std::move(events)),
-      store_(system_, userCacheDirectory()) {}
+    : window_(window), dialogs_(dialogs), status_(status), state_(state), events_(std::move(events)) {}
 
 WindowHost::~WindowHost() = default;
 
@@ -46,7 +39,7 @@ void WindowHost::forget() {
 
 void WindowHost::letUserInterfaceRun() {
     QCoreApplication::processEvents();
-    if (progress_ && pause_ && SignalPause::isStopAsked()) progress_->cancel();
+    if (progress_ && pause_ && pause_->isStopAsked()) progress_->cancel();
 }
 
 void WindowHost::alert(const std::string& text) {
@@ -82,15 +75,10 @@ void WindowHost::clearMessages() {
 void WindowHost::setBusy() {
     status_.setBusy();
     events_.busy(true);
-    if (writer_) return;
-    pause_.emplace();
-    writer_.emplace(system_, &store_);
+    if (!pause_) pause_.emplace();
 }
 
 void WindowHost::setReady() {
-    // Has no more to do unless the command ended early.
-    finishFiles();
-    writer_.reset();
     status_.setReady();
     events_.busy(false);
     pause_.reset();
@@ -115,10 +103,6 @@ std::unique_ptr<BatchProgressDlg> WindowHost::createProgress() {
     progress->QDialog::show();
     progress_ = progress.get();
     return progress;
-}
-
-void WindowHost::finishFiles() {
-    if (writer_) tellFailures(*this, writer_->finish());
 }
 
 const Brevis::PropertySet* WindowHost::scheme() const {

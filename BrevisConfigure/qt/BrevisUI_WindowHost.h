@@ -1,5 +1,5 @@
 // The main window as the batch commands see it: it asks with the dialogs of the system, shows what a run does in pane
-// and status bar, and lets the window live between two files. One command is one run that can be taken back.
+// and status bar, and lets the window live between two files.
 #pragma once
 
 #include <QPointer>
@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "batch/BrevisUI_BatchHost.h"
-#include "disk/BrevisUI_FileWriter.h"
 #include "disk/BrevisUI_SignalPause.h"
 #include "editor/BrevisUI_ProgramState.h"
 #include "qt/BrevisUI_Dialogs.h"
@@ -42,7 +41,6 @@ public:
     void alert(const std::string& text) override;
     bool createBackups() const override { return state_.settings.createBackups; }
     std::string backupExtension() const override { return state_.settings.backupExtension; }
-    FileWriter* fileWriter() override { return writer_ ? &*writer_ : nullptr; }
 
     std::vector<std::string> chooseFiles(const FileChoice& choice) override;
     std::optional<std::string> chooseFolder(std::string_view title, const std::string& directory) override;
@@ -56,7 +54,6 @@ public:
     void advanceOverall() override;
     void showWaitCursor(bool visible) override;
     std::unique_ptr<BatchProgressDlg> createProgress() override;
-    void finishFiles() override;
     Brevis::Reading reading() const override { return {.dialect = state_.settings.dialect}; }
     std::string lastDirectory() const override { return state_.settings.lastDirectory; }
     void setLastDirectory(const std::string& directory) override { state_.settings.lastDirectory = directory; }
@@ -74,10 +71,7 @@ private:
     bool keepMessages_ = false;
 
     // Of the command at work.
-    FileSystem system_;
-    RunStore store_;
     std::optional<SignalPause> pause_;
-    std::optional<FileWriter> writer_;
     QPointer<FileProgressWindow> progress_;
 };
 

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <random>
 
+#include "../support/StepCount.h"
 #include "Cpp_Lexer.h"
 
 namespace Brevis {
@@ -326,33 +326,29 @@ TEST(ExprFormatter, limitsNesting) {
     EXPECT_EQ(formatter.format("a+b", midLine()), "a + b");  // after a throw as before it
 }
 
-// A cost that grows with the square of the text would take minutes here.
-TEST(ExprFormatter, costIsLinear) {
+TEST(ExprFormatterGrowth, isThatOfTheText) {
     const Scheme scheme = schemeOf("OP|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1");
-    CppExprFormatter formatter(scheme);
-    const auto start = std::chrono::steady_clock::now();
     for (const std::string_view piece : {"a<b+", "a<b,\n", "a<(b)&&", "f(a,b)+", "#x\n", "\"a\\\n\"", "(a)*b\\\n"}) {
-        const std::string text = "(" + repeated(piece, 60000) + "c)";
         for (const bool keep : {false, true}) {
-            EXPECT_EQ(withoutWs(formatter.format(text, midLine(keep ? "" : "  ", keep))), withoutWs(text)) << piece;
+            const auto cost = [&](int count) {
+                const std::string text = "(" + repeated(piece, count) + "c)";
+                // A new one, which has no memory from an earlier text.
+                CppExprFormatter formatter(scheme);
+                std::string result;
+                const StepCount::Cost spent =
+                    StepCount::of([&] { result = formatter.format(text, midLine(keep ? "" : "  ", keep)); });
+                EXPECT_EQ(withoutWs(result), withoutWs(text)) << piece;
+                return spent;
+            };
+            const StepCount::Cost once = cost(1000), more = cost(8000);
+            EXPECT_TRUE(StepCount::isWithin(more, 10, once)) << piece << once << ", then " << more;
         }
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
-double secondsFor(CppExprFormatter& formatter, const std::string& text) {
-    double fastest = 1e9;
-    for (int i = 0; i < 5; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        formatter.format(text, midLine("  "));
-        fastest = std::min(fastest, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    return fastest;
-}
-
-// Ten texts of a tenth of the depth are as long as the deep one. Work at each level for all levels in it takes some ten
-// times as long.
-TEST(ExprFormatter, costDoesNotGrowWithDepth) {
+// Ten texts of a tenth of the depth are as long as the deep one. Work at each level for all levels in it costs some ten
+// times as much.
+TEST(ExprFormatterGrowth, isNotThatOfTheDepth) {
     for (const char* breaks : {" ", "\n"}) {
         const Scheme scheme =
             schemeOf("OP|PARENS|WS_BETWEEN_TP_PARAMS= |WS_BETWEEN_FN_CALL_ARGS=" + std::string(breaks));
@@ -360,8 +356,11 @@ TEST(ExprFormatter, costDoesNotGrowWithDepth) {
         for (const auto& [open, close] : {std::pair("f(a,\n", ")"), std::pair("f(\"x\\n\",b+", ",c)"),
                                           std::pair("(a*", ")"), std::pair("b[i+", "]"), std::pair("A<B,", " >")}) {
             const auto nested = [&](int depth) { return repeated(open, depth) + "x" + repeated(close, depth); };
-            const double deep = secondsFor(formatter, nested(900));
-            EXPECT_LT(deep, 4 * secondsFor(formatter, repeated(nested(90) + "+", 10))) << open;
+            const auto cost = [&](const std::string& text) {
+                return StepCount::of([&] { formatter.format(text, midLine("  ")); });
+            };
+            const StepCount::Cost flat = cost(repeated(nested(90) + "+", 10)), deep = cost(nested(900));
+            EXPECT_TRUE(StepCount::isWithin(deep, 2, flat)) << open << flat << ", then " << deep;
         }
     }
 }

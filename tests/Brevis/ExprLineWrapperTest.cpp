@@ -2,12 +2,12 @@
 // operands, and that nothing is lost and time grows with the text.
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <functional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "../support/StepCount.h"
 #include "wrap/Brevis_CppExprLineWrapper.h"
 #include "wrap/Brevis_LaidOperands.h"
 #include "wrap/Brevis_StreamedOperands.h"
@@ -311,34 +311,34 @@ TEST(ExprLineWrapper, FarColumns) {
     }
 }
 
-TEST(ExprLineWrapper, TimeGrowsWithTheText) {
+TEST(ExprLineWrapperGrowth, IsThatOfTheText) {
     const std::string nest = repeated("", "(", 200, "a") + repeated("", ")", 200, " + ");
     const struct {
         std::string front, unit, back;
         int count;
-    } cases[] = {{"f(", "aaaa, ", "0);", 10000},    {"x = ", "aaaa + ", "0;", 10000},
-                 {"cout", " << aaaa", ";", 10000},  {"", "a < b, ", "0", 10000},
-                 {"", "{1, {2, 3}}, ", "0", 10000}, {"", "f(a) + ", "0", 10000},
-                 {"", "f(a, $b), ", "0", 2000},     {"", "f(a, b), ", "0", 2000},
-                 {"", "a,\n", "0", 10000},          {"", nest, "0", 40}};
+    } cases[] = {{"f(", "aaaa, ", "0);", 1000},    {"x = ", "aaaa + ", "0;", 1000},
+                 {"cout", " << aaaa", ";", 1000},  {"", "a < b, ", "0", 1000},
+                 {"", "{1, {2, 3}}, ", "0", 1000}, {"", "f(a) + ", "0", 1000},
+                 {"", "f(a, $b), ", "0", 500},     {"", "f(a, b), ", "0", 500},
+                 {"", "a,\n", "0", 1000},          {"", nest, "0", 8}};
     for (const int strategy : {1, 2}) {
         const Scheme scheme = schemeWith({{"LIST_WRAP_STRATEGY", strategy}});
         CppExprLineWrapper wrapper(scheme);
         for (const auto& test : cases) {
-            const auto seconds = [&](int count) {
+            const auto cost = [&](int count) {
                 const std::string text = repeated(test.front, test.unit, count, test.back);
-                const std::clock_t start = std::clock();
-                EXPECT_GE(wrapper.wrapList(text, settingsAt(4), false).size(), text.size());
-                return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+                return StepCount::of(
+                    [&] { EXPECT_GE(wrapper.wrapList(text, settingsAt(4), false).size(), text.size()); });
             };
-            const double once = seconds(test.count);
-            EXPECT_LT(seconds(8 * test.count), 24 * once + 0.1) << test.front << test.unit.substr(0, 20);
+            const StepCount::Cost once = cost(test.count), more = cost(8 * test.count);
+            EXPECT_TRUE(StepCount::isWithin(more, 12, once))
+                << test.front << test.unit.substr(0, 20) << once << ", then " << more;
         }
     }
 }
 
-// The same amount of text takes some same time, however deep it is nested, closed or not.
-TEST(ExprLineWrapper, TimeDoesNotGrowWithTheDepth) {
+// The same amount of text costs some same steps, however deep it is nested, closed or not.
+TEST(ExprLineWrapperGrowth, IsNotThatOfTheDepth) {
     const struct {
         std::string open, close;
     } cases[] = {{"f(a, ", ")"}, {"(x + ", ")"}, {"{1, ", "}"},    {"static_cast<int>((", "))"}, {"v<f(a, ", ")>"},
@@ -346,15 +346,16 @@ TEST(ExprLineWrapper, TimeDoesNotGrowWithTheDepth) {
     const Scheme scheme = schemeWith({{"WRAP_STYLE", 0}});
     CppExprLineWrapper wrapper(scheme);
     for (const auto& test : cases) {
-        const auto seconds = [&](int depth) {
+        const auto cost = [&](int depth) {
             const std::string nest = repeated("", test.open, depth, "b") + repeated("", test.close, depth, ";");
-            const std::clock_t start = std::clock();
-            for (int done = 0; done < 10000; done += depth) {
-                EXPECT_NE(wrapper.wrapExpression(nest, settingsAt(4), false), nest);
-            }
-            return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+            return StepCount::of([&] {
+                for (int done = 0; done < 2000; done += depth) {
+                    EXPECT_NE(wrapper.wrapExpression(nest, settingsAt(4), false), nest);
+                }
+            });
         };
-        EXPECT_LT(seconds(1000), 5 * seconds(100) + 0.05) << test.open << test.close;
+        const StepCount::Cost once = cost(100), more = cost(1000);
+        EXPECT_TRUE(StepCount::isWithin(more, 3, once)) << test.open << test.close << once << ", then " << more;
     }
 }
 

@@ -1,11 +1,11 @@
 // The line wrapper on whole texts: each construct that it takes apart, what it leaves alone, and its cost.
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "../support/StepCount.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "format/Brevis_CppPreFormatter.h"
@@ -255,18 +255,19 @@ TEST(LineWrapper, ChangesNothingButWhiteSpace) {
 
 // ---- Cost
 
-TEST(LineWrapper, TimeGrowsWithTheText) {
-    const auto seconds = [](const std::string& unit, int count) {
+TEST(LineWrapperGrowth, IsThatOfTheText) {
+    const auto cost = [](const std::string& unit, int count) {
         std::string text = "int a[] = {";
         while (count-- > 0) text += unit;
         text += "0};\nvoid f() { x = aaaaaaaaaaaaaaaaaaaaaaaaaaaa + b; }\n";
-        const std::clock_t start = std::clock();
-        EXPECT_EQ(withoutWhiteSpace(wrapped(text, wrapScheme(60))), withoutWhiteSpace(text));
-        return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        std::string result;
+        const StepCount::Cost spent = StepCount::of([&] { result = wrapped(text, wrapScheme(60)); });
+        EXPECT_EQ(withoutWhiteSpace(result), withoutWhiteSpace(text));
+        return spent;
     };
     for (const char* unit : {"1, ", "1,\n", "{1, 2},\n    ", "f(a), "}) {
-        const double once = seconds(unit, 10000);
-        EXPECT_LT(seconds(unit, 80000), 24 * once + 0.1) << unit;
+        const StepCount::Cost once = cost(unit, 1000), more = cost(unit, 8000);
+        EXPECT_TRUE(StepCount::isWithin(more, 10, once)) << unit << once << ", then " << more;
     }
 }
 

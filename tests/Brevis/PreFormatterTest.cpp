@@ -1,9 +1,9 @@
 // The pre-formatter: which comments open and close a region, and what stands for the region afterwards.
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <string>
 
+#include "../support/StepCount.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "Trn_NestingGuard.h"
@@ -100,21 +100,19 @@ TEST(PreFormatter, RefusesATreeThatIsTooDeep) {
 }
 
 // A walk of the remover for each region would take 64 times as long for 8 times the regions.
-TEST(PreFormatter, TimeGrowsWithTheNumberOfRegions) {
-    const auto seconds = [](int regions) {
+TEST(PreFormatterGrowth, IsThatOfTheNumberOfRegions) {
+    const auto cost = [](int regions) {
         std::string text;
         for (int i = 0; i < regions; ++i) text += off + "int a;" + on + "int b;";
         Cpp::RootNode root;
         parse(text, root);
         CppPreFormatter preFormatter(regionTable());
-        const std::clock_t start = std::clock();
-        root.accept(preFormatter);
-        const double time = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        const StepCount::Cost result = StepCount::of([&] { root.accept(preFormatter); });
         EXPECT_EQ(root.childCount(), 2 * regions);
-        return time;
+        return result;
     };
-    const double once = seconds(4000);
-    EXPECT_LT(seconds(32000), 24 * once + 0.1);
+    const StepCount::Cost once = cost(1000), more = cost(8000);
+    EXPECT_TRUE(StepCount::isWithin(more, 10, once)) << once << ", then " << more;
 }
 
 }  // namespace

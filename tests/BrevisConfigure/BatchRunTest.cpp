@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "../support/TestFiles.h"
+#include "disk/BrevisUI_Restorer.h"
 #include "projects/BrevisUI_ProjectFiles.h"
 
 namespace BrevisUI {
@@ -76,9 +77,11 @@ public:
     std::string lastDirectory() const override { return "/last"; }
     void setLastDirectory(const std::string& directory) override { log("last directory: " + directory); }
     Lines extensions() const override { return {"c", "h"}; }
+    std::string cacheDirectory() const override { return cache; }
     const Brevis::PropertySet* scheme() const override { return hasScheme ? &schemeInForce : nullptr; }
 
     Lines chosen;
+    std::string cache;
     Answer answer = Answer::Yes;
     int cancelAtBreath = 0, breaths = 0;
     bool isCancelled = false, hasScheme = true;
@@ -101,6 +104,7 @@ class BatchRunTest : public testing::Test {
 protected:
     BatchRunTest() {
         host.schemeInForce.setString("INDENT_FN_CONTENT", "  ");
+        host.cache = dir.file("cache");
         for (const char* name : {"one/a.c", "one/b.rc", "one/c.h", "two/a.c", "two/b.rc", "two/c.h", "odd.txt", "x.C",
                                  "tree/.d/a.c", "tree/d/a.c", "tree/d/text", "nothing/text"}) {
             dir.file(name, ugly);
@@ -197,6 +201,53 @@ TEST_F(BatchRunTest, EventsBetweenFilesCannotDisturbARun) {
     batch.formatProject();
     EXPECT_EQ(host.breaths, refused);
     EXPECT_LT(4, refused);
+    EXPECT_EQ(pretty, TestFiles::contents(dir.file("one/c.h")));
+}
+
+// Also of one that ends early.
+TEST_F(BatchRunTest, TheFilesOfACommandAreOneRun) {
+    BatchRun batch(host, &files);
+    const struct {
+        std::string command;
+        Lines chosen;
+        int cancelAtBreath;
+    } cases[] = {{"files", {dir.file("one/a.c"), dir.file("one/c.h"), dir.file("odd.txt")}, 0},
+                 {"project", {dir.file("one/one.dsp")}, 0},
+                 {"workspace", {dir.file("all.dsw")}, 0},
+                 {"workspace", {dir.file("all.dsw")}, 15},
+                 {"tree", {dir.path()}, 0}};
+    FileSystem system;
+    const RunStore store(system, host.cache);
+    std::size_t runs = 0;
+    for (const auto& [command, chosen, cancelAtBreath] : cases) {
+        host.chosen = chosen;
+        host.answer = command == "files" ? Answer::No : Answer::Yes;
+        host.breaths = 0;
+        host.isCancelled = false;
+        host.cancelAtBreath = cancelAtBreath;
+        start(batch, command);
+        EXPECT_EQ(cancelAtBreath > 0, host.isCancelled);
+        EXPECT_EQ(pretty, TestFiles::contents(dir.file("one/c.h"))) << command;
+        EXPECT_EQ(++runs, store.runs().size()) << command;
+        EXPECT_TRUE(Restorer(system, store, [](const std::string&, Restorer::News) {}).undo());
+        EXPECT_EQ("", formatted()) << command;
+    }
+}
+
+// A file that can't be replaced is told in front of the end.
+TEST_F(BatchRunTest, LateFailuresAreTold) {
+    BatchRun batch(host, &files);
+    host.chosen = {dir.file("one/one.dsp")};
+    host.onBreath = [&] {
+        const bool isBehind = host.transcript.find("2 of 4") != std::string::npos;
+        if (isBehind && host.transcript.ends_with("overall: on\n")) TestFiles::write(dir.file("one/a.c"), "int x;\n");
+    };
+    batch.formatProject();
+    const std::string late = "3: The file \"" + dir.file("one/a.c") +
+                             "\" has changed since it was read. The file will not be formatted.\n"
+                             "1: Finished formatting project.\n";
+    EXPECT_NE(std::string::npos, host.transcript.find(late)) << host.transcript;
+    EXPECT_EQ("int x;\n", TestFiles::contents(dir.file("one/a.c")));
     EXPECT_EQ(pretty, TestFiles::contents(dir.file("one/c.h")));
 }
 

@@ -96,7 +96,7 @@ TEST_F(FileJobTest, LeavesAFormattedFileAlone) {
         const auto old = fs::file_time_type::clock::now() - std::chrono::hours(5);
         fs::last_write_time(path, old);
         host.backups = true;
-        EXPECT_EQ(FileResult::Formatted, run(path));
+        EXPECT_EQ(FileResult::Unchanged, run(path));
         EXPECT_EQ(old, fs::last_write_time(path));
         EXPECT_EQ(text, contents(path));
         EXPECT_FALSE(fs::exists(path + ".bak"));
@@ -164,7 +164,7 @@ TEST_F(FileJobTest, RefusesWhatItCannotReadOrWrite) {
     host.backups = true;
     for (const auto& [path, message] : cases) {
         host.sent.clear();
-        EXPECT_EQ(FileResult::Refused, run(path));
+        EXPECT_EQ(FileResult::Failed, run(path));
         EXPECT_EQ((Lines{starting(path), message}), host.sent);
         EXPECT_FALSE(fs::exists(path + ".bak"));
     }
@@ -191,7 +191,7 @@ TEST_F(FileJobTest, WithoutItsBackupAFileIsNotTouched) {
     const std::string path = dir.file("a.cpp", ugly);
     fs::create_directory(path + ".bak");
     host.backups = true;
-    EXPECT_EQ(FileResult::Refused, run(path));
+    EXPECT_EQ(FileResult::Failed, run(path));
     EXPECT_EQ(ugly, contents(path));
     EXPECT_EQ("3 Corvane C++ was unable to create a backup file for the file \"" + path +
                   "\". The file will not be formatted.",
@@ -208,7 +208,7 @@ TEST_F(FileJobTest, KeepsTheSourceWhenWritingBreaksOff) {
         if (linked) fs::create_hard_link(path, dir.file("b.cpp"));
         {
             const Environment::FullDisk fullDisk(source.size() + 20);
-            EXPECT_EQ(FileResult::Refused, run(path));
+            EXPECT_EQ(FileResult::Failed, run(path));
         }
         EXPECT_EQ("3 Corvane C++ was unable to write the formatted text back to the file \"" + path +
                       "\". The file will not be formatted.",

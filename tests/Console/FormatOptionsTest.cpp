@@ -38,6 +38,27 @@ TEST(FormatOptions, ReadsEveryForm) {
     const FormatCommand recover = parse({"--recover", "a", "b"});
     EXPECT_EQ(Action::Recover, recover.action);
     EXPECT_EQ((std::vector<std::string>{"a", "b"}), recover.options.files);
+
+    const FormatOptions part = parse({"-i", "-j", "4", "--shard=2/3", "a"}).options;
+    EXPECT_EQ(4u, part.jobs);
+    EXPECT_TRUE(part.shard && part.shard->index == 2 && part.shard->count == 3);
+}
+
+TEST(FormatOptions, TakesArgumentsAsTheyStand) {
+    const FormatOptions brackets =
+        parse({"--check", "[a,b]", "--exclude", "[cd]", "-s", "[x]", "[]", "[a", "--", "[e,f]", "--extensions="})
+            .options;
+    EXPECT_EQ((std::vector<std::string>{"[a,b]", "[]", "[a", "[e,f]", "--extensions="}), brackets.files);
+    EXPECT_EQ(std::vector<std::string>{"[cd]"}, brackets.excludes);
+    EXPECT_EQ("[x]", brackets.scheme);
+    // Nothing is no list, no path and no number.
+    for (const char* option :
+         {"--extensions=", "--scheme=", "--threshold=", "--project=", "--files-from=", "--shard="}) {
+        const FormatCommand command = parse({option, "-i", "a.cpp"});
+        EXPECT_EQ(Action::Fail, command.action) << option;
+        EXPECT_NE(std::string::npos, command.text.find(std::string(option, 0, 6))) << command.text;
+    }
+    EXPECT_EQ(std::vector<std::string>{""}, parse({"--exclude=", "a.cpp"}).options.excludes);
 }
 
 TEST(FormatOptions, RefusesWhatMakesNoSense) {
@@ -74,6 +95,14 @@ TEST(FormatOptions, RefusesWhatMakesNoSense) {
         {{"-i", "--workspace", ""}, "--workspace"},
         {{"-i", "-0", "a"}, "--files-from"},
         {{"--files-from", ""}, "--files-from"},
+        {{"-j", "0", "a"}, "--jobs"},
+        {{"-j", "x", "a"}, "--jobs"},
+        {{"--shard=0/2", "a"}, "--shard"},
+        {{"--shard=3/2", "a"}, "--shard"},
+        {{"--shard=1", "a"}, "--shard"},
+        {{"--shard=1/2x", "a"}, "--shard"},
+        {{"--shard=1/1"}, "standard input"},
+        {{"--shard=1/2", "--lines=1:2", "a"}, "--shard"},
         {{"--files-from", "-", "-"}, "once"},
         {{"--dump-scheme", "--files-from", "a"}, "--files-from"},
         {{"--undo", "a"}, "--undo"},
@@ -103,6 +132,7 @@ TEST(FormatOptions, HelpAndVersion) {
         {"-s, --scheme=", "--list-schemes", "--dump-scheme", "-i, --in-place", "--backup[=EXT]", "--check", "--diff"},
         {"--verify[=", "--no-verify", "--verbose", "--assume-filename=", "--line-endings=", "--undo", "--recover"},
         {"--project=", "--workspace=", "--files-from=", "-0 ", "--extensions=", "--exclude=", "--no-ignore"},
+        {"--shard=", "-j, --jobs="},
         {"--threshold=", "--help", "--version", "Exit status"},
     };
     for (const auto& group : options) {

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
 #include <functional>
 
+#include "../support/StepCount.h"
 #include "FormatRun.h"
 #include "Trn_Exception.h"
 
@@ -22,7 +22,8 @@ std::string repeated(const std::string& text, int times) {
 // Made when its test runs: every process of the suite builds this list, and the texts take megabytes.
 struct NamedText {
     std::string name;
-    std::function<std::string()> text;
+    std::function<std::string(int size)> text;
+    int size = 400'000;  // of the largest text
 };
 
 void PrintTo(const NamedText& text, std::ostream* os) { *os << text.name; }
@@ -40,8 +41,6 @@ std::vector<Brevis::PropertySet> testedSchemes() {
     }
     return schemes;
 }
-
-double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 // ---- Whatever the text: everything is kept, or the text is refused with a reason.
 
@@ -65,24 +64,40 @@ protected:
     }
 };
 
-TEST_P(BadInputTest, GetsAClearAnswerInTime) {
-    const std::string text = GetParam().text();
+TEST_P(BadInputTest, GetsAClearAnswer) {
+    const std::string text = GetParam().text(GetParam().size);
     for (const Brevis::PropertySet& scheme : testedSchemes()) {
-        const double start = processorSeconds();
         expectClearAnswer(scheme, text, Cpp::Dialect::classic);
         expectClearAnswer(scheme, text, Cpp::Dialect::modern);
-        EXPECT_LT(processorSeconds() - start, 20) << scheme.name();
     }
 }
 
+class BadInputGrowthTest : public testing::TestWithParam<NamedText> {};
+
+// The texts of one size may be refused and those of the other not; both have to be read.
+TEST_P(BadInputGrowthTest, IsThatOfTheText) {
+    const Brevis::PropertySet scheme = readScheme(sourceDirectory() / "schemes" / "Corvane.fsc");
+    const auto cost = [&](int size) {
+        const std::string text = GetParam().text(size);
+        return StepCount::of([&] {
+            try {
+                formatText(scheme, text);
+            } catch (const Trn::Exception&) {
+            }
+        });
+    };
+    const StepCount::Cost once = cost(GetParam().size / 64), more = cost(GetParam().size / 8);
+    EXPECT_TRUE(StepCount::isWithin(more, 12, once)) << once << ", then " << more;
+}
+
 constexpr int deep = 100'000;
-constexpr int many = 400'000;
 
 // `inner` with `deep` times `open` in front of it, once closed and once not.
 void addNested(std::vector<NamedText>& all, const std::string& name, const std::string& before, const std::string& open,
                const std::string& close, const std::string& after) {
-    all.push_back({name, [=] { return before + repeated(open, deep) + "x" + repeated(close, deep) + after; }});
-    all.push_back({name + "Unclosed", [=] { return before + repeated(open, deep); }});
+    all.push_back(
+        {name, [=](int deep) { return before + repeated(open, deep) + "x" + repeated(close, deep) + after; }, deep});
+    all.push_back({name + "Unclosed", [=](int deep) { return before + repeated(open, deep); }, deep});
 }
 
 std::vector<NamedText> nestedTexts() {
@@ -113,47 +128,51 @@ std::vector<NamedText> nestedTexts() {
 }
 
 INSTANTIATE_TEST_SUITE_P(Nested, BadInputTest, testing::ValuesIn(nestedTexts()), testName<NamedText>);
+INSTANTIATE_TEST_SUITE_P(Nested, BadInputGrowthTest, testing::ValuesIn(nestedTexts()), testName<NamedText>);
 
 std::vector<NamedText> oddTexts() {
     using namespace std::string_literals;
     return {
-        {"Empty", [] { return ""s; }},
-        {"OneLineOfCode", [] { return repeated("x = y + f(1); ", many / 4); }},
-        {"OneLineOfOperators", [] { return "int x = 1" + repeated(" + 1", many) + ";\n"; }},
-        {"OneLineOfString", [] { return "char* s = \"" + repeated("abcdefg ", many) + "\";\n"; }},
-        {"OneLineOfComment", [] { return "/*" + repeated(" abcdefg", many) + "*/ int x;\n"; }},
-        {"OneWord", [] { return repeated("a", 10 * many); }},
-        {"ScopedWords", [] { return repeated("a::", many) + "b;\n"; }},
-        {"Blanks", [] { return repeated(" ", 10 * many) + "int x;\n"; }},
-        {"EmptyLines", [] { return "int x;" + repeated("\n", 10 * many) + "int y;\n"; }},
-        {"HeaderQuestions", [] { return "#if " + repeated("__has_include(<", many) + "\nint x;\n#endif\n"; }},
-        {"BehindOpenParentheses", [] { return "int x = " + repeated("(", 900) + repeated("1 + ", many) + "1;\n"; }},
-        {"LessThanSigns", [] { return "bool b = " + repeated("a < ", many / 10) + "c;\n"; }},
-        {"LessThanSignsInABlock", [] { return "void f()\n{\nb = " + repeated("a < ", many / 10) + "c;\n}\n"; }},
-        {"Stars", [] { return "int " + repeated("*", many) + "p;\n"; }},
-        {"Commas", [] { return "int a" + repeated(", a", many) + ";\n"; }},
-        {"Semicolons", [] { return repeated(";", many); }},
-        {"ClosingBraces", [] { return repeated("}", many); }},
-        {"Hashes", [] { return repeated("#\n", many); }},
-        {"Strings", [] { return "char* s = " + repeated("\"a\" ", many) + ";\n"; }},
-        {"Macros", [] { return repeated("MACRO(a)\n", many / 10); }},
-        {"NulBytes", [] { return "int\0x\0=\0 1;\0\n/* \0 */ char* s = \"a\0b\";\n"s; }},
+        {"Empty", [](int) { return ""s; }},
+        {"OneLineOfCode", [](int many) { return repeated("x = y + f(1); ", many / 4); }},
+        {"OneLineOfOperators", [](int many) { return "int x = 1" + repeated(" + 1", many) + ";\n"; }},
+        {"OneLineOfString", [](int many) { return "char* s = \"" + repeated("abcdefg ", many) + "\";\n"; }},
+        {"OneLineOfComment", [](int many) { return "/*" + repeated(" abcdefg", many) + "*/ int x;\n"; }},
+        {"OneWord", [](int many) { return repeated("a", 10 * many); }},
+        {"ScopedWords", [](int many) { return repeated("a::", many) + "b;\n"; }},
+        {"Blanks", [](int many) { return repeated(" ", 10 * many) + "int x;\n"; }},
+        {"EmptyLines", [](int many) { return "int x;" + repeated("\n", 10 * many) + "int y;\n"; }},
+        {"HeaderQuestions", [](int many) { return "#if " + repeated("__has_include(<", many) + "\nint x;\n#endif\n"; }},
+        {"BehindOpenParentheses",
+         [](int many) { return "int x = " + repeated("(", 900) + repeated("1 + ", many) + "1;\n"; }},
+        {"LessThanSigns", [](int many) { return "bool b = " + repeated("a < ", many / 10) + "c;\n"; }},
+        {"LessThanSignsInABlock",
+         [](int many) { return "void f()\n{\nb = " + repeated("a < ", many / 10) + "c;\n}\n"; }},
+        {"Stars", [](int many) { return "int " + repeated("*", many) + "p;\n"; }},
+        {"Commas", [](int many) { return "int a" + repeated(", a", many) + ";\n"; }},
+        {"Semicolons", [](int many) { return repeated(";", many); }},
+        {"ClosingBraces", [](int many) { return repeated("}", many); }},
+        {"Hashes", [](int many) { return repeated("#\n", many); }},
+        {"Strings", [](int many) { return "char* s = " + repeated("\"a\" ", many) + ";\n"; }},
+        {"Macros", [](int many) { return repeated("MACRO(a)\n", many / 10); }},
+        {"NulBytes", [](int) { return "int\0x\0=\0 1;\0\n/* \0 */ char* s = \"a\0b\";\n"s; }},
         {"HighBytes",
-         [] { return "\xef\xbb\xbfint gr\xc3\xb6\xc3\x9f\x65 = 1; // \xff\xfe\nchar* s = \"\xe4\";\xa0\n"s; }},
-        {"StrayCharacters", [] { return "int $x = @y; \\ int `z`; 100i64 \\\nint a;\n"s; }},
-        {"CarriageReturns", [] { return "int x;\r\rint y;\r\n\r\n/* a\r\n   b */\rint z;\r"s; }},
-        {"UnfinishedComment", [] { return "int x;\n/* and so on\nint y;\n"s; }},
-        {"UnfinishedString", [] { return "char* s = \"abc;\nint y;\n"s; }},
-        {"UnfinishedCharacter", [] { return "char c = 'a;\nint y;\n"s; }},
-        {"UnfinishedDeadRegion", [] { return "int x;\n#if 0\nint y;\n"s; }},
-        {"UnfinishedRegion", [] { return "int x;\n// CORVANE-OFF\nint y;\n"s; }},
-        {"DirectiveWithoutLineEnd", [] { return "#define A \\"s; }},
-        {"LineCommentContinued", [] { return "// a \\\nint x;\nint y; // b \\"s; }},
-        {"FormFeedsAndTabs", [] { return "\f\v\tint\tx\f;\v\n\f\nvoid f()\t{\fg();\v}\n"s; }},
+         [](int) { return "\xef\xbb\xbfint gr\xc3\xb6\xc3\x9f\x65 = 1; // \xff\xfe\nchar* s = \"\xe4\";\xa0\n"s; }},
+        {"StrayCharacters", [](int) { return "int $x = @y; \\ int `z`; 100i64 \\\nint a;\n"s; }},
+        {"CarriageReturns", [](int) { return "int x;\r\rint y;\r\n\r\n/* a\r\n   b */\rint z;\r"s; }},
+        {"UnfinishedComment", [](int) { return "int x;\n/* and so on\nint y;\n"s; }},
+        {"UnfinishedString", [](int) { return "char* s = \"abc;\nint y;\n"s; }},
+        {"UnfinishedCharacter", [](int) { return "char c = 'a;\nint y;\n"s; }},
+        {"UnfinishedDeadRegion", [](int) { return "int x;\n#if 0\nint y;\n"s; }},
+        {"UnfinishedRegion", [](int) { return "int x;\n// CORVANE-OFF\nint y;\n"s; }},
+        {"DirectiveWithoutLineEnd", [](int) { return "#define A \\"s; }},
+        {"LineCommentContinued", [](int) { return "// a \\\nint x;\nint y; // b \\"s; }},
+        {"FormFeedsAndTabs", [](int) { return "\f\v\tint\tx\f;\v\n\f\nvoid f()\t{\fg();\v}\n"s; }},
     };
 }
 
 INSTANTIATE_TEST_SUITE_P(Odd, BadInputTest, testing::ValuesIn(oddTexts()), testName<NamedText>);
+INSTANTIATE_TEST_SUITE_P(Odd, BadInputGrowthTest, testing::ValuesIn(oddTexts()), testName<NamedText>);
 
 TEST(BadInput, UnfinishedTextIsRefusedWithItsPlace) {
     const Brevis::PropertySet scheme("any");
@@ -165,8 +184,7 @@ TEST(BadInput, UnfinishedTextIsRefusedWithItsPlace) {
     }
 }
 
-// ---- Growth: ten times the text may take some ten times the time. The bound leaves room for a noisy machine and
-// ---- still catches work that grows with the square, which would take a hundred times as long.
+// ---- Growth: ten times the text may cost some ten times the steps, and not a hundred times.
 
 struct Growing {
     std::string name;
@@ -177,22 +195,16 @@ void PrintTo(const Growing& growing, std::ostream* os) { *os << growing.name; }
 
 class GrowthTest : public testing::TestWithParam<Growing> {
 protected:
-    static double fastestOf3(const Brevis::PropertySet& scheme, const std::string& text) {
-        double fastest = 1e9;
-        for (int i = 0; i < 3; ++i) {
-            const double start = processorSeconds();
-            EXPECT_TRUE(formatText(scheme, text).isFormatted);
-            fastest = std::min(fastest, processorSeconds() - start);
-        }
-        return fastest;
+    static StepCount::Cost costOf(const Brevis::PropertySet& scheme, int times) {
+        const std::string text = GetParam().text(times);
+        return StepCount::of([&] { EXPECT_TRUE(formatText(scheme, text).isFormatted); });
     }
 };
 
-TEST_P(GrowthTest, TakesTimeInProportionToTheText) {
+TEST_P(GrowthTest, IsThatOfTheText) {
     for (const Brevis::PropertySet& scheme : testedSchemes()) {
-        const double once = fastestOf3(scheme, GetParam().text(1'000));
-        const double tenTimes = fastestOf3(scheme, GetParam().text(10'000));
-        EXPECT_LT(tenTimes, 30 * std::max(once, 0.001)) << scheme.name() << ": " << once << " s, then " << tenTimes;
+        const StepCount::Cost once = costOf(scheme, 300), more = costOf(scheme, 3'000);
+        EXPECT_TRUE(StepCount::isWithin(more, 14, once)) << scheme.name() << ": " << once << ", then " << more;
     }
 }
 
