@@ -13,7 +13,7 @@ using Sort = ItemShape::Sort;
 using Trn::TokenKind;
 
 // A text is refused only if its brackets don't match.
-void Parser::parseModern(Trn::TokenBuffer& buffer, std::string_view source, RootNode& root) {
+void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode& root) {
     chooseBranches(buffer);
     const Trn::BracketTable brackets(buffer);
     if (brackets.unmatched() != 0) {
@@ -21,11 +21,15 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, std::string_view source, Root
         return;
     }
     const ShapeScan shapes(buffer, brackets);
-    source_ = source;
+    source_ = lexer.source();
     buffer_ = &buffer;
     shapes_ = &shapes;
+    std::optional<RoleFinder> roles;
+    if (findsRoles_) roles_ = &roles.emplace(buffer, brackets, shapes, lexer.language());
     Stream stream(buffer);
     parseModernItems(stream, root, Frame::File);
+    if (roles) storage_->keep(RoleTable(std::move(buffer), roles->take()));
+    roles_ = nullptr;
     buffer_ = nullptr;
     shapes_ = nullptr;
 }
