@@ -64,7 +64,7 @@ Parser::Step Parser::parseModernItem(Stream& stream, InteriorNode& body, Frame f
     } else if (frame != Frame::Block) {
         parseModernDeclaration(stream, body, frame);
     } else if (!parseModernStatement(stream, body)) {
-        addShape(stream, body, shapes_->statement(token.index()));
+        addShape(stream, body, shapes_->statement(token.index()), frame);
     }
     return Step::GoOn;
 }
@@ -126,10 +126,11 @@ bool Parser::parseModernStatement(Stream& stream, InteriorNode& body) {
 }
 
 void Parser::parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame) {
-    addShape(stream, body, shapes_->declaration(stream.index(), frame));
+    addShape(stream, body, shapes_->declaration(stream.index(), frame), frame);
 }
 
-void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape) {
+void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame) {
+    if (roles_) roles_->item(shape, frame);
     switch (shape.sort) {
         case Sort::Class:
             return addClass(stream, body, shape);
@@ -229,6 +230,7 @@ void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
 void Parser::passUsing(Stream& stream, InteriorNode& body) {
     const At first = stream.index();
     const At last = shapes_->statementEnd(first);
+    if (roles_) roles_->usingItem(first, last);
     auto held = heldBodies(stream, first, last);
     body.addChild(held ? std::move(held) : makeVerbatim(first, last));
     stream.seek(last + 1);
@@ -252,6 +254,7 @@ bool Parser::parseModernNamespace(Stream& stream, InteriorNode& body) {
             return false;
         }
     }
+    if (roles_) roles_->namespaceHead(first, brace, Role::NamespaceBody);
     auto node = make<NamespaceDeclNode>();
     node->head = makeLeaf<NamespaceHeadNode>(first, shapes_->previous(brace));
     node->body = make<NamespaceBodyNode>();
@@ -286,6 +289,7 @@ bool Parser::parseModernLinkage(Stream& stream, InteriorNode& body) {
     if (shapes_->kind(brace) == Kind::StringLiteral) brace = shapes_->next(brace);
     if (shapes_->kind(brace) != Kind::OpenBrace) return false;
     const Trn::NestingGuard guard(depth_);
+    if (roles_) roles_->namespaceHead(first, brace, Role::LinkageBody);
     auto node = make<LinkageBlockNode>();
     node->head = makeLeaf<ExprNode>(first, shapes_->previous(brace));
     node->body = make<LinkageBlockBodyNode>();
@@ -306,6 +310,7 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             const At open = shapes_->next(at);
             if (shapes_->kind(open) != Kind::Less) {
                 const At last = shapes_->statementEnd(first);
+                if (roles_) roles_->declarators(first, last);
                 addExpression(stream, body, first, last);
                 return true;
             }
@@ -315,10 +320,12 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             at = shapes_->next(shapes_->requiresClauseEnd(at));
         }
     }
+    if (roles_) roles_->templateHead(first, shapes_->previous(at));
     ItemShape shape = shapes_->declaration(at, Frame::Class);
     const bool hasNode = shape.sort == Sort::Class || shape.sort == Sort::Function;
     if (!hasNode) {
         while (shape.sort == Sort::Macro) shape = shapes_->declaration(shapes_->next(shape.last), Frame::Class);
+        if (roles_) roles_->item(shape, Frame::Class);
         At last = shape.last;
         if (shape.sort == Sort::Class || shape.sort == Sort::Enum) last = shapes_->statementEnd(last);
         if (shape.sort == Sort::Head) last = shapes_->partner(shapes_->next(last));
@@ -354,6 +361,7 @@ void Parser::parseModernAccessLabel(Stream& stream, InteriorNode& body) {
     int kind = accessKindOf(shapes_->kind(first));
     if (kind == 0 || shapes_->kind(colon) == Kind::Identifier) kind = wordAccessKind;
     if (shapes_->kind(colon) == Kind::Identifier) colon = shapes_->next(colon);
+    if (roles_) roles_->label(first, colon, Role::AccessColon);
     body.addChild(make<AccessSpecNode>(kind, buffer_->first(first), buffer_->last(colon)));
     stream.seek(colon + 1);
 }
@@ -362,6 +370,7 @@ std::unique_ptr<CaseNode> Parser::parseModernCase(Stream& stream) {
     const At keyword = stream.index();
     const At value = shapes_->next(keyword);
     const At colon = shapes_->labelColon(value);
+    if (roles_) roles_->label(value, colon, Role::CaseColon);
     auto label = make<CaseNode>();
     label->keyword = make<KeywordNode>(shapes_->kind(keyword), buffer_->first(keyword), buffer_->last(keyword));
     if (colon != value) label->value = makeLeaf<ExprNode>(value, shapes_->previous(colon));
@@ -373,6 +382,7 @@ std::unique_ptr<CaseNode> Parser::parseModernCase(Stream& stream) {
 std::unique_ptr<LabelNode> Parser::parseModernLabel(Stream& stream) {
     const At name = stream.index();
     const At colon = shapes_->next(name);
+    if (roles_) roles_->label(name, colon, Role::LabelColon);
     auto label = make<LabelNode>();
     label->name = makeLeaf<IdNode>(name, name);
     label->colonPosition = buffer_->last(colon);
@@ -393,7 +403,9 @@ void Parser::parseModernAsm(Stream& stream, InteriorNode& body) {
         if (statement) body.addChild(std::move(statement));
         return;
     }
-    addVerbatim(stream, body, first, shapes_->statementEnd(first));
+    const At last = shapes_->statementEnd(first);
+    if (roles_) roles_->assembler(first, last);
+    addVerbatim(stream, body, first, last);
 }
 
 // Words between the keyword and the bracket (`constexpr`, a macro) belong to neither; `if consteval` has no bracket.
@@ -411,6 +423,7 @@ bool Parser::parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
     }
     if (shapes_->kind(open) != Kind::OpenParen) return true;
     const At close = shapes_->partner(open);
+    if (roles_) roles_->condition(open, head.keyword->kind() == Kind::Catch);
     head.condition = makeLeaf<ExprNode>(open, close);
     head.held = heldBodies(stream, open, close);
     stream.seek(close + 1);

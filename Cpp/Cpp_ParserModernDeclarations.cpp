@@ -124,6 +124,7 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
         shapes_->kind(shapes_->next(first)) == Kind::Identifier) {
         return;  // the `;` has been forgotten, or a macro has it
     }
+    if (roles_) roles_->declarators(first, last);
     At assign = first;
     while (assign < last && shapes_->kind(assign) != Kind::Assign) assign = shapes_->behind(assign);
     auto data = make<DataDeclNode>();
