@@ -10,12 +10,13 @@
 #include "Cpp_Lexer.h"
 #include "Cpp_Nodes.h"
 #include "Cpp_ParseCodes.h"
-#include "Cpp_RoleFinder.h"
 #include "Cpp_ShapeScan.h"
 #include "Trn_Parser.h"
 #include "Trn_TokenStream.h"
 
 namespace Cpp {
+
+class RoleFinder;
 
 // A syntax error is a report in the list, and the operation concerned gives null or an incomplete node; its caller
 // goes on with the next token that it can use. A parser may serve any number of texts, one after the other.

@@ -3,6 +3,7 @@
 #include "Cpp_BranchChoice.h"
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
+#include "Cpp_RoleFinder.h"
 #include "Cpp_ShapeWords.h"
 #include "Trn_NestingGuard.h"
 

@@ -1,6 +1,7 @@
 // The declarations of the modern dialect: from the shape of each to its node.
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
+#include "Cpp_RoleFinder.h"
 #include "Cpp_ShapeWords.h"
 #include "Trn_NestingGuard.h"
 
