@@ -69,7 +69,7 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
             break;
         case Sort::Statement: {
             const bool isAssert = isWord(shape.first, "static_assert") || isWord(shape.first, "_Static_assert");
-            const bool isData = !isAssert && (frame != Frame::Block || types_.startsDeclaration(shape.first));
+            const bool isData = !isAssert && (frame != Frame::Block || shapes_->startsData(shape.first));
             run(shape.first, shape.last, isData ? declaration(Role::DeclaratorComma) : values(Role::CommaOperator));
             break;
         }
@@ -298,7 +298,10 @@ void RoleFinder::readAngle(TokenIndex at) {
                                                               kind(previous_) == Kind::CloseBracket);
     if (isHead && partner(at) != 0) return open(at, Role::TemplateParameters, declaration(Role::TemplateComma));
     if (isNamedCast && partner(at) != 0) return open(at, Role::NamedCastType, types(Role::TemplateComma));
-    if (types_.isTemplateBracket(at, scope.declares || scope.isNew)) {
+    // A `>>` that closes the bracket outside closes this one too.
+    const bool isInner = partner(at) != 0 && partner(at) == scope.last &&
+                         (scope.bracket == Role::TemplateArguments || scope.bracket == Role::TemplateParameters);
+    if (isInner || types_.isTemplateBracket(at, scope.declares || scope.isNew)) {
         return open(at, Role::TemplateArguments, values(Role::TemplateComma));
     }
     set(at, Role::Comparison);

@@ -244,7 +244,7 @@ bool TypeShapes::isCast(TokenIndex open) {
         case Kind::OpenBrace:
             return true;
         case Kind::OpenParen: {
-            if (isKnownType(next(open), shapes_->previous(close))) return true;
+            if (isKnownType(next(open))) return true;
             // The arguments of a call, where they are none or several.
             const TokenIndex end = partner(after);
             if (next(after) == end) return false;
@@ -260,7 +260,7 @@ bool TypeShapes::isCast(TokenIndex open) {
         case Kind::AmpAmp:
         case Kind::PlusPlus:
         case Kind::MinusMinus:
-            return isKnownType(next(open), shapes_->previous(close));
+            return isKnownType(next(open));
         case Kind::StringLiteral:
             return !isMacroCase(buffer_->text(next(open)));
         default:
@@ -268,11 +268,10 @@ bool TypeShapes::isCast(TokenIndex open) {
     }
 }
 
-bool TypeShapes::isKnownType(TokenIndex first, TokenIndex last) {
+bool TypeShapes::isKnownType(TokenIndex first) {
     if (!hasTypes_) collectTypes();
     const std::string_view name = buffer_->text(first);
-    if (name.ends_with("_t") || kind(last) == Kind::Greater) return true;
-    return types_.contains(name);
+    return name.ends_with("_t") || types_.contains(name);
 }
 
 // A name with another one behind it, or with a sign and a name in a declaration that shows itself as one.
@@ -309,6 +308,16 @@ void TypeShapes::collectTypes() {
 }
 
 // ---- Declarators and parameters
+
+// An array has no place in a condition, so `flags & table[i]` is a value there.
+bool TypeShapes::startsDeclaration(TokenIndex first) const {
+    if (!shapes_->startsData(first)) return false;
+    if (kind(first) != Kind::Identifier) return true;
+    TokenIndex at = passName(first);
+    if (!isDeclaratorSign(kind(at))) return true;
+    while (isDeclaratorSign(kind(at))) at = next(at);
+    return kind(at) != Kind::Identifier || kind(next(at)) != Kind::OpenBracket;
+}
 
 bool TypeShapes::isDeclaratorGroup(TokenIndex open) const {
     const TokenIndex close = partner(open);

@@ -29,7 +29,7 @@ public:
     // Whether a sign behind a name has no operand on its right, so that it belongs to a type.
     bool endsType(TokenIndex sign) const;
     // Whether a declaration begins here, in the head of a control statement.
-    bool startsDeclaration(TokenIndex first) const { return shapes_->startsData(first); }
+    bool startsDeclaration(TokenIndex first) const;
     bool isCpp() const { return language_ == Language::cpp; }
 
 private:
@@ -40,7 +40,7 @@ private:
     bool closesTwo(TokenIndex less, TokenIndex shift) const;
     Guess isParameter(TokenIndex& at) const;
     TokenIndex passName(TokenIndex at) const;
-    bool isKnownType(TokenIndex first, TokenIndex last);
+    bool isKnownType(TokenIndex first);
     void collectTypes();
 
     Trn::TokenKind kind(TokenIndex token) const { return buffer_->kind(token); }
