@@ -301,7 +301,7 @@ void RoleFinder::readAngle(TokenIndex at) {
     // A `>>` that closes the bracket outside closes this one too.
     const bool isInner = partner(at) != 0 && partner(at) == scope.last &&
                          (scope.bracket == Role::TemplateArguments || scope.bracket == Role::TemplateParameters);
-    if (isInner || types_.isTemplateBracket(at, scope.declares || scope.isNew)) {
+    if (isInner || types_.isTemplateBracket(at, scope.declares || scope.isNew || scope.isClause)) {
         return open(at, Role::TemplateArguments, values(Role::TemplateComma));
     }
     set(at, Role::Comparison);
@@ -441,6 +441,7 @@ TokenIndex RoleFinder::lambdaBody(TokenIndex closing) const {
 // A requires clause is a value in the midst of a declaration.
 void RoleFinder::clause(TokenIndex at) {
     Scope scope = values(Role::CommaOperator);
+    scope.isClause = true;
     scope.last = std::min(shapes_->requiresClauseEnd(at), top().last);
     scopes_.push_back(scope);
 }

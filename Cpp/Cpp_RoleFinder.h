@@ -43,6 +43,7 @@ private:
         bool declares = false;   // the tokens at hand are of a type or a declarator, not of a value
         bool isTypeOnly = false;  // no declarator has a name, so a bracket behind a type holds parameters
         bool isCondition = false;
+        bool isClause = false;  // of `requires`, where no `<` compares
         bool isLambda = false;  // from behind the introducer through the body
 
         // Of the part at hand. Of a declaration:

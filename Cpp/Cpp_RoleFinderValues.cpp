@@ -182,7 +182,8 @@ void RoleFinder::readSign(TokenIndex at) {
 void RoleFinder::readValueParen(TokenIndex at) {
     Scope& scope = top();
     const TokenKind before = previous_ != 0 ? kind(previous_) : TokenKind{Kind::EndOfInput};
-    if (before == Kind::Sizeof || before == Kind::Typeid) return open(at, Role::TypeOperand, values(Role::ArgumentComma));
+    const bool isPackSize = before == Kind::Ellipsis && kind(shapes_->previous(previous_)) == Kind::Sizeof;
+    if (before == Kind::Sizeof || before == Kind::Typeid || isPackSize) return open(at, Role::TypeOperand, values(Role::ArgumentComma));
     if (before == Kind::Identifier && isOneOf(bracketWords, buffer_->text(previous_))) {
         const bool isType = !buffer_->text(previous_).starts_with("__attribute") &&
                             !buffer_->text(previous_).ends_with("declspec") && buffer_->text(previous_) != "alignas";

@@ -200,7 +200,7 @@ TypeShapes::Evidence TypeShapes::evidenceOfType(TokenIndex first, TokenIndex end
                 const bool goesOn = isDeclaratorSign(after) || isCvQualifier(after) || after == Kind::OpenBracket ||
                                     (after == Kind::Identifier && isTypeWord(buffer_->text(next(at))));
                 // The qualifiers of a macro, such as `__user`.
-                const bool isWordAtEnd = after == Kind::Identifier && next(next(at)) == end &&
+                const bool isWordAtEnd = !isCpp() && after == Kind::Identifier && next(next(at)) == end &&
                                          buffer_->text(next(at)).starts_with("__");
                 if (isWordAtEnd) return evidence;
                 const bool isGroup = after == Kind::OpenParen && isDeclaratorGroup(next(at));
