@@ -1,4 +1,5 @@
-// What a sign, an operator or a bracket is to the text around it. Words, literals, comments and directives have no role.
+// What a sign, an operator or a bracket is to the text around it. Words, literals, comments and directives have no
+// role.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +17,7 @@ enum class Role : std::uint8_t {
     Binary,
     Comparison,
     Assignment,
-    Member,      // `.` and `->`
+    Member,  // `.` and `->`
     Question,
     TernaryColon,
     CommaOperator,

@@ -123,7 +123,8 @@ void RoleFinder::assembler(TokenIndex first, TokenIndex last) {
 std::vector<Role> RoleFinder::take() {
     const auto isOpen = [&](TokenIndex at) {
         const TokenKind here = kind(at);
-        return roles_[at] == Role::None && here != Kind::OpenBrace && here != Kind::CloseBrace && here != Kind::EndOfInput;
+        return roles_[at] == Role::None && here != Kind::OpenBrace && here != Kind::CloseBrace &&
+               here != Kind::EndOfInput;
     };
     for (TokenIndex at = 1; at < buffer_->size(); ++at) {
         if (roles_[at] != Role::None) continue;
@@ -294,8 +295,8 @@ TokenIndex RoleFinder::readSquare(TokenIndex at) {
 void RoleFinder::readAngle(TokenIndex at) {
     Scope& scope = top();
     const bool isNamedCast = kind(previous_) >= Kind::StaticCast && kind(previous_) <= Kind::ReinterpretCast;
-    const bool isHead = kind(previous_) == Kind::Template || (scope.isLambda && !scope.isTail &&
-                                                              kind(previous_) == Kind::CloseBracket);
+    const bool isHead =
+        kind(previous_) == Kind::Template || (scope.isLambda && !scope.isTail && kind(previous_) == Kind::CloseBracket);
     if (isHead && partner(at) != 0) return open(at, Role::TemplateParameters, declaration(Role::TemplateComma));
     if (isNamedCast && partner(at) != 0) return open(at, Role::NamedCastType, types(Role::TemplateComma));
     // A `>>` that closes the bracket outside closes this one too.

@@ -1,5 +1,5 @@
-// Gives every sign, operator and bracket of a text its role. The parser of the modern dialect tells what each stretch of
-// tokens is; within one, the neighbours decide.
+// Gives every sign, operator and bracket of a text its role. The parser of the modern dialect tells what each stretch
+// of tokens is; within one, the neighbours decide.
 #pragma once
 
 #include <vector>
@@ -39,8 +39,8 @@ private:
         TokenIndex last = 0;  // its last token
         Role bracket = Role::None;
         Role comma = Role::CommaOperator;
-        bool isList = false;     // whether a part between commas begins as the first one does
-        bool declares = false;   // the tokens at hand are of a type or a declarator, not of a value
+        bool isList = false;      // whether a part between commas begins as the first one does
+        bool declares = false;    // the tokens at hand are of a type or a declarator, not of a value
         bool isTypeOnly = false;  // no declarator has a name, so a bracket behind a type holds parameters
         bool isCondition = false;
         bool isClause = false;  // of `requires`, where no `<` compares

@@ -92,7 +92,7 @@ void RoleFinder::readDeclaredParen(TokenIndex at) {
     const TokenKind after = kind(next(close));
     if (at == shape_.open) {
         return guess == Guess::No && shape_.body == 0 && shape_.nameFirst > shape_.first ? openConstruction(at)
-                                                                                        : openParameters(at);
+                                                                                         : openParameters(at);
     }
     if (at == shape_.initializer) {
         return guess == Guess::Yes || next(at) == close ? openParameters(at) : openConstruction(at);

@@ -183,7 +183,8 @@ void RoleFinder::readValueParen(TokenIndex at) {
     Scope& scope = top();
     const TokenKind before = previous_ != 0 ? kind(previous_) : TokenKind{Kind::EndOfInput};
     const bool isPackSize = before == Kind::Ellipsis && kind(shapes_->previous(previous_)) == Kind::Sizeof;
-    if (before == Kind::Sizeof || before == Kind::Typeid || isPackSize) return open(at, Role::TypeOperand, values(Role::ArgumentComma));
+    if (before == Kind::Sizeof || before == Kind::Typeid || isPackSize)
+        return open(at, Role::TypeOperand, values(Role::ArgumentComma));
     if (before == Kind::Identifier && isOneOf(bracketWords, buffer_->text(previous_))) {
         const bool isType = !buffer_->text(previous_).starts_with("__attribute") &&
                             !buffer_->text(previous_).ends_with("declspec") && buffer_->text(previous_) != "alignas";
@@ -213,7 +214,8 @@ void RoleFinder::readOperandParen(TokenIndex at) {
     if (scope.bracket == Role::MemberInitializer && scopes_.size() == 1) {
         return open(at, Role::MemberInitializer, values(Role::ArgumentComma));
     }
-    if (roles_[previous_] == Role::DeclaratorGroup) return open(at, Role::Parameters, declaration(Role::ParameterComma));
+    if (roles_[previous_] == Role::DeclaratorGroup)
+        return open(at, Role::Parameters, declaration(Role::ParameterComma));
     const bool isAbstract = next(next(at)) == partner(at);
     if (types_.isDeclaratorGroup(at) && (scope.isType || isAbstract)) {
         return open(at, Role::DeclaratorGroup, types(Role::DeclaratorComma));

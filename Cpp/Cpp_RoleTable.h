@@ -13,7 +13,8 @@ namespace Cpp {
 // the table.
 class RoleTable {
 public:
-    RoleTable(Trn::TokenBuffer tokens, std::vector<Role> roles) : tokens_(std::move(tokens)), roles_(std::move(roles)) {}
+    RoleTable(Trn::TokenBuffer tokens, std::vector<Role> roles)
+        : tokens_(std::move(tokens)), roles_(std::move(roles)) {}
 
     const Trn::TokenBuffer& tokens() const { return tokens_; }
     Role role(Trn::TokenIndex token) const { return roles_[token]; }

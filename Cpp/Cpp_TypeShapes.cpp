@@ -12,13 +12,13 @@ using Guess = TypeShapes::Guess;
 
 namespace {
 
-constexpr std::string_view typeWords[] = {"char8_t",     "char16_t",   "char32_t",     "_Bool",      "__int128",
-                                          "__int128_t",  "__uint128_t", "_Complex",     "__signed__", "__const",
-                                          "__volatile__", "__restrict",  "__restrict__", "restrict",   "__builtin_va_list",
-                                          "_Float16",    "__float128",  "__fp16",       "decltype",   "typeof",
-                                          "__typeof__",  "__typeof",    "_Atomic"};
+constexpr std::string_view typeWords[] = {
+    "char8_t",      "char16_t", "char32_t",          "_Bool",    "__int128",     "__int128_t",
+    "__uint128_t",  "_Complex", "__signed__",        "__const",  "__volatile__", "__restrict",
+    "__restrict__", "restrict", "__builtin_va_list", "_Float16", "__float128",   "__fp16",
+    "decltype",     "typeof",   "__typeof__",        "__typeof", "_Atomic"};
 
-constexpr std::string_view prefixWords[] = {"co_return", "co_await",  "co_yield",      "__extension__", "__real__",
+constexpr std::string_view prefixWords[] = {"co_return", "co_await",    "co_yield",  "__extension__", "__real__",
                                             "__imag__",  "__alignof__", "__alignof", "requires"};
 
 // What goes on with a value that has ended, or ends what holds it.
@@ -187,7 +187,8 @@ TypeShapes::Evidence TypeShapes::evidenceOfType(TokenIndex first, TokenIndex end
             }
         } else if (here == Kind::Identifier) {
             const bool isMember = buffer_->text(at).ends_with("::");
-            if (hasName && !isMember) return Evidence::None;
+            const bool isMacro = !isCpp() && buffer_->text(at).starts_with("__");
+            if (hasName && !isMember && !isMacro) return Evidence::None;
             hasName = true;
             if (evidence == Evidence::None) evidence = Evidence::Name;
             at = passName(at);

@@ -1,4 +1,5 @@
-// Whether what a bracket holds is a type, parameters or template arguments, told from its tokens. No role is given here.
+// Whether what a bracket holds is a type, parameters or template arguments, told from its tokens. No role is given
+// here.
 #pragma once
 
 #include <string_view>
