@@ -108,7 +108,7 @@ TEST(RoleTableTest, LeavesNoSignOfOurSourcesOut) {
 // A lambda in a lambda, brackets that nothing tells from comparisons, a head that never ends: all in one run.
 TEST(RoleTableTest, TakesDeepAndLongTexts) {
     std::string less = "int x = a", casts = "int y = ", lists = "int z[] = ";
-    for (int i = 0; i < 20000; ++i) less += " < a", casts += "(T)", lists += '{';
+    for (int i = 0; i < 20000; ++i) less += " < a", casts += "(int)", lists += '{';
     lists += std::string(20000, '}');
     const std::string source = less + ";\n" + casts + "x;\n" + lists + ";\n";
     const RoledText text(source, Language::cpp);
