@@ -29,7 +29,10 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode&
     if (findsRoles_) roles_ = &roles.emplace(buffer, brackets, shapes, lexer.language());
     Stream stream(buffer);
     parseModernItems(stream, root, Frame::File);
-    if (roles) storage_->keep(RoleTable(std::move(buffer), roles->take()));
+    if (roles) {
+        std::vector<Role> found = roles->take();  // while the buffer is still in its place
+        storage_->keep(RoleTable(std::move(buffer), std::move(found)));
+    }
     roles_ = nullptr;
     buffer_ = nullptr;
     shapes_ = nullptr;
