@@ -75,6 +75,7 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
         }
         case Sort::Macro:
         case Sort::Head:
+        case Sort::Loop:
         case Sort::Unread:
             run(shape.first, shape.last, values(Role::CommaOperator));
             break;
