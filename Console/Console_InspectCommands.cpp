@@ -105,9 +105,42 @@ int showTokens(const InspectOptions& options, std::string& out) {
     }
 }
 
+namespace {
+
+// Comments and directives among the tokens; those without a role have `-`.
+std::string printRoles(const Cpp::RoleTable& table) {
+    std::string out;
+    const Trn::TokenBuffer& tokens = table.tokens();
+    for (Trn::TokenIndex token = 1; tokens.kind(token) != Trn::Kind::EndOfInput; ++token) {
+        const Cpp::Role role = table.role(token);
+        out += printPosition(tokens.first(token)) + '\t' + Trn::escape(tokens.text(token)) + '\t';
+        out += role == Cpp::Role::None ? "-" : Cpp::nameOf(role);
+        out += '\n';
+    }
+    return out;
+}
+
+int showRoles(const Source& source, Cpp::Language language, std::string& out) {
+    Cpp::Lexer lexer(source.text, Cpp::Dialect::modern, language);
+    Cpp::RootNode root;
+    Trn::ParseMessageList messages;
+    Cpp::Parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found)
+        .parse(lexer, root, messages);
+    writeMessages(source, messages);
+    if (!root.roles()) return inspectTrouble;
+    out = printRoles(*root.roles());
+    return inspectGood;
+}
+
+}  // namespace
+
 int showTree(const InspectOptions& options, std::string& out) {
     const std::optional<Source> source = readSource(options.file);
     if (!source) return inspectTrouble;
+    if (options.roles) {
+        const bool isC = readingOf(*source, options.reading).language == Brevis::LanguageChoice::c;
+        return showRoles(*source, isC ? Cpp::Language::c : Cpp::Language::cpp, out);
+    }
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
     Brevis::SourceReader reader(readingOf(*source, options.reading), Cpp::Parser::Sketches::Made);

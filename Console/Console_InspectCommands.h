@@ -11,6 +11,7 @@ struct InspectOptions {
     std::string file;    // empty if not given; "-" is standard input
     std::string scheme;  // the path of a scheme file, empty if not given
     bool preformat = false;
+    bool roles = false;
     Brevis::Reading reading;
 };
 

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view usages[] = {
     "tokens [--dialect NAME] [--language NAME] [FILE]",
-    "tree [--dialect NAME] [--language NAME] [--preformat] [FILE]",
+    "tree [--dialect NAME] [--language NAME] [--preformat | --roles] [FILE]",
     "wrap --scheme SCHEME [FILE]",
     "scheme [--scheme SCHEME] [FILE]",
 };
@@ -38,6 +38,9 @@ constexpr OptionRow options[] = {
      "auto c c++"},
     {"", "--preformat", "",
      "with tree: the tree as the formatter gets it; a marked region that is left alone is a single comment"},
+    {"", "--roles", "",
+     "with tree: one token a line: its first position, its text and what it is to the text around it, such as prefix, "
+     "pointer or cast, between tabs; the text is read in the modern dialect"},
     {"-s", "--scheme", "SCHEME",
      "with wrap and scheme: the path or the name of the scheme; without one, the command scheme shows the scheme that "
      "corvane-format would take for FILE, which it doesn't read",

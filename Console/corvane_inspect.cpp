@@ -52,7 +52,8 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     addReading(addCommand(app, "tokens", Console::showTokens, request), request.options.reading);
     CLI::App& tree = addCommand(app, "tree", Console::showTree, request);
     addReading(tree, request.options.reading);
-    tree.add_flag("--preformat", request.options.preformat);
+    CLI::Option* preformat = tree.add_flag("--preformat", request.options.preformat);
+    tree.add_flag("--roles", request.options.roles)->excludes(preformat);
     addCommand(app, "wrap", Console::showWrapped, request)
         .add_option("-s,--scheme", request.options.scheme)
         ->required();

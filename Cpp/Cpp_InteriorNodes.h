@@ -21,6 +21,9 @@ public:
         storage_.swap(other.storage_);
     }
 
+    // The tokens of the text with their roles, if the parser was asked for them and the text was read. Null otherwise.
+    const RoleTable* roles() const { return storage_ ? storage_->roles() : nullptr; }
+
 private:
     std::shared_ptr<TreeStorage> storage_;
 };

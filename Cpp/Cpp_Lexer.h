@@ -32,6 +32,7 @@ public:
     // All tokens that `next` would give, and two end tokens: the first stands where its reading began, which is in
     // front of trailing white space, the second at the very end. The buffer must not outlive the lexer.
     Trn::TokenBuffer readAll();
+    Language language() const { return language_; }
     std::string_view source() const { return {text_, size_}; }
 
 private:

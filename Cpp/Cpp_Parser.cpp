@@ -18,7 +18,7 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageLi
     RootNode parsed(storage);
     messages_ = messages;
     if (isModern_) {
-        parseModern(buffer, cppLexer.source(), parsed);
+        parseModern(buffer, cppLexer, parsed);
     } else {
         Stream stream(buffer);
         parseFileItems(stream, parsed);

@@ -16,6 +16,8 @@
 
 namespace Cpp {
 
+class RoleFinder;
+
 // A syntax error is a report in the list, and the operation concerned gives null or an incomplete node; its caller
 // goes on with the next token that it can use. A parser may serve any number of texts, one after the other.
 class Parser : public Trn::Parser {
@@ -23,8 +25,11 @@ public:
     // Whether expression statements get their texts, which are mere sketches, and initializers more of theirs than the
     // first token. No pass of a formatter reads these.
     enum class Sketches { Made, LeftOut };
-    explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic)
-        : makesSketches_(sketches == Sketches::Made), isModern_(dialect == Dialect::modern) {}
+    // Whether every token of a text in the modern dialect gets its role. The root then keeps the tokens, and the lexer
+    // must outlive it.
+    enum class Roles { LeftOut, Found };
+    explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic, Roles roles = Roles::LeftOut)
+        : makesSketches_(sketches == Sketches::Made), isModern_(dialect == Dialect::modern), findsRoles_(roles == Roles::Found) {}
 
     // `lexer` must be a Cpp::Lexer of the same dialect and `root` a Cpp::RootNode; the cast throws if they are not.
     // Throws Trn::Exception for a text nested beyond Trn::NestingGuard::limit.
@@ -290,13 +295,13 @@ private:
 
     using At = Trn::TokenIndex;
 
-    void parseModern(Trn::TokenBuffer& buffer, std::string_view source, RootNode& root);
+    void parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode& root);
     bool parseModernItems(Stream& stream, InteriorNode& body, Frame frame);
     Step parseModernItem(Stream& stream, InteriorNode& body, Frame frame);
     bool parseFrameItem(Stream& stream, InteriorNode& body, Frame frame);
     bool parseModernStatement(Stream& stream, InteriorNode& body);
     void parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame);
-    void addShape(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    void addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame);
 
     void passUsing(Stream& stream, InteriorNode& body);
     bool parseModernNamespace(Stream& stream, InteriorNode& body);
@@ -340,10 +345,12 @@ private:
 
     bool makesSketches_;
     bool isModern_;
+    bool findsRoles_;
     // Of the text in hand, in the modern dialect
     std::string_view source_;
     const Trn::TokenBuffer* buffer_ = nullptr;
     const ShapeScan* shapes_ = nullptr;
+    RoleFinder* roles_ = nullptr;  // if they are asked for
     TreeStorage* storage_ = nullptr;  // of the tree in hand
     Trn::ParseMessageList messages_;
     int depth_ = 0;  // of nested blocks and bodies

@@ -3,6 +3,7 @@
 #include "Cpp_BranchChoice.h"
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
+#include "Cpp_RoleFinder.h"
 #include "Cpp_ShapeWords.h"
 #include "Trn_NestingGuard.h"
 
@@ -13,7 +14,7 @@ using Sort = ItemShape::Sort;
 using Trn::TokenKind;
 
 // A text is refused only if its brackets don't match.
-void Parser::parseModern(Trn::TokenBuffer& buffer, std::string_view source, RootNode& root) {
+void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode& root) {
     chooseBranches(buffer);
     const Trn::BracketTable brackets(buffer);
     if (brackets.unmatched() != 0) {
@@ -21,11 +22,18 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, std::string_view source, Root
         return;
     }
     const ShapeScan shapes(buffer, brackets);
-    source_ = source;
+    source_ = lexer.source();
     buffer_ = &buffer;
     shapes_ = &shapes;
+    std::optional<RoleFinder> roles;
+    if (findsRoles_) roles_ = &roles.emplace(buffer, brackets, shapes, lexer.language());
     Stream stream(buffer);
     parseModernItems(stream, root, Frame::File);
+    if (roles) {
+        std::vector<Role> found = roles->take();  // while the buffer is still in its place
+        storage_->keep(RoleTable(std::move(buffer), std::move(found)));
+    }
+    roles_ = nullptr;
     buffer_ = nullptr;
     shapes_ = nullptr;
 }
@@ -60,7 +68,7 @@ Parser::Step Parser::parseModernItem(Stream& stream, InteriorNode& body, Frame f
     } else if (frame != Frame::Block) {
         parseModernDeclaration(stream, body, frame);
     } else if (!parseModernStatement(stream, body)) {
-        addShape(stream, body, shapes_->statement(token.index()));
+        addShape(stream, body, shapes_->statement(token.index()), frame);
     }
     return Step::GoOn;
 }
@@ -122,10 +130,11 @@ bool Parser::parseModernStatement(Stream& stream, InteriorNode& body) {
 }
 
 void Parser::parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame) {
-    addShape(stream, body, shapes_->declaration(stream.index(), frame));
+    addShape(stream, body, shapes_->declaration(stream.index(), frame), frame);
 }
 
-void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape) {
+void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame) {
+    if (roles_) roles_->item(shape, frame);
     switch (shape.sort) {
         case Sort::Class:
             return addClass(stream, body, shape);
@@ -225,6 +234,7 @@ void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
 void Parser::passUsing(Stream& stream, InteriorNode& body) {
     const At first = stream.index();
     const At last = shapes_->statementEnd(first);
+    if (roles_) roles_->usingItem(first, last);
     auto held = heldBodies(stream, first, last);
     body.addChild(held ? std::move(held) : makeVerbatim(first, last));
     stream.seek(last + 1);
@@ -248,6 +258,7 @@ bool Parser::parseModernNamespace(Stream& stream, InteriorNode& body) {
             return false;
         }
     }
+    if (roles_) roles_->namespaceHead(first, brace, Role::NamespaceBody);
     auto node = make<NamespaceDeclNode>();
     node->head = makeLeaf<NamespaceHeadNode>(first, shapes_->previous(brace));
     node->body = make<NamespaceBodyNode>();
@@ -282,6 +293,7 @@ bool Parser::parseModernLinkage(Stream& stream, InteriorNode& body) {
     if (shapes_->kind(brace) == Kind::StringLiteral) brace = shapes_->next(brace);
     if (shapes_->kind(brace) != Kind::OpenBrace) return false;
     const Trn::NestingGuard guard(depth_);
+    if (roles_) roles_->namespaceHead(first, brace, Role::LinkageBody);
     auto node = make<LinkageBlockNode>();
     node->head = makeLeaf<ExprNode>(first, shapes_->previous(brace));
     node->body = make<LinkageBlockBodyNode>();
@@ -302,6 +314,7 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             const At open = shapes_->next(at);
             if (shapes_->kind(open) != Kind::Less) {
                 const At last = shapes_->statementEnd(first);
+                if (roles_) roles_->declarators(first, last);
                 addExpression(stream, body, first, last);
                 return true;
             }
@@ -311,10 +324,12 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             at = shapes_->next(shapes_->requiresClauseEnd(at));
         }
     }
+    if (roles_) roles_->templateHead(first, shapes_->previous(at));
     ItemShape shape = shapes_->declaration(at, Frame::Class);
     const bool hasNode = shape.sort == Sort::Class || shape.sort == Sort::Function;
     if (!hasNode) {
         while (shape.sort == Sort::Macro) shape = shapes_->declaration(shapes_->next(shape.last), Frame::Class);
+        if (roles_) roles_->item(shape, Frame::Class);
         At last = shape.last;
         if (shape.sort == Sort::Class || shape.sort == Sort::Enum) last = shapes_->statementEnd(last);
         if (shape.sort == Sort::Head) last = shapes_->partner(shapes_->next(last));
@@ -350,6 +365,7 @@ void Parser::parseModernAccessLabel(Stream& stream, InteriorNode& body) {
     int kind = accessKindOf(shapes_->kind(first));
     if (kind == 0 || shapes_->kind(colon) == Kind::Identifier) kind = wordAccessKind;
     if (shapes_->kind(colon) == Kind::Identifier) colon = shapes_->next(colon);
+    if (roles_) roles_->label(first, colon, Role::AccessColon);
     body.addChild(make<AccessSpecNode>(kind, buffer_->first(first), buffer_->last(colon)));
     stream.seek(colon + 1);
 }
@@ -358,6 +374,7 @@ std::unique_ptr<CaseNode> Parser::parseModernCase(Stream& stream) {
     const At keyword = stream.index();
     const At value = shapes_->next(keyword);
     const At colon = shapes_->labelColon(value);
+    if (roles_) roles_->label(value, colon, Role::CaseColon);
     auto label = make<CaseNode>();
     label->keyword = make<KeywordNode>(shapes_->kind(keyword), buffer_->first(keyword), buffer_->last(keyword));
     if (colon != value) label->value = makeLeaf<ExprNode>(value, shapes_->previous(colon));
@@ -369,6 +386,7 @@ std::unique_ptr<CaseNode> Parser::parseModernCase(Stream& stream) {
 std::unique_ptr<LabelNode> Parser::parseModernLabel(Stream& stream) {
     const At name = stream.index();
     const At colon = shapes_->next(name);
+    if (roles_) roles_->label(name, colon, Role::LabelColon);
     auto label = make<LabelNode>();
     label->name = makeLeaf<IdNode>(name, name);
     label->colonPosition = buffer_->last(colon);
@@ -389,7 +407,9 @@ void Parser::parseModernAsm(Stream& stream, InteriorNode& body) {
         if (statement) body.addChild(std::move(statement));
         return;
     }
-    addVerbatim(stream, body, first, shapes_->statementEnd(first));
+    const At last = shapes_->statementEnd(first);
+    if (roles_) roles_->assembler(first, last);
+    addVerbatim(stream, body, first, last);
 }
 
 // Words between the keyword and the bracket (`constexpr`, a macro) belong to neither; `if consteval` has no bracket.
@@ -407,6 +427,7 @@ bool Parser::parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
     }
     if (shapes_->kind(open) != Kind::OpenParen) return true;
     const At close = shapes_->partner(open);
+    if (roles_) roles_->condition(open, head.keyword->kind() == Kind::Catch);
     head.condition = makeLeaf<ExprNode>(open, close);
     head.held = heldBodies(stream, open, close);
     stream.seek(close + 1);

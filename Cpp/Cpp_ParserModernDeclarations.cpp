@@ -1,6 +1,7 @@
 // The declarations of the modern dialect: from the shape of each to its node.
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
+#include "Cpp_RoleFinder.h"
 #include "Cpp_ShapeWords.h"
 #include "Trn_NestingGuard.h"
 
@@ -124,6 +125,7 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
         shapes_->kind(shapes_->next(first)) == Kind::Identifier) {
         return;  // the `;` has been forgotten, or a macro has it
     }
+    if (roles_) roles_->declarators(first, last);
     At assign = first;
     while (assign < last && shapes_->kind(assign) != Kind::Assign) assign = shapes_->behind(assign);
     auto data = make<DataDeclNode>();

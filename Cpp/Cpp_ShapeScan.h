@@ -17,6 +17,8 @@ public:
     // A statement of a block that begins with no keyword of its own.
     ItemShape statement(TokenIndex first) const;
 
+    // Whether a declaration begins here, in a block or in the head of a control statement.
+    bool startsData(TokenIndex first) const;
     // The last token of a statement: its `;`, or what stands in front of the bracket that ends the block.
     TokenIndex statementEnd(TokenIndex first) const;
     // The `:` that ends a label or the value of a `case`.
@@ -97,7 +99,6 @@ private:
     bool startsItem(TokenIndex token) const;
     bool startsLoop(TokenIndex call) const;
     bool startsDeclarator(TokenIndex paren) const;
-    bool startsData(TokenIndex first) const;
     bool isLoneMacro(TokenIndex word, Frame frame) const;
 
     const Trn::TokenBuffer* buffer_;

@@ -5,12 +5,14 @@
 #include <forward_list>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Cpp_JoinedText.h"
+#include "Cpp_RoleTable.h"
 
 namespace Cpp {
 
@@ -37,6 +39,10 @@ public:
     std::string_view keep(std::string_view text) { return text.empty() || isSource(text) ? text : copied(text); }
     std::string_view keep(JoinedText& text);
 
+    // The tokens of the text with their roles, if the parser was asked for them. Null otherwise.
+    const RoleTable* roles() const { return roles_ ? &*roles_ : nullptr; }
+    void keep(RoleTable roles) { roles_ = std::move(roles); }
+
 private:
     static constexpr std::size_t alignment = alignof(std::max_align_t) / 2;
 
@@ -54,6 +60,7 @@ private:
     std::byte* freeEnd_ = nullptr;
     std::size_t blockSize_ = 4096;
     std::forward_list<std::string> longTexts_;
+    std::optional<RoleTable> roles_;
 };
 
 }  // namespace Cpp
