@@ -6,8 +6,8 @@ namespace Console {
 namespace {
 
 constexpr std::string_view usages[] = {
-    "tokens [--dialect NAME] [--language NAME] [FILE]",
-    "tree [--dialect NAME] [--language NAME] [--preformat | --roles] [FILE]",
+    "tokens [OPTION]... [FILE]",
+    "tree [OPTION]... [FILE]",
     "wrap --scheme SCHEME [FILE]",
     "scheme [--scheme SCHEME] [FILE]",
 };

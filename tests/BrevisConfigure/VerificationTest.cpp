@@ -55,7 +55,7 @@ TEST(Verification, NamesTheFirstPlaceThatASecondRunWouldChange) {
         {"void f( ){\n    g( );\n}\n", {2, 3}, "Another run would change this line of the result: \"    g( );\""},
         {"void f( ){\n " + longName + "\xC3\xA4();\n}\n", {2, 2}, "\" " + longName + "\""},
         {"void f( ){\n" + longName + "\xC3\xA4();\n}\n", {2, 1}, "\"" + longName + "\""},
-        {"int x;\n  class A { int (; };\n", {2, 18}, "Another run would refuse the result: "},
+        {"int x;\n  class A { int (; };\n", {2, 20}, "Another run would refuse the result: "},
         {"int x = " + std::string(5000, '(') + "1;\n", {}, "Another run would refuse the result: "},
     };
     for (const auto& [formatted, place, text] : cases) {

@@ -48,7 +48,7 @@ TEST_F(CorvaneInspectTest, ShowsTokens) {
 }
 
 TEST_F(CorvaneInspectTest, ShowsTheTreeAndTheReports) {
-    run("$I tree bad.cpp");
+    run("$I tree --dialect classic bad.cpp");
     EXPECT_EQ(status, 0);
     EXPECT_EQ(out,
               "RootNode 1:1-1:8\n"
@@ -57,7 +57,7 @@ TEST_F(CorvaneInspectTest, ShowsTheTreeAndTheReports) {
     EXPECT_EQ(err,
               "bad.cpp(1) : error: col 8: Unexpected EOF found.\n"
               "bad.cpp(1) : error: col 8: Unexpected EOF found.\n");
-    run("$I tree < bad.cpp");
+    run("$I tree --dialect classic < bad.cpp");
     EXPECT_EQ(err.substr(0, err.find(" : ")), "<stdin>(1)");
 }
 

@@ -29,11 +29,13 @@ TEST(DrawnSchemeTest, ChangesOnlyWhiteSpace) {
         ++formatted;
         EXPECT_EQ(trial.verdict, Fuzz::Verdict::Settled) << path << ", round " << round << ": " << trial.complaint;
 
-        // A value with a carriage return makes lines that end elsewhere for the second pass.
+        // A value with a carriage return makes lines that end elsewhere for the second pass. Of the texts of today some
+        // have block comments at file level that a tab in front of them moves.
         if (trial.text.find('\r') != std::string::npos) continue;
         scheme.setInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::rightMargin), 1 << 30);
         Trn::ParseMessageList messages;
-        const Brevis::FormatterProperties properties(scheme);
+        Brevis::FormatterProperties properties(scheme);
+        properties.reading.dialect = Brevis::DialectChoice::classic;
         const Brevis::FormatResult wrapped = Brevis::Formatter().wrap(properties, trial.text, messages);
         if (wrapped.isFormatted()) {
             EXPECT_EQ(wrapped.text, trial.text) << path << ", round " << round;
