@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "Brevis_UpdateFunctor.h"
+#include "run/Brevis_UpdateFunctor.h"
 
 namespace BrevisUI {
 

@@ -11,7 +11,6 @@
 #include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "Brevis_Formatter.h"
-#include "Brevis_SourceReader.h"
 #include "Console_SchemeFinder.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_SchemePrinter.h"
@@ -21,7 +20,8 @@
 #include "Cpp_Parser.h"
 #include "Trn_Escapes.h"
 #include "Vellum_LineEnds.h"
-#include "format/Brevis_CppPreFormatter.h"
+#include "first/format/Brevis_CppPreFormatter.h"
+#include "run/Brevis_SourceReader.h"
 
 namespace Console {
 

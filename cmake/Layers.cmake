@@ -3,8 +3,9 @@
 set(front Vellum Trn Cpp)
 set(engine Brevis/src)
 set(engine_folders "")
-foreach(folder scheme text expr align format wrap guard)
-  set(${folder} ${engine}/${folder})
+foreach(folder scheme guard run first first/text first/expr first/align first/format first/wrap second)
+  get_filename_component(name ${folder} NAME)
+  set(${name} ${engine}/${folder})
   list(APPEND engine_folders ${engine}/${folder})
 endforeach()
 list(JOIN front " " front)
@@ -21,13 +22,16 @@ set(layers
   "Trn: Vellum"
   "Cpp: Vellum Trn"
   "${scheme}: ${front}"
+  "${guard}: Trn Cpp/Cpp_CharClasses.h"
+  "${run}: ${front} ${scheme}"
   "${text}: ${front} ${scheme}"
   "${expr}: ${front} ${scheme} ${text}"
   "${align}: ${front} ${scheme} ${text} ${expr}"
   "${format}: ${front} ${scheme} ${text} ${expr} ${align}"
   "${wrap}: ${front} ${scheme} ${text} ${expr}"
-  "${guard}: Trn Cpp/Cpp_CharClasses.h"
-  "${engine}: ${front} ${engine_folders}"
+  "${first}: ${front} ${scheme} ${guard} ${run} ${text} ${expr} ${align} ${format} ${wrap}"
+  "${second}: ${front} ${scheme} ${guard} ${run}"
+  "${engine}: ${front} ${scheme} ${run} ${first} ${second}"
   "include:"
   "include/corvane:"
   "Embed: include/corvane Trn ${engine} ${scheme}"

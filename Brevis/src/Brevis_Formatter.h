@@ -1,30 +1,16 @@
-// The spine of the engine: takes one text through its stages under a scheme. It knows no files and no user interface.
+// The front of the engine: takes one text through an edition of the rules under a scheme. It knows no files and no user
+// interface.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
-#include "Brevis_UpdateFunctor.h"
 #include "Trn_ParseMessage.h"
+#include "run/Brevis_FormatResult.h"
+#include "run/Brevis_UpdateFunctor.h"
 #include "scheme/Brevis_FormatterProperties.h"
 
 namespace Brevis {
-
-enum class FormatOutcome {
-    Formatted,
-    Refused,    // the messages tell what could not be parsed
-    Cancelled,  // the update functor said stop; a message of severity 1 tells it
-};
-
-// What a run gives beside its messages.
-struct FormatResult {
-    FormatOutcome outcome = FormatOutcome::Refused;
-    std::string text;       // the whole formatted text; empty unless formatted
-    std::size_t seams = 0;  // places at which a pass would have changed more than white space, all mended
-
-    bool isFormatted() const { return outcome == FormatOutcome::Formatted; }
-};
 
 // Holds nothing: an instance may be used any number of times, and all calls with the same arguments do the same.
 class Formatter {
@@ -34,7 +20,8 @@ public:
     FormatResult format(const FormatterProperties& properties, std::string_view source, Trn::ParseMessageList& messages,
                         UpdateFunctor& update) const;
 
-    // The second pass alone: wraps the lines of a text that is formatted already and has line feeds for line ends.
+    // The second pass of the first edition alone: wraps the lines of a text that is formatted already and has line
+    // feeds for line ends.
     FormatResult wrap(const FormatterProperties& properties, const std::string& text,
                       Trn::ParseMessageList& messages) const;
 

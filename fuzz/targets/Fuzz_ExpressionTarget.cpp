@@ -3,9 +3,9 @@
 #include "Fuzz_Targets.h"
 #include "Fuzz_Trial.h"
 #include "Trn_Exception.h"
-#include "expr/Brevis_CppExprFormatter.h"
+#include "first/expr/Brevis_CppExprFormatter.h"
+#include "first/wrap/Brevis_CppExprLineWrapper.h"
 #include "scheme/Brevis_Scheme.h"
-#include "wrap/Brevis_CppExprLineWrapper.h"
 
 namespace Fuzz {
 

@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "wrap/Brevis_BraceWalker.h"
-#include "wrap/Brevis_FindFirstBinaryOp.h"
-#include "wrap/Brevis_FindFirstCast.h"
-#include "wrap/Brevis_FindFirstElem.h"
-#include "wrap/Brevis_FindFirstOldCast.h"
-#include "wrap/Brevis_ParenWalker.h"
-#include "wrap/Brevis_PieceReader.h"
+#include "first/wrap/Brevis_BraceWalker.h"
+#include "first/wrap/Brevis_FindFirstBinaryOp.h"
+#include "first/wrap/Brevis_FindFirstCast.h"
+#include "first/wrap/Brevis_FindFirstElem.h"
+#include "first/wrap/Brevis_FindFirstOldCast.h"
+#include "first/wrap/Brevis_ParenWalker.h"
+#include "first/wrap/Brevis_PieceReader.h"
 
 namespace Brevis {
 namespace {

@@ -1,5 +1,5 @@
 // The list passes and the writers for text of several lines.
-#include "expr/Brevis_CppExprFormatterBase.h"
+#include "first/expr/Brevis_CppExprFormatterBase.h"
 
 #include <gtest/gtest.h>
 

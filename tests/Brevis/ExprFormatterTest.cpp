@@ -1,5 +1,5 @@
 // The expression formatter: one row a rule, and random texts under random values, from which nothing may be lost.
-#include "expr/Brevis_CppExprFormatter.h"
+#include "first/expr/Brevis_CppExprFormatter.h"
 
 #include <gtest/gtest.h>
 

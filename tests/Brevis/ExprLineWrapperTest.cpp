@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "../support/StepCount.h"
-#include "wrap/Brevis_CppExprLineWrapper.h"
-#include "wrap/Brevis_LaidOperands.h"
-#include "wrap/Brevis_StreamedOperands.h"
-#include "wrap/Brevis_WrapSteps.h"
+#include "first/wrap/Brevis_CppExprLineWrapper.h"
+#include "first/wrap/Brevis_LaidOperands.h"
+#include "first/wrap/Brevis_StreamedOperands.h"
+#include "first/wrap/Brevis_WrapSteps.h"
 
 namespace Brevis {
 namespace {

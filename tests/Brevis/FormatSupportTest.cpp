@@ -1,10 +1,10 @@
 // Column arithmetic, the moving cursor and the rewriting of gaps.
+#include "first/text/Brevis_Columns.h"
+#include "first/text/Brevis_Copying.h"
+#include "first/text/Brevis_Gaps.h"
+#include "first/text/Brevis_StreamColumns.h"
+#include "first/wrap/Brevis_OverlongLines.h"
 #include "scheme/Brevis_Escapes.h"
-#include "text/Brevis_Columns.h"
-#include "text/Brevis_Copying.h"
-#include "text/Brevis_Gaps.h"
-#include "text/Brevis_StreamColumns.h"
-#include "wrap/Brevis_OverlongLines.h"
 
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@
 #include "../support/StepCount.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
-#include "format/Brevis_CppPreFormatter.h"
+#include "first/format/Brevis_CppPreFormatter.h"
+#include "first/wrap/Brevis_CppLineWrapper.h"
 #include "scheme/Brevis_FormatterProperties.h"
-#include "wrap/Brevis_CppLineWrapper.h"
 
 namespace Brevis {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
-#include "align/Brevis_DataOffsetCalculator.h"
-#include "align/Brevis_NameOffsetCalculator.h"
+#include "first/align/Brevis_DataOffsetCalculator.h"
+#include "first/align/Brevis_NameOffsetCalculator.h"
 
 namespace Brevis {
 namespace {

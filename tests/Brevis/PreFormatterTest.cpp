@@ -7,7 +7,7 @@
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "Trn_NestingGuard.h"
-#include "format/Brevis_CppPreFormatter.h"
+#include "first/format/Brevis_CppPreFormatter.h"
 
 namespace Brevis {
 namespace {

@@ -1,8 +1,0 @@
-// The functor of a run that nobody watches.
-#include "Brevis_UpdateFunctor.h"
-
-namespace Brevis {
-
-bool UpdateFunctor::operator()(const std::string&) { return true; }
-
-}  // namespace Brevis
