@@ -108,7 +108,7 @@ int showTokens(const InspectOptions& options, std::string& out) {
 namespace {
 
 // Comments and directives among the tokens; those without a role have `-`.
-std::string printRoles(const Cpp::RoleTable& table) {
+std::string printRoles(const Cpp::TokenTable& table) {
     std::string out;
     const Trn::TokenBuffer& tokens = table.tokens();
     for (Trn::TokenIndex token = 1; tokens.kind(token) != Trn::Kind::EndOfInput; ++token) {
@@ -127,8 +127,8 @@ int showRoles(const Source& source, Cpp::Language language, std::string& out) {
     Cpp::Parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found)
         .parse(lexer, root, messages);
     writeMessages(source, messages);
-    if (!root.roles()) return inspectTrouble;
-    out = printRoles(*root.roles());
+    if (!root.tokens()) return inspectTrouble;
+    out = printRoles(*root.tokens());
     return inspectGood;
 }
 

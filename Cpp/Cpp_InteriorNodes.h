@@ -21,8 +21,8 @@ public:
         storage_.swap(other.storage_);
     }
 
-    // The tokens of the text with their roles, if the parser was asked for them and the text was read. Null otherwise.
-    const RoleTable* roles() const { return storage_ ? storage_->roles() : nullptr; }
+    // The tokens of the text and what they are, if the parser was asked for them and the text was read. Null otherwise.
+    const TokenTable* tokens() const { return storage_ ? storage_->tokens() : nullptr; }
 
 private:
     std::shared_ptr<TreeStorage> storage_;

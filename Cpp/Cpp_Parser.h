@@ -327,6 +327,26 @@ private:
     Ptr<InitializerListNode> modernInitializers(Stream& stream, At first, At end);
     Ptr<FunctionHeadNode> modernHead(const ItemShape& shape);
 
+    // While it lives, an item of the outline is being read, if one is made at all.
+    class Recorded {
+    public:
+        // Begins at the next token that is no trivia.
+        Recorded(Parser& parser, Stream& stream, OutlineItem::Sort sort, Frame frame = Frame::File);
+        Recorded(Parser& parser, Stream& stream, const ItemShape& shape, Frame frame);
+        ~Recorded();
+        Recorded(const Recorded&) = delete;
+        Recorded& operator=(const Recorded&) = delete;
+
+        void setBody(At brace);
+        void setColon(At colon);
+
+    private:
+        Parser& parser_;
+        Stream& stream_;
+        std::size_t number_ = 0;
+    };
+    void recordTemplateHead(At first, At last);
+
     // A leaf over tokens; its text is that of the source.
     template <class Node>
     Ptr<Node> makeLeaf(At first, At last) {
@@ -351,6 +371,7 @@ private:
     const Trn::TokenBuffer* buffer_ = nullptr;
     const ShapeScan* shapes_ = nullptr;
     RoleFinder* roles_ = nullptr;  // if they are asked for
+    Outline* outline_ = nullptr;   // with the roles
     TreeStorage* storage_ = nullptr;  // of the tree in hand
     Trn::ParseMessageList messages_;
     int depth_ = 0;  // of nested blocks and bodies

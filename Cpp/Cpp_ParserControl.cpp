@@ -57,6 +57,7 @@ bool Parser::parseControlParts(Stream& stream, CtrlStmtNode& statement, TokenKin
 }
 
 std::unique_ptr<CtrlSubStmtNode> Parser::parseSubStatement(Stream& stream) {
+    Recorded item(*this, stream, OutlineItem::Sort::Part, Frame::Block);
     auto head = parseSubStatementHead(stream);
     if (!head) return nullptr;
     auto statement = make<CtrlSubStmtNode>();
@@ -65,6 +66,7 @@ std::unique_ptr<CtrlSubStmtNode> Parser::parseSubStatement(Stream& stream) {
         // `do ... while (x);` and `while (x);` have no body.
         head->setLastPosition(consumeSemicolon(stream));
     } else {
+        if (outline_) item.setBody(shapes_->next(stream.index() - 1));
         statement->body = parseBlock(stream);
     }
     statement->head = std::move(head);

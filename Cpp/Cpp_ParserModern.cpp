@@ -16,7 +16,7 @@ using Trn::TokenKind;
 // A text is refused only if its brackets don't match.
 void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode& root) {
     chooseBranches(buffer);
-    const Trn::BracketTable brackets(buffer);
+    Trn::BracketTable brackets(buffer);
     if (brackets.unmatched() != 0) {
         report(buffer.first(brackets.unmatched()), "This bracket has no partner.");
         return;
@@ -26,14 +26,19 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode&
     buffer_ = &buffer;
     shapes_ = &shapes;
     std::optional<RoleFinder> roles;
-    if (findsRoles_) roles_ = &roles.emplace(buffer, brackets, shapes, lexer.language());
+    Outline outline;
+    if (findsRoles_) {
+        roles_ = &roles.emplace(buffer, brackets, shapes, lexer.language());
+        outline_ = &outline;
+    }
     Stream stream(buffer);
     parseModernItems(stream, root, Frame::File);
     if (roles) {
         std::vector<Role> found = roles->take();  // while the buffer is still in its place
-        storage_->keep(RoleTable(std::move(buffer), std::move(found)));
+        storage_->keep(TokenTable(std::move(buffer), std::move(found), std::move(brackets), std::move(outline)));
     }
     roles_ = nullptr;
+    outline_ = nullptr;
     buffer_ = nullptr;
     shapes_ = nullptr;
 }
@@ -53,17 +58,22 @@ Parser::Step Parser::parseModernItem(Stream& stream, InteriorNode& body, Frame f
             stream.get();
             body.setLastPosition(token.last());
             return Step::Stop;
-        case Kind::Semicolon:
+        case Kind::Semicolon: {
+            const Recorded item(*this, stream, OutlineItem::Sort::Empty, frame);
             stream.get();
             return Step::GoOn;
-        case Kind::OpenBrace:
+        }
+        case Kind::OpenBrace: {
+            const Recorded item(*this, stream, OutlineItem::Sort::Block, frame);
             body.addChild(parseBlock(stream));
             return Step::GoOn;
+        }
         default:
             break;
     }
     if (parseFrameItem(stream, body, frame)) return Step::GoOn;
     if (isControlKeyword(token.kind()) && token.kind() != Kind::Else && token.kind() != Kind::Catch) {
+        const Recorded item(*this, stream, OutlineItem::Sort::Control, frame);
         body.addChild(parseControlStatement(stream));
     } else if (frame != Frame::Block) {
         parseModernDeclaration(stream, body, frame);
@@ -135,6 +145,7 @@ void Parser::parseModernDeclaration(Stream& stream, InteriorNode& body, Frame fr
 
 void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame) {
     if (roles_) roles_->item(shape, frame);
+    const Recorded item(*this, stream, shape, frame);
     switch (shape.sort) {
         case Sort::Class:
             return addClass(stream, body, shape);
@@ -148,6 +159,7 @@ void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape
         case Sort::Statement:
             return addExpression(stream, body, shape.first, shape.last);
         case Sort::Head:
+            if (outline_) outline_->item(outline_->items().size() - 1).body = shapes_->next(shape.last);
             addExpression(stream, body, shape.first, shape.last);
             return body.addChild(parseBlock(stream));
         case Sort::Loop:
@@ -165,10 +177,44 @@ std::unique_ptr<CtrlStmtNode> Parser::macroLoop(Stream& stream, const ItemShape&
     part->head->keyword =
         make<KeywordNode>(TokenKind{Kind::For}, buffer_->first(shape.first), buffer_->last(shape.last));
     stream.seek(shape.last + 1);
+    if (outline_) outline_->item(outline_->items().size() - 1).body = shapes_->next(shape.last);
     part->body = parseBlock(stream);
     auto loop = make<CtrlStmtNode>();
     loop->addChild(std::move(part));
     return loop;
+}
+
+// ---- The outline
+
+Parser::Recorded::Recorded(Parser& parser, Stream& stream, OutlineItem::Sort sort, Frame frame)
+    : parser_(parser), stream_(stream) {
+    if (parser.outline_) number_ = parser.outline_->open(sort, parser.shapes_->next(stream.index() - 1), frame);
+}
+
+Parser::Recorded::Recorded(Parser& parser, Stream& stream, const ItemShape& shape, Frame frame)
+    : parser_(parser), stream_(stream) {
+    if (parser.outline_) number_ = parser.outline_->open(shape, frame);
+}
+
+Parser::Recorded::~Recorded() {
+    if (!parser_.outline_) return;
+    OutlineItem& item = parser_.outline_->item(number_);
+    item.last = std::max(item.last, parser_.shapes_->previous(stream_.index()));
+}
+
+void Parser::Recorded::setBody(At brace) {
+    if (parser_.outline_) parser_.outline_->item(number_).body = brace;
+}
+
+void Parser::Recorded::setColon(At colon) {
+    if (parser_.outline_) parser_.outline_->item(number_).colon = colon;
+}
+
+void Parser::recordTemplateHead(At first, At last) {
+    if (!outline_) return;
+    OutlineItem& head = outline_->item(outline_->open(OutlineItem::Sort::Template, first));
+    head.last = last;
+    head.open = shapes_->next(first);
 }
 
 // ---- Leaves
@@ -232,6 +278,7 @@ void Parser::leaveAlone(Stream& stream, InteriorNode& body, At first, At last) {
 // ---- Items with a word of their own
 
 void Parser::passUsing(Stream& stream, InteriorNode& body) {
+    const Recorded item(*this, stream, OutlineItem::Sort::Using);
     const At first = stream.index();
     const At last = shapes_->statementEnd(first);
     if (roles_) roles_->usingItem(first, last);
@@ -259,6 +306,8 @@ bool Parser::parseModernNamespace(Stream& stream, InteriorNode& body) {
         }
     }
     if (roles_) roles_->namespaceHead(first, brace, Role::NamespaceBody);
+    Recorded item(*this, stream, OutlineItem::Sort::Namespace);
+    item.setBody(brace);
     auto node = make<NamespaceDeclNode>();
     node->head = makeLeaf<NamespaceHeadNode>(first, shapes_->previous(brace));
     node->body = make<NamespaceBodyNode>();
@@ -283,6 +332,7 @@ bool Parser::parseModernModule(Stream& stream, InteriorNode& body) {
         default:
             return false;
     }
+    const Recorded item(*this, stream, OutlineItem::Sort::Module);
     addVerbatim(stream, body, first, shapes_->statementEnd(first));
     return true;
 }
@@ -294,6 +344,8 @@ bool Parser::parseModernLinkage(Stream& stream, InteriorNode& body) {
     if (shapes_->kind(brace) != Kind::OpenBrace) return false;
     const Trn::NestingGuard guard(depth_);
     if (roles_) roles_->namespaceHead(first, brace, Role::LinkageBody);
+    Recorded item(*this, stream, OutlineItem::Sort::Linkage);
+    item.setBody(brace);
     auto node = make<LinkageBlockNode>();
     node->head = makeLeaf<ExprNode>(first, shapes_->previous(brace));
     node->body = make<LinkageBlockBodyNode>();
@@ -315,6 +367,7 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             if (shapes_->kind(open) != Kind::Less) {
                 const At last = shapes_->statementEnd(first);
                 if (roles_) roles_->declarators(first, last);
+                const Recorded item(*this, stream, OutlineItem::Sort::Statement);
                 addExpression(stream, body, first, last);
                 return true;
             }
@@ -325,11 +378,13 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
         }
     }
     if (roles_) roles_->templateHead(first, shapes_->previous(at));
+    recordTemplateHead(first, shapes_->previous(at));
     ItemShape shape = shapes_->declaration(at, Frame::Class);
     const bool hasNode = shape.sort == Sort::Class || shape.sort == Sort::Function;
     if (!hasNode) {
         while (shape.sort == Sort::Macro) shape = shapes_->declaration(shapes_->next(shape.last), Frame::Class);
         if (roles_) roles_->item(shape, Frame::Class);
+        Recorded item(*this, stream, shape, Frame::Class);
         At last = shape.last;
         if (shape.sort == Sort::Class || shape.sort == Sort::Enum) last = shapes_->statementEnd(last);
         if (shape.sort == Sort::Head) last = shapes_->partner(shapes_->next(last));
@@ -366,6 +421,8 @@ void Parser::parseModernAccessLabel(Stream& stream, InteriorNode& body) {
     if (kind == 0 || shapes_->kind(colon) == Kind::Identifier) kind = wordAccessKind;
     if (shapes_->kind(colon) == Kind::Identifier) colon = shapes_->next(colon);
     if (roles_) roles_->label(first, colon, Role::AccessColon);
+    Recorded item(*this, stream, OutlineItem::Sort::AccessLabel, Frame::Class);
+    item.setColon(colon);
     body.addChild(make<AccessSpecNode>(kind, buffer_->first(first), buffer_->last(colon)));
     stream.seek(colon + 1);
 }
@@ -375,6 +432,8 @@ std::unique_ptr<CaseNode> Parser::parseModernCase(Stream& stream) {
     const At value = shapes_->next(keyword);
     const At colon = shapes_->labelColon(value);
     if (roles_) roles_->label(value, colon, Role::CaseColon);
+    Recorded item(*this, stream, OutlineItem::Sort::CaseLabel, Frame::Block);
+    item.setColon(colon);
     auto label = make<CaseNode>();
     label->keyword = make<KeywordNode>(shapes_->kind(keyword), buffer_->first(keyword), buffer_->last(keyword));
     if (colon != value) label->value = makeLeaf<ExprNode>(value, shapes_->previous(colon));
@@ -387,6 +446,8 @@ std::unique_ptr<LabelNode> Parser::parseModernLabel(Stream& stream) {
     const At name = stream.index();
     const At colon = shapes_->next(name);
     if (roles_) roles_->label(name, colon, Role::LabelColon);
+    Recorded item(*this, stream, OutlineItem::Sort::GotoLabel, Frame::Block);
+    item.setColon(colon);
     auto label = make<LabelNode>();
     label->name = makeLeaf<IdNode>(name, name);
     label->colonPosition = buffer_->last(colon);
@@ -396,6 +457,7 @@ std::unique_ptr<LabelNode> Parser::parseModernLabel(Stream& stream) {
 
 // With a bracket it goes through its `;` and is copied; the forms without one are those of the classic dialect.
 void Parser::parseModernAsm(Stream& stream, InteriorNode& body) {
+    const Recorded item(*this, stream, OutlineItem::Sort::Assembler);
     const At first = stream.index();
     At open = shapes_->next(first);
     while (shapes_->kind(open) == Kind::Identifier || shapes_->kind(open) == Kind::Volatile ||
@@ -428,6 +490,7 @@ bool Parser::parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head) {
     if (shapes_->kind(open) != Kind::OpenParen) return true;
     const At close = shapes_->partner(open);
     if (roles_) roles_->condition(open, head.keyword->kind() == Kind::Catch);
+    if (outline_) outline_->item(outline_->items().size() - 1).open = open;
     head.condition = makeLeaf<ExprNode>(open, close);
     head.held = heldBodies(stream, open, close);
     stream.seek(close + 1);

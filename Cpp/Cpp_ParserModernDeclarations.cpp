@@ -126,6 +126,7 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
         return;  // the `;` has been forgotten, or a macro has it
     }
     if (roles_) roles_->declarators(first, last);
+    const Recorded item(*this, stream, OutlineItem::Sort::Declarators);
     At assign = first;
     while (assign < last && shapes_->kind(assign) != Kind::Assign) assign = shapes_->behind(assign);
     auto data = make<DataDeclNode>();
@@ -184,6 +185,7 @@ void Parser::addFunction(Stream& stream, InteriorNode& body, const ItemShape& sh
     while (tryBlock < shape.last && shapes_->kind(tryBlock) != Kind::Try) tryBlock = shapes_->behind(tryBlock);
     if (tryBlock < shape.last && shapes_->kind(shapes_->next(tryBlock)) == Kind::OpenBrace) {
         stream.seek(tryBlock);
+        const Recorded item(*this, stream, OutlineItem::Sort::Control);
         body.addChild(parseControlStatement(stream));
     } else if (tryBlock < shape.last) {
         if (auto held = heldBodies(stream, tryBlock, shape.last)) body.addChild(std::move(held));

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "Cpp_JoinedText.h"
-#include "Cpp_RoleTable.h"
+#include "Cpp_TokenTable.h"
 
 namespace Cpp {
 
@@ -39,9 +39,9 @@ public:
     std::string_view keep(std::string_view text) { return text.empty() || isSource(text) ? text : copied(text); }
     std::string_view keep(JoinedText& text);
 
-    // The tokens of the text with their roles, if the parser was asked for them. Null otherwise.
-    const RoleTable* roles() const { return roles_ ? &*roles_ : nullptr; }
-    void keep(RoleTable roles) { roles_ = std::move(roles); }
+    // The tokens of the text and what they are, if the parser was asked for them. Null otherwise.
+    const TokenTable* tokens() const { return tokens_ ? &*tokens_ : nullptr; }
+    void keep(TokenTable tokens) { tokens_ = std::move(tokens); }
 
 private:
     static constexpr std::size_t alignment = alignof(std::max_align_t) / 2;
@@ -60,7 +60,7 @@ private:
     std::byte* freeEnd_ = nullptr;
     std::size_t blockSize_ = 4096;
     std::forward_list<std::string> longTexts_;
-    std::optional<RoleTable> roles_;
+    std::optional<TokenTable> tokens_;
 };
 
 }  // namespace Cpp

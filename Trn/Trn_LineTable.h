@@ -26,6 +26,13 @@ public:
         return {firstLine_ + static_cast<int>(line_), static_cast<int>(static_cast<std::ptrdiff_t>(offset) - start)};
     }
 
+    // The offset of a cursor that has been given.
+    std::size_t offsetOf(Position position) const {
+        const auto line = static_cast<std::size_t>(position.line - firstLine_);
+        const auto start = line == 0 ? firstStart_ : static_cast<std::ptrdiff_t>(starts_[line]);
+        return static_cast<std::size_t>(start + position.column);
+    }
+
 private:
     bool isIn(std::size_t line, std::size_t offset) const {
         return line < starts_.size() && starts_[line] <= offset &&

@@ -61,6 +61,14 @@ public:
         return isOdd(index) ? odd(index).text() : textOf(packed_[index].begin, packed_[index].begin + length(index));
     }
 
+    // The offsets in the text at which the token begins and ends.
+    std::size_t begin(TokenIndex index) const {
+        return isOdd(index) ? lines_.offsetOf(odd(index).first()) - 1 : packed_[index].begin;
+    }
+    std::size_t end(TokenIndex index) const {
+        return isOdd(index) ? lines_.offsetOf(odd(index).last()) : packed_[index].begin + length(index);
+    }
+
     // The index of the token that closes the `{` with this index, or of the defective literal or end token that
     // comes first. Braces are counted wherever they stand, in dead regions too.
     TokenIndex braceEnd(TokenIndex index) const;

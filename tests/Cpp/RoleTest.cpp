@@ -34,7 +34,7 @@ constexpr bool isCloser(Trn::TokenKind kind) {
 }
 
 // Without closing brackets, commas and semicolons, whose roles follow from the others, unless they are asked for.
-std::string rolesOf(const RoleTable& table, bool withAll) {
+std::string rolesOf(const TokenTable& table, bool withAll) {
     std::string out;
     for (Trn::TokenIndex token = 1; token < table.tokens().size(); ++token) {
         const Trn::TokenKind kind = table.tokens().kind(token);
@@ -54,10 +54,10 @@ TEST_P(RoleTest, ComesOutAsExpected) {
         const testing::ScopedTrace at(GetParam().file.c_str(), c.line, c.source);
         const bool isC = GetParam().file.ends_with("/c.txt");
         const RoledText text(c.source, isC ? Language::c : Language::cpp);
-        ASSERT_NE(text.root.roles(), nullptr);
+        ASSERT_NE(text.root.tokens(), nullptr);
         for (const auto& [mark, expected] : c.expected) {
             if (mark == "!") continue;
-            EXPECT_EQ(rolesOf(*text.root.roles(), mark == "@"), expected);
+            EXPECT_EQ(rolesOf(*text.root.tokens(), mark == "@"), expected);
         }
     }
 }
@@ -69,7 +69,7 @@ TEST(RoleTableTest, IsNotThereUnlessAskedFor) {
     RootNode root;
     Trn::ParseMessageList messages;
     Parser(Parser::Sketches::LeftOut, Dialect::modern).parse(lexer, root, messages);
-    EXPECT_EQ(root.roles(), nullptr);
+    EXPECT_EQ(root.tokens(), nullptr);
 }
 
 // Every sign has a role, and the two brackets of a pair have the same.
@@ -84,8 +84,8 @@ TEST(RoleTableTest, LeavesNoSignOfOurSourcesOut) {
             content << std::ifstream(entry.path()).rdbuf();
             const std::string source = content.str();
             const RoledText text(source, Language::cpp);
-            ASSERT_NE(text.root.roles(), nullptr);
-            const RoleTable& table = *text.root.roles();
+            ASSERT_NE(text.root.tokens(), nullptr);
+            const TokenTable& table = *text.root.tokens();
             std::vector<Role> open;
             for (Trn::TokenIndex token = 1; token < table.tokens().size(); ++token) {
                 const Trn::TokenKind kind = table.tokens().kind(token);
@@ -112,8 +112,8 @@ TEST(RoleTableTest, TakesDeepAndLongTexts) {
     lists += std::string(20000, '}');
     const std::string source = less + ";\n" + casts + "x;\n" + lists + ";\n";
     const RoledText text(source, Language::cpp);
-    ASSERT_NE(text.root.roles(), nullptr);
-    const RoleTable& table = *text.root.roles();
+    ASSERT_NE(text.root.tokens(), nullptr);
+    const TokenTable& table = *text.root.tokens();
     std::size_t comparisons = 0, castBrackets = 0, elements = 0;
     for (Trn::TokenIndex token = 1; token < table.tokens().size(); ++token) {
         comparisons += table.role(token) == Role::Comparison;

@@ -1,0 +1,92 @@
+// The decisions for all gaps of a text. Rules set them, alignment and wrapping change them, the writer carries them out.
+#pragma once
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+#include "scheme/Brevis_PropertyCatalogue.h"
+#include "second/Brevis_Gap.h"
+#include "second/Brevis_GapText.h"
+#include "second/Brevis_IndentScope.h"
+
+namespace Brevis {
+
+// The row of the catalogue that fills a member of Scheme, as the reason for a decision.
+template <auto member>
+consteval GapRule ruleOf() {
+    for (std::size_t row = 0; row < std::size(Catalogue::properties); ++row) {
+        if (Catalogue::properties[row].field == SchemeField(member)) return static_cast<GapRule>(row);
+    }
+    throw "no row fills this member";
+}
+
+// A white-space member with its row, for tables of rules.
+struct GapProperty {
+    const WsProperty Scheme::*member = nullptr;
+    GapRule rule = GapRule::None;
+};
+template <auto member>
+consteval GapProperty gapProperty() {
+    return {member, ruleOf<member>()};
+}
+
+// The text and the scheme must outlive the table.
+class GapTable {
+public:
+    GapTable(const GapText& text, const Scheme& scheme);
+
+    const Gap& operator[](TokenIndex token) const { return gaps_[token]; }
+    Gap& gap(TokenIndex token) { return gaps_[token]; }
+
+    // The gap in front of `token` gets the value, unless it is unset or the gap is fixed. Comments and directives that
+    // stand in the gap keep their places: those that end the line before stay there, and a value without a line feed
+    // leaves the gaps round any other as they are.
+    void set(TokenIndex token, GapProperty property);
+    template <auto member>
+    void set(TokenIndex token) {
+        set(token, gapProperty<member>());
+    }
+    // The same, but a line feed of the source stays if the value holds none.
+    void setKeepingLines(TokenIndex token, GapProperty property);
+    // With a rule that has a text of its own.
+    void set(TokenIndex token, GapRule rule);
+    // At least one line feed, and the empty lines of the source, if the value holds a line feed; otherwise as `set`.
+    void setBreak(TokenIndex token, GapProperty property);
+    // Back to what the source has.
+    void keep(TokenIndex token) { gaps_[token].sort = Gap::Sort::Keep, gaps_[token].rule = GapRule::None; }
+    void fix(TokenIndex token) { gaps_[token].sort = Gap::Sort::Fixed; }
+
+    std::uint32_t addScope(const IndentScope& scope);
+    const std::vector<IndentScope>& scopes() const { return scopes_; }
+    void setScope(TokenIndex token, std::uint32_t scope) { gaps_[token].scope = scope; }
+
+    // The text of a rule: of a property its value, which may be unset.
+    bool isSet(GapRule rule) const { return values_[index(rule)].isSet; }
+    std::string_view text(GapRule rule) const { return values_[index(rule)].text; }
+    int lineFeeds(GapRule rule) const { return values_[index(rule)].lineFeeds; }
+    // What stands behind its last line feed.
+    std::string_view tail(GapRule rule) const { return values_[index(rule)].tail; }
+
+    // Whether a line begins at the token as the decisions stand.
+    bool startsLine(TokenIndex token) const;
+
+private:
+    struct Value {
+        bool isSet = false;
+        std::string_view text;
+        std::string_view tail;
+        int lineFeeds = 0;
+    };
+
+    static std::size_t index(GapRule rule) { return static_cast<std::size_t>(rule); }
+    void add(GapRule rule, std::string_view text);
+    void put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks);
+
+    const GapText* text_;
+    std::array<Value, 256> values_{};
+    std::vector<Gap> gaps_;
+    std::vector<IndentScope> scopes_;
+};
+
+}  // namespace Brevis

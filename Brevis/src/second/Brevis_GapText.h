@@ -1,0 +1,73 @@
+// The text of a run as tokens and the gaps between them: where each token stands, what it is, and what the source has
+// in front of it. Nothing changes it once it is made.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "Cpp_TokenTable.h"
+
+namespace Brevis {
+
+using Trn::TokenIndex;
+
+// A token without the line feed that a line comment or a directive owns: that belongs to the gap behind it.
+struct GapToken {
+    std::uint32_t begin = 0;  // offsets in the text
+    std::uint32_t end = 0;
+    std::int8_t kind = Trn::Kind::EndOfInput;
+    Cpp::Role role = Cpp::Role::None;
+    std::uint8_t lineFeeds = 0;  // in the gap in front of it, 255 for more
+    bool isFixed = false;        // the gap in front of it holds more than white space, or must stay as it is
+};
+
+// Tokens count from 1, as those of the table, up to `size`, which is no token: its gap is the end of the text.
+class GapText {
+public:
+    // `source` has line feeds as line ends. The table must outlive this.
+    GapText(std::string_view source, const Cpp::TokenTable& table);
+
+    TokenIndex size() const { return static_cast<TokenIndex>(tokens_.size() - 1); }
+    const GapToken& token(TokenIndex index) const { return tokens_[index]; }
+    Trn::TokenKind kind(TokenIndex index) const { return tokens_[index].kind; }
+    Cpp::Role role(TokenIndex index) const { return tokens_[index].role; }
+    std::string_view text(TokenIndex index) const { return slice(tokens_[index].begin, tokens_[index].end); }
+    // The white space in front of a token.
+    std::string_view gap(TokenIndex index) const { return slice(tokens_[index - 1].end, tokens_[index].begin); }
+    int lineFeeds(TokenIndex index) const { return tokens_[index].lineFeeds; }
+    bool startsLine(TokenIndex index) const { return tokens_[index].lineFeeds > 0 || index == 1; }
+    bool endsLine(TokenIndex index) const { return startsLine(index + 1) || index + 1 == size(); }
+    bool isWord(TokenIndex index, std::string_view word) const {
+        return kind(index) == Trn::Kind::Identifier && text(index) == word;
+    }
+    bool isTrivia(TokenIndex index) const { return Trn::isTrivia(kind(index)); }
+    bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
+
+    // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
+    TokenIndex partner(TokenIndex index) const;
+    bool isOpening(TokenIndex index) const { return partner(index) > index; }
+    // The next token that is no comment and no directive, and the last one in front.
+    TokenIndex next(TokenIndex index) const;
+    TokenIndex previous(TokenIndex index) const;
+    // Whether the source has no line feed between the two, trivia included.
+    bool isOnOneLine(TokenIndex first, TokenIndex last) const;
+
+    // The white space at the start of the source's line on which the token begins.
+    std::string_view lineLead(TokenIndex index) const;
+    // The column, from 0, at which the token stands in the source.
+    int column(TokenIndex index, int tabSize) const;
+
+    const std::vector<Cpp::OutlineItem>& items() const { return table_->outline().items(); }
+    std::string_view source() const { return source_; }
+
+private:
+    std::string_view slice(std::size_t begin, std::size_t end) const { return source_.substr(begin, end - begin); }
+
+    std::string_view source_;
+    const Cpp::TokenTable* table_;
+    std::vector<GapToken> tokens_;
+    std::vector<std::uint32_t> lines_;  // for each token the number of line feeds in front of it, in gaps or in tokens
+};
+
+}  // namespace Brevis
