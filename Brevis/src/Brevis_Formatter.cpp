@@ -3,6 +3,7 @@
 
 #include "Vellum_LineEnds.h"
 #include "first/Brevis_FirstEdition.h"
+#include "second/Brevis_SecondEdition.h"
 
 namespace Brevis {
 
@@ -23,6 +24,7 @@ FormatResult Formatter::wrap(const FormatterProperties& properties, const std::s
 // The one place that chooses the edition; nothing else knows which one runs.
 FormatResult Formatter::formatLines(const FormatterProperties& properties, std::string_view source,
                                     Trn::ParseMessageList& messages, UpdateFunctor& update) const {
+    if (properties.scheme.edition == 2) return SecondEdition().format(properties, source, messages, update);
     return FirstEdition().format(properties, source, messages, update);
 }
 

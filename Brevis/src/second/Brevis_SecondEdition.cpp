@@ -1,0 +1,29 @@
+// The order of the stages.
+#include "second/Brevis_SecondEdition.h"
+
+#include <utility>
+
+#include "guard/Brevis_SeamGuard.h"
+#include "run/Brevis_RunPhases.h"
+#include "second/Brevis_GapReader.h"
+#include "second/Brevis_GapRules.h"
+#include "second/Brevis_GapWriter.h"
+
+namespace Brevis {
+
+FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
+                                   Trn::ParseMessageList& messages, UpdateFunctor& update) const {
+    if (!update(analyzingPhase)) return cancelledRun(messages);
+    GapReader reader(source, properties.reading);
+    if (!reader.read(messages)) return {};
+    if (!update(formattingPhase)) return cancelledRun(messages);
+
+    const GapText text(source, reader.table());
+    GapTable gaps(text, properties.scheme);
+    decideGaps(text, properties, gaps);
+    std::string result = GapWriter(text, properties.scheme, gaps).write();
+    const std::size_t seams = SeamGuard(source).mend(result);
+    return {FormatOutcome::Formatted, std::move(result), seams};
+}
+
+}  // namespace Brevis
