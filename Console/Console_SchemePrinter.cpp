@@ -28,9 +28,8 @@ constexpr const char* unset = "unset";
 std::string printed(bool value) { return value ? "1" : "0"; }
 std::string printed(std::int32_t value) { return std::to_string(value); }
 std::string printed(const std::optional<bool>& value) { return value ? printed(*value) : unset; }
-std::string printed(const WsProperty& value) {
-    return value.isSet ? '"' + Brevis::escapeText(value.text) + '"' : unset;
-}
+std::string printed(const std::string& value) { return '"' + Brevis::escapeText(value) + '"'; }
+std::string printed(const WsProperty& value) { return value.isSet ? printed(value.text) : unset; }
 
 std::string line(std::string_view key, const std::string& value, const std::string& origin) {
     return std::string(key) + '\t' + value + '\t' + origin + '\n';

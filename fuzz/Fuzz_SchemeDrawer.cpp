@@ -49,8 +49,10 @@ public:
     }
 
 private:
-    // An eighth of the keys is absent in a sane draw, a quarter in others.
+    // An eighth of the keys is absent in a sane draw, a quarter in others. The drawn schemes are for the first edition,
+    // and the keys of the second take no draws, so that an input that was found once stands for the same scheme.
     void drawValue(const PropertyInfo& info) {
+        if (info.edition != 1) return;
         const unsigned choice = draws_.below(8);
         if (choice == 0 || (choice == 1 && temper_ != Temper::Sane)) return;
         const bool isSane = temper_ == Temper::Sane || (temper_ == Temper::Mixed && choice < 6);
@@ -69,6 +71,7 @@ private:
                 scheme_.setString(info.key, isSane ? std::string(anyOf(draws_, saneIndents)) : wildString());
                 break;
             case PropertyType::Text:
+            case PropertyType::Names:
                 break;
         }
     }

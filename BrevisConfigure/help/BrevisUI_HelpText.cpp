@@ -79,6 +79,9 @@ std::string valueText(const PropertyInfo& row, const Brevis::PropertySet& scheme
         case PropertyType::Indent:
             scheme.getString(row.key, text);
             return indentText(text);
+        case PropertyType::Names:
+            scheme.getString(row.key, text);
+            return "<code>" + toHtml(text) + "</code>";
         case PropertyType::WhiteSpace:
         case PropertyType::Text:
             break;

@@ -37,10 +37,16 @@ TEST(Scheme, HasDefaultsAndLimits) {
         {"2 TAB_SIZE 0\n2 RIGHT_MARGIN -1\n2 CONVERT_WS 3\n", [](Scheme&) {}},
         {"2 CONVERT_WS -1\n2 WRAP_STYLE 3\n2 EXPR_WRAP_STYLE 3\n2 SHIFT_WRAP_STYLE -1\n2 LIST_WRAP_STRATEGY 3\n",
          [](Scheme&) {}},
+        {"2 EDITION 2\n2 MAX_BLANK_LINES 0\n3 FOR_EACH_MACROS \"each all\"\n",
+         [](Scheme& s) { s.edition = 2, s.maxBlankLines = 0, s.forEachMacros = "each all"; }},
+        {"2 EDITION 3\n2 MAX_BLANK_LINES -2\n2 MIN_BLANK_LINES_BETWEEN_FN_DEFNS 2147483647\n",
+         [](Scheme& s) { s.minBlankLinesBetweenFnDefns = 1000; }},
         {"2 EXPR_WRAP_STYLE 0\n2 COMMA_WRAP_STYLE 9\n2 ASTERISK_ANCHOR 7\n",
          [](Scheme& s) { s.exprWrapStyle = 0, s.commaWrapStyle = 9, s.asteriskAnchor = 7; }},
         // A key in the table of another type counts as absent.
-        {"1 TAB_SIZE 1\n2 LINE_WRAP 1\n2 WS_BETWEEN_CS 1\n3 ALIGN_PPD_LEFT_MOST \"1\"\n", [](Scheme&) {}},
+        {"1 TAB_SIZE 1\n3 EDITION \"2\"\n2 MACROS_LOOP 1\n2 LINE_WRAP 1\n2 WS_BETWEEN_CS 1\n3 ALIGN_PPD_LEFT_MOST "
+         "\"1\"\n",
+         [](Scheme&) {}},
         {"1 ALIGN_PPD_LEFT_MOST 0\n", [](Scheme& s) { s.alignPpdLeftMost = false; }},
         {"3 WS_AFTER_PARAM_TYPE_ID \"\"\n", [](Scheme& s) { s.wsAfterParamTypeId = empty; }},
         // An empty gap behind a type is replaced, an absent one only beside pointer keys.
@@ -99,7 +105,7 @@ TEST(PropertyCatalogue, RowsAreSound) {
     for (const PropertyInfo& property : Catalogue::properties) {
         EXPECT_TRUE(keys.insert(property.key).second) << property.key << " stands twice";
         const bool isText = property.type == PropertyType::WhiteSpace || property.type == PropertyType::Indent ||
-                            property.type == PropertyType::Text;
+                            property.type == PropertyType::Text || property.type == PropertyType::Names;
         EXPECT_TRUE(isText ? property.defaultNumber == 0 : property.defaultText.empty()) << property.key;
         const bool isChoice = std::any_of(property.choices.begin(), property.choices.end(),
                                           [&](const auto& choice) { return choice.value == property.defaultNumber; });

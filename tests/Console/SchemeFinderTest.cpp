@@ -129,7 +129,9 @@ void checkProperty(const Brevis::PropertySet& scheme, const Brevis::PropertyInfo
             break;
         default:
             ASSERT_TRUE(scheme.getString(property.key, text)) << property.key;
-            EXPECT_TRUE(property.type == PropertyType::Text || isWhiteSpace(text)) << property.key;
+            EXPECT_TRUE(property.type == PropertyType::Text || property.type == PropertyType::Names ||
+                        isWhiteSpace(text))
+                << property.key;
             EXPECT_TRUE(property.type != PropertyType::Indent ||
                         text == std::string(text.size(), text.empty() ? ' ' : text[0]))
                 << property.key;

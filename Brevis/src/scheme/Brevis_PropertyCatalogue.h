@@ -25,6 +25,7 @@ enum class PropertyType {
     Number,      // an integer
     Choice,      // an integer of `choices`
     Text,        // a string without a rule
+    Names,       // a string of names, separated by blanks
 };
 
 enum class PropertyPage {
@@ -51,8 +52,8 @@ enum class Unused {
 };
 
 // What the engine does with a key: fill a member of Scheme, or nothing.
-using SchemeField =
-    std::variant<Unused, WsProperty Scheme::*, bool Scheme::*, std::optional<bool> Scheme::*, std::int32_t Scheme::*>;
+using SchemeField = std::variant<Unused, WsProperty Scheme::*, bool Scheme::*, std::optional<bool> Scheme::*,
+                                 std::int32_t Scheme::*, std::string Scheme::*>;
 
 // A value of a Choice. The label is that of its radio button, empty where none is selected.
 struct ChoiceValue {
@@ -65,6 +66,7 @@ enum class PropertyRole {
     Value,
     UseGlobal,    // the page takes the values with a twin from the global settings
     DoNotFormat,  // the page is switched off: a scheme that says so has none of its values
+    Edition,      // says which edition of the rules the scheme is for
 };
 
 // True while another property of the same page, a Flag or a Choice, has a value from `least` to `most`.
@@ -101,6 +103,10 @@ struct PropertyInfo {
     bool isClearedWhenOff = false;                       // a Flag that turns false while a condition isn't true
     std::span<const PropertyLabel> labels = {};          // in the place of `label`; the last one that held stays
 
+    // The edition of the rules that the key came with. A key of the second one means nothing to the first, and a scheme
+    // lacks it until a user gives it a value: no default fills it in.
+    std::int32_t edition = 1;
+
     constexpr PropertyInfo as(PropertyRole newRole) const {
         PropertyInfo row = *this;
         row.role = newRole;
@@ -124,6 +130,11 @@ struct PropertyInfo {
     constexpr PropertyInfo clearedUnless(std::span<const PropertyCondition> newConditions) const {
         PropertyInfo row = when(newConditions);
         row.isClearedWhenOff = true;
+        return row;
+    }
+    constexpr PropertyInfo ofEdition(std::int32_t newEdition) const {
+        PropertyInfo row = *this;
+        row.edition = newEdition;
         return row;
     }
     constexpr PropertyInfo labelled(std::span<const PropertyLabel> newLabels) const {
@@ -162,6 +173,11 @@ constexpr PropertyInfo choice(std::string_view key, Page page, SchemeField field
     return PropertyInfo{key, PropertyType::Choice, page, field, label, value, "", choices}.in(label);
 }
 
+constexpr PropertyInfo names(std::string_view key, Page page, SchemeField field, std::string_view label = "") {
+    return PropertyInfo{key, PropertyType::Names, page, field, label, 0, "", {}}.in("Macros");
+}
+
+inline constexpr ChoiceValue editionValues[] = {{1, "First edition"}, {2, "Second edition"}};
 inline constexpr ChoiceValue convertValues[] = {{0, "do not convert"}, {1, "tabs to spaces"}, {2, "spaces to tabs"}};
 inline constexpr ChoiceValue anchorValues[] = {{-1, ""}, {0, "Typename"}, {1, "Identifier"}};
 inline constexpr ChoiceValue wrapStyleValues[] = {{0, ""}, {1, "Align logically with previous line"}, {2, "Indent by"}};
@@ -429,6 +445,53 @@ inline constexpr PropertyInfo properties[] = {
     flag("ALIGN_CS_FOR_CLAUSES_LEFT", Page::None, &Scheme::alignCsForClausesLeft),
     flag("ALIGN_TP_PARAMS_LEFT", Page::None, &Scheme::alignTpParamsLeft),
     flag("ALIGN_FN_CALL_ARGS_LEFT", Page::None, &Scheme::alignFnCallArgsLeft),
+
+    // The edition of the rules, and the keys of the second one.
+    choice("EDITION", Page::None, &Scheme::edition, "Edition", 1, editionValues).as(Role::Edition).ofEdition(2),
+    names("FOR_EACH_MACROS", Page::None, &Scheme::forEachMacros).ofEdition(2),
+    names("MACROS_STATEMENT", Page::None, &Scheme::macrosStatement).ofEdition(2),
+    names("MACROS_LOOP", Page::None, &Scheme::macrosLoop).ofEdition(2),
+    names("MACROS_NAMESPACE_BEGIN", Page::None, &Scheme::macrosNamespaceBegin).ofEdition(2),
+    names("MACROS_NAMESPACE_END", Page::None, &Scheme::macrosNamespaceEnd).ofEdition(2),
+    flag("KEEP_LINE_BREAKS_IN_EXPR", Page::None, &Scheme::keepLineBreaksInExpr).ofEdition(2),
+    flag("KEEP_LINE_BREAKS_IN_LISTS", Page::None, &Scheme::keepLineBreaksInLists).ofEdition(2),
+    flag("ALIGN_CONTINUATION_LEFT", Page::None, &Scheme::alignContinuationLeft).ofEdition(2),
+    flag("KEEP_ALIGNED_COLUMNS", Page::None, &Scheme::keepAlignedColumns).ofEdition(2),
+    flag("ALIGN_TRAILING_COMMENTS", Page::None, &Scheme::alignTrailingComments).ofEdition(2),
+    flag("KEEP_ONE_LINE_FN_BODIES", Page::None, &Scheme::keepOneLineFnBodies).ofEdition(2),
+    flag("KEEP_ONE_LINE_CS_BODIES", Page::None, &Scheme::keepOneLineCsBodies).ofEdition(2),
+    flag("KEEP_ONE_LINE_CLASS_BODIES", Page::None, &Scheme::keepOneLineClassBodies).ofEdition(2),
+    flag("KEEP_ONE_LINE_ENUM_BODIES", Page::None, &Scheme::keepOneLineEnumBodies).ofEdition(2),
+    flag("KEEP_ONE_LINE_DD_BODIES", Page::None, &Scheme::keepOneLineDdBodies).ofEdition(2),
+    flag("KEEP_ONE_LINE_LAMBDA_BODIES", Page::None, &Scheme::keepOneLineLambdaBodies).ofEdition(2),
+    flag("KEEP_ONE_LINE_CLASS_INITS", Page::None, &Scheme::keepOneLineClassInits).ofEdition(2),
+    flag("ALIGN_LABELS_LEFT_MOST", Page::None, &Scheme::alignLabelsLeftMost).ofEdition(2),
+    flag("KEEP_BLANK_LINES_AT_BRACES", Page::None, &Scheme::keepBlankLinesAtBraces).ofEdition(2),
+    flag("REMOVE_TRAILING_WS", Page::None, &Scheme::removeTrailingWs).ofEdition(2),
+    number("MAX_BLANK_LINES", Page::None, &Scheme::maxBlankLines, "", 1).ofEdition(2),
+    number("MIN_BLANK_LINES_BETWEEN_FN_DEFNS", Page::None, &Scheme::minBlankLinesBetweenFnDefns, "", 1).ofEdition(2),
+    indent("INDENT_CONTINUATION", Page::None, &Scheme::indentContinuation, "").ofEdition(2),
+    indent("INDENT_CS_CASE_BLOCK_CONTENT", Page::None, &Scheme::indentCsCaseBlockContent, "").ofEdition(2),
+    indent("INDENT_LABEL", Page::None, &Scheme::indentLabel, "").ofEdition(2),
+    indent("INDENT_LINKAGE_CONTENT", Page::None, &Scheme::indentLinkageContent, "").ofEdition(2),
+    indent("INDENT_NESTED_NS_CONTENT", Page::None, &Scheme::indentNestedNsContent, "").ofEdition(2),
+    indent("INDENT_CS_UNBRACED_CONTENT", Page::None, &Scheme::indentCsUnbracedContent, "").ofEdition(2),
+    indent("INDENT_LAMBDA_CONTENT", Page::None, &Scheme::indentLambdaContent, "").ofEdition(2),
+    whiteSpace("WS_AFTER_CAST", Page::None, &Scheme::wsAfterCast).ofEdition(2),
+    whiteSpace("WS_AFTER_NAMED_CAST", Page::None, &Scheme::wsAfterNamedCast).ofEdition(2),
+    whiteSpace("WS_AFTER_UNARY_OP", Page::None, &Scheme::wsAfterUnaryOp).ofEdition(2),
+    whiteSpace("WS_BEFORE_TRAILING_COMMENT", Page::None, &Scheme::wsBeforeTrailingComment).ofEdition(2),
+    whiteSpace("WS_BEFORE_CS_CASE_OPEN_BRACE", Page::None, &Scheme::wsBeforeCsCaseOpenBrace).ofEdition(2),
+    whiteSpace("WS_IN_EMPTY_BODY", Page::None, &Scheme::wsInEmptyBody).ofEdition(2),
+    whiteSpace("WS_BETWEEN_STATEMENTS", Page::None, &Scheme::wsBetweenStatements).ofEdition(2),
+    whiteSpace("WS_BEFORE_SEMICOLON", Page::None, &Scheme::wsBeforeSemicolon).ofEdition(2),
+    whiteSpace("WS_BEFORE_LINKAGE_OPEN_BRACE", Page::None, &Scheme::wsBeforeLinkageOpenBrace).ofEdition(2),
+    whiteSpace("WS_AFTER_CLASS_FN_DEFN_RETURN_TYPE", Page::None, &Scheme::wsAfterClassFnDefnReturnType).ofEdition(2),
+    whiteSpace("WS_BETWEEN_SUBSCRIPT_OP_OPERANDS", Page::None, &Scheme::wsBetweenSubscriptOpOperands).ofEdition(2),
+    whiteSpace("WS_AT_END_OF_FILE", Page::None, &Scheme::wsAtEndOfFile).ofEdition(2),
+    whiteSpace("WS_BEFORE_LAMBDA_OPEN_BRACE", Page::None, &Scheme::wsBeforeLambdaOpenBrace).ofEdition(2),
+    whiteSpace("WS_AFTER_LAMBDA_OPEN_BRACE", Page::None, &Scheme::wsAfterLambdaOpenBrace).ofEdition(2),
+    whiteSpace("WS_BEFORE_LAMBDA_CLOSE_BRACE", Page::None, &Scheme::wsBeforeLambdaCloseBrace).ofEdition(2),
 };
 
 // Keys without an effect that are kept for schemes that hold them: two that belong to a page without a control of

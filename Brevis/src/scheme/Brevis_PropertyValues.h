@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "scheme/Brevis_PropertySet.h"
@@ -17,6 +18,10 @@ inline bool readValue(const PropertySet& properties, std::string_view key, bool&
 
 inline bool readValue(const PropertySet& properties, std::string_view key, std::int32_t& value) {
     return properties.getInt(key, value);
+}
+
+inline bool readValue(const PropertySet& properties, std::string_view key, std::string& value) {
+    return properties.getString(key, value);
 }
 
 inline bool readValue(const PropertySet& properties, std::string_view key, WsProperty& value) {

@@ -20,6 +20,7 @@ constexpr bool fits(PropertyType type, WsProperty Scheme::*) {
 }
 constexpr bool fits(PropertyType type, bool Scheme::*) { return type == PropertyType::Flag; }
 constexpr bool fits(PropertyType type, std::optional<bool> Scheme::*) { return type == PropertyType::Flag; }
+constexpr bool fits(PropertyType type, std::string Scheme::*) { return type == PropertyType::Names; }
 constexpr bool fits(PropertyType type, std::int32_t Scheme::*) {
     return type == PropertyType::Number || type == PropertyType::Choice;
 }
@@ -74,6 +75,9 @@ void limitTo0To2(std::int32_t& value, std::int32_t whenBeyond) {
     if (value < 0 || value > 2) value = whenBeyond;
 }
 
+// -1 is an absent number; a huge one would fill the memory with line feeds.
+void limitBlankLines(std::int32_t& value) { value = std::clamp(value, -1, 1000); }
+
 void applyLimits(Scheme& scheme) {
     // Column arithmetic needs a tab size of at least 1, and a huge one would overflow the columns of a line and fill
     // the memory with blanks.
@@ -84,6 +88,9 @@ void applyLimits(Scheme& scheme) {
     limitTo0To2(scheme.exprWrapStyle, 1);
     limitTo0To2(scheme.shiftWrapStyle, 1);
     limitTo0To2(scheme.listWrapStrategy, 0);
+    limitBlankLines(scheme.maxBlankLines);
+    limitBlankLines(scheme.minBlankLinesBetweenFnDefns);
+    if (scheme.edition != 2) scheme.edition = 1;
 }
 
 }  // namespace

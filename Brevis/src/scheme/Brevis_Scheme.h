@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "Vellum_IndentStreamSettings.h"
 #include "scheme/Brevis_PropertySet.h"
@@ -13,7 +14,7 @@
 namespace Brevis {
 
 // A key that is missing, or stands in the table of another type, leaves its member as it is initialised here: white
-// space unset, a flag false, an integer the value that stands below.
+// space unset, a flag false, a text empty, an integer the value that stands below.
 struct Scheme {
     // The values of `properties` with the engine's defaults and limits applied. They differ from the page defaults of
     // the catalogue on purpose: these make an incomplete scheme safe to run, those fill in a scheme for a user.
@@ -99,6 +100,48 @@ struct Scheme {
     std::int32_t shiftWrapStyle = 1;
     std::int32_t commaWrapStyle = 2;    // as the scheme has it: its readers differ over a value beyond 0 to 2
     std::int32_t listWrapStrategy = 0;  // 0 leaves a list, 1 fills lines, 2 puts each element on a line
+
+    // ---- The edition of the rules by which a text is laid out: 1 or 2
+    std::int32_t edition = 1;
+
+    // ---- What only the second edition reads, by theme
+    // Names of macros, separated by blanks
+    std::string forEachMacros, macrosStatement, macrosLoop, macrosNamespaceBegin, macrosNamespaceEnd;
+    // The author's line ends, and where the later lines go
+    bool keepLineBreaksInExpr = false;
+    bool keepLineBreaksInLists = false;
+    bool alignContinuationLeft = false;
+    WsProperty indentContinuation;
+    // Columns of the author, comments behind code, empty lines (-1: as many as the source has), the ends of lines
+    bool keepAlignedColumns = false;
+    bool alignTrailingComments = false;
+    WsProperty wsBeforeTrailingComment;
+    bool keepBlankLinesAtBraces = false;
+    std::int32_t maxBlankLines = -1;                // -1 to 1000
+    std::int32_t minBlankLinesBetweenFnDefns = -1;  // -1 to 1000
+    bool removeTrailingWs = false;
+    WsProperty wsAtEndOfFile;
+    // Expressions
+    WsProperty wsAfterCast, wsAfterNamedCast, wsAfterUnaryOp, wsBetweenSubscriptOpOperands;
+    // Statements and labels
+    WsProperty wsBetweenStatements, wsBeforeSemicolon;
+    WsProperty indentLabel;
+    bool alignLabelsLeftMost = false;
+    WsProperty wsBeforeCsCaseOpenBrace, indentCsCaseBlockContent, indentCsUnbracedContent;
+    // Bodies that stay on the line on which the author wrote them, and those without content
+    bool keepOneLineFnBodies = false;
+    bool keepOneLineCsBodies = false;
+    bool keepOneLineClassBodies = false;
+    bool keepOneLineEnumBodies = false;
+    bool keepOneLineDdBodies = false;
+    bool keepOneLineLambdaBodies = false;
+    bool keepOneLineClassInits = false;
+    WsProperty wsInEmptyBody;
+    // Bodies of lambdas, linkage blocks and nested namespaces
+    WsProperty wsBeforeLambdaOpenBrace, wsAfterLambdaOpenBrace, indentLambdaContent, wsBeforeLambdaCloseBrace;
+    WsProperty wsBeforeLinkageOpenBrace, indentLinkageContent, indentNestedNsContent;
+    // Functions defined in a class
+    WsProperty wsAfterClassFnDefnReturnType;
 
     // ---- What follows from several members
     // Items that are to stand in one column have a line feed between them. Template arguments inside an expression go
