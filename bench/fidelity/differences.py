@@ -14,7 +14,7 @@ TOKEN = re.compile(
     r"""(\s*)(
       //(?:\\\n|[^\n])*
     | /\*.*?(?:\*/|\Z)
-    | \#(?:[ \t]*(?:\\[ \t]*\n|"(?:\\.|[^"\\\n])*"|/\*.*?\*/(?=[ \t]*[^\s])|(?!//|/\*)\S))*
+    | \#(?:[ \t]*(?:\\[ \t]*\n|"(?:\\.|[^"\\\n])*"|/\*(?:[^*]|\*(?!/))*\*/(?=[ \t]*\S)|(?!//|/\*)\S))*
     | (?:u8|[uUL])?R"(?P<delimiter>[^()\\\s]{0,16})\(.*?\)(?P=delimiter)"
     | (?:u8|[uUL])?"(?:\\.|[^"\\\n])*"
     | (?:u8|[uUL])?'(?:\\.|[^'\\\n])*'
@@ -39,6 +39,12 @@ ASSIGNMENT = {"=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "<<=", ">>="}
 # Behind these a sign is a prefix.
 BEFORE_PREFIX = (BINARY | ASSIGNMENT | {"(", "[", "{", ",", ";", "?", ":", "&&", "+", "-", "*", "&", "!", "~", "<", "}", "return",
                  "throw", "case", "sizeof", "delete", "else", "do", "co_await", "co_yield", "co_return", ""})
+# What is one to most rules, unless finer kinds are asked for.
+OPERANDS = {"name", "number", "string", "type", "sizeof", "new", "named cast", "delete", "operator", "struct", "decltype",
+            "class", "union", "enum", "typename", "noexcept", "co_await", "override", "final", "const", "static", "return",
+            "volatile", "constexpr", "explicit", "virtual", "inline"}
+COARSE = {"function": "body", "control": "body", "block": "body", "case block": "body", "lambda": "body",
+          "file": "file level", "namespace": "file level", "linkage": "file level"}
 NOT_BODIES = {"file", "namespace", "class", "enum", "linkage"}
 TAB = 8
 
@@ -105,7 +111,7 @@ class Reader:
     def read(self):
         tokens, wanted = self.text.tokens, self.wanted
         before, before_class = "", "start"
-        previous_code = -1
+        label = None
         for index, token in enumerate(tokens):
             start = token[0]
             if start == "/" and token[1:2] in ("/", "*"):
@@ -121,18 +127,19 @@ class Reader:
                 continue
             role = None
             if index in wanted:
-                role = self.role(index, token, before)
+                role = self.role(index, token, before, label)
             kind, frame = self.step(index, token, before)
             if index in wanted:
                 self.tell(index, before_class, kind, role, frame)
-            before, before_class, previous_code = token, kind, index
+            before, before_class = token, kind
+            label = kind if kind in ("case :", "label :", "access :") else None
 
     def tell(self, index, before, kind, role, frame=None):
         frame = frame or self.frames[-1]
         self.found[index] = (before, kind, frame.kind, role)
         self.opener[index] = frame.index
 
-    def role(self, index, token, before):
+    def role(self, index, token, before, label):
         """What a token is if it is the first of a line."""
         frame = self.frames[-1]
         if token == "}":
@@ -159,6 +166,8 @@ class Reader:
                 return "goto label"
             if before == "}" and token == "while":
                 return "while behind }"
+            if label:
+                return f"first behind {label}"
             return "statement" if frame.kind not in NOT_BODIES else "declaration"
         if frame.base:
             return "later line of a list of bases or initializers"
@@ -174,7 +183,7 @@ class Reader:
         if token in ("{", "(", "["):
             return self.open(index, token, before)
         if token in ("}", ")", "]"):
-            return self.close(token)
+            return self.close(index, token)
         if token == ";":
             if frame.kind != "for head":
                 self.end_statement(frame)
@@ -294,7 +303,8 @@ class Reader:
                 return "control"
             if before == ":":
                 return "case block" if frame.kind not in NOT_BODIES else "block"
-            return "block"
+            # Behind the declarations of the parameters of an old C function.
+            return "function" if frame.kind in NOT_BODIES and before == ";" else "block"
         if "namespace" in words:
             return "namespace"
         if before[:1] == '"' and "extern" in words:
@@ -346,7 +356,7 @@ class Reader:
         self.frames.append(inner)
         return f"{token} of {kind}" if token != "[" else "[", inner
 
-    def close(self, token):
+    def close(self, index, token):
         # A text whose brackets don't match, between branches of directives, is read as well as may be.
         if len(self.frames) == 1:
             return token, self.frames[0]
@@ -359,7 +369,23 @@ class Reader:
             if not (frame.head[-1:] == ["while"] and frame.head[:1] == ["do"]):
                 self.end_statement(frame)
                 frame.after_head = True
+        elif inner.kind == "parentheses" and self.is_cast(inner.index + 1, index):
+            return ") of cast", inner
         return f"{token} of {inner.kind}" if token != "]" else "]", inner
+
+    def is_cast(self, first, last):
+        """Whether parentheses round some tokens seem to hold a type, and an operand follows."""
+        tokens = self.text.tokens
+        content = tokens[first:last]
+        following = tokens[last + 1] if last + 1 < len(tokens) else ""
+        if not 0 < len(content) < 12 or any(t[0].isdigit() or t[0] in ".\"'" or t in ("sizeof", "this") for t in content):
+            return False
+        is_typed = content[-1] in ("*", "&", "const", ">") or bool(set(content) & (TYPES | {"struct", "const"})) or content[-1].endswith("_t")
+        if not all(t[0].isalpha() or t[0] == "_" or t in ("*", "&", "::", "<", ">", ",", "&&") for t in content):
+            return False
+        if following[:1] in ("*", "&", "-", "+", "("):
+            return is_typed
+        return bool(following) and (following[0].isalnum() or following[0] in "_\"'~!{" and len(following) < 3 or following[0] in "\"'_")
 
 
 def blanks(gap):
@@ -376,8 +402,9 @@ def width(gap):
 
 
 class Change:
-    def __init__(self, kind, lines, index):
+    def __init__(self, kind, lines, index, row):
         self.kind = kind
+        self.row = row          # of a change inside a token: the line of the token
         self.lines = lines      # numbers of lines of the old text that it touches
         self.index = index      # of the token behind the gap
         self.follows = False
@@ -386,7 +413,8 @@ class Change:
 class Comparison:
     """The changed gaps between two texts, each with its kind."""
 
-    def __init__(self, old_path, new_path):
+    def __init__(self, old_path, new_path, fine=False):
+        self.fine = fine
         self.old, self.new = Text(old_path), Text(new_path)
         self.changes = []
         self.partner = dict(zip(self.new.places, range(len(self.new.places))))
@@ -413,32 +441,30 @@ class Comparison:
         old = self.old
         line, counted = 1, 0
         carried = None          # shift and kind of the line before
-        cause = {}              # by index of a token: kind of the last change in front of it
-        last_kind, last_line = None, 0
-        self.causes = []        # sorted (index, kind) of changes, for brackets
         for index, gap, new_gap in changed:
             offset = old.offsets[index]
             line += old.text.count("\n", counted, offset)
             counted = offset
             before, token, construct, role = reader.found[index]
             if gap is None:
-                if token not in ("directive",):
+                if token != "directive":
                     carried = None
                 continue
             if gap == "inside":
-                self.add(f"inside a {token}", range(line, line + old.tokens[index].count("\n") + 1), index)
+                self.inside(index, token, line)
                 continue
+            if not self.fine:
+                before, token = ("operand" if c in OPERANDS else c for c in (before, token))
+                construct = COARSE.get(construct, construct)
             feeds, new_feeds = gap.count("\n"), new_gap.count("\n")
             place = f"{before} | {token}   in {construct}"
-            if index == len(old.tokens) - 1 and False:
-                continue
             if feeds == 0 and new_feeds == 0:
                 self.add(f"blanks {blanks(gap)} -> {blanks(new_gap)}   {place}", [line], index)
             elif feeds == 0:
-                self.add(f"split   {place}", [line], index)
+                self.add(f"split   {self.pair(before, token)}   in {construct}", [line], index)
                 carried = None
             elif new_feeds == 0:
-                self.add(f"joined   {before} | {token}   in {construct}, {role}", [line - feeds, line], index)
+                self.add(f"joined   {self.pair(before, token)}   in {construct}, {role}", [line - feeds, line], index)
                 carried = None
             else:
                 if feeds != new_feeds:
@@ -447,6 +473,30 @@ class Comparison:
                 elif gap.rpartition("\n")[0] != new_gap.rpartition("\n")[0]:
                     self.add(f"trailing blanks   behind {before}", [line - feeds], index)
                 carried = self.indent(index, gap, new_gap, line, construct, role, reader, carried)
+
+    def pair(self, before, token):
+        """The tokens round a line end that has come or gone: the later one only if it matters."""
+        matters = self.fine or token[0] in "{}()[" or token in ("comment", "directive", "else", "constructor :")
+        return f"{before} | {token}" if matters else f"behind {before}"
+
+    def inside(self, index, token, line):
+        """Adds the changes of the lines of a comment or directive."""
+        old_lines = self.old.tokens[index].split("\n")
+        new_lines = self.new.tokens[self.partner[self.old.places[index]]].split("\n")
+        if len(old_lines) != len(new_lines):
+            self.add(f"lines of a {token}", range(line, line + len(old_lines)), index)
+            return
+        moved = [n for n, pair in enumerate(zip(old_lines, new_lines)) if pair[0] != pair[1]]
+        shifts = {width("\n" + re.match(r"\s*", new_lines[n]).group()) - width("\n" + re.match(r"\s*", old_lines[n]).group())
+                  for n in moved}
+        solid = all(old_lines[n].split() == new_lines[n].split() for n in moved)
+        if shifts == {self.shift_of(index)} and solid:
+            what = f"later lines of a {token} follow the first"
+        elif len(shifts) == 1 and solid:
+            what = f"later lines of a {token} {shifts.pop():+}"
+        else:
+            what = f"inside a {token}"
+        self.add(what, [line + n for n in moved], index, moved[0])
 
     def indent(self, index, gap, new_gap, line, construct, role, reader, carried):
         """Adds a change of a line's indent, if there is one, and returns what the next line may follow."""
@@ -470,8 +520,8 @@ class Comparison:
         self.add(kind, [line], index)
         return shift, kind
 
-    def add(self, kind, lines, index):
-        change = Change(kind, lines, index)
+    def add(self, kind, lines, index, row=None):
+        change = Change(kind, lines, index, row)
         self.changes.append(change)
         return change
 
@@ -490,6 +540,11 @@ class Comparison:
 
     def example(self, change):
         """Place, old lines and new lines of a change."""
+        if change.row is not None:
+            other = self.partner[self.old.places[change.index]]
+            lines = [text.tokens[i].split("\n")[change.row] for text, i in ((self.old, change.index), (self.new, other))]
+            start = self.old.line(self.old.offsets[change.index])
+            return start + change.row, *([line.replace("\t", "--->")[:140]] for line in lines)
         first = max(change.index - 1, 0)
         parts = []
         for text, index, previous in ((self.old, change.index, first),
@@ -525,8 +580,8 @@ EXAMPLES_OF_A_FILE, EXAMPLES_OF_A_KIND = 2, 12
 
 def analyse(job):
     """The kinds of differences between two files, by their descriptions."""
-    tree, name, old_path, new_path = job
-    comparison = Comparison(old_path, new_path)
+    tree, name, old_path, new_path, fine = job
+    comparison = Comparison(old_path, new_path, fine)
     kinds = defaultdict(Kind)
     keys_of_line = defaultdict(set)
     seen = Counter()
@@ -551,9 +606,9 @@ def analyse(job):
     return dict(kinds)
 
 
-def collect(run, jobs):
-    """The kinds of differences of a whole run."""
-    work = [(run.before.name, name, str(run.before / name), str(run.after / name))
+def collect(run, jobs, fine):
+    """The kinds of differences of a whole run; fine ones tell all classes of tokens apart."""
+    work = [(run.before.name, name, str(run.before / name), str(run.after / name), fine)
             for name in sorted(run.deleted, key=lambda n: -run.deleted[n]) if name not in run.broken]
     kinds = defaultdict(Kind)
     with concurrent.futures.ProcessPoolExecutor(jobs) as pool:
