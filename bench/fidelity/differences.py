@@ -459,6 +459,8 @@ class Comparison:
             feeds, new_feeds = gap.count("\n"), new_gap.count("\n")
             place = f"{before} | {token}   in {construct}"
             if feeds == 0 and new_feeds == 0:
+                if not self.fine:
+                    place = f"{self.signs(before, token)}   in {construct}"
                 self.add(f"blanks {blanks(gap)} -> {blanks(new_gap)}   {place}", [line], index)
             elif feeds == 0:
                 self.add(f"split   {self.pair(before, token)}   in {construct}", [line], index)
@@ -472,7 +474,15 @@ class Comparison:
                     self.add(f"empty lines {feeds - 1} -> {new_feeds - 1}   {place}", lost, index)
                 elif gap.rpartition("\n")[0] != new_gap.rpartition("\n")[0]:
                     self.add(f"trailing blanks   behind {before}", [line - feeds], index)
-                carried = self.indent(index, gap, new_gap, line, construct, role, reader, carried)
+                carried = self.indent(index, gap, new_gap, line, before, construct, role, reader, carried)
+
+    @staticmethod
+    def signs(before, token):
+        """The tokens round a gap inside a line: the two sides of a sign between operands are one."""
+        for sign in (before, token):
+            if sign.startswith("binary") or sign == "=":
+                return f"round {sign}"
+        return f"{before} | {token}"
 
     def pair(self, before, token):
         """The tokens round a line end that has come or gone: the later one only if it matters."""
@@ -490,15 +500,16 @@ class Comparison:
         shifts = {width("\n" + re.match(r"\s*", new_lines[n]).group()) - width("\n" + re.match(r"\s*", old_lines[n]).group())
                   for n in moved}
         solid = all(old_lines[n].split() == new_lines[n].split() for n in moved)
-        if shifts == {self.shift_of(index)} and solid:
-            what = f"later lines of a {token} follow the first"
-        elif len(shifts) == 1 and solid:
+        if shifts == {self.shift_of(index)} and solid and self.cause_of(index):
+            self.add(self.cause_of(index), [line + n for n in moved], index, moved[0]).follows = True
+            return
+        if len(shifts) == 1 and solid:
             what = f"later lines of a {token} {shifts.pop():+}"
         else:
             what = f"inside a {token}"
         self.add(what, [line + n for n in moved], index, moved[0])
 
-    def indent(self, index, gap, new_gap, line, construct, role, reader, carried):
+    def indent(self, index, gap, new_gap, line, before, construct, role, reader, carried):
         """Adds a change of a line's indent, if there is one, and returns what the next line may follow."""
         shift = width(new_gap) - width(gap)
         if gap.rpartition("\n")[2] == new_gap.rpartition("\n")[2]:
@@ -516,6 +527,8 @@ class Comparison:
             change = self.add(followed, [line], index)
             change.follows = True
             return shift, followed
+        if before == "directive" or before[0] == "{":
+            role = f"{role} behind {before}"
         kind = f"indent {shift:+}   {role}   in {construct}"
         self.add(kind, [line], index)
         return shift, kind
