@@ -30,8 +30,8 @@ NAMED_CASTS = {"static_cast", "const_cast", "reinterpret_cast", "dynamic_cast"}
 BINARY = set("/ % | ^ == != <= >= || <=> << ".split()) | {">>"}
 ASSIGNMENT = {"=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "<<=", ">>="}
 # Behind these a sign is a prefix.
-BEFORE_PREFIX = BINARY | ASSIGNMENT | {""} | set("""( [ { , ; ? : && + - * & ! ~ < } return throw case sizeof delete else
-    do co_await co_yield co_return""".split())
+BEFORE_PREFIX = BINARY | ASSIGNMENT | {""} | set("""( [ { , ; ? : && + - * & ! ~ < } return throw case sizeof delete
+    else do co_await co_yield co_return""".split())
 NOT_BODIES = {"file", "namespace", "class", "enum", "linkage"}
 TAB = 8
 
