@@ -52,6 +52,10 @@ void GapTable::put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks)
     Gap& gap = gaps_[at];
     if (gap.sort == Gap::Sort::Fixed) return;
     if (!hasFeed && keepsLines && text_->lineFeeds(at) > 0) return keep(at);
+    if (text(rule).empty() && text_->wouldJoin(at)) {
+        if (text_->gap(at).empty()) return keep(at);
+        rule = GapRule::Blank;
+    }
     gap.rule = rule;
     gap.sort = !hasFeed ? Gap::Sort::Blanks : breaks ? Gap::Sort::Break : Gap::Sort::Lines;
 }

@@ -41,7 +41,7 @@ public:
 
     // The gap in front of `token` gets the value, unless it is unset or the gap is fixed. Comments and directives that
     // stand in the gap keep their places: those that end the line before stay there, and a value without a line feed
-    // leaves the gaps round any other as they are.
+    // leaves the gaps round any other as they are. Tokens that nothing may join are kept apart by a blank.
     void set(TokenIndex token, GapProperty property);
     template <auto member>
     void set(TokenIndex token) {

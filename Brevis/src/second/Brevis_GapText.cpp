@@ -2,6 +2,7 @@
 #include "second/Brevis_GapText.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Brevis {
 
@@ -11,6 +12,18 @@ using Cpp::Role;
 namespace {
 
 bool isBlankSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f'; }
+
+bool isWordChar(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '$' ||
+           static_cast<unsigned char>(c) > 0x7F;
+}
+
+bool isQuote(char c) { return c == '"' || c == '\''; }
+
+// Two characters with which an operator, a comment or a number goes on.
+constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||", "==", "<=", ">=", "!=", "+=", "-=",
+                                             "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%", "%>", "%:",
+                                             ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
 
 // The offset behind the last character from `begin` to `end` that is no white space.
 std::size_t trimmedEnd(std::string_view text, std::size_t begin, std::size_t end) {
@@ -97,6 +110,23 @@ TokenIndex GapText::previous(TokenIndex index) const {
 }
 
 bool GapText::isOnOneLine(TokenIndex first, TokenIndex last) const { return lines_[first] == lines_[last]; }
+
+bool GapText::wouldJoin(TokenIndex index) const {
+    const GapToken& first = tokens_[index - 1];
+    const GapToken& second = tokens_[index];
+    if (first.begin == first.end || second.begin == second.end) return false;
+    const char last = source_[first.end - 1];
+    const char next = source_[second.begin];
+    if (last == '\\' || next == '\\') return true;
+    if (first.kind == Kind::Number && (next == '.' || isQuote(next))) return true;
+    if (first.kind == Kind::Number && (next == '+' || next == '-')) {
+        return last == 'e' || last == 'E' || last == 'p' || last == 'P';
+    }
+    if (isWordChar(last) || isQuote(last)) return isWordChar(next) || (isWordChar(last) && isQuote(next));
+    if (last == '.' && next >= '0' && next <= '9') return true;
+    const auto isJoined = [&](std::string_view pair) { return pair[0] == last && pair[1] == next; };
+    return std::any_of(std::begin(joiningPairs), std::end(joiningPairs), isJoined);
+}
 
 std::string_view GapText::lineLead(TokenIndex index) const {
     const std::size_t begin = tokens_[index].begin;

@@ -53,6 +53,9 @@ public:
     // Whether the source has no line feed between the two, trivia included.
     bool isOnOneLine(TokenIndex first, TokenIndex last) const;
 
+    // Whether a token and the one in front of it would become others with nothing in between.
+    bool wouldJoin(TokenIndex index) const;
+
     // The white space at the start of the source's line on which the token begins.
     std::string_view lineLead(TokenIndex index) const;
     // The column, from 0, at which the token stands in the source.

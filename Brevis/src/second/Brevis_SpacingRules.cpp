@@ -1,26 +1,38 @@
-// One operation a sort of construct.
+// The one loop over the tokens; each theme has its rules in a file of its own.
 #include "second/Brevis_SpacingRules.h"
+
+#include "second/Brevis_BracketRules.h"
+#include "second/Brevis_ExpressionRules.h"
+#include "second/Brevis_TemplateRules.h"
 
 namespace Brevis {
 
-using Cpp::Role;
+using Sort = Cpp::OutlineItem::Sort;
 
 void SpacingRules::run() {
-    for (TokenIndex token = 1; token < text_.size(); ++token) operators(token);
+    ExprGaps gaps(text_, scheme_, gaps_);
+    ExpressionRules expressions(gaps);
+    BracketRules brackets(gaps);
+    TemplateRules templates(gaps);
+    auto item = text_.items().begin();
+    for (TokenIndex token = 1; token < text_.size(); ++token) {
+        for (; item != text_.items().end() && item->first <= token; ++item) {
+            if (item->sort == Sort::Template) templates.head(*item);
+            // What nobody could read, and assembler code, stays as it is.
+            if (item->sort == Sort::Unread || item->sort == Sort::Assembler) token = item->last;
+        }
+        if (text_.isTrivia(token)) continue;
+        while (!brackets_.empty() && brackets_.back().last <= token) brackets_.pop_back();
+        expressions.format(token, innermost());
+        brackets.format(token);
+        templates.format(token, innermost());
+        passBracket(token);
+    }
 }
 
-void SpacingRules::operators(TokenIndex token) {
-    const Role role = text_.role(token);
-    if (role != Role::Binary && role != Role::Comparison && role != Role::Assignment) return;
-    const auto set = [&](TokenIndex at) {
-        if (scheme_.keepLineBreaksInExpr) {
-            gaps_.setKeepingLines(at, gapProperty<&Scheme::wsBetweenExprOpOperands>());
-        } else {
-            gaps_.set<&Scheme::wsBetweenExprOpOperands>(at);
-        }
-    };
-    set(token);
-    set(text_.next(token));
+void SpacingRules::passBracket(TokenIndex token) {
+    const TokenIndex partner = text_.partner(token);
+    if (partner > token) brackets_.push_back({partner, text_.role(token)});
 }
 
 }  // namespace Brevis

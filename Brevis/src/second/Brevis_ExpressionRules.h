@@ -1,0 +1,30 @@
+// The gaps round operators, at the commas of expressions and behind the keywords that an expression follows.
+#pragma once
+
+#include "second/Brevis_ExprGaps.h"
+
+namespace Brevis {
+
+class ExpressionRules {
+public:
+    explicit ExpressionRules(ExprGaps& gaps);
+
+    // `bracket` is the role of the innermost bracket that is open at the token.
+    void format(TokenIndex token, Cpp::Role bracket);
+
+private:
+    void binary(TokenIndex token, Cpp::Role bracket);
+    void prefix(TokenIndex token);
+    void postfix(TokenIndex token);
+    void member(TokenIndex token);
+    void operatorName(TokenIndex token);
+    void argumentComma(TokenIndex token);
+    void shortComma(TokenIndex token);
+    void keyword(TokenIndex token);
+
+    ExprGaps& gaps_;
+    const GapText& text_;
+    GapProperty betweenArguments_ = gapProperty<&Scheme::wsBetweenFnCallArgs>();
+};
+
+}  // namespace Brevis
