@@ -2,6 +2,7 @@
 #include "second/Brevis_SpacingRules.h"
 
 #include "second/Brevis_BracketRules.h"
+#include "second/Brevis_DeclarationRules.h"
 #include "second/Brevis_ExpressionRules.h"
 #include "second/Brevis_TemplateRules.h"
 
@@ -14,6 +15,7 @@ void SpacingRules::run() {
     ExpressionRules expressions(gaps);
     BracketRules brackets(gaps);
     TemplateRules templates(gaps);
+    DeclarationRules declarations(text_, scheme_, gaps_);
     auto item = text_.items().begin();
     for (TokenIndex token = 1; token < text_.size(); ++token) {
         for (; item != text_.items().end() && item->first <= token; ++item) {
@@ -26,6 +28,7 @@ void SpacingRules::run() {
         expressions.format(token, innermost());
         brackets.format(token);
         templates.format(token, innermost());
+        declarations.format(token);
         passBracket(token);
     }
 }
