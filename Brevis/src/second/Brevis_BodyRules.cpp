@@ -66,14 +66,12 @@ BodyRules::BodyRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
     findCaseKeys();
 }
 
-// Those of any block, unless there are keys of their own.
+// Those of any block, but for the two keys of its own.
 void BodyRules::findLinkageKeys() {
-    constexpr GapProperty open = gapProperty<&Scheme::wsBeforeLinkageOpenBrace>();
-    constexpr GapProperty indent = gapProperty<&Scheme::indentLinkageContent>();
     linkage_.role = Role::LinkageBody;
     linkage_.keepsOneLine = nullptr;
-    linkage_.beforeOpen = gaps_.isSet(open.rule) ? open : gapProperty<&Scheme::globalWsBeforeOpenBrace>();
-    if (gaps_.isSet(indent.rule)) linkage_.indent = indent;
+    linkage_.beforeOpen = gapProperty<&Scheme::wsBeforeLinkageOpenBrace>();
+    linkage_.indent = gapProperty<&Scheme::indentLinkageContent>();
 }
 
 // A brace behind a label stands on the label's line or below it, and the closing one stands below.
