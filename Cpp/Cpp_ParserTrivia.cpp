@@ -1,5 +1,6 @@
 // Comments and directives, with the regions that they open.
 #include "Cpp_CharClasses.h"
+#include "Cpp_CommentRegion.h"
 #include "Cpp_Parser.h"
 
 namespace Cpp {
@@ -10,19 +11,11 @@ using Trn::isTrivia;
 
 namespace {
 
-constexpr std::string_view regionStart = "CORVANE-OFF";
-constexpr std::string_view regionEnd = "CORVANE-ON";
-
-std::string_view markerOf(const Trn::TokenView& comment) { return trimmed(bodyOfComment(comment.text())); }
-
-bool opensCommentRegion(const Trn::TokenView& comment) { return markerOf(comment) == regionStart; }
+bool opensRegion(const Trn::TokenView& comment) { return opensCommentRegion(markerOf(comment.text())); }
 
 // The change of depth that a token inside a comment region makes.
-int commentRegionStep(const Trn::TokenView& token) {
-    if (!isComment(token.kind())) return 0;
-    const std::string_view marker = markerOf(token);
-    if (marker.starts_with(regionStart)) return 1;
-    return marker == regionEnd ? -1 : 0;
+int regionStep(const Trn::TokenView& token) {
+    return isComment(token.kind()) ? commentRegionStep(markerOf(token.text())) : 0;
 }
 
 // Compares as if the text had no white space.
@@ -48,7 +41,7 @@ int deadRegionStep(const Trn::TokenView& token) {
 
 std::unique_ptr<CommentNode> Parser::parseComment(Stream& stream) {
     const Token comment = stream.get();
-    if (!opensCommentRegion(comment)) {
+    if (!opensRegion(comment)) {
         return make<CommentNode>(comment.text(), comment.first(), comment.last());
     }
     const auto last = passCommentRegion(stream);
@@ -75,7 +68,7 @@ std::optional<Position> Parser::passCommentRegion(Stream& stream) {
             report(token.first(), ParseCode::UnexpectedEnd);
             return std::nullopt;
         }
-        depth += commentRegionStep(token);
+        depth += regionStep(token);
         if (depth == 0) return token.last();
     }
 }
@@ -99,7 +92,7 @@ std::unique_ptr<SyntaxNode> Parser::parseTrivia(Stream& stream) {
 
 void Parser::passRest(Stream& stream, const Token& token) {
     if (isComment(token.kind())) {
-        if (opensCommentRegion(token)) passCommentRegion(stream);
+        if (opensRegion(token)) passCommentRegion(stream);
     } else if (!isModern_ && opensDeadRegion(token)) {
         passDeadRegion(stream);
     }
@@ -115,7 +108,7 @@ namespace {
 std::size_t commentRegionEnd(const Trn::TokenStream& stream, std::size_t ahead) {
     for (int depth = 1; depth > 0 && stream.peek(ahead).kind() != Kind::EndOfInput;) {
         ++ahead;
-        depth += commentRegionStep(stream.peek(ahead));
+        depth += regionStep(stream.peek(ahead));
     }
     return ahead;
 }
@@ -131,7 +124,7 @@ Trn::TokenView Parser::peekSignificant(Stream& stream) {
         bool reachedEnd = false;
         while (isTrivia(stream.peek(ahead).kind()) && !reachedEnd) {
             const Token token = stream.peek(ahead);
-            if (isComment(token.kind()) && opensCommentRegion(token)) ahead = commentRegionEnd(stream, ahead);
+            if (isComment(token.kind()) && opensRegion(token)) ahead = commentRegionEnd(stream, ahead);
             reachedEnd = stream.peek(ahead).kind() == Kind::EndOfInput;
             if (!reachedEnd) ++ahead;
         }

@@ -1,8 +1,46 @@
-// One operation a rule.
+// One operation a rule, for each row of comments and directives between two tokens of code.
 #include "second/Brevis_CommentRules.h"
 
 namespace Brevis {
 
-void CommentRules::run() {}
+using Sort = Cpp::OutlineItem::Sort;
+
+void CommentRules::run() {
+    for (TokenIndex token = 1; token < text_.size(); ++token) {
+        if (!text_.isTrivia(token)) continue;
+        const TokenIndex first = token;
+        while (token < text_.size() && text_.isTrivia(token)) ++token;
+        if (first > 1) trailing(first, token);
+        ownLines(first, token);
+    }
+}
+
+// Comments behind code with nothing behind them on the line.
+void CommentRules::trailing(TokenIndex first, TokenIndex behind) {
+    TokenIndex end = first;
+    while (end < behind && text_.isComment(end) && !gaps_.startsLine(end)) ++end;
+    if (end == first || (end < text_.size() && !gaps_.startsLine(end))) return;
+    gaps_.set<&Scheme::wsBeforeTrailingComment>(first);
+}
+
+// A comment that begins a line goes with the code behind it; one at the end of a body, and in front of a label as the
+// walk has found it, with what holds it.
+void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
+    if (behind == text_.size() || isLabel(behind)) return;
+    const TokenIndex partner = text_.partner(behind);
+    if (partner != 0 && partner < behind) return;
+    for (TokenIndex token = first; token < behind; ++token) {
+        if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
+    }
+}
+
+// For tokens in ascending order.
+bool CommentRules::isLabel(TokenIndex token) {
+    const std::vector<Cpp::OutlineItem>& items = text_.items();
+    while (nextItem_ < items.size() && items[nextItem_].first < token) ++nextItem_;
+    if (nextItem_ == items.size() || items[nextItem_].first != token) return false;
+    const Sort sort = items[nextItem_].sort;
+    return sort == Sort::AccessLabel || sort == Sort::CaseLabel || sort == Sort::GotoLabel;
+}
 
 }  // namespace Brevis

@@ -1,4 +1,5 @@
-// Comments and directives: which line they stand on. Runs behind the rules of the code, whose decisions it may take back.
+// Comments and directives: what stands in front of comments behind code, and the indent of those with a line of their
+// own. Runs behind the rules of the code, since it asks which lines begin where.
 #pragma once
 
 #include "second/Brevis_GapTable.h"
@@ -7,15 +8,18 @@ namespace Brevis {
 
 class CommentRules {
 public:
-    CommentRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
-        : text_(text), scheme_(scheme), gaps_(gaps) {}
+    CommentRules(const GapText& text, GapTable& gaps) : text_(text), gaps_(gaps) {}
 
     void run();
 
 private:
-    [[maybe_unused]] const GapText& text_;
-    [[maybe_unused]] const Scheme& scheme_;
-    [[maybe_unused]] GapTable& gaps_;
+    void trailing(TokenIndex first, TokenIndex behind);
+    void ownLines(TokenIndex first, TokenIndex behind);
+    bool isLabel(TokenIndex token);
+
+    const GapText& text_;
+    GapTable& gaps_;
+    std::size_t nextItem_ = 0;
 };
 
 }  // namespace Brevis

@@ -6,7 +6,8 @@
 
 namespace Brevis {
 
-// Fixes every gap of such a region, from its opening comment through its closing one.
+// Fixes every gap of such a region, from that in front of its opening comment through that in front of its closing one.
+// A region that is never closed is no region.
 void fixRegions(const GapText& text, const RegionTable& regions, GapTable& gaps);
 
 }  // namespace Brevis

@@ -5,6 +5,17 @@
 
 namespace Brevis {
 
+namespace Kind = Trn::Kind;
+
+namespace {
+
+// Words and literals are what comments are about; the white space of signs belongs to the sign.
+bool isSign(Trn::TokenKind kind) {
+    return (kind >= Kind::Semicolon && kind <= Kind::ArrowStar) || kind == Kind::Spaceship || kind == Kind::Ellipsis;
+}
+
+}  // namespace
+
 GapTable::GapTable(const GapText& text, const Scheme& scheme) : text_(&text), gaps_(text.size() + 1) {
     for (std::size_t row = 0; row < std::size(Catalogue::properties); ++row) {
         const auto* member = std::get_if<WsProperty Scheme::*>(&Catalogue::properties[row].field);
@@ -33,8 +44,11 @@ void GapTable::addBlankLines(GapRule rule, int count) {
     if (count > 0) add(rule, feeds.substr(0, static_cast<std::size_t>(count) + 1));
 }
 
+// A chain of scopes that share a base is never longer than one.
 std::uint32_t GapTable::addScope(const IndentScope& scope) {
     scopes_.push_back(scope);
+    const IndentScope& base = scopes_[scope.base];
+    if (!scope.isAnchored && !base.isAnchored) scopes_.back().base = base.base;
     return static_cast<std::uint32_t>(scopes_.size() - 1);
 }
 
@@ -46,17 +60,11 @@ void GapTable::setKeepingLines(TokenIndex token, GapProperty property) { put(tok
 
 void GapTable::setBreak(TokenIndex token, GapProperty property) { put(token, property.rule, false, true); }
 
-// Goes over the comments that end the line of the token before, to the place where the value acts.
 void GapTable::put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks) {
     if (!isSet(rule)) return;
     const bool hasFeed = lineFeeds(rule) > 0;
-    TokenIndex at = token;
-    while (at > 1 && text_->isTrivia(at - 1)) --at;
-    if (at != token) {
-        if (!hasFeed) return;
-        while (at < token && text_->isComment(at) && !text_->startsLine(at) && text_->endsLine(at)) ++at;
-    }
-    decide(at, rule, keepsLines, breaks);
+    const TokenIndex at = token > 1 && text_->isTrivia(token - 1) ? placeAmongTrivia(token, hasFeed) : token;
+    if (at != 0) decide(at, rule, keepsLines, breaks);
 }
 
 void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
@@ -66,16 +74,30 @@ void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
 }
 
 void GapTable::decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks) {
+    if (isFixed(at)) return;
     const bool hasFeed = lineFeeds(rule) > 0;
-    Gap& gap = gaps_[at];
-    if (gap.sort == Gap::Sort::Fixed) return;
     if (!hasFeed && keepsLines && text_->lineFeeds(at) > 0) return keep(at);
     if (text(rule).empty() && text_->wouldJoin(at)) {
         if (text_->gap(at).empty()) return keep(at);
         rule = GapRule::Blank;
     }
+    Gap& gap = gaps_[at];
     gap.rule = rule;
     gap.sort = !hasFeed ? Gap::Sort::Blanks : breaks ? Gap::Sort::Break : Gap::Sort::Lines;
+}
+
+// Where a value acts if comments or directives stand in the gap; 0 for nowhere.
+TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
+    TokenIndex first = token - 1;
+    while (first > 1 && text_->isTrivia(first - 1)) --first;
+    if (hasFeed) {
+        while (first < token && text_->isComment(first) && !text_->startsLine(first)) ++first;
+        return first;
+    }
+    if (first == 1 || token == text_->size() || !text_->isOnOneLine(first - 1, token)) return 0;
+    const bool isBehindSign = isSign(text_->kind(first - 1));
+    if (isBehindSign == isSign(text_->kind(token))) return 0;
+    return isBehindSign ? first : token;
 }
 
 bool GapTable::startsLine(TokenIndex token) const {
@@ -83,6 +105,7 @@ bool GapTable::startsLine(TokenIndex token) const {
     switch (gaps_[token].sort) {
         case Gap::Sort::Keep:
         case Gap::Sort::Fixed:
+        case Gap::Sort::LineColumn:
             return text_->lineFeeds(token) > 0;
         case Gap::Sort::Blanks:
         case Gap::Sort::Column:

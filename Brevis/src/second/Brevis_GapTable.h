@@ -41,8 +41,9 @@ public:
     Gap& gap(TokenIndex token) { return gaps_[token]; }
 
     // The gap in front of `token` gets the value, unless it is unset or the gap is fixed. Comments and directives that
-    // stand in the gap keep their places: those that end the line before stay there, and a value without a line feed
-    // leaves the gaps round any other as they are. Tokens that nothing may join are kept apart by a blank.
+    // stand in the gap keep their places: those on the line of the token before stay there, and a line feed comes
+    // behind them. A value without a line feed goes round comments in the midst of a line to the side to which it
+    // belongs, and leaves the gaps round all others as they are. Tokens that nothing may join are kept apart by a blank.
     void set(TokenIndex token, GapProperty property);
     template <auto member>
     void set(TokenIndex token) {
@@ -58,8 +59,12 @@ public:
     // At least one line feed, and the empty lines of the source, if the value holds a line feed; otherwise as `set`.
     void setBreak(TokenIndex token, GapProperty property);
     // Back to what the source has.
-    void keep(TokenIndex token) { gaps_[token].sort = Gap::Sort::Keep, gaps_[token].rule = GapRule::None; }
+    void keep(TokenIndex token) {
+        if (!isFixed(token)) gaps_[token].sort = Gap::Sort::Keep, gaps_[token].rule = GapRule::None;
+    }
+    // Fixes the gap for good: no rule changes it any more.
     void fix(TokenIndex token) { gaps_[token].sort = Gap::Sort::Fixed; }
+    bool isFixed(TokenIndex token) const { return gaps_[token].sort == Gap::Sort::Fixed; }
 
     std::uint32_t addScope(const IndentScope& scope);
     const std::vector<IndentScope>& scopes() const { return scopes_; }
@@ -88,6 +93,7 @@ private:
     void addBlankLines(GapRule rule, int count);
     void put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks);
     void decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks);
+    TokenIndex placeAmongTrivia(TokenIndex token, bool hasFeed) const;
 
     const GapText* text_;
     std::array<Value, 256> values_{};

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "second/Brevis_LineColumns.h"
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -25,54 +27,70 @@ constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||",
                                              "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%", "%>", "%:",
                                              ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
 
-// The offset behind the last character from `begin` to `end` that is no white space.
-std::size_t trimmedEnd(std::string_view text, std::size_t begin, std::size_t end) {
-    while (end > begin && isBlankSpace(text[end - 1])) --end;
-    return end;
+bool isWhiteSpace(std::string_view text) {
+    for (const char c : text) {
+        if (!isBlankSpace(c)) return false;
+    }
+    return true;
 }
+
+// Goes through the line feeds of a text from its front to its end.
+class LineFeeds {
+public:
+    explicit LineFeeds(std::string_view text) : text_(text), next_(text.find('\n')) {}
+
+    // How many there are from where it stands up to `offset`.
+    std::uint32_t countUpTo(std::size_t offset) {
+        std::uint32_t count = 0;
+        for (; next_ < offset; ++count) next_ = text_.find('\n', next_ + 1);
+        return count;
+    }
+
+private:
+    std::string_view text_;
+    std::size_t next_;  // npos behind the last one
+};
 
 }  // namespace
 
 GapText::GapText(std::string_view source, const Cpp::TokenTable& table) : source_(source), table_(&table) {
     const Trn::TokenBuffer& buffer = table.tokens();
-    tokens_.reserve(buffer.size() + 1);
-    lines_.reserve(buffer.size() + 1);
-    tokens_.push_back({});
-    lines_.push_back(0);
+    tokens_.resize(buffer.size() + 1);
+    LineFeeds feeds(source);
     std::size_t end = 0;
     std::uint32_t line = 0;
-    for (TokenIndex index = 1;; ++index) {
+    TokenIndex index = 1;
+    for (; buffer.kind(index) != Kind::EndOfInput; ++index) {
         const Trn::TokenKind kind = buffer.kind(index);
-        const bool isEnd = kind == Kind::EndOfInput;
-        const std::size_t begin = isEnd ? source.size() : std::max(buffer.begin(index), end);
-        GapToken token;
-        std::uint32_t feeds = 0;
-        for (std::size_t at = end; at < begin; ++at) {
-            if (source[at] == '\n') ++feeds;
-            if (!isBlankSpace(source[at])) token.isFixed = true;
-        }
-        token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(feeds, 255));
-        token.begin = static_cast<std::uint32_t>(begin);
-        token.kind = static_cast<std::int8_t>(kind);
-        line += feeds;
-        lines_.push_back(line);
-        if (isEnd) {
-            token.end = token.begin;
-            tokens_.push_back(token);
-            return;
-        }
+        GapToken& token = tokens_[index];
+        const std::size_t begin = std::max(buffer.begin(index), end);
+        line += addGap(token, end, begin, feeds.countUpTo(begin));
         end = std::max(begin, buffer.end(index));
         if (Trn::isLineToken(kind)) {
             if (end > begin && source[end - 1] == '\n') --end;
-        } else if (end > begin && isBlankSpace(source[end - 1])) {
-            end = trimmedEnd(source, begin, end);
+        } else {
+            while (end > begin && isBlankSpace(source[end - 1])) --end;
         }
         token.end = static_cast<std::uint32_t>(end);
+        token.line = line;
+        token.kind = static_cast<std::int8_t>(kind);
         token.role = table.role(index);
-        tokens_.push_back(token);
-        const bool mayHoldLines = Trn::isTrivia(kind) || kind == Kind::StringLiteral || kind == Kind::Identifier;
-        if (mayHoldLines) line += static_cast<std::uint32_t>(std::count(source.begin() + static_cast<std::ptrdiff_t>(begin), source.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+        const std::uint32_t inside = feeds.countUpTo(end);
+        token.holdsLines = inside > 0;
+        line += inside;
     }
+    tokens_.resize(index + 1);
+    GapToken& token = tokens_.back();
+    token.line = line + addGap(token, end, source.size(), feeds.countUpTo(source.size()));
+    token.end = token.begin;
+}
+
+// The gap from `end` to `begin`, in front of the token. Gives its line feeds.
+std::uint32_t GapText::addGap(GapToken& token, std::size_t end, std::size_t begin, std::uint32_t lineFeeds) const {
+    token.begin = static_cast<std::uint32_t>(begin);
+    token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
+    token.isFixed = !isWhiteSpace(slice(end, begin));
+    return lineFeeds;
 }
 
 TokenIndex GapText::partner(TokenIndex index) const {
@@ -88,8 +106,8 @@ TokenIndex GapText::partner(TokenIndex index) const {
         case Kind::Greater:
         case Kind::ShiftRight: {
             const Role role = this->role(index);
-            const bool isBracket = role == Role::TemplateArguments || role == Role::TemplateParameters ||
-                                   role == Role::NamedCastType;
+            const bool isBracket =
+                role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
             return isBracket ? table_->partner(index) : 0;
         }
         default:
@@ -109,8 +127,6 @@ TokenIndex GapText::previous(TokenIndex index) const {
     return index;
 }
 
-bool GapText::isOnOneLine(TokenIndex first, TokenIndex last) const { return lines_[first] == lines_[last]; }
-
 bool GapText::wouldJoin(TokenIndex index) const {
     const GapToken& first = tokens_[index - 1];
     const GapToken& second = tokens_[index];
@@ -128,23 +144,10 @@ bool GapText::wouldJoin(TokenIndex index) const {
     return std::any_of(std::begin(joiningPairs), std::end(joiningPairs), isJoined);
 }
 
-std::string_view GapText::lineLead(TokenIndex index) const {
-    const std::size_t begin = tokens_[index].begin;
-    const std::size_t feed = begin == 0 ? std::string_view::npos : source_.rfind('\n', begin - 1);
-    const std::size_t start = feed == std::string_view::npos ? 0 : feed + 1;
-    std::size_t end = start;
-    while (end < begin && (source_[end] == ' ' || source_[end] == '\t')) ++end;
-    return slice(start, end);
-}
-
 int GapText::column(TokenIndex index, int tabSize) const {
     const std::size_t begin = tokens_[index].begin;
     const std::size_t feed = begin == 0 ? std::string_view::npos : source_.rfind('\n', begin - 1);
-    int column = 0;
-    for (std::size_t at = feed == std::string_view::npos ? 0 : feed + 1; at < begin; ++at) {
-        column = source_[at] == '\t' ? (column / tabSize + 1) * tabSize : column + 1;
-    }
-    return column;
+    return columnBehind(slice(feed == std::string_view::npos ? 0 : feed + 1, begin), 0, tabSize);
 }
 
 }  // namespace Brevis

@@ -16,11 +16,14 @@ using Trn::TokenIndex;
 struct GapToken {
     std::uint32_t begin = 0;  // offsets in the text
     std::uint32_t end = 0;
+    std::uint32_t line = 0;  // from 0, on which it begins
     std::int8_t kind = Trn::Kind::EndOfInput;
     Cpp::Role role = Cpp::Role::None;
     std::uint8_t lineFeeds = 0;  // in the gap in front of it, 255 for more
-    bool isFixed = false;        // the gap in front of it holds more than white space, or must stay as it is
+    bool isFixed : 1 = false;    // the gap in front of it holds more than white space
+    bool holdsLines : 1 = false;
 };
+static_assert(sizeof(GapToken) == 16);
 
 // Tokens count from 1, as those of the table, up to `size`, which is no token: its gap is the end of the text.
 class GapText {
@@ -51,26 +54,24 @@ public:
     TokenIndex next(TokenIndex index) const;
     TokenIndex previous(TokenIndex index) const;
     // Whether the source has no line feed between the two, trivia included.
-    bool isOnOneLine(TokenIndex first, TokenIndex last) const;
+    bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
 
     // Whether a token and the one in front of it would become others with nothing in between.
     bool wouldJoin(TokenIndex index) const;
 
-    // The white space at the start of the source's line on which the token begins.
-    std::string_view lineLead(TokenIndex index) const;
-    // The column, from 0, at which the token stands in the source.
+    // The column, from 0, at which the token stands in the source. Reads the line up to there.
     int column(TokenIndex index, int tabSize) const;
 
     const std::vector<Cpp::OutlineItem>& items() const { return table_->outline().items(); }
     std::string_view source() const { return source_; }
 
 private:
+    std::uint32_t addGap(GapToken& token, std::size_t end, std::size_t begin, std::uint32_t lineFeeds) const;
     std::string_view slice(std::size_t begin, std::size_t end) const { return source_.substr(begin, end - begin); }
 
     std::string_view source_;
     const Cpp::TokenTable* table_;
     std::vector<GapToken> tokens_;
-    std::vector<std::uint32_t> lines_;  // for each token the number of line feeds in front of it, in gaps or in tokens
 };
 
 }  // namespace Brevis

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "second/Brevis_BlankConverter.h"
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -11,20 +13,35 @@ using Sort = Gap::Sort;
 
 namespace {
 
-std::size_t blankSize(std::string_view text) {
-    const std::size_t size = text.find_first_not_of(" \t");
-    return size == std::string_view::npos ? text.size() : size;
-}
+constexpr std::string_view pageBreaks = "\f\v";
 
 }  // namespace
 
 GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
-    : text_(text), scheme_(scheme), gaps_(gaps), bases_(gaps.scopes().size()) {}
+    : text_(text),
+      scheme_(scheme),
+      gaps_(gaps),
+      columns_(scheme.tabSize),
+      sourceColumns_(scheme.tabSize),
+      bases_(gaps.scopes().size()) {
+    const std::vector<IndentScope>& scopes = gaps.scopes();
+    for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
+        if (scopes[scope].isAnchored) anchored_.push_back(scope);
+    }
+    const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
+    if (!std::is_sorted(anchored_.begin(), anchored_.end(), isEarlier)) {
+        std::stable_sort(anchored_.begin(), anchored_.end(), isEarlier);
+    }
+    lines_.push_back({});  // of the scopes without an anchor
+}
 
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
+    if (scheme_.convertWs != 0) marks_.reserve(2 * std::size_t{text_.size()});
     run();
-    return std::move(out_);
+    flush();
+    if (scheme_.convertWs == 0) return std::move(out_);
+    return convertBlanks(text_, gaps_, scheme_, out_, marks_);
 }
 
 std::vector<LaidPlace> GapWriter::measure() {
@@ -35,17 +52,20 @@ std::vector<LaidPlace> GapWriter::measure() {
 }
 
 void GapWriter::run() {
-    sourceLeadSize_ = blankSize(text_.source());
-    for (TokenIndex token = 1; token <= text_.size(); ++token) {
-        isLineStart_ = token == 1;
-        passSource(text_.gap(token));
+    for (TokenIndex token = 1;; ++token) {
+        if (places_ != nullptr) (*places_)[token].gap = column();
+        if (scheme_.convertWs != 0) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (text_.lineFeeds(token) > 0) beginSourceLine(text_.source().rfind('\n', text_.token(token).begin - 1) + 1);
         writeGap(token);
-        noteBehind(token);
-        if (places_ != nullptr) (*places_)[token] = {line_, static_cast<std::uint32_t>(column_)};
-        if (token == text_.size()) break;
+        if (fresh_ != nextAnchor_) noteBehind(token);
+        if (scheme_.convertWs != 0) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (places_ != nullptr) {
+            (*places_)[token].line = lineNumber_;
+            (*places_)[token].column = column();
+        }
+        if (token == text_.size()) return;
         noteAnchors(token);
         writeToken(token);
-        passSource(text_.text(token));
     }
 }
 
@@ -53,143 +73,212 @@ void GapWriter::run() {
 
 void GapWriter::writeGap(TokenIndex token) {
     const Gap& gap = gaps_[token];
-    const bool isEnd = token == text_.size();
-    const bool needsFeed =
-        !isEnd && token > 1 && (Trn::isLineToken(text_.kind(token - 1)) || text_.kind(token) == Kind::Directive);
-    Sort sort = gap.sort;
-    if ((sort == Sort::Blanks || sort == Sort::Column) && needsFeed) sort = Sort::Break;
+    const Sort sort = gap.sort;
+    isLineStart_ = token == 1;
+    if (token == text_.size()) return writeEnd();
+    if ((sort == Sort::Blanks || sort == Sort::Column) && needsFeed(token)) {
+        return writeLines(token, std::max(1, keptFeeds(token)), {});
+    }
     switch (sort) {
         case Sort::Fixed:
-            append(text_.gap(token));
-            isLineStart_ = isLineStart_ || text_.lineFeeds(token) > 0;
-            if (text_.lineFeeds(token) > 0) {
-                leadSize_ = blankSize(std::string_view(out_).substr(lineBegin_));
-            }
-            return;
         case Sort::Keep:
-            if (text_.lineFeeds(token) > 0 && !isEnd) return writeLines(token, keptLineFeeds(token), {});
-            if (token == 1 && !isEnd) return writeLead(token, {}, false);
-            if (isEnd) return append(text_.gap(token));
-            if (needsFeed) return writeLines(token, 1, {});
-            return writeBlanks(text_.gap(token));
+            return writeKept(token);
         case Sort::Blanks:
-            return writeBlanks(gaps_.text(gap.rule));
+            return putGap(token, gaps_.text(gap.rule));
         case Sort::Column:
-            return padTo(std::max(static_cast<int>(gap.column), column_ + 1));
+            return writeColumn(token);
+        case Sort::LineColumn:
         case Sort::Lines:
             return writeLines(token, gaps_.lineFeeds(gap.rule), gaps_.tail(gap.rule));
         case Sort::Break: {
             const int least = std::max(1, gaps_.lineFeeds(gap.rule));
-            return writeLines(token, std::max(least, keptLineFeeds(token)), gaps_.tail(gap.rule));
+            return writeLines(token, std::max(least, keptFeeds(token)), gaps_.tail(gap.rule));
         }
     }
 }
 
-int GapWriter::keptLineFeeds(TokenIndex token) const {
-    const std::string_view gap = text_.gap(token);
-    const int feeds = static_cast<int>(std::count(gap.begin(), gap.end(), '\n'));
-    if (scheme_.maxBlankLines < 0) return feeds;
-    return std::min(feeds, scheme_.maxBlankLines + 1);
+// Line comments and directives end their lines, and a directive begins one, though behind comments.
+bool GapWriter::needsFeed(TokenIndex token) const {
+    return token > 1 && (Trn::isLineToken(text_.kind(token - 1)) ||
+                         (text_.kind(token) == Kind::Directive && text_.lineFeeds(token) > 0));
 }
 
-void GapWriter::writeBlanks(std::string_view blanks) { append(blanks); }
-
-// A kept gap that needs no other number of lines is copied up to its last line feed, with the blanks that it holds.
-void GapWriter::writeLines(TokenIndex token, int lineFeeds, std::string_view tail) {
-    const Gap& gap = gaps_[token];
-    const std::string_view source = text_.gap(token);
-    const bool isKept = gap.sort == Sort::Keep && !scheme_.removeTrailingWs && lineFeeds == text_.lineFeeds(token);
-    if (isKept) {
-        append(source.substr(0, source.rfind('\n') + 1));
-    } else {
-        if (Trn::isLineToken(text_.kind(token - 1)) || gap.sort != Sort::Keep) {
-            startLine(lineFeeds);
-        } else {
-            startLine(lineFeeds);
-        }
-    }
+void GapWriter::writeKept(TokenIndex token) {
+    const bool isFixed = gaps_[token].sort == Sort::Fixed;
+    const int feeds = text_.lineFeeds(token);
+    if (feeds == 0 && (token > 1 || isFixed)) return copyTo(text_.token(token).begin);
+    if (!isFixed && !isStill(token)) return writeLines(token, keptFeeds(token), {});
+    copyTo(text_.token(token).begin);
     isLineStart_ = true;
-    const bool isDecided = gap.sort != Sort::Keep && (text_.lineFeeds(token) == 0 || !tail.empty());
-    writeLead(token, tail, isDecided);
+    countLines(text_.gap(token));
+    beginLine(position() - (text_.token(token).begin - sourceLine_));
 }
 
-void GapWriter::startLine(int lineFeeds) {
-    static constexpr std::string_view feeds = "\n\n\n\n\n\n\n\n";
-    for (; lineFeeds > 0; lineFeeds -= static_cast<int>(feeds.size())) {
-        append(feeds.substr(0, static_cast<std::size_t>(std::min<int>(lineFeeds, static_cast<int>(feeds.size())))));
+// True if the kept gap of a token that begins a line comes out as it stands.
+bool GapWriter::isStill(TokenIndex token) const {
+    const std::uint32_t scope = gaps_[token].scope;
+    if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isStill == 0) return false;
+    const int feeds = text_.lineFeeds(token);
+    if (scheme_.maxBlankLines >= 0 && (token == 1 || feeds > scheme_.maxBlankLines)) return false;
+    if (!scheme_.removeTrailingWs) return true;
+    return sourceLine_ - text_.token(token - 1).end == static_cast<std::size_t>(feeds);
+}
+
+// Behind the last token.
+void GapWriter::writeEnd() {
+    const TokenIndex end = text_.size();
+    const bool isEmpty = end == 1;
+    if (isEmpty || gaps_[end].sort == Sort::Fixed) return copyTo(text_.source().size());
+    if (scheme_.wsAtEndOfFile.isSet) return putGap(end, scheme_.wsAtEndOfFile.text);
+    scratch_.clear();
+    const std::string_view gap = text_.gap(end);
+    if (text_.lineFeeds(end) > 0) addFeeds(end, keptFeeds(end));
+    if (!scheme_.removeTrailingWs) scratch_ += gap.substr(gap.rfind('\n') + 1);
+    putGap(end, scratch_);
+}
+
+void GapWriter::writeColumn(TokenIndex token) {
+    const int begin = column();
+    const int size = std::max(static_cast<int>(gaps_[token].column) - begin, 1);
+    scratch_.assign(static_cast<std::size_t>(size), ' ');
+    putGap(token, scratch_);
+}
+
+void GapWriter::writeLines(TokenIndex token, int lineFeeds, std::string_view tail) {
+    scratch_.clear();
+    addFeeds(token, gaps_[token].sort == Sort::LineColumn ? keptFeeds(token) : lineFeeds);
+    const std::size_t feedsSize = scratch_.size();
+    addLead(token, tail);
+    putGap(token, scratch_);
+    isLineStart_ = true;
+    beginLine(position() - (scratch_.size() - feedsSize));
+    countLines(scratch_);
+}
+
+int GapWriter::sourceFeeds(TokenIndex token) const {
+    const int feeds = text_.lineFeeds(token);
+    if (feeds < 255) return feeds;
+    const std::string_view gap = text_.gap(token);
+    return static_cast<int>(std::count(gap.begin(), gap.end(), '\n'));
+}
+
+// Those of the source that the scheme allows. In front of the first token all are empty lines.
+int GapWriter::keptFeeds(TokenIndex token) const {
+    const int feeds = sourceFeeds(token);
+    if (scheme_.maxBlankLines < 0) return feeds;
+    return std::min(feeds, scheme_.maxBlankLines + (token == 1 ? 0 : 1));
+}
+
+// ---- What a new line begins with
+
+// As many as the source has come with the blanks that it has among them. A page break is no blank.
+void GapWriter::addFeeds(TokenIndex token, int lineFeeds) {
+    const std::string_view gap = text_.gap(token);
+    const std::string_view feeds = gap.substr(0, gap.rfind('\n') + 1);
+    if (feeds.find_first_of(pageBreaks) != std::string_view::npos) return addPageBreaks(token);
+    if (gaps_[token].sort == Sort::Keep && !scheme_.removeTrailingWs && lineFeeds == sourceFeeds(token)) {
+        scratch_ += feeds;
+    } else {
+        scratch_.append(static_cast<std::size_t>(lineFeeds), '\n');
     }
 }
 
-// What a line begins with. `isDecided`: the source has no white space of its own for it.
-void GapWriter::writeLead(TokenIndex token, std::string_view tail, bool isDecided) {
-    const IndentScope& scope = gaps_.scopes()[gaps_[token].scope];
-    const Base& base = baseOf(gaps_[token].scope);
+void GapWriter::addPageBreaks(TokenIndex token) {
+    const std::string_view gap = text_.gap(token);
+    for (const char c : gap.substr(0, gap.rfind('\n') + 1)) {
+        if (!scheme_.removeTrailingWs || (c != ' ' && c != '\t')) scratch_ += c;
+    }
+}
+
+// `tail` comes behind the indent where a rule begins the line, and where the rule has one.
+void GapWriter::addLead(TokenIndex token, std::string_view tail) {
+    const Gap& gap = gaps_[token];
+    if (gap.sort == Sort::LineColumn) return padTo(gap.column);
+    if (text_.kind(token) == Kind::Directive) tail = {};
+    const IndentScope& scope = gaps_.scopes()[gap.scope];
+    const Base& base = baseOf(gap.scope);
+    const bool isInSource = text_.lineFeeds(token) > 0 || token == 1;
     switch (scope.mode) {
         case Mode::Margin:
-            break;
-        case Mode::Indent:
-            append(std::string(outLead(base)));
-            if (scope.rule != GapRule::None) append(gaps_.text(scope.rule));
-            append(tail);
+            scratch_ += scheme_.leftMargin.text;
+            return;
+        case Mode::At:
+            scratch_ += outLead(base);
+            padTo(columns_.columnOf(out_, lines_[base.line].out, base.at));
             break;
         case Mode::Behind:
-            if (base.behind >= 0) {
-                append(std::string(outLead(base)));
-                padTo(std::max(base.behind, column_));
-                append(tail);
-                break;
+            if (base.behind != 0) {
+                scratch_ += outLead(base);
+                padTo(behindColumn(base));
+                scratch_ += tail;
+                return;
             }
-            if (scope.rule != GapRule::None) {
-                append(std::string(outLead(base)));
-                append(gaps_.text(scope.rule));
-                append(tail);
-                break;
-            }
-            [[fallthrough]];
+            if (scope.rule == GapRule::None && isInSource && tail.empty()) return addDistance(token, base);
+            scratch_ += outLead(base);
+            break;
+        case Mode::Indent:
+            scratch_ += outLead(base);
+            break;
         case Mode::Distance:
-            if (isDecided || text_.lineFeeds(token) == 0) {
-                append(std::string(outLead(base)));
-                append(tail);
-            } else {
-                writeDistance(token, base);
-            }
+            if (isInSource && tail.empty()) return addDistance(token, base);
+            scratch_ += outLead(base);
             break;
     }
-    leadSize_ = out_.size() - lineBegin_;
+    if (scope.rule != GapRule::None) scratch_ += gaps_.text(scope.rule);
+    scratch_ += tail;
 }
 
 // The white space of the source, moved by as much as the line of the anchor was. What stands in the source's column
 // behind the anchor stands there again.
-void GapWriter::writeDistance(TokenIndex token, const Base& base) {
+void GapWriter::addDistance(TokenIndex token, const Base& base) {
     const std::string_view gap = text_.gap(token);
     const std::string_view lead = gap.substr(gap.rfind('\n') + 1);
+    if (base.isStill != 0) {
+        scratch_ += lead;
+        return;
+    }
     const std::string_view from = sourceLead(base);
-    const std::string to(outLead(base));
-    const bool isAligned = base.behind >= 0 && base.sourceBehind == sourceColumn_;
-    if (from == to && (!isAligned || base.behind == base.sourceBehind)) return append(lead);
-    if (isAligned) {
-        append(to);
-        return padTo(std::max(base.behind, column_));
+    const std::string_view to = outLead(base);
+    const int width = columnBehind(lead, 0, scheme_.tabSize);
+    if (base.behind != 0 && base.sourceBehind != 0 && sourceBehindColumn(base) == width) {
+        if (from == to && behindColumn(base) == width) {
+            scratch_ += lead;
+            return;
+        }
+        scratch_ += to;
+        padTo(behindColumn(base));
+    } else if (lead.starts_with(from)) {
+        scratch_ += to;
+        scratch_ += lead.substr(from.size());
+    } else {
+        const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
+        addWidth(to, width + shift);
     }
-    if (lead.starts_with(from)) {
-        append(to);
-        return append(lead.substr(from.size()));
+}
+
+// White space of this width, made as far as it goes of the white space `sample`.
+void GapWriter::addWidth(std::string_view sample, int width) {
+    int reached = 0;
+    for (const char c : sample) {
+        const int next = columnBehind({&c, 1}, reached, scheme_.tabSize);
+        if (next > width) break;
+        scratch_ += c;
+        reached = next;
     }
-    const int width = std::max(0, widthOf(lead) - widthOf(from) + widthOf(to));
-    for (std::size_t at = 0, reached = 0; at < to.size(); ++at) {
-        reached += static_cast<std::size_t>(widthOf(std::string_view(to).substr(at, 1), static_cast<int>(reached)));
-        if (reached > static_cast<std::size_t>(width)) break;
-        append(std::string_view(to).substr(at, 1));
-    }
-    padTo(width);
+    if (width > reached) scratch_.append(static_cast<std::size_t>(width - reached), ' ');
 }
 
 void GapWriter::padTo(int column) {
-    static constexpr std::string_view blanks = "                                                                ";
-    while (column_ < column) {
-        append(blanks.substr(0, std::min<std::size_t>(blanks.size(), static_cast<std::size_t>(column - column_))));
-    }
+    const int reached = scratchColumn();
+    if (column > reached) scratch_.append(static_cast<std::size_t>(column - reached), ' ');
 }
+
+int GapWriter::scratchColumn() const {
+    const std::string_view text = scratch_;
+    return columnBehind(text.substr(text.rfind('\n') + 1), 0, scheme_.tabSize);
+}
+
+// ---- Scopes
 
 const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
@@ -197,102 +286,187 @@ const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     return bases_[scope];
 }
 
+void GapWriter::noteAnchors(TokenIndex token) {
+    fresh_ = nextAnchor_;
+    for (; nextAnchor_ < anchored_.size(); ++nextAnchor_) {
+        const std::uint32_t scope = anchored_[nextAnchor_];
+        if (gaps_.scopes()[scope].anchor > token) return;
+        Base& base = bases_[scope];
+        base.line = lineIndex() & 0x7FFFFFFFU;
+        base.at = static_cast<std::uint32_t>(position());
+        base.isStill = isLineStill() ? 1 : 0;
+    }
+}
+
+// Behind the anchors at the last token.
+void GapWriter::noteBehind(TokenIndex token) {
+    if (!text_.token(token - 1).holdsLines) {
+        for (std::size_t at = fresh_; at < nextAnchor_; ++at) {
+            Base& base = bases_[anchored_[at]];
+            if (!isLineStart_) base.behind = static_cast<std::uint32_t>(position());
+            if (text_.lineFeeds(token) == 0) base.sourceBehind = text_.token(token).begin;
+            if (!isLineStill() || isLineStart_ != (text_.lineFeeds(token) > 0)) base.isStill = 0;
+        }
+        if (columns_.needsMark(lineBegin_, position())) {
+            flush();
+            columns_.mark(out_, lineBegin_, out_.size());
+        }
+        if (sourceColumns_.needsMark(sourceLine_, text_.token(token).begin)) {
+            sourceColumns_.mark(text_.source(), sourceLine_, text_.token(token).begin);
+        }
+    }
+    fresh_ = nextAnchor_;
+}
+
+std::uint32_t GapWriter::lineIndex() {
+    if (!hasLine_) {
+        Line line;
+        line.out = static_cast<std::uint32_t>(lineBegin_);
+        line.source = static_cast<std::uint32_t>(sourceLine_);
+        line.sourceSize = static_cast<std::uint32_t>(blankSize(text_.source().substr(sourceLine_)));
+        if (isLineStill()) {
+            line.outSize = line.sourceSize;
+        } else {
+            flush();
+            line.outSize = static_cast<std::uint32_t>(blankSize(std::string_view(out_).substr(lineBegin_)));
+        }
+        lines_.push_back(line);
+        hasLine_ = true;
+    }
+    return static_cast<std::uint32_t>(lines_.size() - 1);
+}
+
+std::string_view GapWriter::outLead(const Base& base) {
+    flush();
+    const Line& line = lines_[base.line];
+    return std::string_view(out_).substr(line.out, line.outSize);
+}
+
+std::string_view GapWriter::sourceLead(const Base& base) const {
+    const Line& line = lines_[base.line];
+    return text_.source().substr(line.source, line.sourceSize);
+}
+
+int GapWriter::behindColumn(const Base& base) {
+    flush();
+    return columns_.columnOf(out_, lines_[base.line].out, base.behind);
+}
+
+int GapWriter::sourceBehindColumn(const Base& base) {
+    return sourceColumns_.columnOf(text_.source(), lines_[base.line].source, base.sourceBehind);
+}
+
 // ---- Tokens
 
-void GapWriter::noteAnchors(TokenIndex token) {
-    const std::vector<IndentScope>& scopes = gaps_.scopes();
-    fresh_.clear();
-    for (; nextScope_ < scopes.size(); ++nextScope_) {
-        const IndentScope& scope = scopes[nextScope_];
-        if (!scope.isAnchored) continue;
-        if (scope.anchor > token) break;
-        Base& base = bases_[nextScope_];
-        base.outLead = static_cast<std::uint32_t>(lineBegin_);
-        base.outSize = static_cast<std::uint32_t>(leadSize_);
-        base.sourceLead = static_cast<std::uint32_t>(sourceLine_);
-        base.sourceSize = static_cast<std::uint32_t>(sourceLeadSize_);
-        fresh_.push_back(static_cast<std::uint32_t>(nextScope_));
-    }
-}
-
-void GapWriter::noteBehind(TokenIndex token) {
-    for (const std::uint32_t scope : fresh_) {
-        if (!isLineStart_) bases_[scope].behind = column_;
-        if (text_.lineFeeds(token) == 0) bases_[scope].sourceBehind = sourceColumn_;
-    }
-    fresh_.clear();
-}
-
 void GapWriter::writeToken(TokenIndex token) {
-    const std::string_view text = text_.text(token);
-    if (text_.kind(token) == Kind::BlockComment && text.find('\n') != std::string_view::npos) {
-        return writeLaterLines(token, text);
+    const GapToken& at = text_.token(token);
+    const bool mayChange = text_.isTrivia(token) && gaps_[token].sort != Sort::Fixed;
+    if (mayChange && text_.kind(token) == Kind::BlockComment) {
+        if (at.holdsLines) writeLaterLines(token, text_.text(token));
+    } else if (mayChange && scheme_.removeTrailingWs) {
+        const std::string_view trimmed = trimmedLine(text_.text(token));
+        if (trimmed.size() != at.end - at.begin) {
+            copyTo(at.begin + trimmed.size());
+            replaceTo(at.end, {});
+        }
     }
-    append(text);
+    copyTo(at.end);
+    if (!at.holdsLines) return;
+    const std::string_view text = text_.text(token);
+    countLines(text);
+    beginSourceLine(at.begin + text.rfind('\n') + 1);
+    if (runBegin_ <= sourceLine_) return beginLine(position() - (at.end - sourceLine_));
+    flush();
+    beginLine(out_.rfind('\n') + 1);
 }
 
 // The later lines of a comment move with its first one.
 void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
-    const std::size_t first = text.find('\n');
-    const std::string to(std::string_view(out_).substr(lineBegin_, leadSize_));
-    const std::string_view from = text_.source().substr(sourceLine_, sourceLeadSize_);
-    const int shift = column_ - sourceColumn_;
-    if (gaps_[token].sort == Sort::Fixed || (shift == 0 && from == to)) return append(text);
-    append(text.substr(0, first));
-    for (std::size_t begin = first; begin < text.size();) {
-        append("\n");
-        ++begin;
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        const std::string_view line = text.substr(begin, end - begin);
+    const bool isStill = isLineStill();
+    if (isStill && !scheme_.removeTrailingWs) return;
+    const int shift = isStill ? 0 : column() - sourceColumn(token);
+    const std::string_view from = text_.source().substr(sourceLine_, blankSize(text_.source().substr(sourceLine_)));
+    flush();
+    const std::string to = out_.substr(lineBegin_, blankSize(std::string_view(out_).substr(lineBegin_)));
+    const bool isMoved = shift != 0 || (isLineStart_ && from != to);
+    if (!isMoved && !scheme_.removeTrailingWs) return;
+    scratch_.clear();
+    std::size_t end = text.find('\n');
+    scratch_ += trimmedLine(text.substr(0, end));
+    while (end != std::string_view::npos) {
+        const std::size_t begin = end + 1;
+        end = text.find('\n', begin);
+        const std::string_view line = trimmedLine(text.substr(begin, end - begin));
         const std::string_view lead = line.substr(0, blankSize(line));
-        if (lead.size() < line.size()) {
-            if (isLineStart_ && lead.starts_with(from)) {
-                append(to);
-                append(lead.substr(from.size()));
-            } else {
-                padTo(std::max(0, widthOf(lead) + shift));
-            }
+        scratch_ += '\n';
+        if (!isMoved || lead.size() == line.size()) {
+            scratch_ += line;
+            continue;
         }
-        append(line.substr(lead.size() < line.size() ? lead.size() : 0));
-        begin = end;
+        if (isLineStart_ && lead.starts_with(from)) {
+            scratch_ += to;
+            scratch_ += lead.substr(from.size());
+        } else {
+            addWidth(lead, columnBehind(lead, 0, scheme_.tabSize) + shift);
+        }
+        scratch_ += line.substr(lead.size());
     }
+    replaceTo(text_.token(token).end, scratch_);
 }
 
-// ---- Columns
+// A backslash takes the white space behind it for its own.
+std::string_view GapWriter::trimmedLine(std::string_view line) const {
+    if (!scheme_.removeTrailingWs) return line;
+    const std::size_t last = line.find_last_not_of(" \t");
+    if (last == std::string_view::npos) return {};
+    return line[last] == '\\' || line.substr(0, last + 1).ends_with("?\?/") ? line : line.substr(0, last + 1);
+}
 
-void GapWriter::append(std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == '\n') {
-            ++line_;
-            column_ = 0;
-            lineBegin_ = out_.size() + at + 1;
-        } else if (text[at] == '\t') {
-            column_ = (column_ / scheme_.tabSize + 1) * scheme_.tabSize;
-        } else {
-            ++column_;
-        }
-    }
+// ---- The output
+
+void GapWriter::putGap(TokenIndex token, std::string_view text) {
+    if (text == text_.gap(token)) return copyTo(text_.token(token).begin);
+    replaceTo(text_.token(token).begin, text);
+}
+
+// Writes `text` for the source up to there.
+void GapWriter::replaceTo(std::size_t sourceEnd, std::string_view text) {
+    flush();
     out_ += text;
+    runBegin_ = runEnd_ = sourceEnd;
 }
 
-int GapWriter::widthOf(std::string_view blanks, int from) const {
-    int column = from;
-    for (const char c : blanks) column = c == '\t' ? (column / scheme_.tabSize + 1) * scheme_.tabSize : column + 1;
-    return column - from;
+void GapWriter::flush() {
+    out_ += text_.source().substr(runBegin_, runEnd_ - runBegin_);
+    runBegin_ = runEnd_;
 }
 
-void GapWriter::passSource(std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == '\n') {
-            sourceColumn_ = 0;
-            sourceLine_ = static_cast<std::size_t>(text.data() + at + 1 - text_.source().data());
-            sourceLeadSize_ = blankSize(text_.source().substr(sourceLine_));
-        } else if (text[at] == '\t') {
-            sourceColumn_ = (sourceColumn_ / scheme_.tabSize + 1) * scheme_.tabSize;
-        } else {
-            ++sourceColumn_;
-        }
-    }
+// The line begins in the stretch that is still to be copied, and so does that of the source.
+bool GapWriter::isLineStill() const {
+    return lineBegin_ >= out_.size() && runBegin_ + (lineBegin_ - out_.size()) == sourceLine_;
+}
+
+void GapWriter::countLines(std::string_view text) {
+    if (places_ != nullptr) lineNumber_ += static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+void GapWriter::beginLine(std::size_t outOffset) {
+    lineBegin_ = outOffset;
+    hasLine_ = false;
+}
+
+void GapWriter::beginSourceLine(std::size_t offset) {
+    sourceLine_ = offset;
+    hasLine_ = false;
+}
+
+int GapWriter::column() {
+    flush();
+    return columns_.columnOf(out_, lineBegin_, out_.size());
+}
+
+int GapWriter::sourceColumn(TokenIndex token) {
+    return sourceColumns_.columnOf(text_.source(), sourceLine_, text_.token(token).begin);
 }
 
 }  // namespace Brevis

@@ -1,4 +1,5 @@
-// Carries the decisions out: goes over the tokens once and writes each gap and each token, with exact columns.
+// Carries the decisions out: goes over the tokens once and writes each gap and each token, with exact columns. What
+// comes out as the source has it is copied in stretches as long as possible.
 #pragma once
 
 #include <string>
@@ -6,16 +7,18 @@
 #include <vector>
 
 #include "second/Brevis_GapTable.h"
+#include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
 
-// Where a token came to stand: line and column from 0.
+// Where a token came to stand: line and column from 0, and the column in which the gap in front of it begins.
 struct LaidPlace {
     std::uint32_t line = 0;
-    std::uint32_t column = 0;
+    std::int32_t column = 0;
+    std::int32_t gap = 0;
 };
 
-// The text, the scheme and the table must outlive the writer.
+// The text, the scheme and the table must outlive the writer, which serves once.
 class GapWriter {
 public:
     GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps);
@@ -25,52 +28,95 @@ public:
     std::vector<LaidPlace> measure();
 
 private:
-    // What a scope needs of the line of its anchor.
+    // A line of the output with the line of the source on which the same tokens stand, and the white space that each
+    // begins with. All are offsets.
+    struct Line {
+        std::uint32_t out = 0, outSize = 0;
+        std::uint32_t source = 0, sourceSize = 0;
+    };
+    // What a scope needs of its anchor: offsets in the output, and of what follows the anchor on its line in the source
+    // as well; 0 for nothing.
     struct Base {
-        std::uint32_t outLead = 0, outSize = 0;        // a stretch of the output
-        std::uint32_t sourceLead = 0, sourceSize = 0;  // and of the source
-        std::int32_t behind = -1;                      // column of what follows the anchor on its line; -1 for nothing
-        std::int32_t sourceBehind = -1;                // the same in the source
+        std::uint32_t line : 31 = 0;    // in `lines_`
+        std::uint32_t isStill : 1 = 1;  // up to what follows the anchor the line is that of the source
+        std::uint32_t at = 0;
+        std::uint32_t behind = 0;
+        std::uint32_t sourceBehind = 0;
     };
 
     void run();
+
+    // Gaps
     void writeGap(TokenIndex token);
-    void writeBlanks(std::string_view blanks);
+    void writeKept(TokenIndex token);
+    void writeEnd();
+    void writeColumn(TokenIndex token);
     void writeLines(TokenIndex token, int lineFeeds, std::string_view tail);
-    void writeLead(TokenIndex token, std::string_view tail, bool isDecided);
-    void writeDistance(TokenIndex token, const Base& base);
+    bool needsFeed(TokenIndex token) const;
+    bool isStill(TokenIndex token) const;
+    int sourceFeeds(TokenIndex token) const;
+    int keptFeeds(TokenIndex token) const;
+
+    // The white space of a new line, in `scratch_`
+    void addFeeds(TokenIndex token, int lineFeeds);
+    void addPageBreaks(TokenIndex token);
+    void addLead(TokenIndex token, std::string_view tail);
+    void addDistance(TokenIndex token, const Base& base);
+    void addWidth(std::string_view sample, int width);
     void padTo(int column);
-    void startLine(int lineFeeds);
-    void writeToken(TokenIndex token);
-    void writeLaterLines(TokenIndex token, std::string_view text);
+    int scratchColumn() const;
+
+    // Scopes
+    const Base& baseOf(std::uint32_t scope) const;
     void noteAnchors(TokenIndex token);
     void noteBehind(TokenIndex token);
-    const Base& baseOf(std::uint32_t scope) const;
-    int keptLineFeeds(TokenIndex token) const;
+    std::uint32_t lineIndex();
+    std::string_view outLead(const Base& base);
+    std::string_view sourceLead(const Base& base) const;
+    int behindColumn(const Base& base);
+    int sourceBehindColumn(const Base& base);
 
-    void append(std::string_view text);
-    int widthOf(std::string_view blanks, int from = 0) const;
-    void passSource(std::string_view text);
-    std::string_view outLead(const Base& base) const { return std::string_view(out_).substr(base.outLead, base.outSize); }
-    std::string_view sourceLead(const Base& base) const { return text_.source().substr(base.sourceLead, base.sourceSize); }
+    // Tokens
+    void writeToken(TokenIndex token);
+    void writeLaterLines(TokenIndex token, std::string_view text);
+    std::string_view trimmedLine(std::string_view line) const;
+
+    // The output: what has been written, and a stretch of the source that comes behind it
+    std::size_t position() const { return out_.size() + (runEnd_ - runBegin_); }
+    void copyTo(std::size_t sourceEnd) { runEnd_ = sourceEnd; }
+    void replaceTo(std::size_t sourceEnd, std::string_view text);
+    void putGap(TokenIndex token, std::string_view text);
+    void flush();
+    void beginLine(std::size_t outOffset);
+    void beginSourceLine(std::size_t offset);
+    bool isLineStill() const;
+    void countLines(std::string_view text);
+    int column();
+    int sourceColumn(TokenIndex token);
 
     const GapText& text_;
     const Scheme& scheme_;
     const GapTable& gaps_;
+
     std::string out_;
-    std::vector<Base> bases_;
+    std::size_t runBegin_ = 0, runEnd_ = 0;
+    std::string scratch_;
+    std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
     std::vector<LaidPlace>* places_ = nullptr;
-    std::size_t nextScope_ = 1;
-    std::vector<std::uint32_t> fresh_;  // scopes whose anchor was the last token
-    std::size_t lineBegin_ = 0;         // of the line that is being written
-    std::size_t leadSize_ = 0;
-    std::uint32_t line_ = 0;
-    int column_ = 0;
-    bool isLineStart_ = true;  // the token at hand is the first one of its line
-    // In the source
+
+    // The line that is being written
+    std::size_t lineBegin_ = 0;
     std::size_t sourceLine_ = 0;
-    std::size_t sourceLeadSize_ = 0;
-    int sourceColumn_ = 0;
+    std::uint32_t lineNumber_ = 0;
+    bool isLineStart_ = true;  // the token at hand is the first one of its line
+    bool hasLine_ = false;     // the last one of `lines_` is this line
+    std::vector<Line> lines_;  // those on which anchors stand
+    LineColumns columns_, sourceColumns_;
+
+    std::vector<Base> bases_;              // of the scopes
+    std::vector<std::uint32_t> anchored_;  // the scopes with an anchor, in the order of their anchors
+    std::size_t nextAnchor_ = 0;           // in `anchored_`
+    std::size_t fresh_ = 0;                // from here to `nextAnchor_` the anchor was the last token
 };
 
 }  // namespace Brevis

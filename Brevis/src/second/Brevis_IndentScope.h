@@ -14,7 +14,8 @@ struct IndentScope {
         Distance,  // a line keeps its distance to the line of the anchor, as the source has it
         Indent,    // the base and the text of the rule
         Behind,    // the column behind the anchor, a bracket, if something follows it on its line; else as `rule` says
-        Margin,    // no white space at all
+        At,        // the column of the anchor, and the text of the rule
+        Margin,    // the left margin of the scheme
     };
 
     Trn::TokenIndex anchor = 0;

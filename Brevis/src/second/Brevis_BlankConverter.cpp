@@ -1,0 +1,116 @@
+// One pass over the laid text with its column.
+#include "second/Brevis_BlankConverter.h"
+
+#include "second/Brevis_LineColumns.h"
+
+namespace Brevis {
+
+namespace Kind = Trn::Kind;
+
+namespace {
+
+class BlankConverter {
+public:
+    BlankConverter(const Scheme& scheme, std::size_t size) : scheme_(scheme) { result_.reserve(size + size / 8); }
+
+    void copy(std::string_view text) {
+        for (const char c : text) write(c);
+    }
+    void convert(std::string_view text) {
+        for (const char c : text) convert(c);
+    }
+    // But for what stands in quotes, which a line feed ends.
+    void convertOutsideQuotes(std::string_view text);
+    std::string take() {
+        writePending();
+        return std::move(result_);
+    }
+
+private:
+    void convert(char c);
+    void write(char c);
+    void writePending();
+    int toTabStop() const { return scheme_.tabSize - column_ % scheme_.tabSize; }
+
+    const Scheme& scheme_;
+    std::string result_;
+    int column_ = 0;
+    int pending_ = 0;  // blanks since a tab stop that are not written yet
+};
+
+void BlankConverter::convert(char c) {
+    if (scheme_.convertWs == 1 && c == '\t') {
+        const int size = toTabStop();
+        result_.append(static_cast<std::size_t>(size), ' ');
+        column_ += size;
+    } else if (scheme_.convertWs == 2 && c == ' ' && (pending_ > 0 || column_ % scheme_.tabSize == 0)) {
+        ++column_;
+        if (++pending_ < scheme_.tabSize || scheme_.tabSize == 1) return;
+        pending_ = 0;
+        result_ += '\t';
+    } else {
+        write(c);
+    }
+}
+
+void BlankConverter::write(char c) {
+    writePending();
+    result_ += c;
+    if (c == '\n') {
+        column_ = 0;
+    } else {
+        column_ = columnBehind({&c, 1}, column_, scheme_.tabSize);
+    }
+}
+
+void BlankConverter::writePending() {
+    result_.append(static_cast<std::size_t>(pending_), ' ');
+    pending_ = 0;
+}
+
+void BlankConverter::convertOutsideQuotes(std::string_view text) {
+    char quote = '\0', last = '\0';
+    for (const char c : text) {
+        const bool isInside = quote != '\0';
+        if (c == '\n' || (c == quote && last != '\\')) {
+            quote = '\0';
+        } else if (!isInside && last != '\\' && (c == '"' || c == '\'')) {
+            quote = c;
+        }
+        last = c;
+        if (isInside) {
+            write(c);
+        } else {
+            convert(c);
+        }
+    }
+}
+
+}  // namespace
+
+std::string convertBlanks(const GapText& text, const GapTable& gaps, const Scheme& scheme, std::string_view laid,
+                          const std::vector<std::uint32_t>& places) {
+    BlankConverter converter(scheme, laid.size());
+    for (TokenIndex token = 1; token <= text.size(); ++token) {
+        const std::uint32_t* place = &places[2 * std::size_t{token} - 2];
+        const std::size_t end = token < text.size() ? place[2] : laid.size();
+        const std::string_view gap = laid.substr(place[0], place[1] - place[0]);
+        const std::string_view body = laid.substr(place[1], end - place[1]);
+        const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;
+        if (isFixed) {
+            converter.copy(gap);
+        } else {
+            converter.convert(gap);
+        }
+        if (isFixed || !text.isTrivia(token)) {
+            converter.copy(body);
+        } else if (text.isComment(token)) {
+            converter.convert(body);
+        } else {
+            converter.convertOutsideQuotes(body);
+        }
+    }
+    return converter.take();
+}
+
+}  // namespace Brevis
