@@ -52,12 +52,14 @@ private:
     void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
     void readSemicolon(TokenIndex token);
+    void readDeclarator(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
     void readBracket(TokenIndex open);
+    bool endsLine(TokenIndex token) const;
     void readClosing(TokenIndex close);
     void leaveParameters(TokenIndex close);
     void beginElement(TokenIndex token);

@@ -11,10 +11,10 @@ using Cpp::Role;
 
 namespace {
 
-constexpr std::string_view qualifierWords[] = {"restrict", "_Atomic", "_Nullable", "_Nonnull", "__restrict",
-                                               "__restrict__", "__const", "__const__", "__volatile", "__volatile__",
-                                               "__unaligned", "__ptr32", "__ptr64", "__user", "__iomem", "__rcu",
-                                               "__percpu", "__kernel", "__force"};
+constexpr std::string_view qualifierWords[] = {"restrict",     "_Atomic",  "_Nullable", "_Nonnull",   "__restrict",
+                                               "__restrict__", "__const",  "__const__", "__volatile", "__volatile__",
+                                               "__unaligned",  "__ptr32",  "__ptr64",   "__user",     "__iomem",
+                                               "__rcu",        "__percpu", "__kernel",  "__force"};
 
 constexpr GapProperty nothing{nullptr, GapRule::Nothing};
 constexpr GapProperty blank{nullptr, GapRule::Blank};
@@ -40,7 +40,8 @@ bool PointerRules::isQualifier(TokenIndex token) const {
 bool PointerRules::isName(TokenIndex token) const {
     const Role role = text_.role(token);
     const Trn::TokenKind kind = text_.kind(token);
-    const bool isOpenGroup = role == Role::DeclaratorGroup && kind == Kind::OpenParen;
+    // `(name)` keeps its form.
+    const bool isOpenGroup = role == Role::DeclaratorGroup && kind == Kind::OpenParen && isSign(text_.next(token));
     return kind == Kind::Identifier || kind == Kind::Operator || kind == Kind::This || isOpenGroup ||
            role == Role::StructuredBinding;
 }
