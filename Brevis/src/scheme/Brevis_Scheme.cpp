@@ -61,7 +61,9 @@ void supplyTypeGap(const Scheme& scheme, WsProperty& gap) {
     if (gap.text.empty() && (gap.isSet || placesSigns)) gap = blankWs;
 }
 
+// In the second edition no value stands in for one that is missing.
 void applyDefaults(Scheme& scheme) {
+    if (scheme.edition == 2) return;
     if (!scheme.wsAfterParamTypeId.isSet) scheme.wsAfterParamTypeId = blankWs;
     supplyTypeGap(scheme, scheme.wsAfterDdTypeId);
     supplyTypeGap(scheme, scheme.wsAfterFnDeclReturnType);

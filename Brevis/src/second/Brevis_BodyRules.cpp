@@ -12,6 +12,9 @@ namespace {
 constexpr BodyKeys functionKeys = {Role::FunctionBody, gapProperty<&Scheme::wsBeforeFnOpenBrace>(),
                                    gapProperty<&Scheme::wsAfterFnOpenBrace>(), gapProperty<&Scheme::indentFnContent>(),
                                    gapProperty<&Scheme::wsBeforeFnCloseBrace>(), &Scheme::keepOneLineFnBodies};
+constexpr BodyKeys constructorKeys = {
+    Role::FunctionBody, gapProperty<&Scheme::wsAfterClassInitList>(), gapProperty<&Scheme::wsAfterFnOpenBrace>(),
+    gapProperty<&Scheme::indentFnContent>(), gapProperty<&Scheme::wsBeforeFnCloseBrace>(), &Scheme::keepOneLineFnBodies};
 constexpr BodyKeys classKeys = {Role::ClassBody, gapProperty<&Scheme::wsBeforeClassOpenBrace>(),
                                 gapProperty<&Scheme::wsAfterClassOpenBrace>(),
                                 gapProperty<&Scheme::indentClassContent>(),
@@ -43,7 +46,7 @@ constexpr BodyKeys lambdaKeys = {Role::LambdaBody, gapProperty<&Scheme::wsBefore
 const BodyKeys* BodyRules::keysOf(TokenIndex brace, const Cpp::OutlineItem* owner) const {
     switch (text_.role(brace)) {
         case Role::FunctionBody:
-            return &functionKeys;
+            return owner != nullptr && owner->sort == Sort::Function && owner->colon != 0 ? &constructorKeys : &functionKeys;
         case Role::ClassBody:
             return &classKeys;
         case Role::EnumBody:

@@ -10,7 +10,7 @@ using Mode = IndentScope::Mode;
 using Sort = OutlineItem::Sort;
 
 ItemWalk::ItemWalk(const GapText& text, const Scheme& scheme, GapTable& gaps)
-    : text_(text), scheme_(scheme), gaps_(gaps), bodies_(text, scheme, gaps), statements_(text, scheme, gaps) {
+    : text_(text), scheme_(scheme), gaps_(gaps), bodies_(text, scheme, gaps), statements_(text, scheme, gaps), colonLists_(text, scheme, gaps) {
     fileScope_ = indented(0, gapProperty<&Scheme::leftMargin>());
     margin_ = sharing(0, Mode::Margin, GapRule::None);
 }
@@ -127,6 +127,7 @@ void ItemWalk::read(TokenIndex token) {
     }
     if (text_.isTrivia(token)) return;
     if (top().isList) beginElement(token);
+    if (top().sort == Frame::Sort::Item) colonLists_.indent(token, top().colonList, top().own);
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
         readBody(token);
@@ -173,6 +174,9 @@ void ItemWalk::readBracket(TokenIndex open) {
                                                                               : Mode::Distance,
                          gaps_.isSet(indent) && !isBraced ? indent : GapRule::None);
     frame.inner = frame.own;
+    if (isBraced && gaps_[open].sort == Gap::Sort::Lines && top().sort == Frame::Sort::Item) {
+        gaps_.setScope(open, sharing(top().own, Mode::Indent, GapRule::None));
+    }
     if (isBraced && breaksBehind) {
         frame.inner = indented(frame.own, gapProperty<&Scheme::indentDdContent>());
         frame.isList = true;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "second/Brevis_BodyRules.h"
+#include "second/Brevis_ColonLists.h"
 #include "second/Brevis_GapTable.h"
 #include "second/Brevis_StatementRules.h"
 
@@ -35,6 +36,7 @@ private:
         Scope lambda = 0;                        // the scope of the lambda introducer that has been read last
         Scope element = 0;                       // of the later lines of an element
         bool isList = false;                     // of elements, each with its own later lines
+        ColonLists::List colonList{};            // of an Item
     };
 
     void openItems(TokenIndex token);
@@ -61,6 +63,7 @@ private:
     GapTable& gaps_;
     BodyRules bodies_;
     StatementRules statements_;
+    ColonLists colonLists_;
     std::vector<Frame> frames_;
     std::size_t next_ = 0;  // the next item of the outline
     Scope fileScope_ = 0;

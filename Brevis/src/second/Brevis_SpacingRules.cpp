@@ -1,12 +1,19 @@
 // One operation a sort of construct.
 #include "second/Brevis_SpacingRules.h"
 
+#include "second/Brevis_DeclarationRules.h"
+
 namespace Brevis {
 
 using Cpp::Role;
 
 void SpacingRules::run() {
-    for (TokenIndex token = 1; token < text_.size(); ++token) operators(token);
+    DeclarationRules declarations(text_, scheme_, gaps_);
+    for (TokenIndex token = 1; token < text_.size(); ++token) {
+        if (text_.isTrivia(token)) continue;
+        operators(token);
+        declarations.format(token);
+    }
 }
 
 void SpacingRules::operators(TokenIndex token) {

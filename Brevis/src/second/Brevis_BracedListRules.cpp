@@ -1,0 +1,67 @@
+// A stack of the lists that are open.
+#include "second/Brevis_BracedListRules.h"
+
+namespace Brevis {
+
+namespace Kind = Trn::Kind;
+using Cpp::Role;
+
+BracedListRules::List BracedListRules::listOf(TokenIndex brace) const {
+    List list{.last = text_.partner(brace)};
+    const bool isOnOneLine = text_.isOnOneLine(brace, list.last);
+    if (text_.role(brace) == Role::EnumBody) {
+        list.isEnum = list.isBody = list.isOuter = true;
+        list.isBroken = !isOnOneLine || !scheme_.keepOneLineEnumBodies;
+        return list;
+    }
+    const Role before = text_.role(text_.previous(brace));
+    list.isOuter = before == Role::Initializer || before == Role::Assignment;
+    const bool isRow = before == Role::BracedInitializer || before == Role::ElementComma;
+    list.isBody = list.isOuter || (isRow && !lists_.empty() && lists_.back().isBody);
+    // A row inside of a list that the author has on one line stays there whatever becomes of the list.
+    list.isBroken = list.isBody && (!isOnOneLine || (list.isOuter && !scheme_.keepOneLineDdBodies));
+    return list;
+}
+
+void BracedListRules::set(TokenIndex token, GapProperty property, const List& list) {
+    if (gaps_.lineFeeds(property.rule) == 0) return gaps_.setKeepingLines(token, property);
+    if (list.isBroken) gaps_.set(token, property);
+}
+
+void BracedListRules::open(TokenIndex brace) {
+    const List list = listOf(brace);
+    lists_.push_back(list);
+    if (list.isEnum || !list.isBody) return;
+    if (list.isOuter) set(brace, gapProperty<&Scheme::wsBeforeDdOpenBrace>(), list);
+    const TokenIndex first = text_.next(brace);
+    if (first != list.last) return set(first, gapProperty<&Scheme::wsAfterDdOpenBrace>(), list);
+    const bool isDecided = scheme_.wsAfterDdOpenBrace.isSet || scheme_.wsBeforeDdCloseBrace.isSet;
+    if (isDecided) gaps_.setKeepingLines(first, {nullptr, GapRule::Nothing});
+}
+
+void BracedListRules::close(TokenIndex brace) {
+    if (lists_.empty() || lists_.back().last != brace) return;
+    const List list = lists_.back();
+    lists_.pop_back();
+    if (list.isEnum || !list.isBody || text_.kind(text_.previous(brace)) == Kind::OpenBrace) return;
+    set(brace, gapProperty<&Scheme::wsBeforeDdCloseBrace>(), list);
+}
+
+void BracedListRules::comma(TokenIndex comma) {
+    if (lists_.empty()) return;
+    const List& list = lists_.back();
+    const bool isLast = text_.next(comma) == list.last;
+    if (list.isEnum) {
+        const auto setEnum = [&](TokenIndex token, GapProperty property) {
+            const bool isJoined = gaps_.lineFeeds(property.rule) == 0 && !scheme_.keepLineBreaksInLists;
+            isJoined ? gaps_.set(token, property) : set(token, property, list);
+        };
+        setEnum(comma, gapProperty<&Scheme::wsBeforeEnumComma>());
+        if (!isLast) setEnum(text_.next(comma), gapProperty<&Scheme::wsBetweenEnumElements>());
+        return;
+    }
+    set(comma, gapProperty<&Scheme::wsBeforeDdComma>(), list);
+    if (!isLast) set(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
+}
+
+}  // namespace Brevis

@@ -1,0 +1,54 @@
+// A value that breaks a line indents it from the item by what stands behind its line feed. Without that, elements stand
+// below the first one and commas below the colon.
+#include "second/Brevis_ColonLists.h"
+
+namespace Brevis {
+
+using Cpp::Role;
+using Mode = IndentScope::Mode;
+
+namespace {
+
+bool isColon(Role role) { return role == Role::BaseColon || role == Role::MemberInitializerColon; }
+
+bool isComma(Role role) { return role == Role::BaseComma || role == Role::MemberInitializerComma; }
+
+}  // namespace
+
+void ColonLists::indent(TokenIndex token, List& list, Scope item) {
+    const Role role = text_.role(token);
+    if (isColon(role)) return begin(token, list, item);
+    if (list.colon == 0) return;
+    if (token == list.first) {
+        if (!gaps_.startsLine(token)) return;
+        list.aligned = gaps_.addScope({.anchor = token, .mode = Mode::Indent, .isAnchored = true});
+        if (isDecided(token) && hasTail(token)) gaps_.setScope(token, shared(item));
+        return;
+    }
+    const bool isElement = isComma(text_.role(text_.previous(token)));
+    if (!isComma(role) && !isElement) return;
+    if (!isDecided(token)) return gaps_.setScope(token, list.kept);
+    if (hasTail(token)) return gaps_.setScope(token, shared(item));
+    gaps_.setScope(token, isElement || !gaps_.startsLine(list.colon) ? list.aligned : list.colonLine);
+}
+
+void ColonLists::begin(TokenIndex colon, List& list, Scope item) {
+    list = {.colon = colon, .first = text_.next(colon), .item = item};
+    if (isDecided(colon)) gaps_.setScope(colon, shared(item));
+    const bool breaksBehind = gaps_.startsLine(list.first);
+    list.colonLine = gaps_.addScope({.anchor = colon, .mode = Mode::Indent, .isAnchored = true});
+    list.aligned = gaps_.addScope({.anchor = colon, .mode = Mode::Behind, .isAnchored = true});
+    list.kept = scheme_.alignContinuationLeft && !breaksBehind
+                    ? list.aligned
+                    : gaps_.addScope({.anchor = colon, .mode = Mode::Distance, .isAnchored = true});
+}
+
+// In contrast to the base of what stands on the item's lines, the item's own.
+ColonLists::Scope ColonLists::shared(Scope base) { return gaps_.addScope({.mode = Mode::Indent, .base = base}); }
+
+bool ColonLists::isDecided(TokenIndex token) const {
+    const Gap::Sort sort = gaps_[token].sort;
+    return sort == Gap::Sort::Lines || sort == Gap::Sort::Break;
+}
+
+}  // namespace Brevis
