@@ -32,6 +32,14 @@ void ColonLists::indent(TokenIndex token, List& list, Scope item) {
     gaps_.setScope(token, isElement || !gaps_.startsLine(list.colon) ? list.aligned : list.colonLine);
 }
 
+// It goes with the element behind it.
+void ColonLists::indentComment(TokenIndex comment, const List& list) {
+    if (list.colon == 0 || text_.previous(comment) == list.colon) return;
+    const TokenIndex next = text_.next(comment);
+    const bool isElement = isComma(text_.role(text_.previous(comment)));
+    if (isElement) gaps_.setScope(comment, isDecided(next) ? list.aligned : list.kept);
+}
+
 void ColonLists::begin(TokenIndex colon, List& list, Scope item) {
     list = {.colon = colon, .first = text_.next(colon), .item = item};
     if (isDecided(colon)) gaps_.setScope(colon, shared(item));

@@ -23,6 +23,8 @@ public:
 
     // For every token of an item that stands in no bracket; `item` is the scope that its parts share.
     void indent(TokenIndex token, List& list, Scope item);
+    // For a comment between the elements.
+    void indentComment(TokenIndex comment, const List& list);
 
 private:
     void begin(TokenIndex colon, List& list, Scope item);

@@ -116,11 +116,12 @@ void DeclarationRules::openFunction(const OutlineItem& item) {
     if (item.open != 0 && text_.role(item.open) == Role::Parameters) {
         setInList(item.open, gapProperty<&Scheme::wsAfterFnName>());
     }
-    if (item.nameFirst <= item.first) return;
+    // `T (name)(...)` keeps its form.
+    if (item.nameFirst <= item.first || text_.kind(item.nameFirst) == Kind::OpenParen) return;
     const Role before = text_.role(text_.previous(item.nameFirst));
     if (before == Role::Pointer || before == Role::Reference) return;
     if (gaps_.lineFeeds(behindReturnType_.rule) == 0 || hasReturnType(item)) {
-        gaps_.set(item.nameFirst, behindReturnType_);
+        setInList(item.nameFirst, behindReturnType_);
     }
 }
 
@@ -169,6 +170,7 @@ void DeclarationRules::sign(TokenIndex token) {
     const TokenIndex end = pointers_.behindRun(token);
     if (item_ != nullptr && item_->sort == Sort::Function && end == item_->nameFirst) {
         name.behindType = behindReturnType_;
+        name.keepsLines = scheme_.keepLineBreaksInLists;
         name.isLeft = scheme_.fnDoNotFormat;
     } else if (isInParameters()) {
         name.behindType = gapProperty<&Scheme::wsAfterParamTypeId>();
@@ -219,8 +221,6 @@ void DeclarationRules::parameters(TokenIndex token) {
         if (text_.previous(token) != partner) setInList(token, gapProperty<&Scheme::wsBeforeFnCloseParen>());
         return;
     }
-    const TokenIndex before = text_.previous(token);
-    if (text_.role(before) == Role::DeclaratorGroup) setInList(token, gapProperty<&Scheme::wsAfterFnName>());
     const TokenIndex first = text_.next(token);
     if (first != partner) return setInList(first, gapProperty<&Scheme::wsAfterFnOpenParen>());
     const bool isDecided = scheme_.wsAfterFnOpenParen.isSet || scheme_.wsBeforeFnCloseParen.isSet;

@@ -125,15 +125,28 @@ void ItemWalk::read(TokenIndex token) {
         if (scheme_.alignPpdLeftMost.value_or(false)) gaps_.setScope(token, margin_);
         return;
     }
-    if (text_.isTrivia(token)) return;
+    if (text_.isTrivia(token)) {
+        if (top().sort == Frame::Sort::Item) colonLists_.indentComment(token, top().colonList);
+        return;
+    }
     if (top().isList) beginElement(token);
-    if (top().sort == Frame::Sort::Item) colonLists_.indent(token, top().colonList, top().own);
+    if (top().sort == Frame::Sort::Item) readDeclarator(token);
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
         readBody(token);
     } else if (partner != 0) {
         readClosing(token);
     }
+}
+
+// What begins a line in a declaration and is no later line of an expression.
+void ItemWalk::readDeclarator(TokenIndex token) {
+    Frame& frame = top();
+    if (token == frame.item->nameFirst && token != frame.first && frame.item->sort == Sort::Function) {
+        const Gap::Sort sort = gaps_[token].sort;
+        gaps_.setScope(token, sharing(frame.own, sort == Gap::Sort::Keep ? Mode::Distance : Mode::Indent, GapRule::None));
+    }
+    colonLists_.indent(token, frame.colonList, frame.own);
 }
 
 // A `{` of a body, or any other bracket.
@@ -168,7 +181,7 @@ void ItemWalk::readBracket(TokenIndex open) {
     Frame frame{.sort = Frame::Sort::Bracket, .first = open, .last = text_.partner(open)};
     const GapRule indent = ruleOf<&Scheme::indentContinuation>();
     const bool isBraced = text_.kind(open) == Kind::OpenBrace;
-    const bool breaksBehind = gaps_.startsLine(open + 1);
+    const bool breaksBehind = endsLine(open);
     frame.own = anchored(open, scheme_.alignContinuationLeft && !breaksBehind ? Mode::Behind
                                : gaps_.isSet(indent) && !isBraced             ? Mode::Indent
                                                                               : Mode::Distance,
@@ -183,6 +196,13 @@ void ItemWalk::readBracket(TokenIndex open) {
     }
     if (text_.role(open) == Role::LambdaIntroducer) top().lambda = frame.own;
     frames_.push_back(frame);
+}
+
+// Whether nothing but comments stands behind the token on its line.
+bool ItemWalk::endsLine(TokenIndex token) const {
+    TokenIndex next = token + 1;
+    while (text_.isComment(next) && !gaps_.startsLine(next)) ++next;
+    return gaps_.startsLine(next);
 }
 
 // A brace that closes stands below what it closes; any other bracket goes on with the lines inside.

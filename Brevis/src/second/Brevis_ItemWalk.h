@@ -44,8 +44,10 @@ private:
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
     void indentTrivia(TokenIndex token, Scope scope);
     void read(TokenIndex token);
+    void readDeclarator(TokenIndex token);
     void readBody(TokenIndex brace);
     void readBracket(TokenIndex open);
+    bool endsLine(TokenIndex token) const;
     void readClosing(TokenIndex close);
     void beginElement(TokenIndex token);
 

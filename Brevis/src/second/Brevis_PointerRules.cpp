@@ -40,7 +40,8 @@ bool PointerRules::isQualifier(TokenIndex token) const {
 bool PointerRules::isName(TokenIndex token) const {
     const Role role = text_.role(token);
     const Trn::TokenKind kind = text_.kind(token);
-    const bool isOpenGroup = role == Role::DeclaratorGroup && kind == Kind::OpenParen;
+    // `(name)` keeps its form.
+    const bool isOpenGroup = role == Role::DeclaratorGroup && kind == Kind::OpenParen && isSign(text_.next(token));
     return kind == Kind::Identifier || kind == Kind::Operator || kind == Kind::This || isOpenGroup ||
            role == Role::StructuredBinding;
 }
