@@ -25,7 +25,7 @@ BracedListRules::List BracedListRules::listOf(TokenIndex brace) const {
 
 void BracedListRules::set(TokenIndex token, GapProperty property, const List& list) {
     if (gaps_.lineFeeds(property.rule) == 0) return gaps_.setKeepingLines(token, property);
-    if (list.isBroken) gaps_.set(token, property);
+    if (list.isBroken) gaps_.setBreak(token, property);
 }
 
 void BracedListRules::open(TokenIndex brace) {

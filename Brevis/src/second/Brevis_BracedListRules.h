@@ -22,8 +22,8 @@ private:
     struct List {
         TokenIndex last = 0;
         bool isEnum = false;
-        bool isBody = false;     // of data, or of an enum
-        bool isBroken = false;   // its elements take line feeds if the values have any
+        bool isBody = false;    // of data, or of an enum
+        bool isBroken = false;  // its elements take line feeds if the values have any
         bool isOuter = false;
     };
 

@@ -18,17 +18,13 @@ constexpr GapProperty nothing{nullptr, GapRule::Nothing};
 constexpr GapProperty blank{nullptr, GapRule::Blank};
 constexpr GapProperty lineFeed{nullptr, GapRule::LineFeed};
 
-constexpr std::string_view specifierWords[] = {"constexpr", "consteval",     "_Noreturn", "__inline",
+constexpr std::string_view specifierWords[] = {"constexpr",  "consteval",     "_Noreturn",    "__inline",
                                                "__inline__", "__forceinline", "__extension__"};
 
 }  // namespace
 
 DeclarationRules::DeclarationRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
-    : text_(text),
-      scheme_(scheme),
-      gaps_(gaps),
-      pointers_(text, scheme, gaps),
-      lists_(text, scheme, gaps) {}
+    : text_(text), scheme_(scheme), gaps_(gaps), pointers_(text, scheme, gaps), lists_(text, scheme, gaps) {}
 
 void DeclarationRules::format(TokenIndex token) {
     const std::vector<OutlineItem>& items = text_.items();
@@ -55,7 +51,8 @@ void DeclarationRules::format(TokenIndex token) {
             declaratorComma(token);
             break;
         case Role::BindingComma:
-            aroundComma(token, gapProperty<&Scheme::wsBeforeFnCallComma>(), gapProperty<&Scheme::wsBetweenFnCallArgs>());
+            aroundComma(token, gapProperty<&Scheme::wsBeforeFnCallComma>(),
+                        gapProperty<&Scheme::wsBetweenFnCallArgs>());
             break;
         case Role::Initializer:
             initializer(token);
@@ -125,8 +122,10 @@ void DeclarationRules::openFunction(const OutlineItem& item) {
     }
 }
 
-// Specifiers alone make no type: constructors, destructors and conversions have none.
+// Specifiers alone make no type: constructors, destructors and conversions have none. In a class a lone word of
+// capitals in front of a name is taken for a specifier too.
 bool DeclarationRules::hasReturnType(const OutlineItem& item) const {
+    if (item.colon != 0) return false;
     if (text_.kind(item.nameFirst) == Kind::Tilde || text_.text(item.nameFirst)[0] == '~') return false;
     const TokenIndex before = text_.previous(item.nameFirst);
     switch (text_.kind(before)) {
@@ -139,9 +138,14 @@ bool DeclarationRules::hasReturnType(const OutlineItem& item) const {
         case Kind::StringLiteral:
         case Kind::CloseBracket:
             return false;
-        case Kind::Identifier:
-            return std::find(std::begin(specifierWords), std::end(specifierWords), text_.text(before)) ==
-                   std::end(specifierWords);
+        case Kind::Identifier: {
+            const std::string_view word = text_.text(before);
+            const auto isLower = [](char c) { return c >= 'a' && c <= 'z'; };
+            if (item.frame == Cpp::Frame::Class && std::none_of(word.begin(), word.end(), isLower)) {
+                return before != item.first && text_.kind(text_.previous(before)) != Kind::Explicit;
+            }
+            return std::find(std::begin(specifierWords), std::end(specifierWords), word) == std::end(specifierWords);
+        }
         default:
             return true;
     }
@@ -151,14 +155,15 @@ void DeclarationRules::openData(const OutlineItem& item) {
     if (item.nameFirst == 0) return;
     const TokenIndex behind = text_.next(item.nameLast);
     if (text_.role(behind) == Role::ArrayBound) gaps_.setKeepingLines(behind, gapProperty<&Scheme::wsAfterDdName>());
-    if (item.nameFirst <= item.first || scheme_.dataDoNotFormat) return;
+    const bool isBracketed = text_.kind(item.nameFirst) == Kind::OpenParen;
+    if (item.nameFirst <= item.first || isBracketed || scheme_.dataDoNotFormat) return;
     const TokenIndex before = text_.previous(item.nameFirst);
     const Trn::TokenKind kind = text_.kind(before);
-    const bool isType = kind == Kind::Identifier ? !text_.text(before).ends_with("::")
-                                                 : (kind >= Kind::Class && kind <= Kind::Void) ||
-                                                       text_.role(before) == Role::TemplateArguments ||
-                                                       text_.role(before) == Role::TypeOperand ||
-                                                       text_.role(before) == Role::Specifier;
+    const bool isType = kind == Kind::Identifier
+                            ? !text_.text(before).ends_with("::")
+                            : (kind >= Kind::Class && kind <= Kind::Void) ||
+                                  text_.role(before) == Role::TemplateArguments ||
+                                  text_.role(before) == Role::TypeOperand || text_.role(before) == Role::Specifier;
     if (isType) setInList(item.nameFirst, gapProperty<&Scheme::wsAfterDdTypeId>());
 }
 
@@ -179,9 +184,11 @@ void DeclarationRules::sign(TokenIndex token) {
         name.behindType = gapProperty<&Scheme::wsAfterDdTypeId>();
         name.keepsLines = scheme_.keepLineBreaksInLists;
         name.isLeft = scheme_.dataDoNotFormat && brackets_.empty();
-        const bool isData = brackets_.empty() || text_.kind(brackets_.back().open) == Kind::OpenBrace || brackets_.back().role == Role::Condition;
+        const bool isData = brackets_.empty() || text_.kind(brackets_.back().open) == Kind::OpenBrace ||
+                            brackets_.back().role == Role::Condition;
         const int anchor = text_.role(token) == Role::Pointer ? scheme_.asteriskAnchor : scheme_.ampersandAnchor;
-        if (anchor == 0 && isData) name.isOneOfSeveral = hasSeveralDeclarators(end);
+        const bool isBehindBody = text_.kind(text_.previous(token)) == Kind::CloseBrace;
+        if (anchor == 0 && isData) name.isOneOfSeveral = isBehindBody || hasSeveralDeclarators(end);
     }
     pointers_.run(token, name);
 }
@@ -260,8 +267,8 @@ void DeclarationRules::parameterComma(TokenIndex comma) {
 
 // What stands between elements or arguments stands between declarators, if it leaves them on their line.
 void DeclarationRules::declaratorComma(TokenIndex comma) {
-    gaps_.setKeepingLines(comma, inOneLine(gapProperty<&Scheme::wsBeforeDdComma>(),
-                                           gapProperty<&Scheme::wsBeforeFnCallComma>()));
+    gaps_.setKeepingLines(
+        comma, inOneLine(gapProperty<&Scheme::wsBeforeDdComma>(), gapProperty<&Scheme::wsBeforeFnCallComma>()));
     gaps_.setKeepingLines(text_.next(comma), inOneLine(gapProperty<&Scheme::wsBetweenDdElements>(),
                                                        gapProperty<&Scheme::wsBetweenFnCallArgs>()));
 }

@@ -11,10 +11,10 @@ using Cpp::Role;
 
 namespace {
 
-constexpr std::string_view qualifierWords[] = {"restrict", "_Atomic", "_Nullable", "_Nonnull", "__restrict",
-                                               "__restrict__", "__const", "__const__", "__volatile", "__volatile__",
-                                               "__unaligned", "__ptr32", "__ptr64", "__user", "__iomem", "__rcu",
-                                               "__percpu", "__kernel", "__force"};
+constexpr std::string_view qualifierWords[] = {"restrict",     "_Atomic",  "_Nullable", "_Nonnull",   "__restrict",
+                                               "__restrict__", "__const",  "__const__", "__volatile", "__volatile__",
+                                               "__unaligned",  "__ptr32",  "__ptr64",   "__user",     "__iomem",
+                                               "__rcu",        "__percpu", "__kernel",  "__force"};
 
 constexpr GapProperty nothing{nullptr, GapRule::Nothing};
 constexpr GapProperty blank{nullptr, GapRule::Blank};

@@ -8,10 +8,10 @@ namespace Brevis {
 
 // What stands round a declared name, as far as its signs must know.
 struct DeclaredName {
-    GapProperty behindType;      // unset: one blank
+    GapProperty behindType;       // unset: one blank
     bool isOneOfSeveral = false;  // declarators: then the signs keep with the names, for all of them to read alike
-    bool keepsLines = false;     // a line end of the source stays
-    bool isLeft = false;         // nothing is to be changed
+    bool keepsLines = false;      // a line end of the source stays
+    bool isLeft = false;          // nothing is to be changed
 };
 
 class PointerRules {
