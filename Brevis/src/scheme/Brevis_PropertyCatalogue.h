@@ -465,10 +465,10 @@ inline constexpr PropertyInfo properties[] = {
         .ofEdition(2),
     whiteSpace("WS_AT_END_OF_FILE", Page::Globals, &Scheme::wsAtEndOfFile, "At end of file:", "\n").ofEdition(2),
     number("MAX_BLANK_LINES", Page::Globals, &Scheme::maxBlankLines, "At most in a row:", 1)
-        .in("Empty lines")
+        .in("Blank lines")
         .ofEdition(2),
     flag("KEEP_BLANK_LINES_AT_BRACES", Page::Globals, &Scheme::keepBlankLinesAtBraces, "Keep those at braces")
-        .in("Empty lines")
+        .in("Blank lines")
         .ofEdition(2),
     flag("KEEP_ALIGNED_COLUMNS", Page::Globals, &Scheme::keepAlignedColumns, "Keep hand-made columns").ofEdition(2),
     flag("ALIGN_TRAILING_COMMENTS", Page::Globals, &Scheme::alignTrailingComments, "Align trailing comments")
@@ -482,7 +482,7 @@ inline constexpr PropertyInfo properties[] = {
         .in(definitions)
         .ofEdition(2),
     number("MIN_BLANK_LINES_BETWEEN_FN_DEFNS", Page::Functions, &Scheme::minBlankLinesBetweenFnDefns,
-           "Empty lines between, at least:", 1)
+           "Blank lines between, at least:", 1)
         .in(definitions)
         .ofEdition(2),
     flag("KEEP_ONE_LINE_FN_BODIES", Page::Functions, &Scheme::keepOneLineFnBodies, "Keep bodies on one line")
