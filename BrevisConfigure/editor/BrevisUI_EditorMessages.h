@@ -9,6 +9,8 @@ inline constexpr std::string_view notWhiteSpace =
     "Please only enter white space.\n"
     "Valid entries are: \\n (newline)  \\t (tab)  or  \\s (space)";
 
+inline constexpr std::string_view notNames = "Please only enter names of macros, separated by spaces.";
+
 inline constexpr std::string_view noName = "You must enter a name for the scheme.";
 inline constexpr std::string_view nameOfBuiltIn =
     "A built-in scheme has this name and cannot be replaced. Please enter another name.";

@@ -22,9 +22,17 @@ FieldKind kindOf(PropertyType type) {
             return FieldKind::Number;
         case PropertyType::Choice:
             return FieldKind::Choice;
+        case PropertyType::Names:
+            return FieldKind::Names;
         default:
             return FieldKind::WhiteSpace;
     }
+}
+
+// Where an absent key differs from every value that the control can show.
+bool needsSwitch(const PropertyInfo& property, FieldKind kind) {
+    const bool isValue = kind == FieldKind::WhiteSpace || kind == FieldKind::Indent || kind == FieldKind::Number;
+    return isValue && property.edition != 1;
 }
 
 // The value of a choice without a selected button.
@@ -57,8 +65,13 @@ std::optional<std::size_t> buttonOf(const PropertyInfo& property, std::int32_t v
 }  // namespace
 
 PageField makeField(const PropertyInfo& property) {
-    PageField field{&property, kindOf(property.type), property.group, property.label, {}, 0, 0, false, true, {}, {}};
+    PageField field;
+    field.property = &property;
+    field.kind = kindOf(property.type);
+    field.group = property.group;
+    field.label = property.label;
     field.choices = choiceLabels(property);
+    field.hasSwitch = needsSwitch(property, field.kind);
     if (field.kind == FieldKind::Number || field.kind == FieldKind::Indent) field.most = greatestNumber;
     return field;
 }
@@ -106,13 +119,21 @@ bool loadValue(const Brevis::PropertySet& scheme, PageField& field) {
             field.value.indent = showIndent(text);
             break;
         case FieldKind::WhiteSpace:
+        case FieldKind::Names:
             isThere = scheme.getString(property.key, field.value.text = text);
             break;
     }
+    field.value.isAbsent = !isThere && property.edition != 1;
     return isThere;
 }
 
 void storeValue(const PageField& field, Brevis::PropertySet& scheme) {
+    if (field.value.isAbsent) {
+        // The key may stand there with another type, which means nothing and stays.
+        PageField stored = field;
+        if (loadValue(scheme, stored)) eraseKey(field.key(), scheme);
+        return;
+    }
     switch (field.kind) {
         case FieldKind::Flag:
             return scheme.setBool(field.key(), field.value.isChecked);
@@ -122,6 +143,7 @@ void storeValue(const PageField& field, Brevis::PropertySet& scheme) {
         case FieldKind::Indent:
             return scheme.setString(field.key(), readIndent(field.value.indent));
         case FieldKind::WhiteSpace:
+        case FieldKind::Names:
             return scheme.setString(field.key(), field.value.text);
     }
 }

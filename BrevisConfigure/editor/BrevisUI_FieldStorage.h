@@ -14,9 +14,10 @@ std::vector<std::string_view> choiceLabels(const Brevis::PropertyInfo& property)
 // The number that a field stands for in the condition of another one: 1 for a checked box, the value of a choice.
 std::int32_t numberOf(const PageField& field);
 
-// Takes the value from the scheme. False if the key is missing; the field has the page default then.
+// Takes the value from the scheme. False if the key is missing; the field has the page default then, and counts as
+// absent if its key is none of the first edition.
 bool loadValue(const Brevis::PropertySet& scheme, PageField& field);
-// A choice without a selected button stores the value that stands for none.
+// A choice without a selected button stores the value that stands for none. An absent value takes the key away.
 void storeValue(const PageField& field, Brevis::PropertySet& scheme);
 // Removes a key from all tables.
 void eraseKey(std::string_view key, Brevis::PropertySet& scheme);

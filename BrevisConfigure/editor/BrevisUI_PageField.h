@@ -15,6 +15,7 @@ namespace BrevisUI {
 
 enum class FieldKind {
     WhiteSpace,  // a line of text; `value.text`, which showWhiteSpace turns into what the user sees
+    Names,       // a line of text; `value.text`, names of macros separated by blanks
     Indent,      // a number and a unit box; `value.indent`
     Flag,        // a check box; `value.isChecked`
     Number,      // a number from `least` to `most`; `value.number`
@@ -28,18 +29,22 @@ struct FieldValue {
     bool isChecked = false;
     std::int32_t number = 0;
     std::optional<std::size_t> selected;  // index in `choices`; none: no button is selected
+    // The scheme lacks the key and keeps lacking it; the members above are the page default. Never true of a key that
+    // the first edition has.
+    bool isAbsent = false;
 
     bool operator==(const FieldValue&) const = default;
 };
 
 struct PageField {
-    const Brevis::PropertyInfo* property;  // never null
-    FieldKind kind;
+    const Brevis::PropertyInfo* property = nullptr;  // never null once it is made
+    FieldKind kind = FieldKind::WhiteSpace;
     std::string_view
         group;  // label of the box around its controls; empty: stands outside all boxes. "&&" shows one "&"
     std::string_view label;  // as it stands now; "&&" shows one "&". A Choice bears its label on the box around it
     std::vector<std::string_view> choices;  // labels of the radio buttons
     std::int32_t least = 0, most = 0;       // of a Number, and of the number of an Indent
+    bool hasSwitch = false;                 // the control needs a box that says whether the scheme has the key at all
     bool isHidden = false;                  // not to be shown at all
     bool isEnabled = true;
     FieldValue value;
@@ -47,10 +52,12 @@ struct PageField {
     std::optional<std::string> refusedEntry;
 
     std::string_view key() const { return property->key; }
-    // Of a WhiteSpace: what the entry shows when it is filled, the refused text if there is one. A text that is being
+    // Of a line of text: what the entry shows when it is filled, the refused text if there is one. A text that is being
     // typed may have another form for the same value, such as a lone backslash on the way to its letter;
     // leave it alone.
     std::string entry() const;
+    // The value that an entry stands for; none for one that is refused.
+    std::optional<std::string> read(std::string_view entry) const;
 };
 
 }  // namespace BrevisUI

@@ -1,5 +1,8 @@
-// Three radio buttons and their two keys.
+// Three radio buttons and their two keys, and the names of macros, which are fields like those of other pages.
 #include "editor/BrevisUI_PreprocessorPage.h"
+
+#include <ranges>
+#include <vector>
 
 #include "editor/BrevisUI_FieldStorage.h"
 
@@ -19,24 +22,35 @@ PreprocessorPage::PreprocessorPage(StylesSheet& sheet)
     field.kind = FieldKind::Choice;
     field.group = field.label = "Indent";
     field.choices = {"Indent with surrounding text", field.property->label, Brevis::Catalogue::find(leaveKey)->label};
-    fields_ = {field};
+    std::erase_if(fields_, [](const PageField& other) { return other.key() == alignKey || other.key() == leaveKey; });
+    fields_.insert(fields_.begin(), field);
     keepAsUnchanged();
 }
 
 std::string_view PreprocessorPage::fieldKey(std::string_view key) const { return key == leaveKey ? alignKey : key; }
 
 void PreprocessorPage::load() {
+    for (PageField& field : fields_ | std::views::drop(1)) loadField(field);
+    loadButtons();
+}
+
+void PreprocessorPage::loadButtons() {
     bool isLeft = false;
     bool isAligned = Brevis::Catalogue::find(alignKey)->defaultNumber != 0;
     const bool hasLeave = scheme().getBool(leaveKey, isLeft);
     const bool hasAlign = scheme().getBool(alignKey, isAligned);
     fields_.front().value.selected = isLeft ? asIs : isAligned ? atMargin : withText;
     if (hasLeave && (hasAlign || isLeft)) return;
-    store();
+    storeButtons();
     markModified();
 }
 
 void PreprocessorPage::store() {
+    storeButtons();
+    for (PageField& field : fields_ | std::views::drop(1)) storeField(field);
+}
+
+void PreprocessorPage::storeButtons() {
     const std::size_t selected = fields_.front().value.selected.value_or(withText);
     scheme().setBool(leaveKey, selected == asIs);
     if (selected == asIs) {

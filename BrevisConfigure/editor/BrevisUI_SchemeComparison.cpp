@@ -43,7 +43,11 @@ std::optional<std::string> valueText(const PropertySet& scheme, std::string_view
     std::string all;
     const auto add = [&](const std::string& value) { all += (all.empty() ? "" : ", ") + value; };
     if (scheme.getString(key, text)) {
-        add(property && property->type == PropertyType::Indent ? indentText(text) : quoted(text));
+        if (property && property->type == PropertyType::Indent) {
+            add(indentText(text));
+        } else {
+            add(property && property->type == PropertyType::Names ? text : quoted(text));
+        }
     }
     if (scheme.getInt(key, number)) add(numberText(property, number));
     if (scheme.getBool(key, isTrue)) add(isTrue ? "on" : "off");

@@ -7,7 +7,6 @@
 #include "editor/BrevisUI_EditorMessages.h"
 #include "editor/BrevisUI_FieldStorage.h"
 #include "editor/BrevisUI_StylesSheet.h"
-#include "editor/BrevisUI_WhiteSpaceEntry.h"
 
 namespace BrevisUI {
 
@@ -63,6 +62,7 @@ void StylesBasePage::markModified() { sheet_.pageModified(); }
 PageField& StylesBasePage::fieldToChange(std::string_view key, FieldKind kind) {
     const auto found = std::ranges::find(fields_, fieldKey(key), &PageField::key);
     if (found == fields_.end() || found->kind != kind) throw Trn::InvalidParameterException();
+    found->value.isAbsent = false;
     return *found;
 }
 
@@ -76,10 +76,13 @@ ChangeResult StylesBasePage::changed() {
 }
 
 ChangeResult StylesBasePage::enterText(std::string_view key, std::string_view entry) {
-    PageField& field = fieldToChange(key, FieldKind::WhiteSpace);
+    const PageField* const shown = field(key);
+    PageField& field =
+        fieldToChange(key, shown && shown->kind == FieldKind::Names ? shown->kind : FieldKind::WhiteSpace);
     field.refusedEntry.reset();
-    if (std::optional<std::string> text = readWhiteSpace(entry)) {
+    if (std::optional<std::string> text = field.read(entry)) {
         field.value.text = std::move(*text);
+        field.value.isAbsent = field.kind == FieldKind::Names && field.value.text.empty();
     } else {
         field.refusedEntry = entry;
     }
@@ -111,9 +114,23 @@ ChangeResult StylesBasePage::select(std::string_view key, std::size_t choice) {
     return changed();
 }
 
+ChangeResult StylesBasePage::setPresent(std::string_view key, bool isPresent) {
+    const auto found = std::ranges::find(fields_, fieldKey(key), &PageField::key);
+    if (found == fields_.end() || !found->hasSwitch) throw Trn::InvalidParameterException();
+    found->refusedEntry.reset();
+    if (isPresent) {
+        found->value.isAbsent = false;
+    } else {
+        loadValue(Brevis::PropertySet(), *found);
+    }
+    return changed();
+}
+
 ChangeResult StylesBasePage::refusal() const {
     for (const PageField& field : fields_) {
-        if (field.refusedEntry) return EntryRefusal{this, field.key(), EditorMessage::notWhiteSpace};
+        if (!field.refusedEntry) continue;
+        const bool isNames = field.kind == FieldKind::Names;
+        return EntryRefusal{this, field.key(), isNames ? EditorMessage::notNames : EditorMessage::notWhiteSpace};
     }
     return std::nullopt;
 }
@@ -153,7 +170,9 @@ bool StylesBasePage::meetsConditions(const PageField& conditional) const {
 }
 
 bool StylesBasePage::isUsable(const PageField& field) const {
-    if (field.property->role == PropertyRole::DoNotFormat) return true;
+    const PropertyRole role = field.property->role;
+    if (role == PropertyRole::DoNotFormat || role == PropertyRole::Edition) return true;
+    if (field.property->edition > sheet_.edition()) return false;
     if (isSwitchedOff() || (followsGlobals() && !field.property->globalTwin.empty())) return false;
     return meetsConditions(field);
 }
@@ -190,16 +209,18 @@ void StylesBasePage::exchangeProperties(bool isStoring) {
 // The switches are the first fields. The values that the global settings have too count as empty without a word if they
 // are missing, and a page that is switched off lacks all its values.
 void StylesBasePage::load() {
-    for (PageField& field : fields_) {
-        field.refusedEntry.reset();
-        const PropertyInfo& property = *field.property;
-        if (loadValue(scheme(), field)) continue;
-        const bool mayBeMissing = property.role == PropertyRole::UseGlobal || !property.globalTwin.empty() ||
-                                  (property.role == PropertyRole::Value && isSwitchedOff());
-        if (mayBeMissing) continue;
-        storeValue(field, scheme());
-        markModified();
-    }
+    for (PageField& field : fields_) loadField(field);
+}
+
+void StylesBasePage::loadField(PageField& field) {
+    field.refusedEntry.reset();
+    const PropertyInfo& property = *field.property;
+    if (loadValue(scheme(), field)) return;
+    const bool mayBeMissing = property.role == PropertyRole::UseGlobal || !property.globalTwin.empty() ||
+                              (property.role == PropertyRole::Value && isSwitchedOff());
+    if (mayBeMissing || field.value.isAbsent) return;
+    storeValue(field, scheme());
+    markModified();
 }
 
 void StylesBasePage::store() {
@@ -222,6 +243,13 @@ void StylesBasePage::storeField(PageField& field) {
     if (followsGlobals() && !field.property->globalTwin.empty()) return copyGlobal(field);
     if (field.property->isClearedWhenOff && !meetsConditions(field)) field.value.isChecked = false;
     storeValue(field, scheme());
+}
+
+void StylesBasePage::followEdition() {
+    if (std::ranges::all_of(fields_, [&](const PageField& field) { return field.isEnabled == isUsable(field); }))
+        return;
+    refreshFields();
+    sheet_.pageShows(*this);
 }
 
 // ---- Global settings

@@ -62,6 +62,9 @@ public:
     // A number beyond the limits of the field is brought to the nearest limit; so is that of an indent.
     ChangeResult setNumber(std::string_view key, std::int32_t number);
     ChangeResult select(std::string_view key, std::size_t choice);
+    // Of a field with a switch: whether the scheme has the key. Any change above puts the key there too; a field of
+    // names without a name has none.
+    ChangeResult setPresent(std::string_view key, bool isPresent);
 
     // ---- A single property against the scheme as it was set into the sheet
     // Whether the control holds another value than it did then.
@@ -72,10 +75,13 @@ public:
 
     // ---- For the sheet
     // With `isStoring` the values of the fields go into the scheme, otherwise the other way. Of a page that isn't
-    // switched off, a property of its own that the scheme lacks gets its page default there, which is a change.
+    // switched off, a property of its own that the scheme lacks gets its page default there, which is a change; but a
+    // key that came with the second edition of the rules stays absent until a user gives it a value.
     void exchangeProperties(bool isStoring);
     // Copies global values that differ from this page's own into the scheme, if the page follows them.
     void applyGlobals();
+    // Enables the fields that act in the edition of the scheme, and disables the others.
+    void followEdition();
     // The first field with a refused text.
     ChangeResult refusal() const;
     // From now on the values of the fields count as unchanged.
@@ -87,8 +93,10 @@ protected:
 
     virtual void load();
     virtual void store();
+    void loadField(PageField& field);
+    void storeField(PageField& field);
     // Labels and enabled states after the values have changed.
-    virtual void refreshFields();
+    void refreshFields();
     // The key of the field that shows a property.
     virtual std::string_view fieldKey(std::string_view key) const { return key; }
 
@@ -104,7 +112,6 @@ private:
     std::string_view labelOf(const PageField& field) const;
     std::string globalValueOf(const PageField& field);
     void storeSwitchedOff();
-    void storeField(PageField& field);
     void copyGlobal(PageField& field);
     PageField& fieldToChange(std::string_view key, FieldKind kind);
     ChangeResult changed();

@@ -35,6 +35,12 @@ StylesBasePage* StylesSheet::pageOf(std::string_view key) {
     return found == pages_.end() ? nullptr : found->get();
 }
 
+std::int32_t StylesSheet::edition() const {
+    std::int32_t edition = 1;
+    scheme_.getInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::edition), edition);
+    return edition == 2 ? 2 : 1;
+}
+
 void StylesSheet::setActiveTab(std::size_t tab) {
     activeTab_ = tab < pages_.size() ? tab : 0;
     inOneChange([&] { isPreviewNews_ = true; });
@@ -103,7 +109,9 @@ void StylesSheet::pageShows(const StylesBasePage& page) {
 void StylesSheet::pageStored(const StylesBasePage& stored) {
     if (isBulk_ || stored.info().page != Brevis::PropertyPage::Globals) return;
     for (const auto& page : pages_) {
-        if (page.get() != &stored) page->applyGlobals();
+        if (page.get() == &stored) continue;
+        page->applyGlobals();
+        page->followEdition();
     }
 }
 

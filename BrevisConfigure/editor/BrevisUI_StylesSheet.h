@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <span>
@@ -39,6 +40,8 @@ public:
 
     // The working copy, as the pages have stored it so far.
     const Brevis::PropertySet& scheme() const { return scheme_; }
+    // The edition of the rules that it is for, 1 or 2.
+    std::int32_t edition() const;
     // Whether a page has changed the scheme since it was set, which a page does too that finds a property missing.
     bool isModified() const { return isModified_; }
 

@@ -30,6 +30,12 @@ std::string titleOf(std::string_view label) {
     return title;
 }
 
+// The key that chooses the edition means something to both.
+bool isOfSecondEdition(std::string_view key) {
+    const Brevis::PropertyInfo* row = Brevis::Catalogue::find(key);
+    return row && row->edition == 2 && row->role != Brevis::PropertyRole::Edition;
+}
+
 class Reader {
 public:
     Reader(std::string_view name, std::vector<std::string>& faults) : name_(name), faults_(faults) {}
@@ -55,8 +61,9 @@ public:
 
     std::vector<PropertyHelp> finish() {
         endBlock();
-        for (const PropertyHelp& property : properties_) {
+        for (PropertyHelp& property : properties_) {
             if (property.shortText.empty()) faults_.push_back(name_ + ": no text for " + property.key);
+            if (isOfSecondEdition(property.key)) property.shortText += " Second edition only.";
         }
         return std::move(properties_);
     }

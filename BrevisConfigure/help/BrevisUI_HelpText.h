@@ -14,7 +14,8 @@
 //     after:                          and what the engine makes of it. A property may have several.
 //         int price ();
 //
-// The lines of a block are indented by four blanks, and an arrow in them stands for a tab.
+// The lines of a block are indented by four blanks, and an arrow in them stands for a tab. The short text of a property
+// that only the second edition reads gets a sentence that says so.
 #pragma once
 
 #include <span>

@@ -2,7 +2,6 @@
 #include "qt/BrevisUI_FieldControl.h"
 
 #include <QButtonGroup>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -12,7 +11,6 @@
 #include <QSpinBox>
 #include <algorithm>
 
-#include "editor/BrevisUI_WhiteSpaceEntry.h"
 #include "qt/BrevisUI_Tint.h"
 #include "qt/BrevisUI_Translated.h"
 
@@ -33,13 +31,11 @@ void showNumber(QSpinBox* box, int number) {
     if (box->value() != number) box->setValue(number);
 }
 
-class WhiteSpaceControl : public FieldControl {
+class TextControl : public FieldControl {
 public:
-    WhiteSpaceControl(StylesBasePage& page, const PageField& field, QWidget* parent)
+    TextControl(StylesBasePage& page, const PageField& field, QWidget* parent)
         : FieldControl(page, field, parent), edit_(new QLineEdit(parent)) {
-        auto* label = new QLabel(parent);
-        label->setBuddy(edit_);
-        setParts(label, edit_, edit_);
+        setLabelledParts(edit_, edit_);
         connect(edit_, &QLineEdit::textEdited, this, [this](const QString& text) {
             Q_EMIT edited(this->page().enterText(this->field().key(), fromQt(text)));
         });
@@ -50,7 +46,9 @@ protected:
     // Half-typed, such as a lone backslash, the text may stand for the value without being the form of it. It isn't
     // taken from under the hands of whoever types.
     void showValue() override {
-        if (field().refusedEntry || readWhiteSpace(fromQt(edit_->text())) != field().value.text) showEntry();
+        const bool isEmptied = field().value.isAbsent && !edit_->hasFocus();
+        if (isEmptied || field().refusedEntry || field().read(fromQt(edit_->text())) != field().value.text) showEntry();
+        edit_->setPlaceholderText(field().hasSwitch && field().value.isAbsent ? tr("not set") : QString());
     }
 
 private:
@@ -73,9 +71,7 @@ public:
         row->addWidget(number_);
         row->addWidget(unit_);
         row->addStretch();
-        auto* label = new QLabel(parent);
-        label->setBuddy(number_);
-        setParts(label, pair, number_);
+        setLabelledParts(pair, number_);
         connect(number_, &QSpinBox::valueChanged, this, [this] { change(); });
         connect(unit_, &QComboBox::activated, this, [this] { change(); });
     }
@@ -108,7 +104,7 @@ class FlagControl : public FieldControl {
 public:
     FlagControl(StylesBasePage& page, const PageField& field, QWidget* parent)
         : FieldControl(page, field, parent), box_(new QCheckBox(parent)) {
-        setParts(nullptr, box_, box_);
+        setParts(box_, box_);
         connect(box_, &QCheckBox::clicked, this,
                 [this](bool isOn) { Q_EMIT edited(this->page().setChecked(this->field().key(), isOn)); });
     }
@@ -128,14 +124,12 @@ class NumberControl : public FieldControl {
 public:
     NumberControl(StylesBasePage& page, const PageField& field, QWidget* parent)
         : FieldControl(page, field, parent), box_(makeNumberBox(field, parent)) {
-        auto* label = new QLabel(parent);
-        label->setBuddy(box_);
         auto* row = new QWidget(parent);
         auto* layout = new QHBoxLayout(row);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(box_);
         layout->addStretch();
-        setParts(label, row, box_);
+        setLabelledParts(row, box_);
         connect(box_, &QSpinBox::valueChanged, this,
                 [this](int number) { Q_EMIT edited(this->page().setNumber(this->field().key(), number)); });
     }
@@ -166,7 +160,7 @@ public:
             rows_->addWidget(button, static_cast<int>(i), 0, 1, 2);
             group_->addButton(button, static_cast<int>(i));
         }
-        setParts(nullptr, column, group_->button(0));
+        setParts(column, group_->button(0));
         connect(group_, &QButtonGroup::idClicked, this, [this](int choice) {
             Q_EMIT edited(this->page().select(this->field().key(), static_cast<std::size_t>(choice)));
         });
@@ -207,7 +201,8 @@ private:
 FieldControl* FieldControl::make(StylesBasePage& page, const PageField& field, QWidget* parent) {
     switch (field.kind) {
         case FieldKind::WhiteSpace:
-            return new WhiteSpaceControl(page, field, parent);
+        case FieldKind::Names:
+            return new TextControl(page, field, parent);
         case FieldKind::Indent:
             return new IndentControl(page, field, parent);
         case FieldKind::Flag:
@@ -230,8 +225,23 @@ FieldControl::FieldControl(StylesBasePage& page, const PageField& field, QWidget
     connect(setBackButton_, &QToolButton::clicked, this, [this] { setBack(); });
 }
 
-void FieldControl::setParts(QLabel* label, QWidget* editor, QWidget* focus) {
-    label_ = label;
+void FieldControl::setLabelledParts(QWidget* editor, QWidget* focus) {
+    if (field_.hasSwitch) {
+        switch_ = new QCheckBox(editor->parentWidget());
+        switch_->setObjectName(toQt(field_.key()) + QLatin1String(".set"));
+        connect(switch_, &QCheckBox::clicked, this,
+                [this](bool isOn) { Q_EMIT edited(page_.setPresent(field_.key(), isOn)); });
+        QWidget::setTabOrder(switch_, focus);
+    } else {
+        label_ = new QLabel(editor->parentWidget());
+        label_->setBuddy(focus);
+    }
+    setParts(editor, focus);
+}
+
+QWidget* FieldControl::head() const { return switch_ ? static_cast<QWidget*>(switch_) : label_; }
+
+void FieldControl::setParts(QWidget* editor, QWidget* focus) {
     editor_ = editor;
     focus_ = focus;
     const QString name = toQt(field_.key());
@@ -244,13 +254,16 @@ QString FieldControl::labelText() const { return bareLabel(field_.label); }
 void FieldControl::refresh() {
     showLabel();
     showValue();
-    editor_->setEnabled(field_.isEnabled);
-    if (label_) label_->setEnabled(field_.isEnabled);
+    const bool isSet = !switch_ || !field_.value.isAbsent;
+    editor_->setEnabled(field_.isEnabled && isSet);
+    if (switch_) switch_->setChecked(isSet);
+    if (head()) head()->setEnabled(field_.isEnabled);
     setBackButton_->setVisible(page_.isChanged(field_.key()));
 }
 
 void FieldControl::showLabel() {
     if (label_) label_->setText(translated(field_.label));
+    if (switch_) switch_->setText(translated(field_.label));
     focus_->setAccessibleName(labelText());
     const QString text = tr("Changed. Set back to the saved value: %1").arg(labelText());
     setBackButton_->setAccessibleName(text);
@@ -258,17 +271,20 @@ void FieldControl::showLabel() {
 }
 
 void FieldControl::setHelp(const QString& toolTip, const QString& whatsThis) {
-    for (QWidget* widget : {static_cast<QWidget*>(label_), editor_, focus_}) {
+    for (QWidget* widget : {head(), editor_, focus_}) {
         if (!widget) continue;
         widget->setToolTip(toolTip);
         widget->setWhatsThis(whatsThis);
     }
 }
 
-void FieldControl::takeFocus() { focus_->setFocus(Qt::ShortcutFocusReason); }
+void FieldControl::takeFocus() {
+    QWidget* const target = switch_ && !switch_->isChecked() ? switch_ : focus_;
+    target->setFocus(Qt::ShortcutFocusReason);
+}
 
 void FieldControl::setHighlighted(bool isHighlighted) {
-    QWidget* shown = label_ ? label_ : editor_;
+    QWidget* shown = head() ? head() : editor_;
     QPalette palette;
     if (isHighlighted) {
         palette = shown->palette();

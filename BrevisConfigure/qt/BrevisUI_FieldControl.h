@@ -2,6 +2,7 @@
 // means, and what then stands where, is told by the page.
 #pragma once
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QToolButton>
 
@@ -18,8 +19,10 @@ public:
     static FieldControl* make(StylesBasePage& page, const PageField& field, QWidget* parent);
 
     const PageField& field() const { return field_; }
-    // In front of the editor; null where the editor bears the label itself.
+    // In front of the editor; null where the editor or the switch bears the label itself.
     QLabel* label() const { return label_; }
+    // What stands in front of the editor: the label, or the switch of a field that has one; null where nothing does.
+    QWidget* head() const;
     QWidget* editor() const { return editor_; }
     // Puts the value back to what the store has; it can be seen only where that would change something.
     QToolButton* setBackButton() const { return setBackButton_; }
@@ -42,8 +45,9 @@ Q_SIGNALS:
 protected:
     FieldControl(StylesBasePage& page, const PageField& field, QWidget* parent);
 
-    // For the constructors of the kinds.
-    void setParts(QLabel* label, QWidget* editor, QWidget* focus);
+    // For the constructors of the kinds: an editor that bears its label itself, and one that needs a label or a switch.
+    void setParts(QWidget* editor, QWidget* focus);
+    void setLabelledParts(QWidget* editor, QWidget* focus);
     virtual void showValue() = 0;
     // The label where it may change, and the names for those who can't see.
     virtual void showLabel();
@@ -56,6 +60,7 @@ private:
     StylesBasePage& page_;
     const PageField& field_;
     QLabel* label_ = nullptr;
+    QCheckBox* switch_ = nullptr;  // says whether the scheme has the key; bears the label
     QWidget* editor_ = nullptr;
     QWidget* focus_ = nullptr;
     QToolButton* setBackButton_;

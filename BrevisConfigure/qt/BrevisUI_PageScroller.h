@@ -3,6 +3,7 @@
 
 #include <QScrollArea>
 #include <QScrollBar>
+#include <algorithm>
 
 namespace BrevisUI {
 
@@ -23,7 +24,12 @@ public:
         const int width = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
         return {width, QScrollArea::minimumSizeHint().height()};
     }
-    QSize sizeHint() const override { return {minimumSizeHint().width(), widget()->sizeHint().height()}; }
+    // A window that opens fits a common screen, however long its longest page is.
+    QSize sizeHint() const override {
+        constexpr int mostLines = 36;
+        const int mostHeight = mostLines * fontMetrics().height();
+        return {minimumSizeHint().width(), std::min(widget()->sizeHint().height(), mostHeight)};
+    }
 };
 
 }  // namespace BrevisUI

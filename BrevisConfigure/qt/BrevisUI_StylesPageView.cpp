@@ -56,8 +56,8 @@ void StylesPageView::addGroup(QVBoxLayout* column, const std::vector<FieldContro
 
 void StylesPageView::addRow(QGridLayout* grid, FieldControl* control) {
     const int row = grid->rowCount();
-    if (control->label()) {
-        grid->addWidget(control->label(), row, 0);
+    if (control->head()) {
+        grid->addWidget(control->head(), row, 0);
         grid->addWidget(control->editor(), row, 1);
     } else {
         grid->addWidget(control->editor(), row, 0, 1, 2);
@@ -74,11 +74,11 @@ void StylesPageView::refresh() {
 void StylesPageView::alignEditors() {
     int width = 0;
     for (const FieldControl* control : controls_) {
-        if (control->label() && !control->label()->isHidden())
-            width = std::max(width, control->label()->sizeHint().width());
+        if (control->head() && !control->head()->isHidden())
+            width = std::max(width, control->head()->sizeHint().width());
     }
     for (const FieldControl* control : controls_) {
-        if (control->label()) control->label()->setMinimumWidth(width);
+        if (control->head()) control->head()->setMinimumWidth(width);
     }
 }
 

@@ -259,13 +259,13 @@ TEST(PropertySearch, KnowsLabelsKeysAndWordsOfHelp) {
         {"wide size", "TAB_SIZE "},
         {"hang &", "HANGING_ASTERISK HANGING_AMPERSAND "},
         {"type and *", "WS_BETWEEN_ASTERISK_ANCHOR "},
-        {"each element", "LIST_WRAP_STRATEGY "},
+        {"each element", "FOR_EACH_MACROS LIST_WRAP_STRATEGY "},
         {"leave as is", "PPD_DO_NOT_FORMAT "},
         {"GLOBALS_DO_NOT_FORMAT", ""},
         {"WS_BEFORE_ACCESS_SPECS", ""},
         {"enums initializers", "ALIGN_ENUM_INITIALIZERS "},
         // What is seen comes before what is only in the key.
-        {"margin", "LEFT_MARGIN ALIGN_PPD_LEFT_MOST RIGHT_MARGIN "},
+        {"margin", "LEFT_MARGIN ALIGN_LABELS_LEFT_MOST ALIGN_PPD_LEFT_MOST RIGHT_MARGIN "},
         {"tab", "TAB_SIZE CONVERT_WS "},
     };
     for (const auto& [query, expected] : cases) EXPECT_EQ(expected, keys(query)) << query;
@@ -277,7 +277,7 @@ TEST(PropertySearch, KnowsLabelsKeysAndWordsOfHelp) {
 TEST(SchemeComparison, TellsValuesAsAUserReadsThem) {
     const Brevis::PropertySet first = schemeOf(
         "1 LINE_WRAP 1\n1 X 1\n2 ASTERISK_ANCHOR 1\n2 TAB_SIZE 4\n2 WRAP_STYLE 9\n3 INDENT_CS_CONTENT \"\\t\"\n"
-        "3 LEFT_MARGIN \" \\t\"\n3 WS_AFTER_CS_KEY \"\"\n");
+        "3 LEFT_MARGIN \" \\t\"\n3 MACROS_LOOP \"a b\"\n3 WS_AFTER_CS_KEY \"\"\n");
     const Brevis::PropertySet second = schemeOf(
         "1 LINE_WRAP 0\n2 ASTERISK_ANCHOR 0\n2 TAB_SIZE 4\n2 WRAP_STYLE 1\n2 X 1\n3 INDENT_CS_CONTENT \"    \"\n"
         "3 WS_AFTER_CS_KEY \" \\n\"\n3 WS_AFTER_DD_NAME \"\"\n");
@@ -290,6 +290,7 @@ TEST(SchemeComparison, TellsValuesAsAUserReadsThem) {
         "Global Settings|Left margin:|LEFT_MARGIN|\"\\s\\t\"|-\n"
         "Control Statements|Body:|INDENT_CS_CONTENT|1 tabs|4 spaces\n"
         "Control Statements|After keyword:|WS_AFTER_CS_KEY|\"\"|\"\\s\\n\"\n"
+        "Preprocessor Directives|Other loops:|MACROS_LOOP|a b|-\n"
         "Pointers & References|Keep * with:|ASTERISK_ANCHOR|Identifier|Typename\n"
         "Line Wrapping|Wrap long lines|LINE_WRAP|on|off\n"
         "Line Wrapping|Treatment of line continuation|WRAP_STYLE|9|Align logically with previous line\n"

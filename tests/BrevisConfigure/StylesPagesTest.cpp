@@ -54,6 +54,8 @@ void setOtherValue(const PropertyInfo& property, PropertySet& scheme) {
             return scheme.setInt(property.key, 100000);
         case PropertyType::Choice:
             return scheme.setInt(property.key, otherChoice(property));
+        case PropertyType::Names:
+            return scheme.setString(property.key, "each");
         default:
             return scheme.setString(property.key, "\n \t");
     }
@@ -214,6 +216,8 @@ ChangeResult changeField(StylesBasePage& page, const PageField& field) {
     switch (field.kind) {
         case FieldKind::WhiteSpace:
             return page.enterText(field.key(), "\\t\\t\\t");
+        case FieldKind::Names:
+            return page.enterText(field.key(), " one\ttwo ");
         case FieldKind::Indent:
             return page.setIndent(field.key(), {5, IndentUnit::Spaces});
         case FieldKind::Flag:
@@ -237,7 +241,8 @@ TEST(StylesPages, StoreEveryChangeAtOnce) {
             EXPECT_TRUE(editor.sheet.isModified());
             EXPECT_EQ(1, editor.window.modified);
             EXPECT_EQ(1, editor.window.redrawn);
-            EXPECT_EQ(1u, editor.window.pages.size());
+            // The edition enables controls of other pages.
+            EXPECT_EQ(field.property->role != PropertyRole::Edition, editor.window.pages.size() == 1u);
             EXPECT_TRUE(page.isChanged(field.key()));
             const bool erases = field.property->role == PropertyRole::DoNotFormat;
             EXPECT_FALSE(page.setBack(field.key()));
@@ -351,6 +356,113 @@ TEST(StylesPages, CopyNothingWhileASchemeIsSet) {
     editor.sheet.fetchScheme();
     EXPECT_FALSE(editor.sheet.isModified());
     EXPECT_EQ(lineOf(scheme, "GLOBAL_WS_BEFORE_COMMA").substr(25), editor.line("WS_BEFORE_ENUM_COMMA").substr(23));
+}
+
+// ---- Keys of the second edition
+
+// Neither loading nor storing nor a change beside them adds one to a scheme.
+TEST(StylesPages, AddNoKeyOfTheSecondEdition) {
+    for (const char* lines : {"", "2 EDITION 2\n"}) {
+        const PropertySet scheme = schemeOf(lines);
+        Editor editor(scheme);
+        for (const auto& page : editor.sheet.pages()) {
+            for (const PageField& field : page->fields()) {
+                const bool isOfFirst = field.property->edition == 1 && field.property->role == PropertyRole::Value;
+                if (isOfFirst) changeField(*page, field);
+            }
+        }
+        EXPECT_FALSE(editor.sheet.fetchScheme());
+        EXPECT_NE("", editor.line("WS_AFTER_FN_NAME"));
+        for (const PropertyInfo& property : Brevis::Catalogue::properties) {
+            if (property.edition == 1) continue;
+            EXPECT_EQ(lineOf(scheme, property.key), editor.line(property.key)) << property.key;
+        }
+    }
+}
+
+TEST(StylesPages, EnableWhatActsInTheEdition) {
+    Editor editor(schemeOf("1 EXPR_DO_NOT_FORMAT 1\n2 EDITION 3\n"));
+    const auto isEnabled = [&](const char* key) { return editor.field(key).isEnabled; };
+    const char* const keys[] = {"REMOVE_TRAILING_WS", "INDENT_LABEL", "MACROS_LOOP", "WS_IN_EMPTY_BODY"};
+    for (const char* key : keys) EXPECT_FALSE(isEnabled(key)) << key;
+    EXPECT_TRUE(isEnabled("EDITION"));
+    editor.page("EDITION").select("EDITION", 1);
+    EXPECT_EQ("2 EDITION 2", editor.line("EDITION"));
+    for (const char* key : keys) EXPECT_TRUE(isEnabled(key)) << key;
+    EXPECT_FALSE(isEnabled("WS_AFTER_CAST")) << "its page is switched off";
+    EXPECT_TRUE(editor.window.pages.contains("PreprocessorPage"));
+    EXPECT_FALSE(editor.window.pages.contains("ExpressionsPage") || editor.window.pages.contains("TemplatesPage"));
+    editor.page("EDITION").select("EDITION", 0);
+    EXPECT_EQ("2 EDITION 1", editor.line("EDITION"));
+    for (const char* key : keys) EXPECT_FALSE(isEnabled(key)) << key;
+}
+
+TEST(StylesPages, PutAKeyThereAndTakeItAway) {
+    const PropertySet scheme = defaultScheme();
+    const struct {
+        const char* key;
+        const char* line;
+    } cases[] = {
+        {"WS_AFTER_CAST", "3 WS_AFTER_CAST \"\""},
+        {"WS_BETWEEN_STATEMENTS", "3 WS_BETWEEN_STATEMENTS \"\\n\""},
+        {"INDENT_LABEL", "3 INDENT_LABEL \"\""},
+        {"MAX_BLANK_LINES", "2 MAX_BLANK_LINES 1"},
+    };
+    for (const auto& [key, line] : cases) {
+        Editor editor(scheme);
+        StylesBasePage& page = editor.page(key);
+        const auto isAbsent = [&] { return editor.field(key).value.isAbsent && editor.sheet.scheme() == scheme; };
+        EXPECT_TRUE(isAbsent()) << key;
+        page.setPresent(key, true);
+        EXPECT_EQ(line, editor.line(key));
+        EXPECT_TRUE(page.isChanged(key));
+        // A value of its own goes with the key.
+        changeField(page, editor.field(key));
+        EXPECT_NE(line, editor.line(key));
+        page.setPresent(key, false);
+        EXPECT_TRUE(isAbsent() && !page.isChanged(key)) << key;
+        page.setPresent(key, true);
+        EXPECT_EQ(line, editor.line(key));
+        page.setBack(key);
+        EXPECT_TRUE(isAbsent()) << key;
+        EXPECT_TRUE(editor.field(key).entry().empty());
+    }
+    Editor editor(scheme);
+    editor.check("REMOVE_TRAILING_WS");
+    EXPECT_EQ("1 REMOVE_TRAILING_WS 1", editor.line("REMOVE_TRAILING_WS"));
+    editor.check("REMOVE_TRAILING_WS", false);
+    EXPECT_EQ("1 REMOVE_TRAILING_WS 0", editor.line("REMOVE_TRAILING_WS"));
+    for (const char* key : {"TAB_SIZE", "REMOVE_TRAILING_WS", "ALIGN_PPD_LEFT_MOST"}) {
+        EXPECT_THROW(editor.page(key).setPresent(key, true), Trn::InvalidParameterException) << key;
+    }
+    // A key of another type means nothing; it stays as it is.
+    editor.sheet.setScheme(schemeOf("2 WS_AFTER_CAST 1\n"));
+    EXPECT_TRUE(editor.field("WS_AFTER_CAST").value.isAbsent);
+    editor.sheet.fetchScheme();
+    EXPECT_EQ("2 WS_AFTER_CAST 1", editor.line("WS_AFTER_CAST"));
+}
+
+TEST(StylesPages, TakeNamesOfMacros) {
+    const struct {
+        const char* entry;
+        const char* line;  // null: refused
+    } cases[] = {
+        {"foreach", "3 MACROS_LOOP \"foreach\""},
+        {"  Q_FOREVER\t_a1  \u00fcb ", "3 MACROS_LOOP \"Q_FOREVER _a1 \u00fcb\""},
+        {" ", ""},
+        {"1a", nullptr},
+        {"a, b", nullptr},
+        {"f()", nullptr},
+    };
+    for (const auto& [entry, line] : cases) {
+        Editor editor(schemeOf("2 EDITION 2\n3 MACROS_LOOP \"each\"\n"));
+        const ChangeResult refused = editor.enter("MACROS_LOOP", entry);
+        ASSERT_EQ(line == nullptr, refused.has_value()) << entry;
+        EXPECT_EQ(line ? line : "3 MACROS_LOOP \"each\"", editor.line("MACROS_LOOP"));
+        if (!refused) continue;
+        EXPECT_EQ("Please only enter names of macros, separated by spaces.", refused->message);
+        EXPECT_EQ(entry, editor.field("MACROS_LOOP").entry());
+    }
 }
 
 // ---- Do not format

@@ -44,12 +44,20 @@ protected:
     // Gives the control another value with keyboard or mouse, and tells what the scheme is to hold then.
     std::string change(const PageField& field, FieldControl& control) {
         dlg->showProperty(field.key());
+        if (field.hasSwitch) {
+            EXPECT_EQ(QApplication::focusWidget(), control.head()) << field.key();
+            QTest::keyClick(control.head(), Qt::Key_Space);
+            dlg->showProperty(field.key());
+        }
         EXPECT_TRUE(control.editor()->isEnabled()) << field.key();
         QWidget* const focus = QApplication::focusWidget();
         switch (field.kind) {
             case FieldKind::WhiteSpace:
                 type(field.key(), QStringLiteral("\\n\\s\\t"));
                 return "\"\n \t\"";
+            case FieldKind::Names:
+                type(field.key(), QStringLiteral("each  all"));
+                return "\"each all\"";
             case FieldKind::Indent:
                 qobject_cast<QSpinBox*>(focus)->selectAll();
                 QTest::keyClicks(focus, QStringLiteral("3"));
@@ -76,7 +84,7 @@ protected:
 
 // A property that no page shows, or one that a page shows and doesn't store, fails here.
 TEST_F(StylesPagesTest, everyControlStoresWhatItShowsAndShowsWhatWasStored) {
-    give("Mine");
+    give("Mine", "2 EDITION 2\n");
     open();
     std::map<std::string, std::string> expected;
     forEachControl([&](const PageField& field, FieldControl& control) {
@@ -245,9 +253,35 @@ TEST_F(StylesPagesTest, changedValuesAreMarkedAndCanBeSetBackAlone) {
     EXPECT_EQ(textOf("Mine", "WS_BETWEEN_ENUM_ELEMENTS"), "\n");
 }
 
+// The box in front of a control puts its key into the scheme and takes it out.
+TEST_F(StylesPagesTest, aBoxSaysWhetherTheSchemeHasTheKey) {
+    give("Mine", "3 WS_IN_EMPTY_BODY \" \"\n");
+    open();
+    EXPECT_FALSE(find("WS_AFTER_CAST.set")->isEnabled());
+    find<StylesPageView>("GlobalsPage")->control("EDITION")->editor()->findChildren<QRadioButton*>().last()->click();
+    EXPECT_TRUE(find("WS_AFTER_CAST.set")->isEnabled());
+    EXPECT_FALSE(find("WS_AFTER_CAST")->isEnabled());
+    EXPECT_EQ(find<QLineEdit>("WS_BEFORE_LAMBDA_OPEN_BRACE")->text(), QString());
+    click("WS_BEFORE_LAMBDA_OPEN_BRACE.set");
+    EXPECT_EQ(find<QLineEdit>("WS_BEFORE_LAMBDA_OPEN_BRACE")->text(), QStringLiteral("\\s"));
+    click("INDENT_LABEL.set");
+    click("MAX_BLANK_LINES.set");
+    click("MAX_BLANK_LINES.set");
+    EXPECT_EQ(find<QLineEdit>("WS_IN_EMPTY_BODY")->text(), QStringLiteral("\\s"));
+    click("WS_IN_EMPTY_BODY.set");
+    EXPECT_EQ(find<QLineEdit>("WS_IN_EMPTY_BODY")->text(), QString());
+    finish();
+    std::string keys;
+    for (const PropertyInfo& property : Brevis::Catalogue::properties) {
+        const std::string value = stored(store.find("Mine")->scheme, property.key);
+        if (property.edition != 1 && value != "absent") keys += std::string(property.key) + ' ' + value + '\n';
+    }
+    EXPECT_EQ(keys, "EDITION 2\nINDENT_LABEL \"\"\nWS_BEFORE_LAMBDA_OPEN_BRACE \" \"\n");
+}
+
 // With the tab key alone a user comes to every control of a page, in the order in which they stand.
 TEST_F(StylesPagesTest, theTabKeyGoesThroughThePage) {
-    give("Mine");
+    give("Mine", "2 EDITION 2\n2 MAX_BLANK_LINES 3\n");
     open();
     for (std::size_t tab = 0; tab < std::size(pageTable); ++tab) {
         ASSERT_TRUE(dlg->showPage(tab));
@@ -266,7 +300,12 @@ TEST_F(StylesPagesTest, theTabKeyGoesThroughThePage) {
         }
         for (const PageField& field : find<StylesPageView>(pageTable[tab].className)->page().fields()) {
             if (field.isHidden || !field.isEnabled || field.kind == FieldKind::Choice) continue;
-            EXPECT_TRUE(reached.count(toQt(field.key()))) << field.key();
+            if (field.hasSwitch) {
+                EXPECT_TRUE(reached.count(toQt(field.key()) + QStringLiteral(".set"))) << field.key();
+            }
+            if (!field.hasSwitch || !field.value.isAbsent) {
+                EXPECT_TRUE(reached.count(toQt(field.key()))) << field.key();
+            }
         }
     }
 }

@@ -66,7 +66,7 @@ enum class PropertyRole {
     Value,
     UseGlobal,    // the page takes the values with a twin from the global settings
     DoNotFormat,  // the page is switched off: a scheme that says so has none of its values
-    Edition,      // says which edition of the rules the scheme is for
+    Edition,      // which edition of the rules the scheme is for
 };
 
 // True while another property of the same page, a Flag or a Choice, has a value from `least` to `most`.
@@ -206,11 +206,15 @@ inline constexpr std::string_view asteriskGroup = "Keep * with:", ampersandGroup
 // Groups of the controls for functions, whose labels would not tell them apart.
 inline constexpr std::string_view declarations = "Declarations only", bothOfThem = "Declarations and definitions",
                                   definitions = "Definitions only";
+inline constexpr std::string_view lambdas = "Lambdas", sourceLineEnds = "Line ends of the source";
 
 inline constexpr PropertyInfo properties[] = {
     {"CORVANE_VERSION", PropertyType::Text, Page::None, Unused::Version, "", 0, schemeVersion, {}},
 
     // Global Settings.
+    choice("EDITION", Page::Globals, &Scheme::edition, "Edition of the rules", 1, editionValues)
+        .as(Role::Edition)
+        .ofEdition(2),
     number("TAB_SIZE", Page::Globals, &Scheme::tabSize, "Tab size:", 4),
     choice("CONVERT_WS", Page::Globals, &Scheme::convertWs, "Convert", 1, convertValues),
     indent("LEFT_MARGIN", Page::Globals, &Scheme::leftMargin, "Left margin:"),
@@ -446,52 +450,107 @@ inline constexpr PropertyInfo properties[] = {
     flag("ALIGN_TP_PARAMS_LEFT", Page::None, &Scheme::alignTpParamsLeft),
     flag("ALIGN_FN_CALL_ARGS_LEFT", Page::None, &Scheme::alignFnCallArgsLeft),
 
-    // The edition of the rules, and the keys of the second one.
-    choice("EDITION", Page::None, &Scheme::edition, "Edition", 1, editionValues).as(Role::Edition).ofEdition(2),
-    names("FOR_EACH_MACROS", Page::None, &Scheme::forEachMacros).ofEdition(2),
-    names("MACROS_STATEMENT", Page::None, &Scheme::macrosStatement).ofEdition(2),
-    names("MACROS_LOOP", Page::None, &Scheme::macrosLoop).ofEdition(2),
-    names("MACROS_NAMESPACE_BEGIN", Page::None, &Scheme::macrosNamespaceBegin).ofEdition(2),
-    names("MACROS_NAMESPACE_END", Page::None, &Scheme::macrosNamespaceEnd).ofEdition(2),
-    flag("KEEP_LINE_BREAKS_IN_EXPR", Page::None, &Scheme::keepLineBreaksInExpr).ofEdition(2),
-    flag("KEEP_LINE_BREAKS_IN_LISTS", Page::None, &Scheme::keepLineBreaksInLists).ofEdition(2),
-    flag("ALIGN_CONTINUATION_LEFT", Page::None, &Scheme::alignContinuationLeft).ofEdition(2),
-    flag("KEEP_ALIGNED_COLUMNS", Page::None, &Scheme::keepAlignedColumns).ofEdition(2),
-    flag("ALIGN_TRAILING_COMMENTS", Page::None, &Scheme::alignTrailingComments).ofEdition(2),
-    flag("KEEP_ONE_LINE_FN_BODIES", Page::None, &Scheme::keepOneLineFnBodies).ofEdition(2),
-    flag("KEEP_ONE_LINE_CS_BODIES", Page::None, &Scheme::keepOneLineCsBodies).ofEdition(2),
-    flag("KEEP_ONE_LINE_CLASS_BODIES", Page::None, &Scheme::keepOneLineClassBodies).ofEdition(2),
-    flag("KEEP_ONE_LINE_ENUM_BODIES", Page::None, &Scheme::keepOneLineEnumBodies).ofEdition(2),
-    flag("KEEP_ONE_LINE_DD_BODIES", Page::None, &Scheme::keepOneLineDdBodies).ofEdition(2),
-    flag("KEEP_ONE_LINE_LAMBDA_BODIES", Page::None, &Scheme::keepOneLineLambdaBodies).ofEdition(2),
-    flag("KEEP_ONE_LINE_CLASS_INITS", Page::None, &Scheme::keepOneLineClassInits).ofEdition(2),
-    flag("ALIGN_LABELS_LEFT_MOST", Page::None, &Scheme::alignLabelsLeftMost).ofEdition(2),
-    flag("KEEP_BLANK_LINES_AT_BRACES", Page::None, &Scheme::keepBlankLinesAtBraces).ofEdition(2),
-    flag("REMOVE_TRAILING_WS", Page::None, &Scheme::removeTrailingWs).ofEdition(2),
-    number("MAX_BLANK_LINES", Page::None, &Scheme::maxBlankLines, "", 1).ofEdition(2),
-    number("MIN_BLANK_LINES_BETWEEN_FN_DEFNS", Page::None, &Scheme::minBlankLinesBetweenFnDefns, "", 1).ofEdition(2),
-    indent("INDENT_CONTINUATION", Page::None, &Scheme::indentContinuation, "").ofEdition(2),
-    indent("INDENT_CS_CASE_BLOCK_CONTENT", Page::None, &Scheme::indentCsCaseBlockContent, "").ofEdition(2),
-    indent("INDENT_LABEL", Page::None, &Scheme::indentLabel, "").ofEdition(2),
-    indent("INDENT_LINKAGE_CONTENT", Page::None, &Scheme::indentLinkageContent, "").ofEdition(2),
-    indent("INDENT_NESTED_NS_CONTENT", Page::None, &Scheme::indentNestedNsContent, "").ofEdition(2),
-    indent("INDENT_CS_UNBRACED_CONTENT", Page::None, &Scheme::indentCsUnbracedContent, "").ofEdition(2),
-    indent("INDENT_LAMBDA_CONTENT", Page::None, &Scheme::indentLambdaContent, "").ofEdition(2),
-    whiteSpace("WS_AFTER_CAST", Page::None, &Scheme::wsAfterCast).ofEdition(2),
-    whiteSpace("WS_AFTER_NAMED_CAST", Page::None, &Scheme::wsAfterNamedCast).ofEdition(2),
-    whiteSpace("WS_AFTER_UNARY_OP", Page::None, &Scheme::wsAfterUnaryOp).ofEdition(2),
-    whiteSpace("WS_BEFORE_TRAILING_COMMENT", Page::None, &Scheme::wsBeforeTrailingComment).ofEdition(2),
-    whiteSpace("WS_BEFORE_CS_CASE_OPEN_BRACE", Page::None, &Scheme::wsBeforeCsCaseOpenBrace).ofEdition(2),
-    whiteSpace("WS_IN_EMPTY_BODY", Page::None, &Scheme::wsInEmptyBody).ofEdition(2),
-    whiteSpace("WS_BETWEEN_STATEMENTS", Page::None, &Scheme::wsBetweenStatements).ofEdition(2),
-    whiteSpace("WS_BEFORE_SEMICOLON", Page::None, &Scheme::wsBeforeSemicolon).ofEdition(2),
-    whiteSpace("WS_BEFORE_LINKAGE_OPEN_BRACE", Page::None, &Scheme::wsBeforeLinkageOpenBrace).ofEdition(2),
-    whiteSpace("WS_AFTER_CLASS_FN_DEFN_RETURN_TYPE", Page::None, &Scheme::wsAfterClassFnDefnReturnType).ofEdition(2),
-    whiteSpace("WS_BETWEEN_SUBSCRIPT_OP_OPERANDS", Page::None, &Scheme::wsBetweenSubscriptOpOperands).ofEdition(2),
-    whiteSpace("WS_AT_END_OF_FILE", Page::None, &Scheme::wsAtEndOfFile).ofEdition(2),
-    whiteSpace("WS_BEFORE_LAMBDA_OPEN_BRACE", Page::None, &Scheme::wsBeforeLambdaOpenBrace).ofEdition(2),
-    whiteSpace("WS_AFTER_LAMBDA_OPEN_BRACE", Page::None, &Scheme::wsAfterLambdaOpenBrace).ofEdition(2),
-    whiteSpace("WS_BEFORE_LAMBDA_CLOSE_BRACE", Page::None, &Scheme::wsBeforeLambdaCloseBrace).ofEdition(2),
+    // The keys of the second edition, page by page.
+    indent("INDENT_LINKAGE_CONTENT", Page::Globals, &Scheme::indentLinkageContent, "Body of extern \"C\":")
+        .ofEdition(2),
+    whiteSpace("WS_BEFORE_LINKAGE_OPEN_BRACE", Page::Globals, &Scheme::wsBeforeLinkageOpenBrace,
+               "Before extern \"C\" open:", " ")
+        .ofEdition(2),
+    whiteSpace("WS_IN_EMPTY_BODY", Page::Globals, &Scheme::wsInEmptyBody, "In an empty body:").ofEdition(2),
+    whiteSpace("WS_BETWEEN_STATEMENTS", Page::Globals, &Scheme::wsBetweenStatements, "Between statements:", "\n")
+        .ofEdition(2),
+    whiteSpace("WS_BEFORE_SEMICOLON", Page::Globals, &Scheme::wsBeforeSemicolon, "Before semicolon:").ofEdition(2),
+    whiteSpace("WS_BEFORE_TRAILING_COMMENT", Page::Globals, &Scheme::wsBeforeTrailingComment,
+               "Before trailing comment:", " ")
+        .ofEdition(2),
+    whiteSpace("WS_AT_END_OF_FILE", Page::Globals, &Scheme::wsAtEndOfFile, "At end of file:", "\n").ofEdition(2),
+    number("MAX_BLANK_LINES", Page::Globals, &Scheme::maxBlankLines, "At most in a row:", 1)
+        .in("Blank lines")
+        .ofEdition(2),
+    flag("KEEP_BLANK_LINES_AT_BRACES", Page::Globals, &Scheme::keepBlankLinesAtBraces, "Keep those at braces")
+        .in("Blank lines")
+        .ofEdition(2),
+    flag("KEEP_ALIGNED_COLUMNS", Page::Globals, &Scheme::keepAlignedColumns, "Keep hand-made columns").ofEdition(2),
+    flag("ALIGN_TRAILING_COMMENTS", Page::Globals, &Scheme::alignTrailingComments, "Align trailing comments")
+        .ofEdition(2),
+    flag("REMOVE_TRAILING_WS", Page::Globals, &Scheme::removeTrailingWs, "Remove white space at line ends")
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_CLASS_BODIES", Page::Classes, &Scheme::keepOneLineClassBodies, "Keep bodies on one line")
+        .ofEdition(2),
+    whiteSpace("WS_AFTER_CLASS_FN_DEFN_RETURN_TYPE", Page::Functions, &Scheme::wsAfterClassFnDefnReturnType,
+               "After type name, in a class:", " ")
+        .in(definitions)
+        .ofEdition(2),
+    number("MIN_BLANK_LINES_BETWEEN_FN_DEFNS", Page::Functions, &Scheme::minBlankLinesBetweenFnDefns,
+           "Blank lines between, at least:", 1)
+        .in(definitions)
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_FN_BODIES", Page::Functions, &Scheme::keepOneLineFnBodies, "Keep bodies on one line")
+        .in(definitions)
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_DD_BODIES", Page::Data, &Scheme::keepOneLineDdBodies, "Keep init bodies on one line")
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_ENUM_BODIES", Page::Enums, &Scheme::keepOneLineEnumBodies, "Keep bodies on one line")
+        .ofEdition(2),
+    indent("INDENT_NESTED_NS_CONTENT", Page::Namespaces, &Scheme::indentNestedNsContent, "Nested body:").ofEdition(2),
+    indent("INDENT_CS_CASE_BLOCK_CONTENT", Page::ControlStatements, &Scheme::indentCsCaseBlockContent,
+           "Case block content:")
+        .ofEdition(2),
+    indent("INDENT_CS_UNBRACED_CONTENT", Page::ControlStatements, &Scheme::indentCsUnbracedContent,
+           "Body without braces:")
+        .ofEdition(2),
+    indent("INDENT_LABEL", Page::ControlStatements, &Scheme::indentLabel, "Goto labels:").ofEdition(2),
+    whiteSpace("WS_BEFORE_CS_CASE_OPEN_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsCaseOpenBrace,
+               "Before case block open:", " ")
+        .ofEdition(2),
+    flag("ALIGN_LABELS_LEFT_MOST", Page::ControlStatements, &Scheme::alignLabelsLeftMost,
+         "Align goto labels to left-most margin")
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_CS_BODIES", Page::ControlStatements, &Scheme::keepOneLineCsBodies, "Keep bodies on one line")
+        .ofEdition(2),
+    whiteSpace("WS_AFTER_UNARY_OP", Page::Expressions, &Scheme::wsAfterUnaryOp, "After prefix operator:").ofEdition(2),
+    whiteSpace("WS_BETWEEN_SUBSCRIPT_OP_OPERANDS", Page::Expressions, &Scheme::wsBetweenSubscriptOpOperands,
+               "Operators in brackets:")
+        .ofEdition(2),
+    whiteSpace("WS_AFTER_CAST", Page::Expressions, &Scheme::wsAfterCast, "After cast:").ofEdition(2),
+    whiteSpace("WS_AFTER_NAMED_CAST", Page::Expressions, &Scheme::wsAfterNamedCast, "After named cast:").ofEdition(2),
+    indent("INDENT_LAMBDA_CONTENT", Page::Expressions, &Scheme::indentLambdaContent, "Body:").in(lambdas).ofEdition(2),
+    whiteSpace("WS_BEFORE_LAMBDA_OPEN_BRACE", Page::Expressions, &Scheme::wsBeforeLambdaOpenBrace,
+               "Before body open:", " ")
+        .in(lambdas)
+        .ofEdition(2),
+    whiteSpace("WS_AFTER_LAMBDA_OPEN_BRACE", Page::Expressions, &Scheme::wsAfterLambdaOpenBrace,
+               "After body open:", "\n")
+        .in(lambdas)
+        .ofEdition(2),
+    whiteSpace("WS_BEFORE_LAMBDA_CLOSE_BRACE", Page::Expressions, &Scheme::wsBeforeLambdaCloseBrace,
+               "Before body close:", "\n")
+        .in(lambdas)
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_LAMBDA_BODIES", Page::Expressions, &Scheme::keepOneLineLambdaBodies, "Keep bodies on one line")
+        .in(lambdas)
+        .ofEdition(2),
+    flag("KEEP_ONE_LINE_CLASS_INITS", Page::MemberInits, &Scheme::keepOneLineClassInits, "Keep lists on one line")
+        .ofEdition(2),
+    names("FOR_EACH_MACROS", Page::Preprocessor, &Scheme::forEachMacros, "For each element:").ofEdition(2),
+    names("MACROS_LOOP", Page::Preprocessor, &Scheme::macrosLoop, "Other loops:").ofEdition(2),
+    names("MACROS_STATEMENT", Page::Preprocessor, &Scheme::macrosStatement, "Whole statements:").ofEdition(2),
+    names("MACROS_NAMESPACE_BEGIN", Page::Preprocessor, &Scheme::macrosNamespaceBegin, "Namespace begins:")
+        .ofEdition(2),
+    names("MACROS_NAMESPACE_END", Page::Preprocessor, &Scheme::macrosNamespaceEnd, "Namespace ends:").ofEdition(2),
+    flag("KEEP_LINE_BREAKS_IN_EXPR", Page::LineWrapping, &Scheme::keepLineBreaksInExpr, "Keep those in expressions")
+        .in(sourceLineEnds)
+        .ofEdition(2),
+    flag("KEEP_LINE_BREAKS_IN_LISTS", Page::LineWrapping, &Scheme::keepLineBreaksInLists, "Keep those in lists")
+        .in(sourceLineEnds)
+        .ofEdition(2),
+    flag("ALIGN_CONTINUATION_LEFT", Page::LineWrapping, &Scheme::alignContinuationLeft,
+         "Align the later lines with the open bracket")
+        .in(sourceLineEnds)
+        .ofEdition(2),
+    indent("INDENT_CONTINUATION", Page::LineWrapping, &Scheme::indentContinuation, "Indent of the later lines:")
+        .in(sourceLineEnds)
+        .ofEdition(2),
 };
 
 // Keys without an effect that are kept for schemes that hold them: two that belong to a page without a control of

@@ -112,7 +112,7 @@ struct Scheme {
     bool keepLineBreaksInLists = false;
     bool alignContinuationLeft = false;
     WsProperty indentContinuation;
-    // Columns of the author, comments behind code, empty lines (-1: as many as the source has), the ends of lines
+    // Columns of the author, comments behind code, blank lines (-1: as many as the source has), the ends of lines
     bool keepAlignedColumns = false;
     bool alignTrailingComments = false;
     WsProperty wsBeforeTrailingComment;
