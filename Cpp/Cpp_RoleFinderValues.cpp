@@ -205,7 +205,9 @@ void RoleFinder::readValueParen(TokenIndex at) {
         return open(at, Role::Parameters, declaration(Role::ParameterComma));
     }
     if (kind(next(at)) != Kind::OpenBrace && types_.isCast(at)) return open(at, Role::Cast, types(Role::ArgumentComma));
-    open(at, Role::Group, values(Role::CommaOperator));
+    // `OF((int a, char *b))`: a macro around parameters.
+    const bool isWrapped = scope.bracket == Role::Call && types_.holdsParameters(at) == Guess::Yes;
+    open(at, Role::Group, isWrapped ? declaration(Role::ParameterComma) : values(Role::CommaOperator));
 }
 
 // Behind an operand: a call, or more of a type.
