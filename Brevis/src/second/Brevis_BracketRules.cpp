@@ -84,7 +84,7 @@ void BracketRules::cast(TokenIndex token) {
     inside(token, parens(false));
     const TokenIndex next = text_.next(token);
     if (gaps_.isOpening(token) || text_.kind(next) == Kind::OpenBrace) return;
-    gaps_.setInExpr(next, gapProperty<&Scheme::wsAfterCast>());
+    gaps_.setInLine(next, gapProperty<&Scheme::wsAfterCast>());
 }
 
 void BracketRules::namedCastOperand(TokenIndex token) {
