@@ -456,6 +456,7 @@ inline constexpr PropertyInfo properties[] = {
     flag("KEEP_LINE_BREAKS_IN_EXPR", Page::None, &Scheme::keepLineBreaksInExpr).ofEdition(2),
     flag("KEEP_LINE_BREAKS_IN_LISTS", Page::None, &Scheme::keepLineBreaksInLists).ofEdition(2),
     flag("ALIGN_CONTINUATION_LEFT", Page::None, &Scheme::alignContinuationLeft).ofEdition(2),
+    flag("ALIGN_OPERANDS_LEFT", Page::None, &Scheme::alignOperandsLeft).ofEdition(2),
     flag("KEEP_ALIGNED_COLUMNS", Page::None, &Scheme::keepAlignedColumns).ofEdition(2),
     flag("ALIGN_TRAILING_COMMENTS", Page::None, &Scheme::alignTrailingComments).ofEdition(2),
     flag("KEEP_ONE_LINE_FN_BODIES", Page::None, &Scheme::keepOneLineFnBodies).ofEdition(2),
