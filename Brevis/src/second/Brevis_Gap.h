@@ -25,11 +25,12 @@ struct Gap {
                  // indent
         Break,   // at least one line feed: the source's line feeds if it has any, else those of the rule
         Column,  // blanks up to a column, at least one
+        LineColumn,  // the line feeds of the source, and blanks up to a column
     };
 
     Sort sort = Sort::Keep;
     GapRule rule = GapRule::None;
-    std::uint16_t column = 0;  // of a Column, from 0
+    std::uint16_t column = 0;  // of a Column or a LineColumn, from 0
     std::uint32_t scope = 0;   // that gives the indent if a line begins here
 
     bool operator==(const Gap&) const = default;

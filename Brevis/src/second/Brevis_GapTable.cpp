@@ -61,6 +61,7 @@ bool GapTable::startsLine(TokenIndex token) const {
     switch (gaps_[token].sort) {
         case Gap::Sort::Keep:
         case Gap::Sort::Fixed:
+        case Gap::Sort::LineColumn:
             return text_->lineFeeds(token) > 0;
         case Gap::Sort::Blanks:
         case Gap::Sort::Column:

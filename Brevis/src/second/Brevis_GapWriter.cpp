@@ -19,7 +19,16 @@ std::size_t blankSize(std::string_view text) {
 }  // namespace
 
 GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
-    : text_(text), scheme_(scheme), gaps_(gaps), bases_(gaps.scopes().size()) {}
+    : text_(text), scheme_(scheme), gaps_(gaps), bases_(gaps.scopes().size()) {
+    const std::vector<IndentScope>& scopes = gaps.scopes();
+    for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
+        if (scopes[scope].isAnchored) anchored_.push_back(scope);
+    }
+    const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
+    if (!std::is_sorted(anchored_.begin(), anchored_.end(), isEarlier)) {
+        std::stable_sort(anchored_.begin(), anchored_.end(), isEarlier);
+    }
+}
 
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
@@ -39,9 +48,10 @@ void GapWriter::run() {
     for (TokenIndex token = 1; token <= text_.size(); ++token) {
         isLineStart_ = token == 1;
         passSource(text_.gap(token));
+        const int gap = column_;
         writeGap(token);
         noteBehind(token);
-        if (places_ != nullptr) (*places_)[token] = {line_, static_cast<std::uint32_t>(column_)};
+        if (places_ != nullptr) (*places_)[token] = {line_, column_, gap};
         if (token == text_.size()) break;
         noteAnchors(token);
         writeToken(token);
@@ -75,7 +85,13 @@ void GapWriter::writeGap(TokenIndex token) {
         case Sort::Blanks:
             return writeBlanks(gaps_.text(gap.rule));
         case Sort::Column:
-            return padTo(std::max(static_cast<int>(gap.column), column_ + 1));
+            return writeColumn(token);
+        case Sort::LineColumn:
+            startLine(keptLineFeeds(token));
+            isLineStart_ = true;
+            padTo(gap.column);
+            leadSize_ = out_.size() - lineBegin_;
+            return;
         case Sort::Lines:
             return writeLines(token, gaps_.lineFeeds(gap.rule), gaps_.tail(gap.rule));
         case Sort::Break: {
@@ -90,6 +106,15 @@ int GapWriter::keptLineFeeds(TokenIndex token) const {
     const int feeds = static_cast<int>(std::count(gap.begin(), gap.end(), '\n'));
     if (scheme_.maxBlankLines < 0) return feeds;
     return std::min(feeds, scheme_.maxBlankLines + 1);
+}
+
+// A column that the author has made with tabs is made with tabs again.
+void GapWriter::writeColumn(TokenIndex token) {
+    const int column = std::max(static_cast<int>(gaps_[token].column), column_ + 1);
+    if (gaps_[token].rule == ruleOf<&Scheme::keepAlignedColumns>() && text_.gap(token).find('\t') != std::string_view::npos) {
+        while ((column_ / scheme_.tabSize + 1) * scheme_.tabSize <= column) append("\t");
+    }
+    padTo(column);
 }
 
 void GapWriter::writeBlanks(std::string_view blanks) { append(blanks); }
@@ -129,6 +154,12 @@ void GapWriter::writeLead(TokenIndex token, std::string_view tail, bool isDecide
             break;
         case Mode::Indent:
             append(std::string(outLead(base)));
+            if (scope.rule != GapRule::None) append(gaps_.text(scope.rule));
+            append(tail);
+            break;
+        case Mode::At:
+            append(std::string(outLead(base)));
+            padTo(std::max(base.at, column_));
             if (scope.rule != GapRule::None) append(gaps_.text(scope.rule));
             append(tail);
             break;
@@ -198,16 +229,16 @@ const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
 void GapWriter::noteAnchors(TokenIndex token) {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
     fresh_.clear();
-    for (; nextScope_ < scopes.size(); ++nextScope_) {
-        const IndentScope& scope = scopes[nextScope_];
-        if (!scope.isAnchored) continue;
-        if (scope.anchor > token) break;
-        Base& base = bases_[nextScope_];
+    for (; nextScope_ < anchored_.size(); ++nextScope_) {
+        const std::uint32_t scope = anchored_[nextScope_];
+        if (scopes[scope].anchor > token) break;
+        Base& base = bases_[scope];
+        base.at = column_;
         base.outLead = static_cast<std::uint32_t>(lineBegin_);
         base.outSize = static_cast<std::uint32_t>(leadSize_);
         base.sourceLead = static_cast<std::uint32_t>(sourceLine_);
         base.sourceSize = static_cast<std::uint32_t>(sourceLeadSize_);
-        fresh_.push_back(static_cast<std::uint32_t>(nextScope_));
+        fresh_.push_back(scope);
     }
 }
 

@@ -9,10 +9,11 @@
 
 namespace Brevis {
 
-// Where a token came to stand: line and column from 0.
+// Where a token came to stand: line and column from 0, and the column in which the gap in front of it begins.
 struct LaidPlace {
     std::uint32_t line = 0;
-    std::uint32_t column = 0;
+    std::int32_t column = 0;
+    std::int32_t gap = 0;
 };
 
 // The text, the scheme and the table must outlive the writer.
@@ -29,12 +30,14 @@ private:
     struct Base {
         std::uint32_t outLead = 0, outSize = 0;        // a stretch of the output
         std::uint32_t sourceLead = 0, sourceSize = 0;  // and of the source
+        std::int32_t at = 0;                           // column of the anchor
         std::int32_t behind = -1;                      // column of what follows the anchor on its line; -1 for nothing
         std::int32_t sourceBehind = -1;                // the same in the source
     };
 
     void run();
     void writeGap(TokenIndex token);
+    void writeColumn(TokenIndex token);
     void writeBlanks(std::string_view blanks);
     void writeLines(TokenIndex token, int lineFeeds, std::string_view tail);
     void writeLead(TokenIndex token, std::string_view tail, bool isDecided);
@@ -60,8 +63,9 @@ private:
     std::string out_;
     std::vector<Base> bases_;
     std::vector<LaidPlace>* places_ = nullptr;
-    std::size_t nextScope_ = 1;
-    std::vector<std::uint32_t> fresh_;  // scopes whose anchor was the last token
+    std::vector<std::uint32_t> anchored_;  // scopes with an anchor, in the order of their anchors
+    std::size_t nextScope_ = 0;            // in `anchored_`
+    std::vector<std::uint32_t> fresh_;     // scopes whose anchor was the last token
     std::size_t lineBegin_ = 0;         // of the line that is being written
     std::size_t leadSize_ = 0;
     std::uint32_t line_ = 0;

@@ -14,6 +14,7 @@ struct IndentScope {
         Distance,  // a line keeps its distance to the line of the anchor, as the source has it
         Indent,    // the base and the text of the rule
         Behind,    // the column behind the anchor, a bracket, if something follows it on its line; else as `rule` says
+        At,        // the column of the anchor, and the text of the rule
         Margin,    // no white space at all
     };
 
