@@ -548,6 +548,10 @@ inline constexpr PropertyInfo properties[] = {
          "Align the later lines with the open bracket")
         .in(sourceLineEnds)
         .ofEdition(2),
+    flag("ALIGN_OPERANDS_LEFT", Page::LineWrapping, &Scheme::alignOperandsLeft,
+         "Align the operands of an expression with the first one")
+        .in(sourceLineEnds)
+        .ofEdition(2),
     indent("INDENT_CONTINUATION", Page::LineWrapping, &Scheme::indentContinuation, "Indent of the later lines:")
         .in(sourceLineEnds)
         .ofEdition(2),

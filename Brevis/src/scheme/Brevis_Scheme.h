@@ -111,6 +111,7 @@ struct Scheme {
     bool keepLineBreaksInExpr = false;
     bool keepLineBreaksInLists = false;
     bool alignContinuationLeft = false;
+    bool alignOperandsLeft = false;
     WsProperty indentContinuation;
     // Columns of the author, comments behind code, blank lines (-1: as many as the source has), the ends of lines
     bool keepAlignedColumns = false;

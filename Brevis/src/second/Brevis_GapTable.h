@@ -68,6 +68,7 @@ public:
 
     std::uint32_t addScope(const IndentScope& scope);
     const std::vector<IndentScope>& scopes() const { return scopes_; }
+    IndentScope& scope(std::uint32_t scope) { return scopes_[scope]; }
     void setScope(TokenIndex token, std::uint32_t scope) { gaps_[token].scope = scope; }
 
     // The text of a rule: of a property its value, which may be unset.

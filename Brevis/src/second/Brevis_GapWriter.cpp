@@ -137,10 +137,18 @@ void GapWriter::writeEnd() {
     putGap(end, scratch_);
 }
 
+// A column that the author has made with tabs is made with tabs again.
 void GapWriter::writeColumn(TokenIndex token) {
-    const int begin = column();
-    const int size = std::max(static_cast<int>(gaps_[token].column) - begin, 1);
-    scratch_.assign(static_cast<std::size_t>(size), ' ');
+    int at = column();
+    const int target = std::max(static_cast<int>(gaps_[token].column), at + 1);
+    scratch_.clear();
+    if (gaps_[token].rule == ruleOf<&Scheme::keepAlignedColumns>() && text_.gap(token).find('\t') != std::string_view::npos) {
+        for (int stop = (at / scheme_.tabSize + 1) * scheme_.tabSize; stop <= target; stop += scheme_.tabSize) {
+            scratch_ += '\t';
+            at = stop;
+        }
+    }
+    scratch_.append(static_cast<std::size_t>(target - at), ' ');
     putGap(token, scratch_);
 }
 

@@ -5,6 +5,7 @@
 
 #include "guard/Brevis_SeamGuard.h"
 #include "run/Brevis_RunPhases.h"
+#include "second/Brevis_GapAlignment.h"
 #include "second/Brevis_GapReader.h"
 #include "second/Brevis_GapRules.h"
 #include "second/Brevis_GapWriter.h"
@@ -21,6 +22,7 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     const GapText text(source, reader.table());
     GapTable gaps(text, properties.scheme);
     decideGaps(text, properties, gaps);
+    alignGaps(text, properties.scheme, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
     const std::size_t seams = SeamGuard(source).mend(result);
     return {FormatOutcome::Formatted, std::move(result), seams};

@@ -1,0 +1,99 @@
+// One pass over the comments.
+#include "second/Brevis_CommentColumns.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Brevis {
+
+namespace Kind = Trn::Kind;
+
+CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
+    : text_(text),
+      scheme_(scheme),
+      gaps_(gaps),
+      places_(std::move(places)),
+      distance_(ruleOf<&Scheme::wsBeforeTrailingComment>()),
+      group_(gaps, ruleOf<&Scheme::alignTrailingComments>()) {
+    if (gaps.lineFeeds(distance_) > 0) distance_ = GapRule::Blank;
+}
+
+void CommentColumns::run() {
+    for (TokenIndex token = 2; token < text_.size(); ++token) {
+        if (!text_.isComment(token)) continue;
+        if (gaps_.startsLine(token)) {
+            if (scheme_.alignTrailingComments && goesOn(token)) {
+                group_.add(token, 0);
+                last_ = token;
+            }
+            continue;
+        }
+        if (!isTrailing(token)) continue;
+        if (!scheme_.alignTrailingComments) {
+            gaps_.set(token, distance_);
+            continue;
+        }
+        if (!group_.isEmpty() && !followsOn(token)) close();
+        add(token);
+    }
+    close();
+}
+
+bool CommentColumns::isTrailing(TokenIndex comment) const {
+    const bool endsLine =
+        text_.kind(comment) == Kind::LineComment || comment + 1 == text_.size() || gaps_.startsLine(comment + 1);
+    return endsLine && gaps_[comment].sort != Gap::Sort::Fixed;
+}
+
+// A comment behind the brace that closes a body tells of the body, and not of its line.
+bool CommentColumns::endsScope(TokenIndex comment) const {
+    TokenIndex before = comment - 1;
+    while (text_.kind(before) == Kind::Semicolon || text_.kind(before) == Kind::CloseParen) --before;
+    while (text_.kind(before) == Kind::CloseBrace && !gaps_.startsLine(before)) --before;
+    return text_.kind(before) == Kind::CloseBrace;
+}
+
+// Whether the comment stands on the line behind the last one of the group.
+bool CommentColumns::followsOn(TokenIndex comment) const {
+    if (endsScope(comment) || endsScope(last_)) return false;
+    const std::string_view text = text_.text(last_);
+    const auto lines = static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
+    return places_[comment].line == places_[last_].line + lines + 1;
+}
+
+// Whether a comment on a line of its own goes on with the one behind the code above it: the author has put it below
+// that and not below the code that follows.
+bool CommentColumns::goesOn(TokenIndex comment) {
+    if (group_.isEmpty() || last_ + 1 != comment || text_.lineFeeds(comment) != 1) return false;
+    if (text_.kind(comment) != text_.kind(last_) || gaps_[comment].sort == Gap::Sort::Fixed) return false;
+    const int column = text_.column(comment, scheme_.tabSize);
+    if (column != text_.column(last_, scheme_.tabSize)) return false;
+    if (code_ < comment) code_ = text_.next(comment);
+    return code_ == text_.size() || column != text_.column(code_, scheme_.tabSize);
+}
+
+void CommentColumns::add(TokenIndex comment) {
+    last_ = comment;
+    const LaidPlace& place = places_[comment];
+    if (gaps_.isSet(distance_)) {
+        group_.add(comment, place.gap + static_cast<int>(gaps_.text(distance_).size()));
+    } else {
+        group_.add(comment, place.gap + 1);
+        columns_.push_back(place.column);
+    }
+}
+
+// Without a distance, the column in which most of the comments stand, and of such columns the first.
+void CommentColumns::close() {
+    int column = 0;
+    std::map<int, int> counts;
+    for (const int at : columns_) ++counts[at];
+    int most = 0;
+    for (const int at : columns_) {
+        if (counts[at] > most) most = counts[at], column = at;
+    }
+    columns_.clear();
+    group_.close(column);
+}
+
+}  // namespace Brevis

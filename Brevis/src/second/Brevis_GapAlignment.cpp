@@ -1,0 +1,25 @@
+// From left to right: what stands further to the right sees where the columns before it came to stand.
+#include "second/Brevis_GapAlignment.h"
+
+#include "second/Brevis_CommentColumns.h"
+#include "second/Brevis_ContinuationColumns.h"
+#include "second/Brevis_DeclarationColumns.h"
+#include "second/Brevis_GapWriter.h"
+#include "second/Brevis_KeptColumns.h"
+
+namespace Brevis {
+
+void alignGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+    const auto places = [&] { return GapWriter(text, scheme, gaps).measure(); };
+    if (ContinuationColumns::isWanted(scheme)) ContinuationColumns(text, scheme, gaps).run();
+    if (DeclarationColumns::namesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignNames();
+    if (DeclarationColumns::valuesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignValues();
+    // Where comments are not aligned, the author's columns of them come before their distance.
+    const bool alignsComments = scheme.alignTrailingComments;
+    const auto setComments = [&] { CommentColumns(text, scheme, gaps, places()).run(); };
+    if (CommentColumns::isWanted(scheme) && !alignsComments) setComments();
+    if (scheme.keepAlignedColumns) KeptColumns(text, scheme, gaps, places()).run();
+    if (alignsComments) setComments();
+}
+
+}  // namespace Brevis

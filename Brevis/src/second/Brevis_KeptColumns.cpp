@@ -1,0 +1,243 @@
+// Two passes: over the tokens, which finds the chains of cells in one column of the source, and over the chains from
+// left to right, which puts each of them where it stood, or further to the right if that is taken.
+#include "second/Brevis_KeptColumns.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace Brevis {
+
+namespace Kind = Trn::Kind;
+using Cpp::Role;
+using Sort = Gap::Sort;
+
+namespace {
+
+constexpr int comment = 1, operand = 2, number = 3, others = 100;
+
+bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
+
+bool isOperator(Role role) {
+    switch (role) {
+        case Role::None:
+        case Role::Prefix:
+        case Role::Pointer:
+        case Role::Reference:
+        case Role::Destructor:
+            return false;
+        default:
+            return true;
+    }
+}
+
+}  // namespace
+
+KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
+    : text_(text), scheme_(scheme), gaps_(gaps), places_(std::move(places)) {
+    chains_.emplace_back();
+}
+
+void KeptColumns::run() {
+    lines_.resize(places_[text_.size()].line + 1);
+    columns_.assign(1, 0);
+    for (TokenIndex first = 1; first < text_.size();) {
+        TokenIndex last = first;
+        while (last + 1 < text_.size() && places_[last + 1].line == places_[first].line) ++last;
+        readLine(first, last);
+        first = last + 1;
+    }
+    keepLinked(above_);
+    for (Cell& cell : linked_) cell.left = chainOf(cell);
+    std::erase_if(linked_, [](const Cell& cell) { return cell.left == 0; });
+    std::stable_sort(linked_.begin(), linked_.end(), [&](const Cell& a, const Cell& b) {
+        const int left = chains_[a.left].column, right = chains_[b.left].column;
+        return left != right ? left < right : a.left < b.left;
+    });
+    for (auto begin = linked_.begin(); begin != linked_.end();) {
+        const auto end = std::find_if(begin, linked_.end(), [&](const Cell& cell) { return cell.left != begin->left; });
+        place(&*begin, &*begin + (end - begin), chains_[begin->left]);
+        begin = end;
+    }
+}
+
+// ---- Chains
+
+void KeptColumns::passSource(TokenIndex token) {
+    const auto pass = [&](std::string_view text) {
+        for (const char c : text) {
+            sourceColumn_ = c == '\n'   ? 0
+                            : c == '\t' ? (sourceColumn_ / scheme_.tabSize + 1) * scheme_.tabSize
+                                        : sourceColumn_ + 1;
+        }
+    };
+    pass(text_.gap(token));
+    columns_.push_back(sourceColumn_);
+    pass(text_.text(token));
+}
+
+// The tokens of a line of the result. What comes from another line of the source than its first one is left alone, for
+// its columns mean nothing here; and so is what stands in front of a column that another key has made.
+void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
+    columns_.clear();
+    for (TokenIndex token = first; token <= last; ++token) passSource(token);
+    columns_.push_back(sourceColumn_);
+    Line& line = lines_[places_[first].line];
+    line = {first, first, places_[first].column, places_[first].column - columns_[0]};
+    if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
+
+    here_.clear();
+    if (gaps_.startsLine(first)) {
+        for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
+            if (gaps_[token].sort == Sort::Column) here_.clear();
+            readCell(token, first);
+        }
+    }
+    link();
+}
+
+void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
+    const Sort sort = gaps_[token].sort;
+    if (sort == Sort::Fixed || sort == Sort::Column) return;
+    const bool isComment = text_.isComment(token);
+    if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
+    const std::string_view gap = text_.gap(token);
+    const Role role = text_.role(token);
+    // Behind signs that are written to it, a name belongs to them.
+    const bool isJoined = places_[token].gap == places_[token].column;
+    if (isSign(text_.role(token - 1)) && isJoined) {
+        if (!here_.empty() && here_.back().anchor == token - 1) {
+            here_.back().anchor = token;
+            here_.back().other = columns_[token - first];
+        }
+        return;
+    }
+    const bool isNumber = text_.kind(token) == Kind::Number;
+    if (gap.empty() && !isNumber) return;
+    Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
+    cell.sort = isComment ? comment : isNumber ? number : isOperator(role) ? others + text_.kind(token) : operand;
+    cell.other = isNumber ? cell.start + static_cast<int>(text_.text(token).size()) - 1 : cell.start;
+    cell.hasTab = gap.find('\t') != std::string_view::npos;
+    cell.isWide = gap.size() > 1 || cell.hasTab;
+    here_.push_back(cell);
+}
+
+void KeptColumns::link() {
+    linkBy(&Cell::start, &Cell::left, false);
+    linkBy(&Cell::other, &Cell::right, true);
+    keepLinked(above_);
+    above_.swap(here_);
+}
+
+// Both lines have their cells in the order of their columns.
+void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight) {
+    auto above = above_.begin();
+    for (Cell& cell : here_) {
+        while (above != above_.end() && (*above).*column < cell.*column) ++above;
+        if (above == above_.end()) return;
+        const auto sortOf = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
+        if ((*above).*column != cell.*column || sortOf(*above) != sortOf(cell)) continue;
+        // In one column with what follows an open bracket at once: only the ends of numbers.
+        if (!isRight && (text_.gap(cell.token).empty() || text_.gap(above->token).empty())) continue;
+        std::uint32_t& number = (*above).*chain;
+        if (number == 0) {
+            number = static_cast<std::uint32_t>(chains_.size());
+            chains_.push_back({.column = cell.*column,
+                               .size = 1,
+                               .isWide = above->isWide,
+                               .hasTab = above->hasTab,
+                               .isRight = isRight});
+        }
+        cell.*chain = number;
+        Chain& found = chains_[number];
+        ++found.size;
+        found.isWide = found.isWide || cell.isWide;
+        found.hasTab = found.hasTab || cell.hasTab;
+    }
+}
+
+void KeptColumns::keepLinked(std::vector<Cell>& cells) {
+    for (const Cell& cell : cells) {
+        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
+    }
+}
+
+// ---- Columns
+
+// The longer one of the two chains, if one of its tokens stands behind more than one blank.
+std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
+    const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
+    const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
+    return right != 0 && (left == 0 || chains_[right].size > chains_[left].size) ? right : left;
+}
+
+void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
+    if (last - first < 2) return;
+    const int tab = scheme_.tabSize;
+    const bool hasTabs = chain.hasTab && chain.column % tab == 0;
+    const Line& line = lines_[places_[first->token].line];
+    int column = std::max(0, chain.column + line.shift);
+    if (hasTabs) column = (column + tab / 2) / tab * tab;
+    // How far the token stands in front of the column that it shares.
+    const auto reach = [&](const Cell& cell) {
+        if (!chain.isRight) return 0;
+        return places_[cell.anchor].column - places_[cell.token].column +
+               (cell.sort == number ? cell.other - cell.start : 0);
+    };
+    for (const Cell* cell = first; cell != last; ++cell) {
+        const Gap& gap = gaps_[cell->token];
+        int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
+        if (cell->sort != number || !chain.isRight) width = std::max(width, 1);
+        if (gap.sort == Sort::Keep && text_.gap(cell->token).empty()) width = 0;
+        column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
+    }
+    if (hasTabs) column = (column + tab - 1) / tab * tab;
+    if (column > std::numeric_limits<std::uint16_t>::max()) return;
+
+    // If nothing stands behind more than one blank, it isn't seen as a column again.
+    bool isWide = hasTabs;
+    for (const Cell* cell = first; cell != last && !isWide; ++cell) {
+        isWide = column - reach(*cell) - gapColumn(cell->token) > 1;
+    }
+    if (!isWide) return;
+    for (const Cell* cell = first; cell != last; ++cell) {
+        const int target = column - reach(*cell);
+        const int from = gapColumn(cell->token);
+        Line& own = lines_[places_[cell->token].line];
+        if (from + widthBehind(cell->token, from) != target && from != target) {
+            Gap& gap = gaps_.gap(cell->token);
+            gap = {.sort = Sort::Column,
+                   .rule = ruleOf<&Scheme::keepAlignedColumns>(),
+                   .column = static_cast<std::uint16_t>(target),
+                   .scope = gap.scope};
+        }
+        own.token = cell->token;
+        own.column = target;
+    }
+}
+
+// The column at which the gap in front of a token begins, now that what stands in front of it is placed.
+int KeptColumns::gapColumn(TokenIndex token) {
+    Line& line = lines_[places_[token].line];
+    while (line.token + 1 < token) {
+        const TokenIndex next = line.token + 1;
+        const int end = line.column + places_[next].gap - places_[line.token].column;
+        line.column = end + widthBehind(next, end);
+        line.token = next;
+    }
+    return line.column + places_[token].gap - places_[line.token].column;
+}
+
+// How wide the gap in front of a token is if it begins in the column.
+int KeptColumns::widthBehind(TokenIndex token, int column) const {
+    const Gap& gap = gaps_[token];
+    if (gap.sort == Sort::Column) return std::max<int>(gap.column - column, 1);
+    if (gap.sort != Sort::Keep && gap.sort != Sort::Fixed) return places_[token].column - places_[token].gap;
+    int end = column;
+    for (const char c : text_.gap(token)) {
+        end = c == '\t' ? (end / scheme_.tabSize + 1) * scheme_.tabSize : end + 1;
+    }
+    return end - column;
+}
+
+}  // namespace Brevis

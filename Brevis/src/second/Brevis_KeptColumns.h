@@ -1,0 +1,72 @@
+// Columns that the author has made by hand: tokens behind more than one blank that stand below each other do so again.
+#pragma once
+
+#include <vector>
+
+#include "second/Brevis_GapTable.h"
+#include "second/Brevis_GapWriter.h"
+
+namespace Brevis {
+
+// The text, the scheme and the table must outlive it; `places` are those of the decisions so far.
+class KeptColumns {
+public:
+    KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places);
+
+    void run();
+
+private:
+    // What may belong to a column: a token, with the signs in front of it. Columns are those of the source.
+    struct Cell {
+        TokenIndex token = 0;
+        TokenIndex anchor = 0;  // the name behind the signs
+        int start = 0;
+        int other = 0;        // of the name, or the last one of a number
+        int sort = 0;         // cells of a column have the same
+        bool isWide = false;  // behind more than one blank
+        bool hasTab = false;
+        std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
+        std::uint32_t right = 0;  // and of those with the same other column
+    };
+    // Cells of lines that follow each other.
+    struct Chain {
+        int column = 0;
+        int size = 0;
+        bool isWide = false;  // one of them is
+        bool hasTab = false;
+        bool isRight = false;
+    };
+    // A line of the result, as far as its columns are known.
+    struct Line {
+        TokenIndex first = 0;
+        TokenIndex token = 0;  // comes to stand in `column`
+        int column = 0;
+        int shift = 0;  // from the source to the result, of its first token
+    };
+
+    void readLine(TokenIndex first, TokenIndex last);
+    void readCell(TokenIndex token, TokenIndex last);
+    void link();
+    void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
+    void keepLinked(std::vector<Cell>& cells);
+    void passSource(TokenIndex token);
+
+    std::uint32_t chainOf(const Cell& cell) const;
+    void place(const Cell* first, const Cell* last, const Chain& chain);
+    int gapColumn(TokenIndex token);
+    int widthBehind(TokenIndex token, int column) const;
+
+    const GapText& text_;
+    const Scheme& scheme_;
+    GapTable& gaps_;
+    std::vector<LaidPlace> places_;
+    std::vector<Line> lines_;
+    std::vector<int> columns_;  // of the tokens of the line at hand
+    int sourceColumn_ = 0;
+    std::vector<Cell> above_;  // the cells of the last line with code
+    std::vector<Cell> here_;
+    std::vector<Cell> linked_;
+    std::vector<Chain> chains_;
+};
+
+}  // namespace Brevis
