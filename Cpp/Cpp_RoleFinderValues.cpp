@@ -206,7 +206,9 @@ void RoleFinder::readValueParen(TokenIndex at) {
     }
     if (kind(next(at)) != Kind::OpenBrace && types_.isCast(at)) return open(at, Role::Cast, types(Role::ArgumentComma));
     // `OF((int a, char *b))`: a macro around parameters.
-    const bool isWrapped = scope.bracket == Role::Call && types_.holdsParameters(at) == Guess::Yes;
+    const bool isDouble = before == Kind::OpenParen && next(partner(at)) == partner(previous_);
+    const bool isWrapped = isDouble && (scope.bracket == Role::Call || scope.bracket == Role::Construction) &&
+                           types_.holdsParameters(at) == Guess::Yes;
     open(at, Role::Group, isWrapped ? declaration(Role::ParameterComma) : values(Role::CommaOperator));
 }
 

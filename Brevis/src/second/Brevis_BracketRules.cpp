@@ -73,10 +73,11 @@ void BracketRules::inside(TokenIndex token, const Inside& values) {
     }
 }
 
-// A bracket behind a string is an operand of assembler code.
+// A bracket behind a string is an operand of assembler code, and `sizeof...` is no name.
 void BracketRules::call(TokenIndex token) {
-    const bool isOpen = gaps_.isOpening(token);
-    if (isOpen && text_.kind(text_.previous(token)) != Kind::StringLiteral) gaps_.setInList(token, afterCallName);
+    const Trn::TokenKind before = text_.kind(text_.previous(token));
+    const bool hasName = before != Kind::StringLiteral && before != Kind::Ellipsis;
+    if (hasName && gaps_.isOpening(token)) gaps_.setInList(token, afterCallName);
     inside(token, parens(true));
 }
 
