@@ -12,6 +12,7 @@ void CommentRules::run() {
         while (token < text_.size() && text_.isTrivia(token)) ++token;
         if (first > 1) trailing(first, token);
         ownLines(first, token);
+        beforeDirectives(first, token);
     }
 }
 
@@ -31,6 +32,20 @@ void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
     if (partner != 0 && partner < behind) return;
     for (TokenIndex token = first; token < behind; ++token) {
         if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
+    }
+}
+
+// A comment that stands right above a directive and in its column is about the directive.
+void CommentRules::beforeDirectives(TokenIndex first, TokenIndex behind) {
+    for (TokenIndex token = first + 1; token < behind; ++token) {
+        if (text_.kind(token) != Trn::Kind::Directive || !text_.isComment(token - 1)) continue;
+        const int column = text_.column(token, scheme_.tabSize);
+        for (TokenIndex at = token; at > first && text_.lineFeeds(at) == 1; --at) {
+            const TokenIndex comment = at - 1;
+            if (!text_.isComment(comment) || !text_.startsLine(comment)) break;
+            if (text_.column(comment, scheme_.tabSize) != column) break;
+            gaps_.setScope(comment, gaps_[token].scope);
+        }
     }
 }
 
