@@ -19,6 +19,7 @@ public:
     void convert(std::string_view text) {
         for (const char c : text) convert(c);
     }
+    void convertGap(std::string_view gap);
     void convertComment(std::string_view text);
     void convertDirective(std::string_view text);
     std::string take() {
@@ -66,6 +67,16 @@ void BlankConverter::write(char c) {
 void BlankConverter::writePending() {
     result_.append(static_cast<std::size_t>(pending_), ' ');
     pending_ = 0;
+}
+
+// An indent gets as many tabs as go into it.
+void BlankConverter::convertGap(std::string_view gap) {
+    const std::size_t lead = gap.rfind('\n') + 1;
+    convert(gap.substr(0, lead));
+    gap.remove_prefix(lead);
+    if (column_ > 0 || scheme_.convertWs != 2 || blankSize(gap) < gap.size()) return convert(gap);
+    const int width = columnBehind(gap, 0, scheme_.tabSize);
+    for (int at = 0; at < width; ++at) convert(' ');
 }
 
 // The white space of a comment is its author's, but for tabs that have to go, and for the indent of its later lines as
@@ -117,7 +128,7 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         if (isFixed) {
             converter.copy(gap);
         } else {
-            converter.convert(gap);
+            converter.convertGap(gap);
         }
         if (isFixed || !text.isTrivia(token)) {
             converter.copy(body);

@@ -118,10 +118,16 @@ void GapWriter::writeKept(TokenIndex token) {
 bool GapWriter::isStill(TokenIndex token) const {
     const std::uint32_t scope = gaps_[token].scope;
     if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isStill == 0) return false;
+    if (goesWithCode(token)) return false;
     const int feeds = text_.lineFeeds(token);
     if (scheme_.maxBlankLines >= 0 && (token == 1 || feeds > scheme_.maxBlankLines)) return false;
     if (!scheme_.removeTrailingWs) return true;
     return sourceLine_ - text_.token(token - 1).end == static_cast<std::size_t>(feeds);
+}
+
+// A directive that has no distance of its own to keep.
+bool GapWriter::goesWithCode(TokenIndex token) const {
+    return text_.kind(token) == Kind::Directive && scheme_.alignPpdLeftMost.has_value();
 }
 
 // Behind the last token.
@@ -228,12 +234,24 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             scratch_ += outLead(base);
             break;
         case Mode::Distance:
+            if (goesWithCode(token)) return addNeighbour(token, base);
             if (isInSource && tail.empty()) return addDistance(token, base);
             scratch_ += outLead(base);
             break;
     }
     if (scope.rule != GapRule::None) scratch_ += gaps_.text(scope.rule);
     scratch_ += tail;
+}
+
+// That of the code below, or of the line above where something closes.
+void GapWriter::addNeighbour(TokenIndex token, const Base& base) {
+    if (nextCode_ < token) nextCode_ = text_.next(token);
+    const TokenIndex partner = text_.partner(nextCode_);
+    const bool closes = nextCode_ == text_.size() || (partner != 0 && partner < nextCode_);
+    if (!closes && text_.startsLine(nextCode_)) return addDistance(nextCode_, base);
+    flush();
+    const std::string_view above = std::string_view(out_).substr(lineBegin_);
+    scratch_ += above.substr(0, blankSize(above));
 }
 
 // The white space of the source, moved by as much as the line of the anchor was. What stands in the source's column

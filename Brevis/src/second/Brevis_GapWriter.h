@@ -54,6 +54,7 @@ private:
     void writeLines(TokenIndex token, int lineFeeds, std::string_view tail);
     bool needsFeed(TokenIndex token) const;
     bool isStill(TokenIndex token) const;
+    bool goesWithCode(TokenIndex token) const;
     int sourceFeeds(TokenIndex token) const;
     int keptFeeds(TokenIndex token) const;
 
@@ -61,6 +62,7 @@ private:
     void addFeeds(TokenIndex token, int lineFeeds);
     void addPageBreaks(TokenIndex token);
     void addLead(TokenIndex token, std::string_view tail);
+    void addNeighbour(TokenIndex token, const Base& base);
     void addDistance(TokenIndex token, const Base& base);
     void addWidth(std::string_view sample, int width);
     void padTo(int column);
@@ -101,6 +103,7 @@ private:
     std::string out_;
     std::size_t runBegin_ = 0, runEnd_ = 0;
     std::string scratch_;
+    TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
     std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
     std::vector<LaidPlace>* places_ = nullptr;
 
