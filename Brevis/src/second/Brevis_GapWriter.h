@@ -62,6 +62,7 @@ private:
     void addFeeds(TokenIndex token, int lineFeeds);
     void addPageBreaks(TokenIndex token);
     void addLead(TokenIndex token, std::string_view tail);
+    void addBase(std::uint32_t scope);
     void addNeighbour(TokenIndex token, const Base& base);
     void addDistance(TokenIndex token, const Base& base);
     void addWidth(std::string_view sample, int width);
@@ -80,6 +81,7 @@ private:
 
     // Tokens
     void writeToken(TokenIndex token);
+    bool movesWithLine(TokenIndex token) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
     std::string_view trimmedLine(std::string_view line) const;
 
