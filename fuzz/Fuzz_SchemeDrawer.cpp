@@ -39,20 +39,36 @@ class SchemeDrawer {
 public:
     explicit SchemeDrawer(Draws& draws) : draws_(draws), temper_(Temper{static_cast<int>(draws.below(3))}) {}
 
+    explicit SchemeDrawer(Draws& draws, Temper temper) : draws_(draws), temper_(temper) {}
+
     Brevis::PropertySet draw() {
         const bool wraps = draws_.below(2) != 0;
         const auto margin = static_cast<std::int32_t>(1 + draws_.below(200));
-        for (const PropertyInfo& info : Brevis::Catalogue::properties) drawValue(info);
+        drawValues(1);
         scheme_.setBool(keyOf(&Scheme::lineWrap), wraps);
         if (wraps) scheme_.setInt(keyOf(&Scheme::rightMargin), margin);
         return std::move(scheme_);
     }
 
+    Brevis::PropertySet drawSecond() {
+        drawValues(1);
+        drawValues(2);
+        scheme_.setInt(keyOf(&Scheme::edition), 2);
+        scheme_.setBool(keyOf(&Scheme::lineWrap), false);
+        return std::move(scheme_);
+    }
+
 private:
-    // An eighth of the keys is absent in a sane draw, a quarter in others. The drawn schemes are for the first edition,
-    // and the keys of the second take no draws, so that an input that was found once stands for the same scheme.
+    // The keys of the second edition take no draws of a scheme of the first, so that an input that was found once stands
+    // for the same scheme.
+    void drawValues(std::int32_t edition) {
+        for (const PropertyInfo& info : Brevis::Catalogue::properties) {
+            if (info.edition == edition) drawValue(info);
+        }
+    }
+
+    // An eighth of the keys is absent in a sane draw, a quarter in others.
     void drawValue(const PropertyInfo& info) {
-        if (info.edition != 1) return;
         const unsigned choice = draws_.below(8);
         if (choice == 0 || (choice == 1 && temper_ != Temper::Sane)) return;
         const bool isSane = temper_ == Temper::Sane || (temper_ == Temper::Mixed && choice < 6);
@@ -108,5 +124,9 @@ private:
 }  // namespace
 
 Brevis::PropertySet drawScheme(Draws& draws) { return SchemeDrawer(draws).draw(); }
+
+Brevis::PropertySet drawSecondScheme(Draws& draws) { return SchemeDrawer(draws).drawSecond(); }
+
+Brevis::PropertySet drawSaneSecondScheme(Draws& draws) { return SchemeDrawer(draws, Temper::Sane).drawSecond(); }
 
 }  // namespace Fuzz

@@ -12,5 +12,8 @@ namespace Fuzz {
 // draws wrap lines, at a right margin of 1 to 200. Draws of zeros only give an empty scheme.
 // A string value is always white space: the engine writes values as they are.
 Brevis::PropertySet drawScheme(Draws& draws);
+// The same for the second edition, whose keys are drawn too; of any temper, or a sane one. Lines are not wrapped.
+Brevis::PropertySet drawSecondScheme(Draws& draws);
+Brevis::PropertySet drawSaneSecondScheme(Draws& draws);
 
 }  // namespace Fuzz

@@ -56,15 +56,20 @@ std::string_view takeUpTo(std::string_view& text, char c) {
     return part;
 }
 
-// White space inside a comment: the ends of lines stay, their starts may differ.
-std::string commentGap(std::string_view gap, std::string_view written, bool isBehindBackslash) {
+// The blanks at the end of a line, of the source and as written: what is to stand there.
+std::string_view mendedLineEnd(std::string_view lineEnd, std::string_view written, bool mayTrim) {
+    return isConverted(lineEnd, written) || (mayTrim && written.empty()) ? written : lineEnd;
+}
+
+// White space inside a comment: the ends of lines stay, unless they may be trimmed; their starts may differ.
+std::string commentGap(std::string_view gap, std::string_view written, bool isBehindBackslash, bool mayTrim) {
     if (std::count(gap.begin(), gap.end(), '\n') != std::count(written.begin(), written.end(), '\n')) {
         return std::string(gap);
     }
     auto lines = std::count(gap.begin(), gap.end(), '\n');
     const std::string_view lineEnd = takeUpTo(gap, '\n');
     const std::string_view writtenEnd = takeUpTo(written, '\n');
-    std::string wanted(!isBehindBackslash && isConverted(lineEnd, writtenEnd) ? writtenEnd : lineEnd);
+    std::string wanted(isBehindBackslash ? lineEnd : mendedLineEnd(lineEnd, writtenEnd, mayTrim && lines > 0));
     for (; lines > 0; --lines) {
         const std::string_view start = takeUpTo(gap, '\n');
         const std::string_view writtenStart = takeUpTo(written, '\n');
@@ -86,7 +91,8 @@ bool holdsLineEnd(std::string_view gap) {
 
 class Sweep {
 public:
-    Sweep(std::string_view source, std::string_view output) : source_(source), output_(output), lexer_(source) {}
+    Sweep(std::string_view source, std::string_view output, bool mayTrim)
+        : source_(source), output_(output), mayTrim_(mayTrim), lexer_(source) {}
 
     // Gives the number of seams; if there are any, the mended text is to be taken.
     std::size_t run();
@@ -131,6 +137,7 @@ private:
 
     std::string_view source_;
     std::string_view output_;
+    bool mayTrim_;
     SeamLexer lexer_;
     SeamToken before_;         // the token in front of the gap; of kind End at the start of the text
     std::size_t at_ = 0;       // in the output
@@ -222,7 +229,8 @@ std::string Sweep::lastGapOfLine(std::string_view gap, std::string_view written)
     const bool hasLineEnd = holds(written, '\n');
     const std::string_view lineEnd = takeUpTo(gap, '\n');
     const std::string_view writtenEnd = takeUpTo(written, '\n');
-    std::string wanted(isConverted(lineEnd, writtenEnd) && (hasLineEnd || endsText) ? writtenEnd : lineEnd);
+    const bool mayTrim = mayTrim_ && (before_.isComment() || !before_.takesRestOfLine());
+    std::string wanted(hasLineEnd || endsText ? mendedLineEnd(lineEnd, writtenEnd, mayTrim) : lineEnd);
     if (!endsText || hasLineEnd) wanted += '\n';
     return wanted.append(written);
 }
@@ -315,7 +323,7 @@ void Sweep::mendComment(const SeamToken& token) {
         if (gap != written) {
             // Joined lines may stand inside of a comment sign.
             const bool isInSign = last == '\\' && (solids == 1 || (isBlock && lastSolid == '*'));
-            const std::string wanted = isInSign ? std::string(gap) : commentGap(gap, written, last == '\\');
+            const std::string wanted = isInSign ? std::string(gap) : commentGap(gap, written, last == '\\', mayTrim_);
             if (wanted != written) replace(at_, end, wanted);
         }
         at_ = end;
@@ -363,7 +371,7 @@ void Sweep::fail(std::size_t sourceOffset) const {
 }  // namespace
 
 std::size_t SeamGuard::mend(std::string& output) const {
-    Sweep sweep(source_, output);
+    Sweep sweep(source_, output, lineEnds_ == LineEnds::Trimmed);
     const std::size_t seams = sweep.run();
     if (seams > 0) output = sweep.takeText();
     return seams;

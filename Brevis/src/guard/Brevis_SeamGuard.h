@@ -10,13 +10,18 @@ namespace Brevis {
 
 // 1. Without white space, both texts are equal.
 // 2. White space inside literals is that of the source; inside comments and directives only the start of a line may
-//    differ, and tabs and blanks may stand for each other. A backslash at a line end keeps its line end.
+//    differ, and tabs and blanks may stand for each other; blanks at the end of a line may go if the pass may trim
+//    lines. A backslash at a line end keeps its line end.
 // 3. Tokens that white space kept apart don't run together, and none is torn by white space.
 // 4. A `#` is first on its line where it was, and nowhere else; line comments and directives keep their ends.
 class SeamGuard {
 public:
+    // What a pass may do to the blanks with which lines of comments and directives end.
+    enum class LineEnds { Kept, Trimmed };
+
     // `source` is what the pass read, its line ends line feeds. It must outlive the guard.
-    explicit SeamGuard(std::string_view source) : source_(source) {}
+    explicit SeamGuard(std::string_view source, LineEnds lineEnds = LineEnds::Kept)
+        : source_(source), lineEnds_(lineEnds) {}
 
     // Mends what the pass wrote and gives the number of places that needed it. Throws Trn::Exception with the place
     // if the texts differ in more than white space. Linear in both texts.
@@ -24,6 +29,7 @@ public:
 
 private:
     std::string_view source_;
+    LineEnds lineEnds_;
 };
 
 }  // namespace Brevis

@@ -19,8 +19,9 @@ public:
     void convert(std::string_view text) {
         for (const char c : text) convert(c);
     }
-    // But for what stands in quotes, which a line feed ends.
-    void convertOutsideQuotes(std::string_view text);
+    void convertGap(std::string_view gap);
+    void convertComment(std::string_view text);
+    void convertDirective(std::string_view text);
     std::string take() {
         writePending();
         return std::move(result_);
@@ -68,7 +69,34 @@ void BlankConverter::writePending() {
     pending_ = 0;
 }
 
-void BlankConverter::convertOutsideQuotes(std::string_view text) {
+// An indent gets as many tabs as go into it.
+void BlankConverter::convertGap(std::string_view gap) {
+    const std::size_t lead = gap.rfind('\n') + 1;
+    convert(gap.substr(0, lead));
+    gap.remove_prefix(lead);
+    if (column_ > 0 || scheme_.convertWs != 2 || blankSize(gap) < gap.size()) return convert(gap);
+    const int width = columnBehind(gap, 0, scheme_.tabSize);
+    for (int at = 0; at < width; ++at) convert(' ');
+}
+
+// The white space of a comment is its author's, but for tabs that have to go, and for the indent of its later lines as
+// far as that of the first one goes.
+void BlankConverter::convertComment(std::string_view text) {
+    const int indent = column_;
+    bool isIndent = false;
+    for (const char c : text) {
+        if (scheme_.convertWs == 1 || (isIndent && column_ < indent)) {
+            convert(c);
+        } else {
+            write(c);
+        }
+        isIndent = c == '\n' || (isIndent && (c == ' ' || c == '\t'));
+    }
+}
+
+// Tabs go, but for those in quotes, which a line feed ends.
+void BlankConverter::convertDirective(std::string_view text) {
+    if (scheme_.convertWs != 1) return copy(text);
     char quote = '\0', last = '\0';
     for (const char c : text) {
         const bool isInside = quote != '\0';
@@ -100,14 +128,14 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         if (isFixed) {
             converter.copy(gap);
         } else {
-            converter.convert(gap);
+            converter.convertGap(gap);
         }
         if (isFixed || !text.isTrivia(token)) {
             converter.copy(body);
         } else if (text.isComment(token)) {
-            converter.convert(body);
+            converter.convertComment(body);
         } else {
-            converter.convertOutsideQuotes(body);
+            converter.convertDirective(body);
         }
     }
     return converter.take();

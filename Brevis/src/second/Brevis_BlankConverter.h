@@ -11,8 +11,9 @@
 
 namespace Brevis {
 
-// `laid` holds the tokens of `text`; `places` tells for each of them where its gap and where it begins. All white space
-// outside of literals is converted, that of comments and directives too, and none of what is fixed.
+// `laid` holds the tokens of `text`; `places` tells for each of them where its gap and where it begins. Tabs turn into
+// blanks wherever they stand outside of literals, in comments and directives too. Blanks turn into tabs between tokens
+// and in the indent of comments. What is fixed stays.
 std::string convertBlanks(const GapText& text, const GapTable& gaps, const Scheme& scheme, std::string_view laid,
                           const std::vector<std::uint32_t>& places);
 

@@ -12,6 +12,7 @@ void CommentRules::run() {
         while (token < text_.size() && text_.isTrivia(token)) ++token;
         if (first > 1) trailing(first, token);
         ownLines(first, token);
+        beforeDirectives(first, token);
     }
 }
 
@@ -23,14 +24,30 @@ void CommentRules::trailing(TokenIndex first, TokenIndex behind) {
     gaps_.set<&Scheme::wsBeforeTrailingComment>(first);
 }
 
-// A comment that begins a line goes with the code behind it; one at the end of a body, and in front of a label as the
-// walk has found it, with what holds it.
+// What begins a line goes with the code behind it, and at the end of a body with what holds it. In front of a label the
+// walk has found where comments belong.
 void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
-    if (behind == text_.size() || isLabel(behind)) return;
+    if (behind == text_.size()) return;
     const TokenIndex partner = text_.partner(behind);
     if (partner != 0 && partner < behind) return;
+    const bool movesComments = !isLabel(behind);
+    const bool movesDirectives = !scheme_.alignPpdLeftMost.value_or(true);
     for (TokenIndex token = first; token < behind; ++token) {
-        if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
+        if (text_.isComment(token) ? movesComments : movesDirectives) gaps_.setScope(token, gaps_[behind].scope);
+    }
+}
+
+// A comment that stands right above a directive and in its column is about the directive.
+void CommentRules::beforeDirectives(TokenIndex first, TokenIndex behind) {
+    for (TokenIndex token = first + 1; token < behind; ++token) {
+        if (text_.kind(token) != Trn::Kind::Directive || !text_.isComment(token - 1)) continue;
+        const int column = text_.column(token, scheme_.tabSize);
+        for (TokenIndex at = token; at > first && text_.lineFeeds(at) == 1; --at) {
+            const TokenIndex comment = at - 1;
+            if (!text_.isComment(comment) || !text_.startsLine(comment)) break;
+            if (text_.column(comment, scheme_.tabSize) != column) break;
+            gaps_.setScope(comment, gaps_[token].scope);
+        }
     }
 }
 

@@ -8,16 +8,19 @@ namespace Brevis {
 
 class CommentRules {
 public:
-    CommentRules(const GapText& text, GapTable& gaps) : text_(text), gaps_(gaps) {}
+    CommentRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
+        : text_(text), scheme_(scheme), gaps_(gaps) {}
 
     void run();
 
 private:
     void trailing(TokenIndex first, TokenIndex behind);
     void ownLines(TokenIndex first, TokenIndex behind);
+    void beforeDirectives(TokenIndex first, TokenIndex behind);
     bool isLabel(TokenIndex token);
 
     const GapText& text_;
+    const Scheme& scheme_;
     GapTable& gaps_;
     std::size_t nextItem_ = 0;
 };

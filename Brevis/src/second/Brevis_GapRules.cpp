@@ -12,7 +12,7 @@ void decideGaps(const GapText& text, const FormatterProperties& properties, GapT
     fixRegions(text, properties.regions, gaps);
     SpacingRules(text, properties.scheme, gaps).run();
     ItemWalk(text, properties.scheme, gaps).run();
-    CommentRules(text, gaps).run();
+    CommentRules(text, properties.scheme, gaps).run();
 }
 
 }  // namespace Brevis

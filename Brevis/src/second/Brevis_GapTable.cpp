@@ -44,11 +44,12 @@ void GapTable::addBlankLines(GapRule rule, int count) {
     if (count > 0) add(rule, feeds.substr(0, static_cast<std::size_t>(count) + 1));
 }
 
-// A chain of scopes that share a base is never longer than one.
+// A scope shares the base of one with an anchor, or of one that stands below another.
 std::uint32_t GapTable::addScope(const IndentScope& scope) {
     scopes_.push_back(scope);
     const IndentScope& base = scopes_[scope.base];
-    if (!scope.isAnchored && !base.isAnchored) scopes_.back().base = base.base;
+    const bool isLink = !base.isAnchored && !base.isBelow;
+    if (isLink && !scope.isAnchored && !scope.isBelow) scopes_.back().base = base.base;
     return static_cast<std::uint32_t>(scopes_.size() - 1);
 }
 

@@ -118,10 +118,16 @@ void GapWriter::writeKept(TokenIndex token) {
 bool GapWriter::isStill(TokenIndex token) const {
     const std::uint32_t scope = gaps_[token].scope;
     if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isStill == 0) return false;
+    if (goesWithCode(token)) return false;
     const int feeds = text_.lineFeeds(token);
     if (scheme_.maxBlankLines >= 0 && (token == 1 || feeds > scheme_.maxBlankLines)) return false;
     if (!scheme_.removeTrailingWs) return true;
     return sourceLine_ - text_.token(token - 1).end == static_cast<std::size_t>(feeds);
+}
+
+// A directive that has no distance of its own to keep.
+bool GapWriter::goesWithCode(TokenIndex token) const {
+    return text_.kind(token) == Kind::Directive && scheme_.alignPpdLeftMost.has_value();
 }
 
 // Behind the last token.
@@ -225,15 +231,38 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             scratch_ += outLead(base);
             break;
         case Mode::Indent:
-            scratch_ += outLead(base);
+            addBase(gap.scope);
             break;
         case Mode::Distance:
+            if (goesWithCode(token)) return addNeighbour(token, base);
             if (isInSource && tail.empty()) return addDistance(token, base);
             scratch_ += outLead(base);
             break;
     }
     if (scope.rule != GapRule::None) scratch_ += gaps_.text(scope.rule);
     scratch_ += tail;
+}
+
+// The base of a scope, with what the scopes that it stands below add to it.
+void GapWriter::addBase(std::uint32_t scope) {
+    const IndentScope& inner = gaps_.scopes()[scope];
+    if (inner.isAnchored || inner.base == scope) {
+        scratch_ += outLead(bases_[scope]);
+        return;
+    }
+    addBase(inner.base);
+    if (inner.isBelow) scratch_ += gaps_.text(gaps_.scopes()[inner.base].rule);
+}
+
+// That of the code below, or of the line above where something closes.
+void GapWriter::addNeighbour(TokenIndex token, const Base& base) {
+    if (nextCode_ < token) nextCode_ = text_.next(token);
+    const TokenIndex partner = text_.partner(nextCode_);
+    const bool closes = nextCode_ == text_.size() || (partner != 0 && partner < nextCode_);
+    if (!closes && text_.startsLine(nextCode_)) return addDistance(nextCode_, base);
+    flush();
+    const std::string_view above = std::string_view(out_).substr(lineBegin_);
+    scratch_ += above.substr(0, blankSize(above));
 }
 
 // The white space of the source, moved by as much as the line of the anchor was. What stands in the source's column
@@ -368,10 +397,9 @@ int GapWriter::sourceBehindColumn(const Base& base) {
 
 void GapWriter::writeToken(TokenIndex token) {
     const GapToken& at = text_.token(token);
-    const bool mayChange = text_.isTrivia(token) && gaps_[token].sort != Sort::Fixed;
-    if (mayChange && text_.kind(token) == Kind::BlockComment) {
-        if (at.holdsLines) writeLaterLines(token, text_.text(token));
-    } else if (mayChange && scheme_.removeTrailingWs) {
+    if (at.holdsLines && movesWithLine(token)) {
+        writeLaterLines(token, text_.text(token));
+    } else if (scheme_.removeTrailingWs && text_.isTrivia(token) && !gaps_.isFixed(token)) {
         const std::string_view trimmed = trimmedLine(text_.text(token));
         if (trimmed.size() != at.end - at.begin) {
             copyTo(at.begin + trimmed.size());
@@ -388,30 +416,44 @@ void GapWriter::writeToken(TokenIndex token) {
     beginLine(out_.rfind('\n') + 1);
 }
 
-// The later lines of a comment move with its first one.
+// Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.
+bool GapWriter::movesWithLine(TokenIndex token) const {
+    if (gaps_.isFixed(token)) return false;
+    if (text_.kind(token) == Kind::BlockComment) return true;
+    return text_.kind(token) == Kind::Identifier && text_.text(token).find_first_of("\\/") == std::string_view::npos;
+}
+
+// The later lines of a comment move with its beginning, those of a name with the line.
 void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
     const bool isStill = isLineStill();
-    if (isStill && !scheme_.removeTrailingWs) return;
-    const int shift = isStill ? 0 : column() - sourceColumn(token);
+    const bool isComment = text_.isComment(token);
+    const bool trims = isComment && scheme_.removeTrailingWs;
+    if (isStill && !trims) return;
     const std::string_view from = text_.source().substr(sourceLine_, blankSize(text_.source().substr(sourceLine_)));
     flush();
     const std::string to = out_.substr(lineBegin_, blankSize(std::string_view(out_).substr(lineBegin_)));
-    const bool isMoved = shift != 0 || (isLineStart_ && from != to);
-    if (!isMoved && !scheme_.removeTrailingWs) return;
+    const bool goesByLine = isLineStart_ || !isComment;
+    const int shift = isStill      ? 0
+                      : goesByLine ? columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize)
+                                   : column() - sourceColumn(token);
+    const bool isMoved = shift != 0 || (goesByLine && from != to);
+    if (!isMoved && !trims) return;
+
     scratch_.clear();
     std::size_t end = text.find('\n');
-    scratch_ += trimmedLine(text.substr(0, end));
+    scratch_ += isComment ? trimmedLine(text.substr(0, end)) : text.substr(0, end);
     while (end != std::string_view::npos) {
         const std::size_t begin = end + 1;
         end = text.find('\n', begin);
-        const std::string_view line = trimmedLine(text.substr(begin, end - begin));
+        const std::string_view whole = text.substr(begin, end - begin);
+        const std::string_view line = isComment ? trimmedLine(whole) : whole;
         const std::string_view lead = line.substr(0, blankSize(line));
         scratch_ += '\n';
         if (!isMoved || lead.size() == line.size()) {
             scratch_ += line;
             continue;
         }
-        if (isLineStart_ && lead.starts_with(from)) {
+        if (goesByLine && lead.starts_with(from)) {
             scratch_ += to;
             scratch_ += lead.substr(from.size());
         } else {

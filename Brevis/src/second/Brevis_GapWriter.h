@@ -54,6 +54,7 @@ private:
     void writeLines(TokenIndex token, int lineFeeds, std::string_view tail);
     bool needsFeed(TokenIndex token) const;
     bool isStill(TokenIndex token) const;
+    bool goesWithCode(TokenIndex token) const;
     int sourceFeeds(TokenIndex token) const;
     int keptFeeds(TokenIndex token) const;
 
@@ -61,6 +62,8 @@ private:
     void addFeeds(TokenIndex token, int lineFeeds);
     void addPageBreaks(TokenIndex token);
     void addLead(TokenIndex token, std::string_view tail);
+    void addBase(std::uint32_t scope);
+    void addNeighbour(TokenIndex token, const Base& base);
     void addDistance(TokenIndex token, const Base& base);
     void addWidth(std::string_view sample, int width);
     void padTo(int column);
@@ -78,6 +81,7 @@ private:
 
     // Tokens
     void writeToken(TokenIndex token);
+    bool movesWithLine(TokenIndex token) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
     std::string_view trimmedLine(std::string_view line) const;
 
@@ -101,6 +105,7 @@ private:
     std::string out_;
     std::size_t runBegin_ = 0, runEnd_ = 0;
     std::string scratch_;
+    TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
     std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
     std::vector<LaidPlace>* places_ = nullptr;
 

@@ -24,7 +24,9 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     decideGaps(text, properties, gaps);
     alignGaps(text, properties.scheme, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
-    const std::size_t seams = SeamGuard(source).mend(result);
+    const SeamGuard guard(
+        source, properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept);
+    const std::size_t seams = guard.mend(result);
     return {FormatOutcome::Formatted, std::move(result), seams};
 }
 
