@@ -503,6 +503,8 @@ inline constexpr PropertyInfo properties[] = {
     whiteSpace("WS_BEFORE_CS_CASE_OPEN_BRACE", Page::ControlStatements, &Scheme::wsBeforeCsCaseOpenBrace,
                "Before case block open:", " ")
         .ofEdition(2),
+    whiteSpace("WS_BEFORE_CS_DO_WHILE", Page::ControlStatements, &Scheme::wsBeforeCsDoWhile, "Before while of do:", " ")
+        .ofEdition(2),
     flag("ALIGN_LABELS_LEFT_MOST", Page::ControlStatements, &Scheme::alignLabelsLeftMost,
          "Align goto labels to left-most margin")
         .ofEdition(2),

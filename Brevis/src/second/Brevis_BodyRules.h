@@ -14,6 +14,7 @@ struct BodyKeys {
     GapProperty beforeClose;
     bool Scheme::*keepsOneLine = nullptr;
     bool goesByLabel = false;  // its columns are those of the label in front of it
+    bool keepsBrace = false;   // the brace that opens stays on its line
 };
 
 class BodyRules {
@@ -30,9 +31,11 @@ public:
 private:
     void findLinkageKeys();
     void findCaseKeys();
+    void findBlockKeys();
     const BodyKeys* keysOfBlock(TokenIndex brace, const Cpp::OutlineItem* owner) const;
     bool staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const;
     void formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays);
+    void formatFirst(TokenIndex token, const BodyKeys& keys);
     void formatShared(TokenIndex brace, const BodyKeys& keys);
     void formatEmpty(TokenIndex close, const BodyKeys& keys);
     bool holdsNamespace(TokenIndex brace) const;
@@ -43,6 +46,7 @@ private:
     GapTable& gaps_;
     BodyKeys linkage_;
     BodyKeys case_;
+    BodyKeys block_;
     bool hasCaseKeys_ = false;
 };
 

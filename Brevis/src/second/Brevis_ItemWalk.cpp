@@ -40,6 +40,12 @@ ItemWalk::Scope ItemWalk::indented(Scope base, GapProperty property) {
     return sharing(base, Mode::Indent, property.rule);
 }
 
+ItemWalk::Scope ItemWalk::levelOf(const Frame& body, Scope otherwise) {
+    const IndentScope& inner = gaps_.scopes()[body.inner];
+    if (body.sort != Frame::Sort::Body || inner.mode != Mode::Indent || inner.isAnchored) return otherwise;
+    return gaps_.addScope({.mode = Mode::Indent, .base = body.inner, .isBelow = true});
+}
+
 ItemWalk::Scope ItemWalk::below(Scope base, GapProperty property) {
     return sharing(base, gaps_.isSet(property.rule) ? Mode::Indent : Mode::Distance, GapRule::None);
 }
@@ -77,14 +83,29 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
     Frame frame{.sort = Frame::Sort::Item, .first = item.first, .last = item.last, .item = &item};
     frame.inner = continuation(item.first);
     const bool isPart = item.sort == Sort::Part && parent.item != nullptr && parent.item->sort == Sort::Control;
-    if (isPart || (parent.sort == Frame::Sort::Item && statements_.isElseIf(item, parent.item))) {
-        // All parts of a statement, and of a chain, go by the line of its first one.
+    const bool isBody = parent.sort == Frame::Sort::Item && parent.item->body == item.first;
+    const bool isFunctionTry = isTryOf(item, parent);
+    if (isPart || isFunctionTry || (isBody && statements_.isElseIf(item, parent.item))) {
+        // All parts of a statement, and of a chain, go by the line of its first one; a function's `try` by the
+        // function.
         frame.own = parent.own;
     } else {
         frame.own = frame.inner;
     }
+    // A statement behind a label on its line stands on the level of the others.
+    const bool isBehindLabel = text_.role(text_.previous(item.first)) == Role::LabelColon;
+    if (isBehindLabel && !gaps_.startsLine(item.first)) frame.own = levelOf(parent, frame.own);
+    if (item.sort == Sort::Function && item.nameFirst > item.first) {
+        frame.isHead = true;
+        frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
+    }
     if (item.sort == Sort::Control) frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
     return frame;
+}
+
+// Whether the item is the body of a function as a `try` with its parts.
+bool ItemWalk::isTryOf(const OutlineItem& item, const Frame& parent) const {
+    return parent.sort == Frame::Sort::Item && parent.item->sort == Sort::Function && item.sort == Sort::Control;
 }
 
 // The first token of an item that stands in a body, or is a part or the body of a control statement.
@@ -93,6 +114,8 @@ void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
     if (parent.sort == Frame::Sort::Item) {
         if (parent.item->sort == Sort::Control) {
             scope = scopeOfPart(item, parent);
+        } else if (isTryOf(item, parent)) {
+            scope = below(parent.own, gapProperty<&Scheme::wsBeforeFnOpenBrace>());
         } else if (parent.item->body == item.first) {
             if (statements_.isElseIf(item, parent.item)) return;
             scope = scopeOfUnbraced(parent);
@@ -107,7 +130,7 @@ void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
 
 ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& statement) {
     if (part.first == statement.first) return statement.inner;
-    return below(statement.own, gapProperty<&Scheme::wsBetweenCs>());
+    return below(statement.own, statements_.inFrontOf(part));
 }
 
 ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) {
@@ -125,7 +148,7 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
             break;
     }
     constexpr GapProperty property = gapProperty<&Scheme::indentLabel>();
-    if (!scheme_.alignLabelsLeftMost) return indented(body.own, property);
+    if (!scheme_.alignLabelsLeftMost) return indented(body.gotoLabel, property);
     return gaps_.isSet(property.rule) ? sharing(0, Mode::Indent, property.rule) : margin_;
 }
 
@@ -161,6 +184,7 @@ void ItemWalk::read(TokenIndex token) {
         return;
     }
     if (top().isList) beginElement(token);
+    if (top().isHead) readHead(token);
     if (top().sort == Frame::Sort::Item) readDeclarator(token);
     if (text_.kind(token) == Kind::Semicolon) readSemicolon(token);
     const TokenIndex partner = text_.partner(token);
@@ -169,6 +193,18 @@ void ItemWalk::read(TokenIndex token) {
     } else if (partner != 0) {
         readClosing(token);
     }
+}
+
+// The lines of a function stand below each other, down to the one with its name.
+void ItemWalk::readHead(TokenIndex token) {
+    Frame& function = top();
+    const Gap::Sort sort = gaps_[token].sort;
+    if (token != function.first && (sort == Gap::Sort::Lines || sort == Gap::Sort::Break)) {
+        gaps_.setScope(token, sharing(function.own, Mode::Indent, GapRule::None));
+    }
+    if (token < function.item->nameFirst) return;
+    function.isHead = false;
+    function.inner = function.own;
 }
 
 // One that is the body of a control statement, and so no item.
@@ -212,17 +248,31 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
     frame.item = isOwned ? outer.item : nullptr;
     frame.own = baseOf(brace, keys, frame.item);
-    frame.inner = indented(frame.own, indentOf(keys, frame));
+    frame.inner =
+        isBehindBranch(frame, keys) ? below(frame.own, keys.indent) : indented(frame.own, indentOf(keys, frame));
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
+    frame.gotoLabel = gaps_.startsLine(brace) ? anchored(brace, Mode::Distance, GapRule::None) : frame.own;
     return frame;
+}
+
+// Whether only some readers of a header see the braces of a linkage block: what they hold stands as it does for others,
+// unless a key of its own indents it.
+bool ItemWalk::isBehindBranch(const Frame& body, const BodyKeys& keys) const {
+    return keys.role == Role::LinkageBody && !gaps_.isSet(ruleOf<&Scheme::indentLinkageContent>()) &&
+           text_.kind(body.first + 1) == Kind::Directive;
 }
 
 // What the lines of a body are measured from.
 ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const OutlineItem* owner) {
     if (keys.goesByLabel && frames_.size() > 1) return frames_[frames_.size() - 2].label;
-    if (owner != nullptr) return top().own;
+    const bool isBlock = owner != nullptr && owner->sort == Sort::Block && gaps_.startsLine(brace);
+    if (isBlock && gaps_.isSet(keys.indent.rule) && gaps_.isSet(keys.beforeClose.rule) && frames_.size() > 1) {
+        return levelOf(frames_[frames_.size() - 2], top().own);
+    }
+    const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
+    if (owner != nullptr && !hasOwnLine) return top().own;
     if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;
     return anchored(brace, Mode::Distance, GapRule::None);
 }
@@ -243,7 +293,8 @@ GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
 void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
     if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
     if (body.item == nullptr && !gaps_.isSet(keys.beforeOpen.rule)) return;
-    const Scope scope = below(body.own, keys.beforeOpen);
+    const Scope scope =
+        keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
 }

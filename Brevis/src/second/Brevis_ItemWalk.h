@@ -38,6 +38,8 @@ private:
         Scope element = 0;                         // of the later lines of an element
         GapProperty close{};                       // of a Body: what puts its closing brace on a line
         ColonLists::List colonList{};              // of an Item
+        Scope gotoLabel = 0;                       // of a Body: what its goto labels are measured from
+        bool isHead = false;                       // of a function, in front of its name
         bool isList = false;                       // of elements, each with its own later lines
         bool isOneLine = false;                    // of a Body: the outermost one that stays on one line
     };
@@ -45,16 +47,19 @@ private:
     void openItems(TokenIndex token);
     void openItem(const Cpp::OutlineItem& item, bool isOutermost);
     Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);
+    bool isTryOf(const Cpp::OutlineItem& item, const Frame& parent) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
     Scope scopeOfUnbraced(const Frame& holder);
     void indentComments(TokenIndex token, Scope scope);
     void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
+    void readHead(TokenIndex token);
     void readSemicolon(TokenIndex token);
     void readDeclarator(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
+    bool isBehindBranch(const Frame& body, const BodyKeys& keys) const;
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
@@ -70,6 +75,8 @@ private:
     Scope indented(Scope base, GapProperty property);
     Scope continuation(TokenIndex anchor);
     Scope labelScope(const Cpp::OutlineItem& item, const Frame& body);
+    // What the statements of a body stand on, as a base; `otherwise` if no value says so.
+    Scope levelOf(const Frame& body, Scope otherwise);
     // Where a line begins that a set property puts there; else its distance stays.
     Scope below(Scope base, GapProperty property);
     Frame& top() { return frames_.back(); }

@@ -34,17 +34,21 @@ void StatementRules::part(const Item& part, const Place& place) {
     if (place.before != nullptr) betweenParts(part, *place.before);
 }
 
+// The `while` of a `do` may have a value of its own.
+GapProperty StatementRules::inFrontOf(const Item& part) const {
+    constexpr GapProperty own = gapProperty<&Scheme::wsBeforeCsDoWhile>();
+    const bool isWhile = text_.kind(part.first) == Kind::While && gaps_.isSet(own.rule);
+    return isWhile ? own : gapProperty<&Scheme::wsBetweenCs>();
+}
+
 // What goes on behind a body without braces begins a line, so that nobody takes it for a part of the body's statement.
 void StatementRules::betweenParts(const Item& part, const Item& before) {
-    constexpr GapProperty between = gapProperty<&Scheme::wsBetweenCs>();
+    const GapProperty between = inFrontOf(part);
     if (!gaps_.isSet(between.rule)) return;
-    const bool isBraced = text_.kind(before.body) == Kind::OpenBrace;
-    if (isBraced || gaps_.lineFeeds(between.rule) > 0) {
-        if (!isBraced && scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return;
-        return gaps_.setInFront(part.first, between);
-    }
-    if (scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return;
-    gaps_.setInFront(part.first, GapProperty{nullptr, GapRule::LineFeed});
+    if (text_.kind(before.body) == Kind::OpenBrace) return gaps_.setInFront(part.first, between);
+    if (scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return gaps_.set(part.first, GapRule::Blank);
+    const bool breaks = gaps_.lineFeeds(between.rule) > 0;
+    gaps_.setInFront(part.first, breaks ? between : GapProperty{nullptr, GapRule::LineFeed});
 }
 
 // A lone `;` is no item, so it stays where it stands.
@@ -55,7 +59,7 @@ void StatementRules::unbracedBody(const Item& body, const Item& holder) {
         return;
     }
     const bool stays = scheme_.keepOneLineCsBodies && followsOnLine(body.first);
-    if (stays && gaps_.lineFeeds(property.rule) > 0) return;
+    if (stays && gaps_.lineFeeds(property.rule) > 0) return gaps_.set(body.first, GapRule::Blank);
     gaps_.set(body.first, property);
 }
 
