@@ -9,36 +9,79 @@ using Sort = Cpp::OutlineItem::Sort;
 
 namespace {
 
-constexpr BodyKeys functionKeys = {Role::FunctionBody, gapProperty<&Scheme::wsBeforeFnOpenBrace>(),
-                                   gapProperty<&Scheme::wsAfterFnOpenBrace>(), gapProperty<&Scheme::indentFnContent>(),
-                                   gapProperty<&Scheme::wsBeforeFnCloseBrace>(), &Scheme::keepOneLineFnBodies};
-constexpr BodyKeys classKeys = {Role::ClassBody, gapProperty<&Scheme::wsBeforeClassOpenBrace>(),
+constexpr BodyKeys functionKeys = {Role::FunctionBody,
+                                   gapProperty<&Scheme::wsBeforeFnOpenBrace>(),
+                                   gapProperty<&Scheme::wsAfterFnOpenBrace>(),
+                                   gapProperty<&Scheme::indentFnContent>(),
+                                   gapProperty<&Scheme::wsBeforeFnCloseBrace>(),
+                                   &Scheme::keepOneLineFnBodies};
+constexpr BodyKeys classKeys = {Role::ClassBody,
+                                gapProperty<&Scheme::wsBeforeClassOpenBrace>(),
                                 gapProperty<&Scheme::wsAfterClassOpenBrace>(),
                                 gapProperty<&Scheme::indentClassContent>(),
-                                gapProperty<&Scheme::wsBeforeClassCloseBrace>(), &Scheme::keepOneLineClassBodies};
-constexpr BodyKeys enumKeys = {Role::EnumBody, gapProperty<&Scheme::wsBeforeEnumOpenBrace>(),
-                               gapProperty<&Scheme::wsAfterEnumOpenBrace>(), gapProperty<&Scheme::indentEnumContent>(),
-                               gapProperty<&Scheme::wsBeforeEnumCloseBrace>(), &Scheme::keepOneLineEnumBodies};
-constexpr BodyKeys namespaceKeys = {Role::NamespaceBody, gapProperty<&Scheme::wsBeforeNsOpenBrace>(),
+                                gapProperty<&Scheme::wsBeforeClassCloseBrace>(),
+                                &Scheme::keepOneLineClassBodies};
+constexpr BodyKeys enumKeys = {Role::EnumBody,
+                               gapProperty<&Scheme::wsBeforeEnumOpenBrace>(),
+                               gapProperty<&Scheme::wsAfterEnumOpenBrace>(),
+                               gapProperty<&Scheme::indentEnumContent>(),
+                               gapProperty<&Scheme::wsBeforeEnumCloseBrace>(),
+                               &Scheme::keepOneLineEnumBodies};
+constexpr BodyKeys namespaceKeys = {Role::NamespaceBody,
+                                    gapProperty<&Scheme::wsBeforeNsOpenBrace>(),
                                     gapProperty<&Scheme::wsAfterNsOpenBrace>(),
                                     gapProperty<&Scheme::indentNsContent>(),
-                                    gapProperty<&Scheme::wsBeforeNsCloseBrace>(), nullptr};
-constexpr BodyKeys linkageKeys = {Role::LinkageBody, gapProperty<&Scheme::wsBeforeLinkageOpenBrace>(),
-                                  gapProperty<&Scheme::globalWsAfterOpenBrace>(),
-                                  gapProperty<&Scheme::indentLinkageContent>(),
-                                  gapProperty<&Scheme::globalWsBeforeCloseBrace>(), nullptr};
-constexpr BodyKeys controlKeys = {Role::Body, gapProperty<&Scheme::wsBeforeCsOpenBrace>(),
-                                  gapProperty<&Scheme::wsAfterCsOpenBrace>(), gapProperty<&Scheme::indentCsContent>(),
-                                  gapProperty<&Scheme::wsBeforeCsCloseBrace>(), &Scheme::keepOneLineCsBodies};
-constexpr BodyKeys blockKeys = {Role::Body, {}, gapProperty<&Scheme::globalWsAfterOpenBrace>(),
+                                    gapProperty<&Scheme::wsBeforeNsCloseBrace>(),
+                                    nullptr};
+constexpr BodyKeys controlKeys = {Role::Body,
+                                  gapProperty<&Scheme::wsBeforeCsOpenBrace>(),
+                                  gapProperty<&Scheme::wsAfterCsOpenBrace>(),
+                                  gapProperty<&Scheme::indentCsContent>(),
+                                  gapProperty<&Scheme::wsBeforeCsCloseBrace>(),
+                                  &Scheme::keepOneLineCsBodies};
+constexpr BodyKeys blockKeys = {Role::Body,
+                                {},
+                                gapProperty<&Scheme::globalWsAfterOpenBrace>(),
                                 gapProperty<&Scheme::globalIndentContent>(),
-                                gapProperty<&Scheme::globalWsBeforeCloseBrace>(), &Scheme::keepOneLineCsBodies};
-constexpr BodyKeys lambdaKeys = {Role::LambdaBody, gapProperty<&Scheme::wsBeforeLambdaOpenBrace>(),
+                                gapProperty<&Scheme::globalWsBeforeCloseBrace>(),
+                                &Scheme::keepOneLineCsBodies};
+constexpr BodyKeys lambdaKeys = {Role::LambdaBody,
+                                 gapProperty<&Scheme::wsBeforeLambdaOpenBrace>(),
                                  gapProperty<&Scheme::wsAfterLambdaOpenBrace>(),
                                  gapProperty<&Scheme::indentLambdaContent>(),
-                                 gapProperty<&Scheme::wsBeforeLambdaCloseBrace>(), &Scheme::keepOneLineLambdaBodies};
+                                 gapProperty<&Scheme::wsBeforeLambdaCloseBrace>(),
+                                 &Scheme::keepOneLineLambdaBodies};
 
 }  // namespace
+
+BodyRules::BodyRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
+    : text_(text), scheme_(scheme), gaps_(gaps), linkage_(blockKeys), case_(controlKeys) {
+    findLinkageKeys();
+    findCaseKeys();
+}
+
+// Those of any block, unless there are keys of their own.
+void BodyRules::findLinkageKeys() {
+    constexpr GapProperty open = gapProperty<&Scheme::wsBeforeLinkageOpenBrace>();
+    constexpr GapProperty indent = gapProperty<&Scheme::indentLinkageContent>();
+    linkage_.role = Role::LinkageBody;
+    linkage_.keepsOneLine = nullptr;
+    linkage_.beforeOpen = gaps_.isSet(open.rule) ? open : gapProperty<&Scheme::globalWsBeforeOpenBrace>();
+    if (gaps_.isSet(indent.rule)) linkage_.indent = indent;
+}
+
+// A brace behind a label stands on the label's line or below it, and the closing one stands below.
+void BodyRules::findCaseKeys() {
+    constexpr GapProperty open = gapProperty<&Scheme::wsBeforeCsCaseOpenBrace>();
+    constexpr GapProperty indent = gapProperty<&Scheme::indentCsCaseBlockContent>();
+    hasCaseKeys_ = gaps_.isSet(open.rule) || gaps_.isSet(indent.rule);
+    case_.goesByLabel = true;
+    case_.beforeOpen = open;
+    case_.indent = gaps_.isSet(indent.rule) ? indent : gapProperty<&Scheme::globalIndentContent>();
+    if (gaps_.lineFeeds(case_.beforeClose.rule) > 0) {
+        case_.beforeClose = gaps_.lineFeeds(open.rule) > 0 ? open : GapProperty{nullptr, GapRule::LineFeed};
+    }
+}
 
 const BodyKeys* BodyRules::keysOf(TokenIndex brace, const Cpp::OutlineItem* owner) const {
     switch (text_.role(brace)) {
@@ -51,56 +94,105 @@ const BodyKeys* BodyRules::keysOf(TokenIndex brace, const Cpp::OutlineItem* owne
         case Role::NamespaceBody:
             return &namespaceKeys;
         case Role::LinkageBody:
-            return &linkageKeys;
+            return &linkage_;
         case Role::LambdaBody:
         case Role::RequiresBody:
             return &lambdaKeys;
         case Role::Body:
-            if (owner == nullptr) return &lambdaKeys;
-            return owner->sort == Sort::Part || owner->sort == Sort::Loop ? &controlKeys
-                   : owner->sort == Sort::Head                            ? &functionKeys
-                                                                          : &blockKeys;
+            return keysOfBlock(brace, owner);
         default:
             return nullptr;
     }
 }
 
-void BodyRules::format(TokenIndex brace, const BodyKeys& keys) {
-    const TokenIndex close = text_.partner(brace);
-    if (close == brace + 1) return formatEmpty(brace, keys);
-    if (staysOnOneLine(brace, keys)) {
-        if (keys.beforeOpen.member != nullptr) gaps_.setKeepingLines(brace, keys.beforeOpen);
-        if (text_.lineFeeds(brace) == 0 && gaps_.startsLine(brace)) gaps_.keep(brace);
-        return;
+const BodyKeys* BodyRules::keysOfBlock(TokenIndex brace, const Cpp::OutlineItem* owner) const {
+    if (owner == nullptr) return &lambdaKeys;
+    switch (owner->sort) {
+        case Sort::Part:
+        case Sort::Loop:
+            return &controlKeys;
+        case Sort::Head:
+            return owner->frame == Cpp::Frame::Block ? &controlKeys : &functionKeys;
+        case Sort::Block:
+            return hasCaseKeys_ && text_.role(text_.previous(brace)) == Role::CaseColon ? &case_ : &blockKeys;
+        default:
+            return &blockKeys;
     }
-    if (keys.beforeOpen.member != nullptr) gaps_.set(brace, keys.beforeOpen);
-    setAtBrace(text_.next(brace), keys.afterOpen);
-    setAtBrace(close, keys.beforeClose);
+}
+
+bool BodyRules::format(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner) {
+    const TokenIndex close = text_.partner(brace);
+    const bool stays = staysOnOneLine(brace, keys);
+    if (sharesLine(brace, owner)) {
+        formatShared(brace, keys);
+        return false;
+    }
+    formatOpen(brace, keys, stays);
+    if (close == brace + 1) {
+        formatEmpty(close, keys);
+        return false;
+    }
+    if (stays) {
+        if (gaps_.lineFeeds(keys.afterOpen.rule) == 0) gaps_.set(text_.next(brace), keys.afterOpen);
+        if (gaps_.lineFeeds(keys.beforeClose.rule) == 0) gaps_.set(close, keys.beforeClose);
+        return true;
+    }
+    if (scheme_.keepBlankLinesAtBraces) {
+        gaps_.setBreak(text_.next(brace), keys.afterOpen);
+    } else {
+        gaps_.set(text_.next(brace), keys.afterOpen);
+    }
+    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    return false;
+}
+
+// Several namespaces that open on one line stay on it, and so do their braces that close on one.
+void BodyRules::formatShared(TokenIndex brace, const BodyKeys& keys) {
+    const TokenIndex close = text_.partner(brace);
+    if (gaps_.lineFeeds(keys.beforeOpen.rule) == 0) gaps_.set(brace, keys.beforeOpen);
+    if (!holdsNamespace(brace)) gaps_.set(text_.next(brace), keys.afterOpen);
+    if (text_.kind(close - 1) == Kind::CloseBrace && !text_.startsLine(close)) return;
+    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+}
+
+// Whether a namespace follows on the line.
+bool BodyRules::holdsNamespace(TokenIndex brace) const {
+    const TokenIndex next = text_.next(brace);
+    if (!text_.isOnOneLine(brace, next)) return false;
+    return text_.kind(next) == Kind::Namespace ||
+           (text_.kind(next) == Kind::Inline && text_.kind(text_.next(next)) == Kind::Namespace);
+}
+
+bool BodyRules::sharesLine(TokenIndex brace, const Cpp::OutlineItem* owner) const {
+    if (text_.role(brace) != Role::NamespaceBody || owner == nullptr) return false;
+    const TokenIndex before = text_.previous(owner->first);
+    return text_.isOnOneLine(owner->first, brace) &&
+           (holdsNamespace(brace) ||
+            (text_.role(before) == Role::NamespaceBody && text_.partner(before) > before && holdsNamespace(before)));
+}
+
+// A brace on the line of its head stays there with the body that stays on one line.
+void BodyRules::formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays) {
+    const bool isBehindHead = text_.isOnOneLine(text_.previous(brace), brace);
+    if (stays && isBehindHead == (gaps_.lineFeeds(keys.beforeOpen.rule) > 0)) return;
+    gaps_.setInFront(brace, keys.beforeOpen);
 }
 
 bool BodyRules::staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const {
-    return keys.keepsOneLine != nullptr && scheme_.*keys.keepsOneLine &&
-           text_.isOnOneLine(brace, text_.partner(brace));
+    return keys.keepsOneLine != nullptr && scheme_.*keys.keepsOneLine && text_.isOnOneLine(brace, text_.partner(brace));
 }
 
-void BodyRules::formatEmpty(TokenIndex brace, const BodyKeys& keys) {
-    const TokenIndex close = brace + 1;
-    const bool isKept = keys.keepsOneLine != nullptr && scheme_.*keys.keepsOneLine && text_.lineFeeds(close) == 0;
-    if (keys.beforeOpen.member != nullptr) gaps_.set(brace, keys.beforeOpen);
-    if (isKept && text_.lineFeeds(brace) == 0 && gaps_.startsLine(brace)) gaps_.keep(brace);
-    if (scheme_.wsInEmptyBody.isSet) {
-        gaps_.set<&Scheme::wsInEmptyBody>(close);
-    } else if (!isKept) {
-        gaps_.set(close, keys.beforeClose);
-    }
+// One on one line stays on it without a value of its own; on two it takes one line feed.
+void BodyRules::formatEmpty(TokenIndex close, const BodyKeys& keys) {
+    if (scheme_.wsInEmptyBody.isSet) return gaps_.set<&Scheme::wsInEmptyBody>(close);
+    if (text_.lineFeeds(close) == 0 && gaps_.lineFeeds(keys.beforeClose.rule) > 0) return;
+    gaps_.set(close, keys.beforeClose);
 }
 
-// Empty lines of the source stay if the scheme says so.
-void BodyRules::setAtBrace(TokenIndex token, GapProperty property) {
-    if (scheme_.keepBlankLinesAtBraces) {
-        gaps_.setBreak(token, property);
-    } else {
-        gaps_.set(token, property);
+void BodyRules::joinLines(TokenIndex brace) {
+    for (TokenIndex token = brace + 1; token <= text_.partner(brace); ++token) {
+        const Gap::Sort sort = gaps_[token].sort;
+        if (sort == Gap::Sort::Lines || sort == Gap::Sort::Break) gaps_.keep(token);
     }
 }
 

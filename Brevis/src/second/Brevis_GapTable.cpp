@@ -14,6 +14,7 @@ GapTable::GapTable(const GapText& text, const Scheme& scheme) : text_(&text), ga
     add(GapRule::Blank, " ");
     add(GapRule::LineFeed, "\n");
     add(GapRule::Wrapped, "\n");
+    addBlankLines(ruleOf<&Scheme::minBlankLinesBetweenFnDefns>(), scheme.minBlankLinesBetweenFnDefns);
     for (TokenIndex token = 1; token <= text.size(); ++token) {
         if (text.token(token).isFixed) fix(token);
     }
@@ -24,6 +25,12 @@ void GapTable::add(GapRule rule, std::string_view text) {
     const std::size_t feed = text.rfind('\n');
     values_[index(rule)] = {true, text, feed == std::string_view::npos ? text : text.substr(feed + 1),
                             static_cast<int>(std::count(text.begin(), text.end(), '\n'))};
+}
+
+// The text of a rule whose value is a number of empty lines.
+void GapTable::addBlankLines(GapRule rule, int count) {
+    static constexpr std::string_view feeds = "\n\n\n\n\n\n\n\n\n";
+    if (count > 0) add(rule, feeds.substr(0, static_cast<std::size_t>(count) + 1));
 }
 
 std::uint32_t GapTable::addScope(const IndentScope& scope) {
@@ -49,6 +56,17 @@ void GapTable::put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks)
         if (!hasFeed) return;
         while (at < token && text_->isComment(at) && !text_->startsLine(at) && text_->endsLine(at)) ++at;
     }
+    decide(at, rule, keepsLines, breaks);
+}
+
+void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
+    if (!isSet(property.rule)) return;
+    if (lineFeeds(property.rule) == 0) return put(token, property.rule, false, false);
+    decide(token, property.rule, false, breaks);
+}
+
+void GapTable::decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks) {
+    const bool hasFeed = lineFeeds(rule) > 0;
     Gap& gap = gaps_[at];
     if (gap.sort == Gap::Sort::Fixed) return;
     if (!hasFeed && keepsLines && text_->lineFeeds(at) > 0) return keep(at);

@@ -1,4 +1,5 @@
-// The decisions for all gaps of a text. Rules set them, alignment and wrapping change them, the writer carries them out.
+// The decisions for all gaps of a text. Rules set them, alignment and wrapping change them, the writer carries them
+// out.
 #pragma once
 
 #include <array>
@@ -49,6 +50,9 @@ public:
     }
     // The same, but a line feed of the source stays if the value holds none.
     void setKeepingLines(TokenIndex token, GapProperty property);
+    // For what belongs directly in front of `token`, as a brace that closes: a line feed comes behind all comments that
+    // stand in the gap. `breaks` keeps the empty lines of the source.
+    void setInFront(TokenIndex token, GapProperty property, bool breaks = false);
     // With a rule that has a text of its own.
     void set(TokenIndex token, GapRule rule);
     // At least one line feed, and the empty lines of the source, if the value holds a line feed; otherwise as `set`.
@@ -81,7 +85,9 @@ private:
 
     static std::size_t index(GapRule rule) { return static_cast<std::size_t>(rule); }
     void add(GapRule rule, std::string_view text);
+    void addBlankLines(GapRule rule, int count);
     void put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks);
+    void decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks);
 
     const GapText* text_;
     std::array<Value, 256> values_{};

@@ -54,8 +54,8 @@ void GapWriter::run() {
 void GapWriter::writeGap(TokenIndex token) {
     const Gap& gap = gaps_[token];
     const bool isEnd = token == text_.size();
-    const bool needsFeed = !isEnd && token > 1 &&
-                           (Trn::isLineToken(text_.kind(token - 1)) || text_.kind(token) == Kind::Directive);
+    const bool needsFeed =
+        !isEnd && token > 1 && (Trn::isLineToken(text_.kind(token - 1)) || text_.kind(token) == Kind::Directive);
     Sort sort = gap.sort;
     if ((sort == Sort::Blanks || sort == Sort::Column) && needsFeed) sort = Sort::Break;
     switch (sort) {
@@ -109,7 +109,7 @@ void GapWriter::writeLines(TokenIndex token, int lineFeeds, std::string_view tai
         }
     }
     isLineStart_ = true;
-    const bool isDecided = gap.sort == Sort::Lines || (gap.sort == Sort::Break && text_.lineFeeds(token) == 0);
+    const bool isDecided = gap.sort != Sort::Keep && (text_.lineFeeds(token) == 0 || !tail.empty());
     writeLead(token, tail, isDecided);
 }
 
@@ -176,7 +176,11 @@ void GapWriter::writeDistance(TokenIndex token, const Base& base) {
         return append(lead.substr(from.size()));
     }
     const int width = std::max(0, widthOf(lead) - widthOf(from) + widthOf(to));
-    if (width >= widthOf(to)) append(to);
+    for (std::size_t at = 0, reached = 0; at < to.size(); ++at) {
+        reached += static_cast<std::size_t>(widthOf(std::string_view(to).substr(at, 1), static_cast<int>(reached)));
+        if (reached > static_cast<std::size_t>(width)) break;
+        append(std::string_view(to).substr(at, 1));
+    }
     padTo(width);
 }
 

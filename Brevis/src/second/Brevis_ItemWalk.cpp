@@ -40,6 +40,10 @@ ItemWalk::Scope ItemWalk::indented(Scope base, GapProperty property) {
     return sharing(base, Mode::Indent, property.rule);
 }
 
+ItemWalk::Scope ItemWalk::below(Scope base, GapProperty property) {
+    return sharing(base, gaps_.isSet(property.rule) ? Mode::Indent : Mode::Distance, GapRule::None);
+}
+
 // Of the later lines of what begins at `anchor`.
 ItemWalk::Scope ItemWalk::continuation(TokenIndex anchor) {
     const GapRule rule = ruleOf<&Scheme::indentContinuation>();
@@ -49,12 +53,6 @@ ItemWalk::Scope ItemWalk::continuation(TokenIndex anchor) {
 
 // ---- Items
 
-const ItemWalk::Frame& ItemWalk::bodyFrame() const {
-    std::size_t at = frames_.size() - 1;
-    while (frames_[at].sort != Frame::Sort::Body && frames_[at].sort != Frame::Sort::File) --at;
-    return frames_[at];
-}
-
 void ItemWalk::openItems(TokenIndex token) {
     const std::vector<OutlineItem>& items = text_.items();
     for (bool isOutermost = true; next_ < items.size() && items[next_].first <= token; ++next_, isOutermost = false) {
@@ -63,38 +61,58 @@ void ItemWalk::openItems(TokenIndex token) {
 }
 
 void ItemWalk::openItem(const OutlineItem& item, bool isOutermost) {
-    if (isOutermost) indentItem(item, top());
-    const Frame& parent = top();
-    Frame frame{.sort = Frame::Sort::Item, .first = item.first, .last = item.last, .item = &item};
-    if (item.sort == Sort::Part && parent.item != nullptr && parent.item->sort == Sort::Control) {
-        // All parts of a statement go by the line of its first one.
-        frame.own = parent.own;
-        frame.inner = continuation(item.first);
-    } else {
-        frame.inner = frame.own = continuation(item.first);
-        if (item.sort == Sort::Control) frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
+    Frame& parent = top();
+    if (isOutermost || item.sort == Sort::Part) {
+        const OutlineItem* holder = parent.sort == Frame::Sort::Item ? parent.item : nullptr;
+        if (parent.sort != Frame::Sort::Bracket) statements_.item(item, {.holder = holder, .before = parent.before});
     }
+    if (isOutermost) indentItem(item, parent);
+    const Frame frame = frameOf(item, parent);
+    parent.before = &item;
+    if (item.sort == Sort::CaseLabel) parent.label = frame.own;
     frames_.push_back(frame);
-    statements_.item(item);
 }
 
-// The first token of an item that stands in a body, or is the body of a control statement.
+ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) {
+    Frame frame{.sort = Frame::Sort::Item, .first = item.first, .last = item.last, .item = &item};
+    frame.inner = continuation(item.first);
+    const bool isPart = item.sort == Sort::Part && parent.item != nullptr && parent.item->sort == Sort::Control;
+    if (isPart || (parent.sort == Frame::Sort::Item && statements_.isElseIf(item, parent.item))) {
+        // All parts of a statement, and of a chain, go by the line of its first one.
+        frame.own = parent.own;
+    } else {
+        frame.own = frame.inner;
+    }
+    if (item.sort == Sort::Control) frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
+    return frame;
+}
+
+// The first token of an item that stands in a body, or is a part or the body of a control statement.
 void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
     Scope scope = parent.inner;
     if (parent.sort == Frame::Sort::Item) {
         if (parent.item->sort == Sort::Control) {
-            scope = sharing(parent.own, Mode::Indent, GapRule::None);
-            if (!gaps_.startsLine(item.first) || !gaps_.isSet(gaps_[item.first].rule)) scope = parent.inner;
-        } else if (parent.item->body == item.first && text_.kind(item.first) != Kind::OpenBrace) {
-            const GapRule own = ruleOf<&Scheme::indentCsUnbracedContent>();
-            scope = indented(parent.own, gaps_.isSet(own) ? gapProperty<&Scheme::indentCsUnbracedContent>()
-                                                          : gapProperty<&Scheme::indentCsContent>());
+            scope = scopeOfPart(item, parent);
+        } else if (parent.item->body == item.first) {
+            if (statements_.isElseIf(item, parent.item)) return;
+            scope = scopeOfUnbraced(parent);
+            indentComments(item.first, scope);
         }
     } else if (item.sort == Sort::CaseLabel || item.sort == Sort::AccessLabel || item.sort == Sort::GotoLabel) {
         scope = labelScope(item, parent);
-        indentTrivia(item.first, scope);
+        indentCommentsOfLabel(item.first, scope, parent);
     }
     gaps_.setScope(item.first, scope);
+}
+
+ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& statement) {
+    if (part.first == statement.first) return statement.inner;
+    return below(statement.own, gapProperty<&Scheme::wsBetweenCs>());
+}
+
+ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) {
+    constexpr GapProperty own = gapProperty<&Scheme::indentCsUnbracedContent>();
+    return indented(holder.own, gaps_.isSet(own.rule) ? own : gapProperty<&Scheme::indentCsContent>());
 }
 
 ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body) {
@@ -104,14 +122,27 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
         case Sort::AccessLabel:
             return indented(body.own, gapProperty<&Scheme::indentAccessSpecLabel>());
         default:
-            return scheme_.alignLabelsLeftMost ? margin_ : indented(body.own, gapProperty<&Scheme::indentLabel>());
+            break;
+    }
+    constexpr GapProperty property = gapProperty<&Scheme::indentLabel>();
+    if (!scheme_.alignLabelsLeftMost) return indented(body.own, property);
+    return gaps_.isSet(property.rule) ? sharing(0, Mode::Indent, property.rule) : margin_;
+}
+
+// Those that begin a line in front of the token.
+void ItemWalk::indentComments(TokenIndex token, Scope scope) {
+    for (TokenIndex at = token - 1; at > 0 && text_.isComment(at) && text_.startsLine(at); --at) {
+        gaps_.setScope(at, scope);
     }
 }
 
-// Comments in front of a label go with it unless they stand further to the right.
-void ItemWalk::indentTrivia(TokenIndex token, Scope scope) {
-    const int column = text_.column(token, scheme_.tabSize);
-    for (TokenIndex at = token - 1; at > 0 && text_.isComment(at) && text_.startsLine(at); --at) {
+// Comments in front of a label go with it, unless they stand further to the right: then they belong to what is in
+// front.
+void ItemWalk::indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body) {
+    if (!text_.isComment(label - 1) || !text_.startsLine(label - 1) || !text_.startsLine(label)) return;
+    if (gaps_.scopes()[body.inner].mode != Mode::Indent) return indentComments(label, scope);
+    const int column = text_.column(label, scheme_.tabSize);
+    for (TokenIndex at = label - 1; at > 0 && text_.isComment(at) && text_.startsLine(at); --at) {
         if (text_.column(at, scheme_.tabSize) > column) break;
         gaps_.setScope(at, scope);
     }
@@ -127,6 +158,7 @@ void ItemWalk::read(TokenIndex token) {
     }
     if (text_.isTrivia(token)) return;
     if (top().isList) beginElement(token);
+    if (text_.kind(token) == Kind::Semicolon) readSemicolon(token);
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
         readBody(token);
@@ -135,32 +167,71 @@ void ItemWalk::read(TokenIndex token) {
     }
 }
 
+// One that is the body of a control statement, and so no item.
+void ItemWalk::readSemicolon(TokenIndex token) {
+    if (top().sort != Frame::Sort::Item || top().item->body != token) return;
+    const Scope scope = scopeOfUnbraced(top());
+    gaps_.setScope(token, scope);
+    indentComments(token, scope);
+}
+
 // A `{` of a body, or any other bracket.
 void ItemWalk::readBody(TokenIndex brace) {
-    if (text_.kind(brace) != Kind::OpenBrace) return readBracket(brace);
-    const Frame outer = top();
-    const bool isOwned = outer.sort == Frame::Sort::Item &&
-                         (outer.item->body == brace || outer.item->first == brace);
-    const OutlineItem* owner = isOwned ? outer.item : nullptr;
-    const BodyKeys* keys = bodies_.keysOf(brace, owner);
+    const OutlineItem* item = top().sort == Frame::Sort::Item ? top().item : nullptr;
+    const bool isOwned = item != nullptr && (item->body == brace || item->first == brace);
+    const BodyKeys* keys =
+        text_.kind(brace) == Kind::OpenBrace ? bodies_.keysOf(brace, isOwned ? item : nullptr) : nullptr;
     if (keys == nullptr) return readBracket(brace);
 
-    bodies_.format(brace, *keys);
-    Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace), .item = owner};
-    frame.own = isOwned ? outer.own : outer.lambda != 0 && keys->role == Role::LambdaBody ? outer.lambda : anchored(brace, Mode::Distance, GapRule::None);
-    const bool isSwitch = isOwned && owner->sort == Sort::Part && text_.kind(owner->first) == Kind::Switch;
-    GapProperty indent = isSwitch ? gapProperty<&Scheme::indentCsCaseContent>() : keys->indent;
-    if (isOwned && owner->sort == Sort::Block && outer.first == brace && frames_.size() > 1 &&
-        gaps_.isSet(ruleOf<&Scheme::indentCsCaseBlockContent>()) && text_.role(text_.previous(brace)) == Role::CaseColon) {
-        indent = gapProperty<&Scheme::indentCsCaseBlockContent>();
+    const bool staysOnOneLine = bodies_.format(brace, *keys, isOwned ? item : nullptr);
+    Frame frame = bodyFrame(brace, *keys);
+    if (staysOnOneLine && joined_ < brace) {
+        frame.isOneLine = true;
+        joined_ = frame.last;
     }
-    frame.inner = indented(frame.own, indent);
-    // An open brace that a value puts on a line of its own stands below its owner.
-    if (gaps_[brace].sort == Gap::Sort::Lines && gaps_[brace].rule == keys->beforeOpen.rule) {
-        gaps_.setScope(brace, sharing(frame.own, Mode::Indent, GapRule::None));
-    }
-    if (text_.role(brace) == Role::EnumBody) frame.isList = true;
     frames_.push_back(frame);
+}
+
+ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
+    const Frame& outer = top();
+    const bool isOwned = outer.sort == Frame::Sort::Item && (outer.item->body == brace || outer.item->first == brace);
+    Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
+    frame.item = isOwned ? outer.item : nullptr;
+    frame.own = baseOf(brace, keys, frame.item);
+    frame.inner = indented(frame.own, indentOf(keys, frame));
+    frame.close = keys.beforeClose;
+    frame.isList = keys.role == Role::EnumBody;
+    indentOpen(brace, keys, frame);
+    return frame;
+}
+
+// What the lines of a body are measured from.
+ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const OutlineItem* owner) {
+    if (keys.goesByLabel && frames_.size() > 1) return frames_[frames_.size() - 2].label;
+    if (owner != nullptr) return top().own;
+    if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;
+    return anchored(brace, Mode::Distance, GapRule::None);
+}
+
+GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
+    if (body.item == nullptr) return keys.indent;
+    if (body.item->sort == Sort::Part && text_.kind(body.item->first) == Kind::Switch) {
+        return gapProperty<&Scheme::indentCsCaseContent>();
+    }
+    constexpr GapProperty nested = gapProperty<&Scheme::indentNestedNsContent>();
+    const bool isNested = keys.role == Role::NamespaceBody && frames_.size() > 1 &&
+                          text_.role(frames_[frames_.size() - 2].first) == Role::NamespaceBody;
+    return isNested && gaps_.isSet(nested.rule) ? nested : keys.indent;
+}
+
+// A brace that begins a line, and the comments in front of it, stand below the owner of the body. That of a block is a
+// statement as any other.
+void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
+    if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
+    if (body.item == nullptr && !gaps_.isSet(keys.beforeOpen.rule)) return;
+    const Scope scope = below(body.own, keys.beforeOpen);
+    gaps_.setScope(brace, scope);
+    indentComments(brace, scope);
 }
 
 void ItemWalk::readBracket(TokenIndex open) {
@@ -168,9 +239,10 @@ void ItemWalk::readBracket(TokenIndex open) {
     const GapRule indent = ruleOf<&Scheme::indentContinuation>();
     const bool isBraced = text_.kind(open) == Kind::OpenBrace;
     const bool breaksBehind = gaps_.startsLine(open + 1);
-    frame.own = anchored(open, scheme_.alignContinuationLeft && !breaksBehind ? Mode::Behind
-                               : gaps_.isSet(indent) && !isBraced             ? Mode::Indent
-                                                                              : Mode::Distance,
+    frame.own = anchored(open,
+                         scheme_.alignContinuationLeft && !breaksBehind ? Mode::Behind
+                         : gaps_.isSet(indent) && !isBraced             ? Mode::Indent
+                                                                        : Mode::Distance,
                          gaps_.isSet(indent) && !isBraced ? indent : GapRule::None);
     frame.inner = frame.own;
     if (isBraced && breaksBehind) {
@@ -183,10 +255,23 @@ void ItemWalk::readBracket(TokenIndex open) {
 
 // A brace that closes stands below what it closes; any other bracket goes on with the lines inside.
 void ItemWalk::readClosing(TokenIndex close) {
-    if (top().last != close || text_.kind(close) != Kind::CloseBrace) return;
-    const Gap& gap = gaps_[close];
-    const bool isDecided = gap.sort == Gap::Sort::Lines || gap.sort == Gap::Sort::Break;
-    gaps_.setScope(close, sharing(top().own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
+    const Frame& frame = top();
+    if (frame.last != close) return;
+    if (text_.kind(close) == Kind::CloseParen) return leaveParameters(close);
+    if (text_.kind(close) != Kind::CloseBrace) return;
+    const Gap::Sort sort = gaps_[close].sort;
+    const bool isDecided = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    gaps_.setScope(close, sharing(frame.own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
+    if (frame.isOneLine) bodies_.joinLines(frame.first);
+}
+
+// The declarations of old-style parameters keep their place.
+void ItemWalk::leaveParameters(TokenIndex close) {
+    if (frames_.size() < 2) return;
+    Frame& outer = frames_[frames_.size() - 2];
+    if (outer.sort != Frame::Sort::Item || outer.item->body <= close || outer.item->open != top().first) return;
+    if (text_.kind(text_.previous(outer.item->body)) != Kind::Semicolon) return;
+    outer.inner = sharing(outer.own, Mode::Distance, GapRule::None);
 }
 
 // In a list every element has its own later lines.

@@ -28,23 +28,36 @@ private:
         Sort sort = Sort::File;
         TokenIndex first = 0;
         TokenIndex last = 0;
-        const Cpp::OutlineItem* item = nullptr;  // of an Item; of a Body its owner
-        Scope own = 0;                           // the scope whose base the parts of it share
-        Scope inner = 0;                         // of a line that begins inside of it
-        Scope label = 0;                         // of a Body: of its labels
-        Scope lambda = 0;                        // the scope of the lambda introducer that has been read last
-        Scope element = 0;                       // of the later lines of an element
-        bool isList = false;                     // of elements, each with its own later lines
+        const Cpp::OutlineItem* item = nullptr;    // of an Item; of a Body its owner
+        Scope own = 0;                             // the scope whose base the parts of it share
+        Scope inner = 0;                           // of a line that begins inside of it
+        Scope label = 0;                           // of a Body: the base of its last case label
+        const Cpp::OutlineItem* before = nullptr;  // the part or the item of the body that has been opened last
+        Scope lambda = 0;                          // the scope of the lambda introducer that has been read last
+        Scope element = 0;                         // of the later lines of an element
+        GapProperty close{};                       // of a Body: what puts its closing brace on a line
+        bool isList = false;                       // of elements, each with its own later lines
+        bool isOneLine = false;                    // of a Body: the outermost one that stays on one line
     };
 
     void openItems(TokenIndex token);
     void openItem(const Cpp::OutlineItem& item, bool isOutermost);
+    Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
-    void indentTrivia(TokenIndex token, Scope scope);
+    Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
+    Scope scopeOfUnbraced(const Frame& holder);
+    void indentComments(TokenIndex token, Scope scope);
+    void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
+    void readSemicolon(TokenIndex token);
     void readBody(TokenIndex brace);
+    Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
+    GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
+    Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
+    void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
     void readBracket(TokenIndex open);
     void readClosing(TokenIndex close);
+    void leaveParameters(TokenIndex close);
     void beginElement(TokenIndex token);
 
     Scope anchored(TokenIndex anchor, IndentScope::Mode mode, GapRule rule);
@@ -53,7 +66,8 @@ private:
     Scope indented(Scope base, GapProperty property);
     Scope continuation(TokenIndex anchor);
     Scope labelScope(const Cpp::OutlineItem& item, const Frame& body);
-    const Frame& bodyFrame() const;
+    // Where a line begins that a set property puts there; else its distance stays.
+    Scope below(Scope base, GapProperty property);
     Frame& top() { return frames_.back(); }
 
     const GapText& text_;
@@ -62,7 +76,8 @@ private:
     BodyRules bodies_;
     StatementRules statements_;
     std::vector<Frame> frames_;
-    std::size_t next_ = 0;  // the next item of the outline
+    std::size_t next_ = 0;   // the next item of the outline
+    TokenIndex joined_ = 0;  // the end of the body at hand that stays on one line
     Scope fileScope_ = 0;
     Scope asIs_ = 0;
     Scope margin_ = 0;

@@ -3,6 +3,122 @@
 
 namespace Brevis {
 
-void StatementRules::item(const Cpp::OutlineItem&) {}
+namespace Kind = Trn::Kind;
+using Cpp::Role;
+using Sort = Cpp::OutlineItem::Sort;
+
+void StatementRules::item(const Item& item, const Place& place) {
+    if (item.sort == Sort::Part) {
+        part(item, place);
+    } else if (place.holder != nullptr) {
+        unbracedBody(item, *place.holder);
+    } else {
+        inBody(item, place.before);
+    }
+    if (item.sort == Sort::CaseLabel) behindCaseLabel(item);
+    semicolon(item, place);
+}
+
+bool StatementRules::isElseIf(const Item& item, const Item* holder) const {
+    return holder != nullptr && item.sort == Sort::Control && text_.kind(item.first) == Kind::If &&
+           text_.kind(holder->first) == Kind::Else && followsOnLine(item.first);
+}
+
+// Whether the source has no line end between the token and the last one in front that is neither comment nor directive.
+bool StatementRules::followsOnLine(TokenIndex token) const { return text_.isOnOneLine(text_.previous(token), token); }
+
+// ---- Control statements
+
+void StatementRules::part(const Item& part, const Place& place) {
+    if (part.open != 0) gaps_.set<&Scheme::wsAfterCsKey>(part.open);
+    if (place.before != nullptr) betweenParts(part, *place.before);
+}
+
+// What goes on behind a body without braces begins a line, so that nobody takes it for a part of the body's statement.
+void StatementRules::betweenParts(const Item& part, const Item& before) {
+    constexpr GapProperty between = gapProperty<&Scheme::wsBetweenCs>();
+    if (!gaps_.isSet(between.rule)) return;
+    const bool isBraced = text_.kind(before.body) == Kind::OpenBrace;
+    if (isBraced || gaps_.lineFeeds(between.rule) > 0) {
+        if (!isBraced && scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return;
+        return gaps_.setInFront(part.first, between);
+    }
+    if (scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return;
+    gaps_.setInFront(part.first, GapProperty{nullptr, GapRule::LineFeed});
+}
+
+// A lone `;` is no item, so it stays where it stands.
+void StatementRules::unbracedBody(const Item& body, const Item& holder) {
+    constexpr GapProperty property = gapProperty<&Scheme::wsAfterCsOpenBrace>();
+    if (isElseIf(body, &holder)) {
+        if (gaps_.isSet(ruleOf<&Scheme::wsAfterCsKey>())) gaps_.set(body.first, GapRule::Blank);
+        return;
+    }
+    const bool stays = scheme_.keepOneLineCsBodies && followsOnLine(body.first);
+    if (stays && gaps_.lineFeeds(property.rule) > 0) return;
+    gaps_.set(body.first, property);
+}
+
+// ---- Items of a body
+
+void StatementRules::inBody(const Item& item, const Item* before) {
+    if (before == nullptr || item.sort == Sort::Empty || item.sort == Sort::Declarators) return;
+    if (item.sort == Sort::AccessLabel) return accessLabel(item);
+    const TokenIndex end = text_.previous(item.first);
+    const Role role = text_.role(end);
+    if (role != Role::StatementEnd && role != Role::AccessColon && text_.kind(end) != Kind::CloseBrace) return;
+    const bool followsOn = followsOnLine(item.first);
+    if (followsOn && !isBehindCaseBlock(item, end)) gaps_.set<&Scheme::wsBetweenStatements>(item.first);
+    const bool isBroken = !followsOn || gaps_.lineFeeds(ruleOf<&Scheme::wsBetweenStatements>()) > 0;
+    if (isBroken && scheme_.minBlankLinesBetweenFnDefns > 0) betweenFunctions(item, *before);
+}
+
+// `} break;` closes a case.
+bool StatementRules::isBehindCaseBlock(const Item& item, TokenIndex before) const {
+    return text_.kind(before) == Kind::CloseBrace && text_.kind(item.first) == Kind::Break &&
+           text_.role(text_.previous(text_.partner(before))) == Role::CaseColon;
+}
+
+bool StatementRules::isDefinition(const Item& item) const {
+    return (item.sort == Sort::Function || item.sort == Sort::Head) && item.body != 0;
+}
+
+// Definitions whose bodies stay on one line may stand close together.
+void StatementRules::betweenFunctions(const Item& item, const Item& before) {
+    const Item* function = &item;
+    while (function->sort == Sort::Template && function + 1 < text_.items().data() + text_.items().size()) ++function;
+    if (!isDefinition(*function) || !isDefinition(before)) return;
+    const auto isShort = [&](const Item& definition) {
+        return text_.isOnOneLine(definition.body, definition.last) && scheme_.keepOneLineFnBodies;
+    };
+    if (isShort(before) && isShort(*function)) return;
+    for (TokenIndex at = item.first - 1; at > before.last; --at) {
+        if (text_.kind(at) == Kind::Directive) return;
+    }
+    gaps_.setBreak(item.first, GapProperty{nullptr, ruleOf<&Scheme::minBlankLinesBetweenFnDefns>()});
+}
+
+// ---- Labels
+
+void StatementRules::accessLabel(const Item& label) { gaps_.set<&Scheme::wsBeforeAccessSpecs>(label.first); }
+
+// A block behind the label has a key of its own, and a brace that closes the body too.
+void StatementRules::behindCaseLabel(const Item& label) {
+    const TokenIndex next = text_.next(label.last);
+    const Trn::TokenKind kind = text_.kind(next);
+    if (kind == Kind::OpenBrace || kind == Kind::CloseBrace) return;
+    gaps_.setBreak(next, gapProperty<&Scheme::wsAfterCsCaseLabels>());
+}
+
+// ---- The end of a statement
+
+// Not in front of one that is a statement itself.
+void StatementRules::semicolon(const Item& item, const Place& place) {
+    const TokenIndex end = item.last;
+    if (text_.kind(end) != Kind::Semicolon || end == item.first || end == item.body) return;
+    if (item.sort == Sort::Control || item.sort == Sort::Loop || item.sort == Sort::Head) return;
+    if (item.sort == Sort::Part && (item.body != 0 || place.before == nullptr)) return;
+    gaps_.setKeepingLines(end, gapProperty<&Scheme::wsBeforeSemicolon>());
+}
 
 }  // namespace Brevis

@@ -7,16 +7,38 @@ namespace Brevis {
 
 class StatementRules {
 public:
+    using Item = Cpp::OutlineItem;
+
+    // What stands round an item. Pointers are null for nothing.
+    struct Place {
+        const Item* holder = nullptr;  // the item that it is a part or the body of
+        const Item* before = nullptr;  // the one in front of it: in the same body, or the part before
+    };
+
     StatementRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
         : text_(text), scheme_(scheme), gaps_(gaps) {}
 
     // Sets the gaps of an item that are its own: its brackets and braces apart.
-    void item(const Cpp::OutlineItem& item);
+    void item(const Item& item, const Place& place);
+    // Whether `item`, the body of `holder`, is the `if` of an `else if` on one line.
+    bool isElseIf(const Item& item, const Item* holder) const;
 
 private:
-    [[maybe_unused]] const GapText& text_;
-    [[maybe_unused]] const Scheme& scheme_;
-    [[maybe_unused]] GapTable& gaps_;
+    void part(const Item& part, const Place& place);
+    void betweenParts(const Item& part, const Item& before);
+    void unbracedBody(const Item& body, const Item& holder);
+    void inBody(const Item& item, const Item* before);
+    void betweenFunctions(const Item& item, const Item& before);
+    void accessLabel(const Item& label);
+    void behindCaseLabel(const Item& label);
+    void semicolon(const Item& item, const Place& place);
+    bool isDefinition(const Item& item) const;
+    bool isBehindCaseBlock(const Item& item, TokenIndex before) const;
+    bool followsOnLine(TokenIndex token) const;
+
+    const GapText& text_;
+    const Scheme& scheme_;
+    GapTable& gaps_;
 };
 
 }  // namespace Brevis
