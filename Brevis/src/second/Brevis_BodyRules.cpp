@@ -171,10 +171,13 @@ bool BodyRules::sharesLine(TokenIndex brace, const Cpp::OutlineItem* owner) cons
             (text_.role(before) == Role::NamespaceBody && text_.partner(before) > before && holdsNamespace(before)));
 }
 
-// A brace on the line of its head stays there with the body that stays on one line.
+// A brace on the line of its head stays there with the body that stays on one line, and one behind declarations of
+// parameters on the line below them.
 void BodyRules::formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays) {
     const bool isBehindHead = text_.isOnOneLine(text_.previous(brace), brace);
-    if (stays && isBehindHead == (gaps_.lineFeeds(keys.beforeOpen.rule) > 0)) return;
+    const bool breaks = gaps_.lineFeeds(keys.beforeOpen.rule) > 0;
+    if (stays && isBehindHead == breaks) return;
+    if (!breaks && keys.role == Role::FunctionBody && text_.kind(text_.previous(brace)) == Kind::Semicolon) return;
     gaps_.setInFront(brace, keys.beforeOpen);
 }
 

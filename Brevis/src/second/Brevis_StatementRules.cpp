@@ -11,7 +11,7 @@ void StatementRules::item(const Item& item, const Place& place) {
     if (item.sort == Sort::Part) {
         part(item, place);
     } else if (place.holder != nullptr) {
-        unbracedBody(item, *place.holder);
+        if (place.holder->body == item.first) unbracedBody(item, *place.holder);
     } else {
         inBody(item, place.before);
     }
