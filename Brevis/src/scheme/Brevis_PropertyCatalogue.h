@@ -482,6 +482,7 @@ inline constexpr PropertyInfo properties[] = {
     whiteSpace("WS_AFTER_UNARY_OP", Page::None, &Scheme::wsAfterUnaryOp).ofEdition(2),
     whiteSpace("WS_BEFORE_TRAILING_COMMENT", Page::None, &Scheme::wsBeforeTrailingComment).ofEdition(2),
     whiteSpace("WS_BEFORE_CS_CASE_OPEN_BRACE", Page::None, &Scheme::wsBeforeCsCaseOpenBrace).ofEdition(2),
+    whiteSpace("WS_BEFORE_CS_DO_WHILE", Page::None, &Scheme::wsBeforeCsDoWhile).ofEdition(2),
     whiteSpace("WS_IN_EMPTY_BODY", Page::None, &Scheme::wsInEmptyBody).ofEdition(2),
     whiteSpace("WS_BETWEEN_STATEMENTS", Page::None, &Scheme::wsBetweenStatements).ofEdition(2),
     whiteSpace("WS_BEFORE_SEMICOLON", Page::None, &Scheme::wsBeforeSemicolon).ofEdition(2),

@@ -127,7 +127,7 @@ struct Scheme {
     WsProperty wsBetweenStatements, wsBeforeSemicolon;
     WsProperty indentLabel;
     bool alignLabelsLeftMost = false;
-    WsProperty wsBeforeCsCaseOpenBrace, indentCsCaseBlockContent, indentCsUnbracedContent;
+    WsProperty wsBeforeCsCaseOpenBrace, wsBeforeCsDoWhile, indentCsCaseBlockContent, indentCsUnbracedContent;
     // Bodies that stay on the line on which the author wrote them, and those without content
     bool keepOneLineFnBodies = false;
     bool keepOneLineCsBodies = false;

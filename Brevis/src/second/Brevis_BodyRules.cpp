@@ -45,6 +45,22 @@ constexpr BodyKeys blockKeys = {Role::Body,
                                 gapProperty<&Scheme::globalIndentContent>(),
                                 gapProperty<&Scheme::globalWsBeforeCloseBrace>(),
                                 &Scheme::keepOneLineCsBodies};
+// A call with a block in a function may be a loop or hold a definition: nobody knows the place of its brace.
+constexpr BodyKeys headKeys = {Role::Body,
+                               gapProperty<&Scheme::wsBeforeFnOpenBrace>(),
+                               gapProperty<&Scheme::wsAfterFnOpenBrace>(),
+                               gapProperty<&Scheme::indentFnContent>(),
+                               gapProperty<&Scheme::wsBeforeFnCloseBrace>(),
+                               &Scheme::keepOneLineCsBodies,
+                               false,
+                               true};
+// A block in an expression, as in `({ })` and in the arguments of macros.
+constexpr BodyKeys innerKeys = {Role::Body,
+                                {},
+                                gapProperty<&Scheme::wsAfterLambdaOpenBrace>(),
+                                gapProperty<&Scheme::indentLambdaContent>(),
+                                gapProperty<&Scheme::wsBeforeLambdaCloseBrace>(),
+                                &Scheme::keepOneLineLambdaBodies};
 constexpr BodyKeys lambdaKeys = {Role::LambdaBody,
                                  gapProperty<&Scheme::wsBeforeLambdaOpenBrace>(),
                                  gapProperty<&Scheme::wsAfterLambdaOpenBrace>(),
@@ -55,9 +71,10 @@ constexpr BodyKeys lambdaKeys = {Role::LambdaBody,
 }  // namespace
 
 BodyRules::BodyRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
-    : text_(text), scheme_(scheme), gaps_(gaps), linkage_(blockKeys), case_(controlKeys) {
+    : text_(text), scheme_(scheme), gaps_(gaps), linkage_(blockKeys), case_(controlKeys), block_(blockKeys) {
     findLinkageKeys();
     findCaseKeys();
+    findBlockKeys();
 }
 
 // Those of any block, unless there are keys of their own.
@@ -83,6 +100,12 @@ void BodyRules::findCaseKeys() {
     }
 }
 
+// A block is a statement: its brace doesn't go to the line of another.
+void BodyRules::findBlockKeys() {
+    constexpr GapProperty open = gapProperty<&Scheme::globalWsBeforeOpenBrace>();
+    if (gaps_.lineFeeds(open.rule) > 0) block_.beforeOpen = open;
+}
+
 const BodyKeys* BodyRules::keysOf(TokenIndex brace, const Cpp::OutlineItem* owner) const {
     switch (text_.role(brace)) {
         case Role::FunctionBody:
@@ -106,17 +129,25 @@ const BodyKeys* BodyRules::keysOf(TokenIndex brace, const Cpp::OutlineItem* owne
 }
 
 const BodyKeys* BodyRules::keysOfBlock(TokenIndex brace, const Cpp::OutlineItem* owner) const {
-    if (owner == nullptr) return &lambdaKeys;
+    if (owner == nullptr) return &innerKeys;
     switch (owner->sort) {
         case Sort::Part:
         case Sort::Loop:
             return &controlKeys;
         case Sort::Head:
-            return owner->frame == Cpp::Frame::Block ? &controlKeys : &functionKeys;
+            return owner->frame == Cpp::Frame::Block ? &headKeys : &functionKeys;
         case Sort::Block:
-            return hasCaseKeys_ && text_.role(text_.previous(brace)) == Role::CaseColon ? &case_ : &blockKeys;
+            break;
         default:
             return &blockKeys;
+    }
+    switch (text_.role(text_.previous(brace))) {
+        case Role::CaseColon:
+            return hasCaseKeys_ ? &case_ : &blockKeys;
+        case Role::LabelColon:
+            return &blockKeys;
+        default:
+            return &block_;
     }
 }
 
@@ -177,8 +208,10 @@ void BodyRules::formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays) {
     const bool isBehindHead = text_.isOnOneLine(text_.previous(brace), brace);
     const bool breaks = gaps_.lineFeeds(keys.beforeOpen.rule) > 0;
     if (stays && isBehindHead == breaks) return;
+    if (keys.keepsBrace && isBehindHead == breaks) return;
     if (!breaks && keys.role == Role::FunctionBody && text_.kind(text_.previous(brace)) == Kind::Semicolon) return;
-    gaps_.setInFront(brace, keys.beforeOpen);
+    const bool isStatement = &keys == &block_;
+    gaps_.setInFront(brace, keys.beforeOpen, isStatement);
 }
 
 bool BodyRules::staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const {
@@ -189,7 +222,7 @@ bool BodyRules::staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const {
 void BodyRules::formatEmpty(TokenIndex close, const BodyKeys& keys) {
     if (scheme_.wsInEmptyBody.isSet) return gaps_.set<&Scheme::wsInEmptyBody>(close);
     if (text_.lineFeeds(close) == 0 && gaps_.lineFeeds(keys.beforeClose.rule) > 0) return;
-    gaps_.set(close, keys.beforeClose);
+    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
 }
 
 void BodyRules::joinLines(TokenIndex brace) {

@@ -14,6 +14,7 @@ struct BodyKeys {
     GapProperty beforeClose;
     bool Scheme::*keepsOneLine = nullptr;
     bool goesByLabel = false;  // its columns are those of the label in front of it
+    bool keepsBrace = false;   // the brace that opens stays on its line
 };
 
 class BodyRules {
@@ -30,6 +31,7 @@ public:
 private:
     void findLinkageKeys();
     void findCaseKeys();
+    void findBlockKeys();
     const BodyKeys* keysOfBlock(TokenIndex brace, const Cpp::OutlineItem* owner) const;
     bool staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const;
     void formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays);
@@ -43,6 +45,7 @@ private:
     GapTable& gaps_;
     BodyKeys linkage_;
     BodyKeys case_;
+    BodyKeys block_;
     bool hasCaseKeys_ = false;
 };
 

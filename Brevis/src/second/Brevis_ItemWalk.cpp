@@ -83,6 +83,10 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
     } else {
         frame.own = frame.inner;
     }
+    if (item.sort == Sort::Function && item.nameFirst > item.first) {
+        frame.isHead = true;
+        frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
+    }
     if (item.sort == Sort::Control) frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
     return frame;
 }
@@ -107,7 +111,7 @@ void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
 
 ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& statement) {
     if (part.first == statement.first) return statement.inner;
-    return below(statement.own, gapProperty<&Scheme::wsBetweenCs>());
+    return below(statement.own, statements_.inFrontOf(part));
 }
 
 ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) {
@@ -125,7 +129,7 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
             break;
     }
     constexpr GapProperty property = gapProperty<&Scheme::indentLabel>();
-    if (!scheme_.alignLabelsLeftMost) return indented(body.own, property);
+    if (!scheme_.alignLabelsLeftMost) return indented(body.gotoLabel, property);
     return gaps_.isSet(property.rule) ? sharing(0, Mode::Indent, property.rule) : margin_;
 }
 
@@ -158,6 +162,7 @@ void ItemWalk::read(TokenIndex token) {
     }
     if (text_.isTrivia(token)) return;
     if (top().isList) beginElement(token);
+    if (top().isHead) readHead(token);
     if (text_.kind(token) == Kind::Semicolon) readSemicolon(token);
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
@@ -165,6 +170,18 @@ void ItemWalk::read(TokenIndex token) {
     } else if (partner != 0) {
         readClosing(token);
     }
+}
+
+// The lines of a function stand below each other, down to the one with its name.
+void ItemWalk::readHead(TokenIndex token) {
+    Frame& function = top();
+    const Gap::Sort sort = gaps_[token].sort;
+    if (token != function.first && (sort == Gap::Sort::Lines || sort == Gap::Sort::Break)) {
+        gaps_.setScope(token, sharing(function.own, Mode::Indent, GapRule::None));
+    }
+    if (token < function.item->nameFirst) return;
+    function.isHead = false;
+    function.inner = function.own;
 }
 
 // One that is the body of a control statement, and so no item.
@@ -202,13 +219,15 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
+    frame.gotoLabel = gaps_.startsLine(brace) ? anchored(brace, Mode::Distance, GapRule::None) : frame.own;
     return frame;
 }
 
 // What the lines of a body are measured from.
 ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const OutlineItem* owner) {
     if (keys.goesByLabel && frames_.size() > 1) return frames_[frames_.size() - 2].label;
-    if (owner != nullptr) return top().own;
+    const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
+    if (owner != nullptr && !hasOwnLine) return top().own;
     if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;
     return anchored(brace, Mode::Distance, GapRule::None);
 }
@@ -229,7 +248,8 @@ GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
 void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
     if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
     if (body.item == nullptr && !gaps_.isSet(keys.beforeOpen.rule)) return;
-    const Scope scope = below(body.own, keys.beforeOpen);
+    const Scope scope =
+        keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
 }

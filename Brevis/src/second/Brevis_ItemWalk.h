@@ -36,6 +36,8 @@ private:
         Scope lambda = 0;                          // the scope of the lambda introducer that has been read last
         Scope element = 0;                         // of the later lines of an element
         GapProperty close{};                       // of a Body: what puts its closing brace on a line
+        Scope gotoLabel = 0;                       // of a Body: what its goto labels are measured from
+        bool isHead = false;                       // of a function, in front of its name
         bool isList = false;                       // of elements, each with its own later lines
         bool isOneLine = false;                    // of a Body: the outermost one that stays on one line
     };
@@ -49,6 +51,7 @@ private:
     void indentComments(TokenIndex token, Scope scope);
     void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
+    void readHead(TokenIndex token);
     void readSemicolon(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);

@@ -34,9 +34,16 @@ void StatementRules::part(const Item& part, const Place& place) {
     if (place.before != nullptr) betweenParts(part, *place.before);
 }
 
+// The `while` of a `do` may have a value of its own.
+GapProperty StatementRules::inFrontOf(const Item& part) const {
+    constexpr GapProperty own = gapProperty<&Scheme::wsBeforeCsDoWhile>();
+    const bool isWhile = text_.kind(part.first) == Kind::While && gaps_.isSet(own.rule);
+    return isWhile ? own : gapProperty<&Scheme::wsBetweenCs>();
+}
+
 // What goes on behind a body without braces begins a line, so that nobody takes it for a part of the body's statement.
 void StatementRules::betweenParts(const Item& part, const Item& before) {
-    constexpr GapProperty between = gapProperty<&Scheme::wsBetweenCs>();
+    const GapProperty between = inFrontOf(part);
     if (!gaps_.isSet(between.rule)) return;
     const bool isBraced = text_.kind(before.body) == Kind::OpenBrace;
     if (isBraced || gaps_.lineFeeds(between.rule) > 0) {

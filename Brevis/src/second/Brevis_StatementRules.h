@@ -22,6 +22,8 @@ public:
     void item(const Item& item, const Place& place);
     // Whether `item`, the body of `holder`, is the `if` of an `else if` on one line.
     bool isElseIf(const Item& item, const Item* holder) const;
+    // What puts a part behind the one in front of it.
+    GapProperty inFrontOf(const Item& part) const;
 
 private:
     void part(const Item& part, const Place& place);
