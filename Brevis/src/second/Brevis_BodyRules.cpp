@@ -168,20 +168,25 @@ bool BodyRules::format(TokenIndex brace, const BodyKeys& keys, const Cpp::Outlin
         if (gaps_.lineFeeds(keys.beforeClose.rule) == 0) gaps_.set(close, keys.beforeClose);
         return true;
     }
-    if (scheme_.keepBlankLinesAtBraces) {
-        gaps_.setBreak(text_.next(brace), keys.afterOpen);
-    } else {
-        gaps_.set(text_.next(brace), keys.afterOpen);
-    }
+    formatFirst(text_.next(brace), keys);
     gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
     return false;
+}
+
+// Empty lines of the source stay if the scheme says so.
+void BodyRules::formatFirst(TokenIndex token, const BodyKeys& keys) {
+    if (scheme_.keepBlankLinesAtBraces) {
+        gaps_.setBreak(token, keys.afterOpen);
+    } else {
+        gaps_.set(token, keys.afterOpen);
+    }
 }
 
 // Several namespaces that open on one line stay on it, and so do their braces that close on one.
 void BodyRules::formatShared(TokenIndex brace, const BodyKeys& keys) {
     const TokenIndex close = text_.partner(brace);
     if (gaps_.lineFeeds(keys.beforeOpen.rule) == 0) gaps_.set(brace, keys.beforeOpen);
-    if (!holdsNamespace(brace)) gaps_.set(text_.next(brace), keys.afterOpen);
+    if (!holdsNamespace(brace)) formatFirst(text_.next(brace), keys);
     if (text_.kind(close - 1) == Kind::CloseBrace && !text_.startsLine(close)) return;
     gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
 }

@@ -225,10 +225,21 @@ void GapWriter::noteBehind(TokenIndex token) {
 
 void GapWriter::writeToken(TokenIndex token) {
     const std::string_view text = text_.text(token);
-    if (text_.kind(token) == Kind::BlockComment && text.find('\n') != std::string_view::npos) {
-        return writeLaterLines(token, text);
+    const std::size_t line = lineBegin_;
+    if (movesWithLine(token, text)) {
+        writeLaterLines(token, text);
+    } else {
+        append(text);
     }
-    append(text);
+    if (lineBegin_ != line) leadSize_ = blankSize(std::string_view(out_).substr(lineBegin_));
+}
+
+// Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.
+bool GapWriter::movesWithLine(TokenIndex token, std::string_view text) const {
+    const Trn::TokenKind kind = text_.kind(token);
+    if (kind != Kind::BlockComment && kind != Kind::Identifier) return false;
+    if (text.find('\n') == std::string_view::npos) return false;
+    return kind == Kind::BlockComment || text.find_first_of("\\/") == std::string_view::npos;
 }
 
 // The later lines of a comment move with its first one.
@@ -246,7 +257,7 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
         const std::string_view line = text.substr(begin, end - begin);
         const std::string_view lead = line.substr(0, blankSize(line));
         if (lead.size() < line.size()) {
-            if (isLineStart_ && lead.starts_with(from)) {
+            if ((isLineStart_ || text_.kind(token) == Kind::Identifier) && lead.starts_with(from)) {
                 append(to);
                 append(lead.substr(from.size()));
             } else {

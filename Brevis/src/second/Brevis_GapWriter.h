@@ -42,6 +42,7 @@ private:
     void padTo(int column);
     void startLine(int lineFeeds);
     void writeToken(TokenIndex token);
+    bool movesWithLine(TokenIndex token, std::string_view text) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
     void noteAnchors(TokenIndex token);
     void noteBehind(TokenIndex token);

@@ -215,12 +215,20 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
     frame.item = isOwned ? outer.item : nullptr;
     frame.own = baseOf(brace, keys, frame.item);
-    frame.inner = indented(frame.own, indentOf(keys, frame));
+    frame.inner =
+        isBehindBranch(frame, keys) ? below(frame.own, keys.indent) : indented(frame.own, indentOf(keys, frame));
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
     frame.gotoLabel = gaps_.startsLine(brace) ? anchored(brace, Mode::Distance, GapRule::None) : frame.own;
     return frame;
+}
+
+// Whether only some readers of a header see the braces of a linkage block: what they hold stands as it does for others,
+// unless a key of its own indents it.
+bool ItemWalk::isBehindBranch(const Frame& body, const BodyKeys& keys) const {
+    return keys.role == Role::LinkageBody && !gaps_.isSet(ruleOf<&Scheme::indentLinkageContent>()) &&
+           text_.kind(body.first + 1) == Kind::Directive;
 }
 
 // What the lines of a body are measured from.

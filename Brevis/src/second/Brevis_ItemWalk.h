@@ -55,6 +55,7 @@ private:
     void readSemicolon(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
+    bool isBehindBranch(const Frame& body, const BodyKeys& keys) const;
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
