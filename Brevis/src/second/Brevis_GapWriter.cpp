@@ -128,7 +128,7 @@ void GapWriter::writeLead(TokenIndex token, std::string_view tail, bool isDecide
         case Mode::Margin:
             break;
         case Mode::Indent:
-            append(std::string(outLead(base)));
+            appendLead(gaps_[token].scope);
             if (scope.rule != GapRule::None) append(gaps_.text(scope.rule));
             append(tail);
             break;
@@ -195,6 +195,14 @@ const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
     while (!scopes[scope].isAnchored && scope != scopes[scope].base) scope = scopes[scope].base;
     return bases_[scope];
+}
+
+// The base of a scope, with what the scopes that it stands below add to it.
+void GapWriter::appendLead(std::uint32_t scope) {
+    const IndentScope& inner = gaps_.scopes()[scope];
+    if (inner.isAnchored || inner.base == scope) return append(std::string(outLead(bases_[scope])));
+    appendLead(inner.base);
+    if (inner.isBelow) append(gaps_.text(gaps_.scopes()[inner.base].rule));
 }
 
 // ---- Tokens

@@ -47,6 +47,7 @@ private:
     void noteAnchors(TokenIndex token);
     void noteBehind(TokenIndex token);
     const Base& baseOf(std::uint32_t scope) const;
+    void appendLead(std::uint32_t scope);
     int keptLineFeeds(TokenIndex token) const;
 
     void append(std::string_view text);

@@ -22,6 +22,7 @@ struct IndentScope {
     GapRule rule = GapRule::None;  // its text is added to the base; None adds nothing
     bool isAnchored = false;       // by `anchor`; otherwise it shares the base of the scope `base`
     std::uint32_t base = 0;
+    bool isBelow = false;  // the text of the scope `base` belongs to the base of this one, which must be an Indent
 };
 
 }  // namespace Brevis

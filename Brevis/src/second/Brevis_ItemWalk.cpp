@@ -40,6 +40,12 @@ ItemWalk::Scope ItemWalk::indented(Scope base, GapProperty property) {
     return sharing(base, Mode::Indent, property.rule);
 }
 
+ItemWalk::Scope ItemWalk::levelOf(const Frame& body, Scope otherwise) {
+    const IndentScope& inner = gaps_.scopes()[body.inner];
+    if (body.sort != Frame::Sort::Body || inner.mode != Mode::Indent || inner.isAnchored) return otherwise;
+    return gaps_.addScope({.mode = Mode::Indent, .base = body.inner, .isBelow = true});
+}
+
 ItemWalk::Scope ItemWalk::below(Scope base, GapProperty property) {
     return sharing(base, gaps_.isSet(property.rule) ? Mode::Indent : Mode::Distance, GapRule::None);
 }
@@ -83,6 +89,9 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
     } else {
         frame.own = frame.inner;
     }
+    // A statement behind a label on its line stands on the level of the others.
+    const bool isBehindLabel = text_.role(text_.previous(item.first)) == Role::LabelColon;
+    if (isBehindLabel && !gaps_.startsLine(item.first)) frame.own = levelOf(parent, frame.own);
     if (item.sort == Sort::Function && item.nameFirst > item.first) {
         frame.isHead = true;
         frame.inner = sharing(frame.own, Mode::Distance, GapRule::None);
@@ -234,6 +243,10 @@ bool ItemWalk::isBehindBranch(const Frame& body, const BodyKeys& keys) const {
 // What the lines of a body are measured from.
 ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const OutlineItem* owner) {
     if (keys.goesByLabel && frames_.size() > 1) return frames_[frames_.size() - 2].label;
+    const bool isBlock = owner != nullptr && owner->sort == Sort::Block && gaps_.startsLine(brace);
+    if (isBlock && gaps_.isSet(keys.indent.rule) && gaps_.isSet(keys.beforeClose.rule) && frames_.size() > 1) {
+        return levelOf(frames_[frames_.size() - 2], top().own);
+    }
     const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
     if (owner != nullptr && !hasOwnLine) return top().own;
     if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;

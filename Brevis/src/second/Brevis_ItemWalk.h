@@ -70,6 +70,8 @@ private:
     Scope indented(Scope base, GapProperty property);
     Scope continuation(TokenIndex anchor);
     Scope labelScope(const Cpp::OutlineItem& item, const Frame& body);
+    // What the statements of a body stand on, as a base; `otherwise` if no value says so.
+    Scope levelOf(const Frame& body, Scope otherwise);
     // Where a line begins that a set property puts there; else its distance stays.
     Scope below(Scope base, GapProperty property);
     Frame& top() { return frames_.back(); }
