@@ -83,8 +83,11 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
     Frame frame{.sort = Frame::Sort::Item, .first = item.first, .last = item.last, .item = &item};
     frame.inner = continuation(item.first);
     const bool isPart = item.sort == Sort::Part && parent.item != nullptr && parent.item->sort == Sort::Control;
-    if (isPart || (parent.sort == Frame::Sort::Item && statements_.isElseIf(item, parent.item))) {
-        // All parts of a statement, and of a chain, go by the line of its first one.
+    const bool isBody = parent.sort == Frame::Sort::Item && parent.item->body == item.first;
+    const bool isFunctionTry = isTryOf(item, parent);
+    if (isPart || isFunctionTry || (isBody && statements_.isElseIf(item, parent.item))) {
+        // All parts of a statement, and of a chain, go by the line of its first one; a function's `try` by the
+        // function.
         frame.own = parent.own;
     } else {
         frame.own = frame.inner;
@@ -100,12 +103,19 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
     return frame;
 }
 
+// Whether the item is the body of a function as a `try` with its parts.
+bool ItemWalk::isTryOf(const OutlineItem& item, const Frame& parent) const {
+    return parent.sort == Frame::Sort::Item && parent.item->sort == Sort::Function && item.sort == Sort::Control;
+}
+
 // The first token of an item that stands in a body, or is a part or the body of a control statement.
 void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
     Scope scope = parent.inner;
     if (parent.sort == Frame::Sort::Item) {
         if (parent.item->sort == Sort::Control) {
             scope = scopeOfPart(item, parent);
+        } else if (isTryOf(item, parent)) {
+            scope = below(parent.own, gapProperty<&Scheme::wsBeforeFnOpenBrace>());
         } else if (parent.item->body == item.first) {
             if (statements_.isElseIf(item, parent.item)) return;
             scope = scopeOfUnbraced(parent);

@@ -45,6 +45,7 @@ private:
     void openItems(TokenIndex token);
     void openItem(const Cpp::OutlineItem& item, bool isOutermost);
     Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);
+    bool isTryOf(const Cpp::OutlineItem& item, const Frame& parent) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
     Scope scopeOfUnbraced(const Frame& holder);

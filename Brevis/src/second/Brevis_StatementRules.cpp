@@ -45,13 +45,10 @@ GapProperty StatementRules::inFrontOf(const Item& part) const {
 void StatementRules::betweenParts(const Item& part, const Item& before) {
     const GapProperty between = inFrontOf(part);
     if (!gaps_.isSet(between.rule)) return;
-    const bool isBraced = text_.kind(before.body) == Kind::OpenBrace;
-    if (isBraced || gaps_.lineFeeds(between.rule) > 0) {
-        if (!isBraced && scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return;
-        return gaps_.setInFront(part.first, between);
-    }
-    if (scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return;
-    gaps_.setInFront(part.first, GapProperty{nullptr, GapRule::LineFeed});
+    if (text_.kind(before.body) == Kind::OpenBrace) return gaps_.setInFront(part.first, between);
+    if (scheme_.keepOneLineCsBodies && followsOnLine(part.first)) return gaps_.set(part.first, GapRule::Blank);
+    const bool breaks = gaps_.lineFeeds(between.rule) > 0;
+    gaps_.setInFront(part.first, breaks ? between : GapProperty{nullptr, GapRule::LineFeed});
 }
 
 // A lone `;` is no item, so it stays where it stands.
@@ -62,7 +59,7 @@ void StatementRules::unbracedBody(const Item& body, const Item& holder) {
         return;
     }
     const bool stays = scheme_.keepOneLineCsBodies && followsOnLine(body.first);
-    if (stays && gaps_.lineFeeds(property.rule) > 0) return;
+    if (stays && gaps_.lineFeeds(property.rule) > 0) return gaps_.set(body.first, GapRule::Blank);
     gaps_.set(body.first, property);
 }
 
