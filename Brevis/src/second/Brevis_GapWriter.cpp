@@ -147,7 +147,7 @@ void GapWriter::writeLead(TokenIndex token, std::string_view tail, bool isDecide
             }
             [[fallthrough]];
         case Mode::Distance:
-            if (isDecided || text_.lineFeeds(token) == 0) {
+            if (isDecided || !text_.startsLine(token)) {
                 append(std::string(outLead(base)));
                 append(tail);
             } else {
