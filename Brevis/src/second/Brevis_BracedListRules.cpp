@@ -19,13 +19,19 @@ BracedListRules::List BracedListRules::listOf(TokenIndex brace) const {
     const bool isRow = before == Role::BracedInitializer || before == Role::ElementComma;
     list.isBody = list.isOuter || (isRow && !lists_.empty() && lists_.back().isBody);
     // A row inside of a list that the author has on one line stays there whatever becomes of the list.
-    list.isBroken = list.isBody && (!isOnOneLine || (list.isOuter && !scheme_.keepOneLineDdBodies));
+    const bool isEmpty = text_.next(brace) == list.last;
+    list.isBroken = list.isBody && !isEmpty && (!isOnOneLine || (list.isOuter && !scheme_.keepOneLineDdBodies));
     return list;
 }
 
 void BracedListRules::set(TokenIndex token, GapProperty property, const List& list) {
     if (gaps_.lineFeeds(property.rule) == 0) return gaps_.setKeepingLines(token, property);
     if (list.isBroken) gaps_.setBreak(token, property);
+}
+
+void BracedListRules::setBehindComma(TokenIndex token, GapProperty property, const List& list) {
+    const bool isJoined = gaps_.lineFeeds(property.rule) > 0 && !list.isBroken;
+    set(token, isJoined ? GapProperty{nullptr, GapRule::Blank} : property, list);
 }
 
 void BracedListRules::open(TokenIndex brace) {
@@ -51,17 +57,18 @@ void BracedListRules::comma(TokenIndex comma) {
     if (lists_.empty()) return;
     const List& list = lists_.back();
     const bool isLast = text_.next(comma) == list.last;
-    if (list.isEnum) {
-        const auto setEnum = [&](TokenIndex token, GapProperty property) {
-            const bool isJoined = gaps_.lineFeeds(property.rule) == 0 && !scheme_.keepLineBreaksInLists;
-            isJoined ? gaps_.set(token, property) : set(token, property, list);
-        };
-        setEnum(comma, gapProperty<&Scheme::wsBeforeEnumComma>());
-        if (!isLast) setEnum(text_.next(comma), gapProperty<&Scheme::wsBetweenEnumElements>());
+    if (!list.isEnum) {
+        set(comma, gapProperty<&Scheme::wsBeforeDdComma>(), list);
+        if (!isLast) setBehindComma(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
         return;
     }
-    set(comma, gapProperty<&Scheme::wsBeforeDdComma>(), list);
-    if (!isLast) set(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
+    constexpr GapProperty before = gapProperty<&Scheme::wsBeforeEnumComma>();
+    constexpr GapProperty behind = gapProperty<&Scheme::wsBetweenEnumElements>();
+    set(comma, before, list);
+    if (isLast) return;
+    // The elements of an enum are no rows: the line ends of the author go unless the scheme keeps them.
+    const bool isJoined = gaps_.lineFeeds(behind.rule) == 0 && !scheme_.keepLineBreaksInLists;
+    isJoined ? gaps_.set(text_.next(comma), behind) : setBehindComma(text_.next(comma), behind, list);
 }
 
 }  // namespace Brevis

@@ -301,9 +301,13 @@ void DeclarationRules::construction(TokenIndex token) {
 
 // ---- Classes
 
+// The base of an enum has no keys of its own: it takes those of classes, on one line.
 void DeclarationRules::baseColon(TokenIndex colon) {
-    setInList(colon, gapProperty<&Scheme::wsAfterClassName>());
-    setInList(text_.next(colon), gapProperty<&Scheme::wsBeforeBaseClauses>());
+    constexpr GapProperty before = gapProperty<&Scheme::wsAfterClassName>();
+    constexpr GapProperty behind = gapProperty<&Scheme::wsBeforeBaseClauses>();
+    const bool isEnum = text_.role(colon) == Role::EnumBaseColon;
+    setInList(colon, isEnum ? inOneLine(before, before) : before);
+    setInList(text_.next(colon), isEnum ? inOneLine(behind, behind) : behind);
 }
 
 void DeclarationRules::memberInitializerColon(TokenIndex colon) {
