@@ -29,7 +29,7 @@ void BracedListRules::set(TokenIndex token, GapProperty property, const List& li
     if (list.isBroken) gaps_.setBreak(token, property);
 }
 
-void BracedListRules::setBehindComma(TokenIndex token, GapProperty property, const List& list) {
+void BracedListRules::setOrBlank(TokenIndex token, GapProperty property, const List& list) {
     const bool isJoined = gaps_.lineFeeds(property.rule) > 0 && !list.isBroken;
     set(token, isJoined ? GapProperty{nullptr, GapRule::Blank} : property, list);
 }
@@ -38,7 +38,7 @@ void BracedListRules::open(TokenIndex brace) {
     const List list = listOf(brace);
     lists_.push_back(list);
     if (list.isEnum || !list.isBody) return;
-    if (list.isOuter) set(brace, gapProperty<&Scheme::wsBeforeDdOpenBrace>(), list);
+    if (list.isOuter) setOrBlank(brace, gapProperty<&Scheme::wsBeforeDdOpenBrace>(), list);
     const TokenIndex first = text_.next(brace);
     if (first != list.last) return set(first, gapProperty<&Scheme::wsAfterDdOpenBrace>(), list);
     const bool isDecided = scheme_.wsAfterDdOpenBrace.isSet || scheme_.wsBeforeDdCloseBrace.isSet;
@@ -59,7 +59,7 @@ void BracedListRules::comma(TokenIndex comma) {
     const bool isLast = text_.next(comma) == list.last;
     if (!list.isEnum) {
         set(comma, gapProperty<&Scheme::wsBeforeDdComma>(), list);
-        if (!isLast) setBehindComma(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
+        if (!isLast) setOrBlank(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
         return;
     }
     constexpr GapProperty before = gapProperty<&Scheme::wsBeforeEnumComma>();
@@ -68,7 +68,7 @@ void BracedListRules::comma(TokenIndex comma) {
     if (isLast) return;
     // The elements of an enum are no rows: the line ends of the author go unless the scheme keeps them.
     const bool isJoined = gaps_.lineFeeds(behind.rule) == 0 && !scheme_.keepLineBreaksInLists;
-    isJoined ? gaps_.set(text_.next(comma), behind) : setBehindComma(text_.next(comma), behind, list);
+    isJoined ? gaps_.set(text_.next(comma), behind) : setOrBlank(text_.next(comma), behind, list);
 }
 
 }  // namespace Brevis

@@ -31,7 +31,7 @@ private:
     // A value without a line feed leaves the rows of the author; one with a line feed acts where `list` may be broken.
     void set(TokenIndex token, GapProperty property, const List& list);
     // In a list that stays on its line a blank takes the place of a line feed.
-    void setBehindComma(TokenIndex token, GapProperty property, const List& list);
+    void setOrBlank(TokenIndex token, GapProperty property, const List& list);
 
     const GapText& text_;
     const Scheme& scheme_;
