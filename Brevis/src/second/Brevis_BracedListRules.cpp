@@ -20,7 +20,9 @@ BracedListRules::List BracedListRules::listOf(TokenIndex brace) const {
     list.isBody = list.isOuter || (isRow && !lists_.empty() && lists_.back().isBody);
     // A row inside of a list that the author has on one line stays there whatever becomes of the list.
     const bool isEmpty = text_.next(brace) == list.last;
-    list.isBroken = list.isBody && !isEmpty && (!isOnOneLine || (list.isOuter && !scheme_.keepOneLineDdBodies));
+    const bool isNested = !lists_.empty();
+    const bool isKept = isNested || !list.isOuter || scheme_.keepOneLineDdBodies;
+    list.isBroken = list.isBody && !isEmpty && !(isOnOneLine && isKept);
     return list;
 }
 
