@@ -389,6 +389,8 @@ Guess TypeShapes::isParameter(TokenIndex& at) const {
     while (isDeclaratorSign(kind(at))) at = next(at);
     if (kind(at) == Kind::Ellipsis) return Guess::Yes;
     if (kind(at) != Kind::Identifier) return Guess::No;
+    // `T *restrict name`
+    if (isTypeWord(buffer_->text(at))) return Guess::Yes;
     at = next(at);
     if (kind(at) == Kind::Assign || kind(at) == Kind::OpenBracket) return Guess::Yes;
     return kind(at) == Kind::Comma || kind(at) == Kind::CloseParen ? Guess::Unknown : Guess::No;

@@ -37,8 +37,12 @@ TEST(Scheme, HasDefaultsAndLimits) {
         {"2 TAB_SIZE 0\n2 RIGHT_MARGIN -1\n2 CONVERT_WS 3\n", [](Scheme&) {}},
         {"2 CONVERT_WS -1\n2 WRAP_STYLE 3\n2 EXPR_WRAP_STYLE 3\n2 SHIFT_WRAP_STYLE -1\n2 LIST_WRAP_STRATEGY 3\n",
          [](Scheme&) {}},
-        {"2 EDITION 2\n2 MAX_BLANK_LINES 0\n3 FOR_EACH_MACROS \"each all\"\n",
-         [](Scheme& s) { s.edition = 2, s.maxBlankLines = 0, s.forEachMacros = "each all"; }},
+        // No value stands in for a missing one in the second edition.
+        {"2 EDITION 2\n2 MAX_BLANK_LINES 0\n3 FOR_EACH_MACROS \"each all\"\n1 LINE_WRAP 1\n",
+         [](Scheme& s) {
+             s.edition = 2, s.maxBlankLines = 0, s.forEachMacros = "each all";
+             s.lineWrap = true, s.wsAfterParamTypeId = noWs;
+         }},
         {"2 EDITION 3\n2 MAX_BLANK_LINES -2\n2 MIN_BLANK_LINES_BETWEEN_FN_DEFNS 2147483647\n",
          [](Scheme& s) { s.minBlankLinesBetweenFnDefns = 1000; }},
         {"2 EXPR_WRAP_STYLE 0\n2 COMMA_WRAP_STYLE 9\n2 ASTERISK_ANCHOR 7\n",

@@ -19,7 +19,10 @@ BracedListRules::List BracedListRules::listOf(TokenIndex brace) const {
     const bool isRow = before == Role::BracedInitializer || before == Role::ElementComma;
     list.isBody = list.isOuter || (isRow && !lists_.empty() && lists_.back().isBody);
     // A row inside of a list that the author has on one line stays there whatever becomes of the list.
-    list.isBroken = list.isBody && (!isOnOneLine || (list.isOuter && !scheme_.keepOneLineDdBodies));
+    const bool isEmpty = text_.next(brace) == list.last;
+    const bool isNested = !lists_.empty();
+    const bool isKept = isNested || !list.isOuter || scheme_.keepOneLineDdBodies;
+    list.isBroken = list.isBody && !isEmpty && !(isOnOneLine && isKept);
     return list;
 }
 
@@ -28,11 +31,16 @@ void BracedListRules::set(TokenIndex token, GapProperty property, const List& li
     if (list.isBroken) gaps_.setBreak(token, property);
 }
 
+void BracedListRules::setOrBlank(TokenIndex token, GapProperty property, const List& list) {
+    const bool isJoined = gaps_.lineFeeds(property.rule) > 0 && !list.isBroken;
+    set(token, isJoined ? GapProperty{nullptr, GapRule::Blank} : property, list);
+}
+
 void BracedListRules::open(TokenIndex brace) {
     const List list = listOf(brace);
     lists_.push_back(list);
     if (list.isEnum || !list.isBody) return;
-    if (list.isOuter) set(brace, gapProperty<&Scheme::wsBeforeDdOpenBrace>(), list);
+    if (list.isOuter) setOrBlank(brace, gapProperty<&Scheme::wsBeforeDdOpenBrace>(), list);
     const TokenIndex first = text_.next(brace);
     if (first != list.last) return set(first, gapProperty<&Scheme::wsAfterDdOpenBrace>(), list);
     const bool isDecided = scheme_.wsAfterDdOpenBrace.isSet || scheme_.wsBeforeDdCloseBrace.isSet;
@@ -51,17 +59,18 @@ void BracedListRules::comma(TokenIndex comma) {
     if (lists_.empty()) return;
     const List& list = lists_.back();
     const bool isLast = text_.next(comma) == list.last;
-    if (list.isEnum) {
-        const auto setEnum = [&](TokenIndex token, GapProperty property) {
-            const bool isJoined = gaps_.lineFeeds(property.rule) == 0 && !scheme_.keepLineBreaksInLists;
-            isJoined ? gaps_.set(token, property) : set(token, property, list);
-        };
-        setEnum(comma, gapProperty<&Scheme::wsBeforeEnumComma>());
-        if (!isLast) setEnum(text_.next(comma), gapProperty<&Scheme::wsBetweenEnumElements>());
+    if (!list.isEnum) {
+        set(comma, gapProperty<&Scheme::wsBeforeDdComma>(), list);
+        if (!isLast) setOrBlank(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
         return;
     }
-    set(comma, gapProperty<&Scheme::wsBeforeDdComma>(), list);
-    if (!isLast) set(text_.next(comma), gapProperty<&Scheme::wsBetweenDdElements>(), list);
+    constexpr GapProperty before = gapProperty<&Scheme::wsBeforeEnumComma>();
+    constexpr GapProperty behind = gapProperty<&Scheme::wsBetweenEnumElements>();
+    set(comma, before, list);
+    if (isLast) return;
+    // The elements of an enum are no rows: the line ends of the author go unless the scheme keeps them.
+    const bool isJoined = gaps_.lineFeeds(behind.rule) == 0 && !scheme_.keepLineBreaksInLists;
+    isJoined ? gaps_.set(text_.next(comma), behind) : setOrBlank(text_.next(comma), behind, list);
 }
 
 }  // namespace Brevis

@@ -30,6 +30,8 @@ private:
     List listOf(TokenIndex brace) const;
     // A value without a line feed leaves the rows of the author; one with a line feed acts where `list` may be broken.
     void set(TokenIndex token, GapProperty property, const List& list);
+    // In a list that stays on its line a blank takes the place of a line feed.
+    void setOrBlank(TokenIndex token, GapProperty property, const List& list);
 
     const GapText& text_;
     const Scheme& scheme_;

@@ -27,9 +27,13 @@ void ColonLists::indent(TokenIndex token, List& list, Scope item) {
     }
     const bool isElement = isComma(text_.role(text_.previous(token)));
     if (!isComma(role) && !isElement) return;
-    if (!isDecided(token)) return gaps_.setScope(token, list.kept);
+    const bool isBelowColon = !isElement && gaps_.startsLine(list.colon);
+    if (!isDecided(token)) {
+        const bool isAligned = isBelowColon && scheme_.alignContinuationLeft;
+        return gaps_.setScope(token, isAligned ? list.colonLine : list.kept);
+    }
     if (hasTail(token)) return gaps_.setScope(token, shared(item));
-    gaps_.setScope(token, isElement || !gaps_.startsLine(list.colon) ? list.aligned : list.colonLine);
+    gaps_.setScope(token, isBelowColon ? list.colonLine : list.aligned);
 }
 
 // It goes with the element behind it.

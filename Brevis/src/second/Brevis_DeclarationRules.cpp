@@ -193,24 +193,30 @@ void DeclarationRules::sign(TokenIndex token) {
     pointers_.run(token, name);
 }
 
-// Whether a comma follows in the same declaration.
-bool DeclarationRules::hasSeveralDeclarators(TokenIndex from) const {
+// Whether a comma follows in the same declaration. What has been looked through is not looked through again.
+bool DeclarationRules::hasSeveralDeclarators(TokenIndex from) {
+    Stretch& stretch = brackets_.empty() ? fileStretch_ : brackets_.back().stretch;
+    if (from > stretch.end) stretch = stretchFrom(from);
+    return stretch.hasComma;
+}
+
+DeclarationRules::Stretch DeclarationRules::stretchFrom(TokenIndex from) const {
     for (TokenIndex at = from; at < text_.size(); at = text_.next(at)) {
         switch (text_.role(at)) {
             case Role::DeclaratorComma:
-                return true;
+                return {at, true};
             case Role::StatementEnd:
             case Role::ForSemicolon:
             case Role::RangeColon:
-                return false;
+                return {at, false};
             default:
                 break;
         }
         const TokenIndex partner = text_.partner(at);
-        if (partner != 0 && partner < at) return false;
+        if (partner != 0 && partner < at) return {at, false};
         if (partner > at) at = partner;
     }
-    return false;
+    return {text_.size(), false};
 }
 
 // ---- Parameters
@@ -301,9 +307,13 @@ void DeclarationRules::construction(TokenIndex token) {
 
 // ---- Classes
 
+// The base of an enum has no keys of its own: it takes those of classes, on one line.
 void DeclarationRules::baseColon(TokenIndex colon) {
-    setInList(colon, gapProperty<&Scheme::wsAfterClassName>());
-    setInList(text_.next(colon), gapProperty<&Scheme::wsBeforeBaseClauses>());
+    constexpr GapProperty before = gapProperty<&Scheme::wsAfterClassName>();
+    constexpr GapProperty behind = gapProperty<&Scheme::wsBeforeBaseClauses>();
+    const bool isEnum = text_.role(colon) == Role::EnumBaseColon;
+    setInList(colon, isEnum ? inOneLine(before, before) : before);
+    setInList(text_.next(colon), isEnum ? inOneLine(behind, behind) : behind);
 }
 
 void DeclarationRules::memberInitializerColon(TokenIndex colon) {

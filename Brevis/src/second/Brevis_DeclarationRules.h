@@ -19,12 +19,18 @@ public:
     void format(TokenIndex token);
 
 private:
+    // What is known of a stretch of one declaration: that up to `end` a comma comes, or none does.
+    struct Stretch {
+        TokenIndex end = 0;
+        bool hasComma = false;
+    };
     // What is open.
     struct Bracket {
         TokenIndex open = 0;
         TokenIndex last = 0;
         Cpp::Role role = Cpp::Role::None;
         bool isDone = false;  // the name of the parameter at hand has had its gap
+        Stretch stretch{};
     };
 
     void openItem(const Cpp::OutlineItem& item);
@@ -33,7 +39,8 @@ private:
     bool hasReturnType(const Cpp::OutlineItem& item) const;
 
     void sign(TokenIndex token);
-    bool hasSeveralDeclarators(TokenIndex from) const;
+    bool hasSeveralDeclarators(TokenIndex from);
+    Stretch stretchFrom(TokenIndex from) const;
     void parameters(TokenIndex token);
     void endParameter(TokenIndex end);
     void parameterComma(TokenIndex comma);
@@ -57,6 +64,7 @@ private:
     PointerRules pointers_;
     BracedListRules lists_;
     std::vector<Bracket> brackets_;
+    Stretch fileStretch_;
     std::size_t nextItem_ = 0;
     const Cpp::OutlineItem* item_ = nullptr;  // the last one that has begun
     GapProperty behindReturnType_;            // of that item, a function
