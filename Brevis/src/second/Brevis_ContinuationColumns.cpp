@@ -150,9 +150,11 @@ void ContinuationColumns::openBracket(TokenIndex open) {
 // is where the line or the bracket around it begins.
 TokenIndex ContinuationColumns::elementBase(const Frame& parent) const {
     if (!parent.isExpression) return 0;
-    if (parent.operation > parent.element && !leadsToExpression(parent.operation)) return parent.operand;
-    if (parent.isBracket && parent.element != text_.next(parent.first)) return parent.element;
-    return parent.base;
+    const bool isOperand = parent.operation > parent.element && !leadsToExpression(parent.operation) &&
+                           text_.kind(parent.operation) != Kind::ShiftLeft;
+    if (isOperand) return parent.operand;
+    const bool isFirst = parent.element == text_.next(parent.first) && !gaps_.startsLine(parent.element);
+    return parent.isBracket && !isFirst ? parent.element : parent.base;
 }
 
 bool ContinuationColumns::alignsBracket(TokenIndex open) const {
@@ -258,8 +260,9 @@ void ContinuationColumns::readOperator(TokenIndex token, int precedence) {
     const TokenIndex left = leftOf(precedence);
     const std::size_t outer = top().levels;
     if (levels_.size() == outer || levels_.back().precedence != precedence) {
-        const bool isNested =
-            !leadsToExpression(text_.previous(left)) || (levels_.size() > outer && levels_.back().start == left);
+        const bool isStatement = !top().isBracket && left == top().first;
+        const bool isNested = isStatement || !leadsToExpression(text_.previous(left)) ||
+                              (levels_.size() > outer && levels_.back().start == left);
         levels_.push_back({.precedence = precedence, .start = left, .isNested = isNested});
     }
     top().operand = top().literal = 0;
@@ -268,7 +271,8 @@ void ContinuationColumns::readOperator(TokenIndex token, int precedence) {
 
 void ContinuationColumns::readQuestion(TokenIndex token) {
     const TokenIndex left = leftOf(conditional);
-    levels_.push_back({.precedence = conditional, .start = left, .question = token, .isNested = true});
+    const bool isChained = text_.role(text_.previous(left)) == Role::TernaryColon;
+    levels_.push_back({.precedence = conditional, .start = left, .question = token, .isNested = !isChained});
     top().operand = top().literal = 0;
     top().operation = token;
 }
