@@ -53,8 +53,8 @@ bool CommentColumns::endsScope(TokenIndex comment) const {
     return text_.kind(before) == Kind::CloseBrace;
 }
 
-// Whether the comment stands on the line behind the last one of the group. Directives that only choose between lines may
-// stand in between.
+// Whether the comment stands on the line behind the last one of the group. Directives that only choose between lines
+// may stand in between.
 bool CommentColumns::followsOn(TokenIndex comment) const {
     if (endsScope(comment) || endsScope(last_)) return false;
     TokenIndex first = comment;

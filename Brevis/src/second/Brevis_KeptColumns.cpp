@@ -113,7 +113,8 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
         return;
     }
     const bool isNumber = text_.kind(token) == Kind::Number;
-    if (gap.empty() && !isNumber) return;
+    const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
+    if (gap.empty() && !(isNumber && isFirst)) return;
     Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
     cell.sort = isComment ? comment : isNumber ? number : isOperator(role) ? others + text_.kind(token) : operand;
     cell.other = isNumber ? cell.start + static_cast<int>(text_.text(token).size()) - 1 : cell.start;
