@@ -158,7 +158,11 @@ TokenIndex ContinuationColumns::elementBase(const Frame& parent) const {
 }
 
 bool ContinuationColumns::alignsBracket(TokenIndex open) const {
-    if (scheme_.alignContinuationLeft) return true;
+    return scheme_.alignContinuationLeft || holdsColumn(open);
+}
+
+// Whether a key puts each item in the bracket on a line of its own.
+bool ContinuationColumns::holdsColumn(TokenIndex open) const {
     switch (text_.role(open)) {
         case Role::Parameters:
             return scheme_.alignFnParamsLeft;
@@ -167,7 +171,7 @@ bool ContinuationColumns::alignsBracket(TokenIndex open) const {
         case Role::Call:
             return scheme_.alignFnCallArgsLeft;
         case Role::Condition:
-            return scheme_.alignCsForClausesLeft && text_.isWord(text_.previous(open), "for");
+            return scheme_.alignCsForClausesLeft && text_.kind(text_.previous(open)) == Kind::For;
         default:
             return false;
     }
@@ -311,6 +315,11 @@ bool ContinuationColumns::placeInList(TokenIndex token) {
                 gaps_.addScope({.anchor = frame.first, .mode = Mode::Behind, .rule = indent_, .isAnchored = true});
         }
         gaps_.setScope(token, frame.behind);
+        return true;
+    }
+    const TokenIndex first = text_.next(frame.first);
+    if (holdsColumn(frame.first) && token > first) {
+        gaps_.setScope(token, at(first, false));
         return true;
     }
     const bool isBrace = text_.kind(frame.first) == Kind::OpenBrace;
