@@ -30,7 +30,7 @@ void CommentColumns::run() {
         }
         if (!isTrailing(token)) continue;
         if (!scheme_.alignTrailingComments) {
-            gaps_.set(token, distance_);
+            gaps_.set(token, distanceOf(token));
             continue;
         }
         if (!group_.isEmpty() && !followsOn(token)) close();
@@ -53,12 +53,26 @@ bool CommentColumns::endsScope(TokenIndex comment) const {
     return text_.kind(before) == Kind::CloseBrace;
 }
 
-// Whether the comment stands on the line behind the last one of the group.
+// Whether the comment stands on the line behind the last one of the group. Directives that only choose between lines
+// may stand in between.
 bool CommentColumns::followsOn(TokenIndex comment) const {
     if (endsScope(comment) || endsScope(last_)) return false;
-    const std::string_view text = text_.text(last_);
-    const auto lines = static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
-    return places_[comment].line == places_[last_].line + lines + 1;
+    TokenIndex first = comment;
+    while (!gaps_.startsLine(first)) --first;
+    for (;; --first) {
+        const TokenIndex before = first - 1;
+        const std::string_view text = text_.text(before);
+        const auto feeds = static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
+        if (places_[first].line != places_[before].line + feeds + 1) return false;
+        if (before == last_) return true;
+        if (text_.kind(before) != Kind::Directive || !isConditional(before)) return false;
+    }
+}
+
+bool CommentColumns::isConditional(TokenIndex directive) const {
+    std::string_view text = text_.text(directive);
+    text.remove_prefix(std::min(text.find_first_not_of("# \t"), text.size()));
+    return text.starts_with("if") || text.starts_with("el") || text.starts_with("endif");
 }
 
 // Whether a comment on a line of its own goes on with the one behind the code above it: the author has put it below
@@ -72,11 +86,18 @@ bool CommentColumns::goesOn(TokenIndex comment) {
     return code_ == text_.size() || column != text_.column(code_, scheme_.tabSize);
 }
 
+// Several blanks are for line comments: a block comment has one.
+GapRule CommentColumns::distanceOf(TokenIndex comment) const {
+    if (text_.kind(comment) == Kind::LineComment || !gaps_.isSet(distance_)) return distance_;
+    return gaps_.text(distance_).starts_with("  ") ? GapRule::Blank : distance_;
+}
+
 void CommentColumns::add(TokenIndex comment) {
     last_ = comment;
     const LaidPlace& place = places_[comment];
-    if (gaps_.isSet(distance_)) {
-        group_.add(comment, place.gap + static_cast<int>(gaps_.text(distance_).size()));
+    const GapRule distance = distanceOf(comment);
+    if (gaps_.isSet(distance)) {
+        group_.add(comment, place.gap + static_cast<int>(gaps_.text(distance).size()));
     } else {
         group_.add(comment, place.gap + 1);
         columns_.push_back(place.column);

@@ -25,6 +25,8 @@ private:
     bool endsScope(TokenIndex comment) const;
     bool goesOn(TokenIndex comment);
     bool followsOn(TokenIndex comment) const;
+    bool isConditional(TokenIndex directive) const;
+    GapRule distanceOf(TokenIndex comment) const;
     void add(TokenIndex comment);
     void close();
 

@@ -150,13 +150,19 @@ void ContinuationColumns::openBracket(TokenIndex open) {
 // is where the line or the bracket around it begins.
 TokenIndex ContinuationColumns::elementBase(const Frame& parent) const {
     if (!parent.isExpression) return 0;
-    if (parent.operation > parent.element && !leadsToExpression(parent.operation)) return parent.operand;
-    if (parent.isBracket && parent.element != text_.next(parent.first)) return parent.element;
-    return parent.base;
+    const bool isOperand = parent.operation > parent.element && !leadsToExpression(parent.operation) &&
+                           text_.kind(parent.operation) != Kind::ShiftLeft;
+    if (isOperand) return parent.operand;
+    const bool isFirst = parent.element == text_.next(parent.first) && !gaps_.startsLine(parent.element);
+    return parent.isBracket && !isFirst ? parent.element : parent.base;
 }
 
 bool ContinuationColumns::alignsBracket(TokenIndex open) const {
-    if (scheme_.alignContinuationLeft) return true;
+    return scheme_.alignContinuationLeft || holdsColumn(open);
+}
+
+// Whether a key puts each item in the bracket on a line of its own.
+bool ContinuationColumns::holdsColumn(TokenIndex open) const {
     switch (text_.role(open)) {
         case Role::Parameters:
             return scheme_.alignFnParamsLeft;
@@ -165,7 +171,7 @@ bool ContinuationColumns::alignsBracket(TokenIndex open) const {
         case Role::Call:
             return scheme_.alignFnCallArgsLeft;
         case Role::Condition:
-            return scheme_.alignCsForClausesLeft && text_.isWord(text_.previous(open), "for");
+            return scheme_.alignCsForClausesLeft && text_.kind(text_.previous(open)) == Kind::For;
         default:
             return false;
     }
@@ -258,8 +264,9 @@ void ContinuationColumns::readOperator(TokenIndex token, int precedence) {
     const TokenIndex left = leftOf(precedence);
     const std::size_t outer = top().levels;
     if (levels_.size() == outer || levels_.back().precedence != precedence) {
-        const bool isNested =
-            !leadsToExpression(text_.previous(left)) || (levels_.size() > outer && levels_.back().start == left);
+        const bool isStatement = !top().isBracket && left == top().first;
+        const bool isNested = isStatement || !leadsToExpression(text_.previous(left)) ||
+                              (levels_.size() > outer && levels_.back().start == left);
         levels_.push_back({.precedence = precedence, .start = left, .isNested = isNested});
     }
     top().operand = top().literal = 0;
@@ -268,7 +275,8 @@ void ContinuationColumns::readOperator(TokenIndex token, int precedence) {
 
 void ContinuationColumns::readQuestion(TokenIndex token) {
     const TokenIndex left = leftOf(conditional);
-    levels_.push_back({.precedence = conditional, .start = left, .question = token, .isNested = true});
+    const bool isChained = text_.role(text_.previous(left)) == Role::TernaryColon;
+    levels_.push_back({.precedence = conditional, .start = left, .question = token, .isNested = !isChained});
     top().operand = top().literal = 0;
     top().operation = token;
 }
@@ -307,6 +315,11 @@ bool ContinuationColumns::placeInList(TokenIndex token) {
                 gaps_.addScope({.anchor = frame.first, .mode = Mode::Behind, .rule = indent_, .isAnchored = true});
         }
         gaps_.setScope(token, frame.behind);
+        return true;
+    }
+    const TokenIndex first = text_.next(frame.first);
+    if (holdsColumn(frame.first) && token > first) {
+        gaps_.setScope(token, at(first, false));
         return true;
     }
     const bool isBrace = text_.kind(frame.first) == Kind::OpenBrace;

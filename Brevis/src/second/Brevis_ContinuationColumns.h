@@ -71,6 +71,7 @@ private:
     Scope at(TokenIndex anchor, bool isIndented);
     TokenIndex elementBase(const Frame& parent) const;
     bool alignsBracket(TokenIndex open) const;
+    bool holdsColumn(TokenIndex open) const;
     bool isContinued(TokenIndex anchor) const;
     TokenIndex firstDeclarator(const Cpp::OutlineItem& item) const;
     Frame& top() { return frames_.back(); }

@@ -96,7 +96,9 @@ void DeclarationColumns::addName(const OutlineItem& item, ColumnGroup& group) {
     if (item.nameFirst <= item.first || !isOnLine(item.first, item.nameFirst)) return;
     TokenIndex first = item.nameFirst;
     while (first > item.first && isJoined(first) && isSign(text_.role(first - 1))) --first;
-    if (first == item.first || text_.role(first - 1) == Role::DeclaratorGroup) return;
+    const bool isInBracket =
+        text_.role(first) == Role::DeclaratorGroup || text_.role(first - 1) == Role::DeclaratorGroup;
+    if (first == item.first || isInBracket) return;
     const int signs = places_[item.nameFirst].column - places_[first].column;
     group.add(first, places_[first].gap + 1, first < item.nameFirst && hangs(item.nameFirst - 1) ? signs : 0);
 }

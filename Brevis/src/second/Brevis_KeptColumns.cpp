@@ -14,22 +14,29 @@ using Sort = Gap::Sort;
 
 namespace {
 
-constexpr int comment = 1, operand = 2, number = 3, others = 100;
+// What may stand in one column.
+constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
 
 bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
 
-bool isOperator(Role role) {
+int sortOf(Trn::TokenKind kind, Role role) {
     switch (role) {
         case Role::None:
         case Role::Prefix:
         case Role::Pointer:
         case Role::Reference:
         case Role::Destructor:
-            return false;
+            return kind == Kind::Number ? number : operand;
+        case Role::Assignment:
+        case Role::Initializer:
+            return assignment;
         default:
-            return true;
+            return others + kind;
     }
 }
+
+// Whether cells that end in one column belong together.
+bool endsColumn(int sort) { return sort == number || sort == assignment; }
 
 }  // namespace
 
@@ -87,7 +94,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
-    if (gaps_.startsLine(first)) {
+    if (gaps_.startsLine(first) && !followsColumn(first)) {
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
@@ -96,30 +103,60 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     link();
 }
 
+// A line that begins below a token of another line moves with that: where its own tokens come to stand is not known
+// yet.
+bool KeptColumns::followsColumn(TokenIndex first) const {
+    const IndentScope::Mode mode = gaps_.scopes()[gaps_[first].scope].mode;
+    return mode == IndentScope::Mode::Behind || mode == IndentScope::Mode::At;
+}
+
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     const Sort sort = gaps_[token].sort;
-    if (sort == Sort::Fixed || sort == Sort::Column) return;
+    if (sort == Sort::Fixed || sort == Sort::Column || readJoined(token, first)) return;
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
     const std::string_view gap = text_.gap(token);
-    const Role role = text_.role(token);
-    // Behind signs that are written to it, a name belongs to them.
-    const bool isJoined = places_[token].gap == places_[token].column;
-    if (isSign(text_.role(token - 1)) && isJoined) {
-        if (!here_.empty() && here_.back().anchor == token - 1) {
-            here_.back().anchor = token;
-            here_.back().other = columns_[token - first];
-        }
-        return;
-    }
     const bool isNumber = text_.kind(token) == Kind::Number;
-    if (gap.empty() && !isNumber) return;
+    const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
+    if (gap.empty() && !(isNumber && isFirst)) return;
+
     Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
-    cell.sort = isComment ? comment : isNumber ? number : isOperator(role) ? others + text_.kind(token) : operand;
-    cell.other = isNumber ? cell.start + static_cast<int>(text_.text(token).size()) - 1 : cell.start;
+    cell.sort = isComment ? comment : sortOf(text_.kind(token), text_.role(token));
+    cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
     here_.push_back(cell);
+}
+
+// A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
+// signs of declarators may be written to the type or to the name. So is a number with its sign.
+bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
+    const TokenIndex sign = token - 1;
+    const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
+    if (!isNumber && !isSign(text_.role(sign))) return false;
+    const bool hasCell = !here_.empty() && here_.back().anchor == sign;
+    if (!hasCell) {
+        const std::string_view gap = text_.gap(token);
+        if (isNumber || gap.empty() || !isJoined(token)) return isJoined(token);
+        here_.push_back({.start = columns_[token - first],
+                         .sort = operand,
+                         .isWide = gap.size() > 1 || gap[0] == '\t',
+                         .hasTab = gap.find('\t') != std::string_view::npos});
+    }
+    Cell& cell = here_.back();
+    cell.anchor = token;
+    cell.other = columns_[token - first];
+    if (isNumber) {
+        cell.sort = number;
+        cell.other += static_cast<int>(text_.text(token).size()) - 1;
+    }
+    if (!isJoined(token)) {
+        cell.token = token;
+    } else if (!hasCell) {
+        cell.token = sign;
+        while (cell.token > first && isJoined(cell.token) && isSign(text_.role(cell.token - 1))) --cell.token;
+    }
+    return true;
 }
 
 void KeptColumns::link() {
@@ -135,8 +172,8 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
     for (Cell& cell : here_) {
         while (above != above_.end() && (*above).*column < cell.*column) ++above;
         if (above == above_.end()) return;
-        const auto sortOf = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
-        if ((*above).*column != cell.*column || sortOf(*above) != sortOf(cell)) continue;
+        const auto sortHere = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
+        if ((*above).*column != cell.*column || sortHere(*above) != sortHere(cell)) continue;
         // In one column with what follows an open bracket at once: only the ends of numbers.
         if (!isRight && (text_.gap(cell.token).empty() || text_.gap(above->token).empty())) continue;
         std::uint32_t& number = (*above).*chain;
@@ -179,15 +216,11 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     int column = std::max(0, chain.column + line.shift);
     if (hasTabs) column = (column + tab / 2) / tab * tab;
     // How far the token stands in front of the column that it shares.
-    const auto reach = [&](const Cell& cell) {
-        if (!chain.isRight) return 0;
-        return places_[cell.anchor].column - places_[cell.token].column +
-               (cell.sort == number ? cell.other - cell.start : 0);
-    };
+    const auto reach = [&](const Cell& cell) { return chain.isRight ? lastColumn(cell) : 0; };
     for (const Cell* cell = first; cell != last; ++cell) {
         const Gap& gap = gaps_[cell->token];
         int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
-        if (cell->sort != number || !chain.isRight) width = std::max(width, 1);
+        if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
         if (gap.sort == Sort::Keep && text_.gap(cell->token).empty()) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
     }
@@ -195,7 +228,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     if (column > std::numeric_limits<std::uint16_t>::max()) return;
 
     // If nothing stands behind more than one blank, it isn't seen as a column again.
-    bool isWide = hasTabs;
+    bool isWide = hasTabs && scheme_.convertWs != 1;
     for (const Cell* cell = first; cell != last && !isWide; ++cell) {
         isWide = column - reach(*cell) - gapColumn(cell->token) > 1;
     }
@@ -214,6 +247,12 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         own.token = cell->token;
         own.column = target;
     }
+}
+
+// From the cell's first column to the one that it shares with others.
+int KeptColumns::lastColumn(const Cell& cell) const {
+    const int name = places_[cell.anchor].column - places_[cell.token].column;
+    return name + (endsColumn(cell.sort) ? static_cast<int>(text_.text(cell.anchor).size()) - 1 : 0);
 }
 
 // The column at which the gap in front of a token begins, now that what stands in front of it is placed.

@@ -21,7 +21,7 @@ private:
         TokenIndex token = 0;
         TokenIndex anchor = 0;  // the name behind the signs
         int start = 0;
-        int other = 0;        // of the name, or the last one of a number
+        int other = 0;        // of the name, or the last one of a number or an assignment
         int sort = 0;         // cells of a column have the same
         bool isWide = false;  // behind more than one blank
         bool hasTab = false;
@@ -45,7 +45,9 @@ private:
     };
 
     void readLine(TokenIndex first, TokenIndex last);
-    void readCell(TokenIndex token, TokenIndex last);
+    bool followsColumn(TokenIndex first) const;
+    void readCell(TokenIndex token, TokenIndex first);
+    bool readJoined(TokenIndex token, TokenIndex first);
     void link();
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(std::vector<Cell>& cells);
@@ -53,6 +55,8 @@ private:
 
     std::uint32_t chainOf(const Cell& cell) const;
     void place(const Cell* first, const Cell* last, const Chain& chain);
+    int lastColumn(const Cell& cell) const;
+    bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
     int gapColumn(TokenIndex token);
     int widthBehind(TokenIndex token, int column) const;
 
