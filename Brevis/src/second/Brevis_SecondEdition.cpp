@@ -14,7 +14,7 @@ namespace Brevis {
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     if (!update(analyzingPhase)) return cancelledRun(messages);
-    GapReader reader(source, properties.reading);
+    GapReader reader(source, properties);
     if (!reader.read(messages)) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
