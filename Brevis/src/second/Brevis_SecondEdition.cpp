@@ -23,7 +23,7 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     decideGaps(text, properties, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
     const std::size_t seams = SeamGuard(source).mend(result);
-    return {FormatOutcome::Formatted, std::move(result), seams};
+    return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 
 }  // namespace Brevis
