@@ -1,4 +1,4 @@
-// The stages of a run, then a walk over the source, what the writer made of it and what the guard left of that. The
+// A run with an observer, then a walk over the source, what the writer made of it and what the guard left of that. The
 // three hold the same characters beside their white space.
 #include "second/Brevis_GapReport.h"
 
@@ -6,10 +6,8 @@
 #include <iterator>
 
 #include "Vellum_WhiteSpace.h"
-#include "guard/Brevis_SeamGuard.h"
-#include "second/Brevis_GapReader.h"
-#include "second/Brevis_GapRules.h"
-#include "second/Brevis_GapWriter.h"
+#include "second/Brevis_GapTable.h"
+#include "second/Brevis_SecondEdition.h"
 
 namespace Brevis {
 
@@ -86,6 +84,9 @@ private:
     void add(std::string_view after, bool isMended);
     Reason reasonOfGap(std::string_view before, std::string_view after) const;
     Reason reasonOfIndent() const;
+    bool isIndentOfScope(const Gap& gap) const;
+    bool isConverted(std::string_view before, std::string_view after) const;
+    int widthOf(std::string_view blanks) const;
     bool isInsideToken() const;
     int lineAt(std::size_t offset) const;
     int ownerLine() const;
@@ -151,21 +152,42 @@ bool ChangeFinder::isInsideToken() const {
 }
 
 Reason ChangeFinder::reasonOfGap(std::string_view before, std::string_view after) const {
-    if (isInsideToken()) return {GapCause::CommentLine};
-    const Gap& gap = gaps_[token_];
     const std::ptrdiff_t feeds = countLineFeeds(before), newFeeds = countLineFeeds(after);
-    const bool isDecided = gap.rule != GapRule::None && gap.sort != Sort::Keep && gap.sort != Sort::Fixed;
-    const bool hasOwnTail = isDecided && gap.sort != Sort::Column && !gaps_.tail(gap.rule).empty();
-    const bool isLineStart = feeds > 0 || source_.begin == 0;
-    if (isLineStart && headOf(before) == headOf(after) && !hasOwnTail) return reasonOfIndent();
+    const bool isIndent = (feeds > 0 || source_.begin == 0) && headOf(before) == headOf(after);
+    if (isIndent && isConverted(before, after)) return keyOf(ruleOf<&Scheme::convertWs>());
+    if (isInsideToken()) {
+        if (isIndent) return {GapCause::CommentLine};
+        if (feeds > 0 && scheme_.removeTrailingWs) return keyOf(ruleOf<&Scheme::removeTrailingWs>());
+        return scheme_.convertWs != 0 ? keyOf(ruleOf<&Scheme::convertWs>()) : Reason{GapCause::CommentLine};
+    }
+    const Gap& gap = gaps_[token_];
+    if (isIndent && isIndentOfScope(gap)) return reasonOfIndent();
+    const bool isKept = gap.rule == GapRule::None || gap.sort == Sort::Keep || gap.sort == Sort::Fixed;
     const bool losesLines = newFeeds > 0 && newFeeds < feeds && scheme_.maxBlankLines >= 0;
-    if (losesLines && (!isDecided || gap.sort == Sort::Break)) return keyOf(ruleOf<&Scheme::maxBlankLines>());
-    if (isDecided) return reasonOf(gap.rule);
+    if (losesLines && (isKept || gap.sort == Sort::Break)) return keyOf(ruleOf<&Scheme::maxBlankLines>());
+    if (!isKept) return reasonOf(gap.rule);
     if (newFeeds > feeds) return {GapCause::LineEnd};
     const bool isTrailing = feeds > 0 || token_ == text_.size();
     if (isTrailing && scheme_.removeTrailingWs) return keyOf(ruleOf<&Scheme::removeTrailingWs>());
-    if (scheme_.convertWs != 0) return keyOf(ruleOf<&Scheme::convertWs>());
-    return {GapCause::Indent};
+    return scheme_.convertWs != 0 ? keyOf(ruleOf<&Scheme::convertWs>()) : Reason{GapCause::Indent};
+}
+
+// Whether a line that begins with the gap is indented by nothing but its scope.
+bool ChangeFinder::isIndentOfScope(const Gap& gap) const {
+    if (gap.sort == Sort::Keep || gap.sort == Sort::Fixed) return true;
+    return (gap.sort == Sort::Lines || gap.sort == Sort::Break) && gaps_.tail(gap.rule).empty();
+}
+
+// Whether an indent has only tabs for blanks, or blanks for tabs.
+bool ChangeFinder::isConverted(std::string_view before, std::string_view after) const {
+    return scheme_.convertWs != 0 &&
+           widthOf(before.substr(headOf(before).size())) == widthOf(after.substr(headOf(after).size()));
+}
+
+int ChangeFinder::widthOf(std::string_view blanks) const {
+    int column = 0;
+    for (const char c : blanks) column = c == '\t' ? (column / scheme_.tabSize + 1) * scheme_.tabSize : column + 1;
+    return column;
 }
 
 // What the line begins with comes from its scope, and from nothing but the lines around it where that has no key.
@@ -184,6 +206,21 @@ Reason ChangeFinder::reasonOfIndent() const {
     return reasonOf(scope.rule);
 }
 
+class ChangeObserver : public GapObserver {
+public:
+    explicit ChangeObserver(const Scheme& scheme) : scheme_(scheme) {}
+
+    void observe(const GapText& text, const GapTable& gaps, std::string_view written,
+                 std::string_view result) override {
+        changes = ChangeFinder(text, scheme_, gaps).run(written, result);
+    }
+
+    std::vector<GapChange> changes;
+
+private:
+    const Scheme& scheme_;
+};
+
 }  // namespace
 
 std::string_view nameOf(const GapChange& change) {
@@ -198,15 +235,10 @@ bool hasGapReport(const Scheme& scheme) { return scheme.edition == 2; }
 
 std::optional<std::vector<GapChange>> findGapChanges(const FormatterProperties& properties, std::string_view source,
                                                      Trn::ParseMessageList& messages) {
-    GapReader reader(source, properties);
-    if (!reader.read(messages)) return std::nullopt;
-    const GapText text(source, reader.table());
-    GapTable gaps(text, properties.scheme);
-    decideGaps(text, properties, gaps);
-    const std::string written = GapWriter(text, properties.scheme, gaps).write();
-    std::string result = written;
-    SeamGuard(source).mend(result);
-    return ChangeFinder(text, properties.scheme, gaps).run(written, result);
+    ChangeObserver observer(properties.scheme);
+    UpdateFunctor update;
+    if (!SecondEdition(&observer).format(properties, source, messages, update).isFormatted()) return std::nullopt;
+    return std::move(observer.changes);
 }
 
 }  // namespace Brevis

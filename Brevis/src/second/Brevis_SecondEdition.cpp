@@ -22,7 +22,9 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     GapTable gaps(text, properties.scheme);
     decideGaps(text, properties, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
+    const std::string written = observer_ != nullptr ? result : std::string();
     const std::size_t seams = SeamGuard(source).mend(result);
+    if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
     return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 
