@@ -3,7 +3,7 @@
 //    (some in the result alone), a join (some in the source alone) or a break (some on both sides).
 // 2. Splits and joins between two breaks form a run. A gap that doesn't differ but holds a line end is a break, too.
 // 3. A plain gap is taken if its line is chosen, a run as a whole if all of its lines are, and a break piece by piece,
-//    each piece being what one line has of it.
+//    each piece being what one line has of it. Where changes are free, a run is no more than its gaps.
 #include "BrevisUI_ChosenLines.h"
 
 #include <algorithm>
@@ -109,8 +109,8 @@ void BreakText::addBlankLines(Blanks before, Blanks after) {
 
 class Chooser {
 public:
-    Chooser(std::string_view source, std::string_view formatted, const LineSet& lines)
-        : source_(source), formatted_(formatted), lines_(lines) {}
+    Chooser(std::string_view source, std::string_view formatted, const LineSet& lines, GapChanges changes)
+        : source_(source), formatted_(formatted), lines_(lines), changes_(changes) {}
 
     std::optional<std::string> run();
 
@@ -129,10 +129,12 @@ private:
     // Writes what the run has collected.
     void endRun();
     bool takesRun() const;
+    bool takesAlone(const Member& member) const;
     void write(const Gap& gap, std::string_view text);
 
     const std::string_view source_, formatted_;
     const LineSet& lines_;
+    const GapChanges changes_;
     std::string text_;
     std::size_t written_ = 0;  // how much of the source has been written, as it is or replaced
     std::size_t place_ = 0;    // how much has been walked over
@@ -186,9 +188,14 @@ void Chooser::addBreak(const Gap& gap) {
 void Chooser::endRun() {
     const bool takes = takesRun();
     for (const Member& member : run_) {
-        if (member.isPlain ? lines_.has(member.line) : takes) write(member.gap, member.gap.inFormatted(formatted_));
+        const bool isOnItsOwn = member.isPlain || changes_ == GapChanges::Free;
+        if (isOnItsOwn ? takesAlone(member) : takes) write(member.gap, member.gap.inFormatted(formatted_));
     }
     run_.clear();
+}
+
+bool Chooser::takesAlone(const Member& member) const {
+    return lines_.hasAll(member.line, member.line + countLineFeeds(member.gap.in(source_)));
 }
 
 bool Chooser::takesRun() const {
@@ -210,8 +217,9 @@ void Chooser::write(const Gap& gap, std::string_view text) {
 
 }  // namespace
 
-std::optional<std::string> takeChosenLines(std::string_view source, std::string_view formatted, const LineSet& lines) {
-    return Chooser(source, formatted, lines).run();
+std::optional<std::string> takeChosenLines(std::string_view source, std::string_view formatted, const LineSet& lines,
+                                           GapChanges changes) {
+    return Chooser(source, formatted, lines, changes).run();
 }
 
 }  // namespace BrevisUI

@@ -29,7 +29,7 @@ std::optional<Brevis::FormatResult> TextJob::run(const std::string& source, Brev
     for (const Trn::ParseMessage& message : messages) send(message);
     std::optional<Trn::ParseMessage> warning;
     if (host_.verifyStability()) warning = findSecondChange(properties, result.text);
-    if (!takesChosenLines(source, result.text) || changesTokens(source, result.text)) {
+    if (!takesChosenLines(source, result) || changesTokens(source, result.text)) {
         update(Phase::refuse);
         return std::nullopt;
     }
@@ -64,15 +64,16 @@ Brevis::FormatResult TextJob::format(const Brevis::FormatterProperties& properti
 
 void TextJob::send(const Trn::ParseMessage& message) const { host_.sendPlaced(path_, message); }
 
-bool TextJob::takesChosenLines(std::string_view source, std::string& formatted) const {
+bool TextJob::takesChosenLines(std::string_view source, Brevis::FormatResult& result) const {
     const LineSet* const lines = host_.chosenLines(path_);
     if (!lines) return true;
-    std::optional<std::string> chosen = takeChosenLines(source, formatted, *lines);
+    const GapChanges changes = result.hasFreeGaps ? GapChanges::Free : GapChanges::Related;
+    std::optional<std::string> chosen = takeChosenLines(source, result.text, *lines, changes);
     if (!chosen) {
         host_.send(fillIn(Message::codeChanged, path_), Severity::error);
         return false;
     }
-    formatted = std::move(*chosen);
+    result.text = std::move(*chosen);
     return true;
 }
 

@@ -23,9 +23,9 @@ public:
 
     // Whether the host wants the tokens checked and they differ; the messages have then been sent.
     bool changesTokens(std::string_view source, std::string_view formatted) const;
-    // Leaves in `formatted` only the changes that the host wants. False once the message has been sent that they can't
-    // be told apart.
-    bool takesChosenLines(std::string_view source, std::string& formatted) const;
+    // Leaves in the text of the result only the changes that the host wants. False once the message has been sent that
+    // they can't be told apart.
+    bool takesChosenLines(std::string_view source, Brevis::FormatResult& result) const;
 
 private:
     // Why such a text can't be formatted at all, or null.

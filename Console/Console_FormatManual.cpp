@@ -25,6 +25,14 @@ constexpr OptionRow schemeOptions[] = {
      "print the scheme in force for FILE, or else for the current directory, as a scheme file with a comment that "
      "tells "
      "where it was found, and format nothing"},
+    {"", "--explain", "FILE[:LINE]",
+     "tell for each change to FILE, or to the one line, the property that makes it, its value and where that stands in "
+     "the scheme file, and format nothing; under a scheme with EDITION 2 only",
+     Completion::Files},
+    {"", "--upgrade-scheme", "SCHEME",
+     "print the scheme with EDITION 2 that comes nearest to SCHEME, a path or a name, tell on standard error what will "
+     "differ, and format nothing",
+     Completion::Schemes},
 };
 
 constexpr OptionRow modeOptions[] = {
@@ -144,7 +152,7 @@ it is; the other files are still done.
 --check and --diff may be combined. -i takes neither of them and no standard input; --backup needs -i; --assume-filename
 needs standard input, which can be named only once. --verify and --no-verify cannot be combined. --list-schemes takes no
 FILE, --dump-scheme one at most; neither takes -i, --check or --diff. --undo and --recover take no other option, and
---undo no FILE. --project and --workspace need one of -i, --check and --diff. --format needs --check and takes no
+--undo no FILE. --explain takes --scheme, --dialect, --language and --strict alone, --upgrade-scheme no other option. --project and --workspace need one of -i, --check and --diff. --format needs --check and takes no
 --diff.
 
 A scheme has a name once it stands in the user's scheme directory, by default $XDG_DATA_HOME/corvane/schemes, or

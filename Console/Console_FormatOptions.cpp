@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
+#include <initializer_list>
 #include <iterator>
 #include <sstream>
 #include <string_view>
@@ -94,6 +95,8 @@ void addOptions(CLI::App& app, FormatOptions& options) {
     add.option("--scheme", options.scheme);
     add.flag("--list-schemes", options.listSchemes);
     add.flag("--dump-scheme", options.dumpScheme);
+    add.option("--explain", options.explained);
+    add.option("--upgrade-scheme");
     add.flag("--in-place", options.inPlace);
     // A flag with a text: unlike an option it takes a value only behind an equals sign.
     app.add_flag(namesOf("--backup", "{bak}"), options.backupExtension);
@@ -273,6 +276,14 @@ std::string complaintAboutRestoring(const CLI::App& app, bool takesFiles) {
     return given > 1 ? "--undo and --recover cannot be combined with other options" : "";
 }
 
+// Whether an option is given that is none of `allowed`.
+bool hasOthers(const CLI::App& app, std::initializer_list<std::string_view> allowed) {
+    std::size_t others = 0;
+    for (const CLI::Option* option : app.get_options()) others += option->count() > 0 ? 1 : 0;
+    for (const std::string_view name : allowed) others -= app.count(std::string(name)) > 0 ? 1 : 0;
+    return others > 0;
+}
+
 FormatCommand failure(const std::string& complaint) { return {FormatCommand::Action::Fail, {}, complaint}; }
 
 FormatCommand restoring(const CLI::App& app, FormatCommand command) {
@@ -280,6 +291,24 @@ FormatCommand restoring(const CLI::App& app, FormatCommand command) {
     command.action = undoes ? FormatCommand::Action::Undo : FormatCommand::Action::Recover;
     const std::string complaint = complaintAboutRestoring(app, !undoes);
     return complaint.empty() ? command : failure(complaint);
+}
+
+FormatCommand explaining(const CLI::App& app, FormatCommand command) {
+    if (command.options.explained.empty()) return failure("--explain needs a file");
+    if (hasOthers(app, {"--explain", "--scheme", "--dialect", "--language", "--strict"})) {
+        return failure("--explain takes --scheme, --dialect, --language and --strict, and no other option or file");
+    }
+    if (app.count("--scheme") > 0 && command.options.scheme.empty()) return failure("--scheme needs a path or a name");
+    command.action = FormatCommand::Action::Explain;
+    return command;
+}
+
+FormatCommand upgrading(const CLI::App& app, FormatCommand command) {
+    command.text = app["--upgrade-scheme"]->as<std::string>();
+    if (command.text.empty()) return failure("--upgrade-scheme needs a path or a name");
+    if (hasOthers(app, {"--upgrade-scheme"})) return failure("--upgrade-scheme takes no other option and no file");
+    command.action = FormatCommand::Action::UpgradeScheme;
+    return command;
 }
 
 }  // namespace
@@ -299,6 +328,7 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
         return failure(error.what());
     }
     if (app.count("--undo") > 0 || app.count("--recover") > 0) return restoring(app, command);
+    if (app.count("--upgrade-scheme") > 0) return upgrading(app, command);
     options.createBackups = app.count("--backup") > 0;
     readVerification(app, options);
     options.git = app.count("--git") > 0;
@@ -307,6 +337,7 @@ FormatCommand parseFormatArguments(int argc, const char* const* argv) {
     readWord(app, "--language", languageWords, options.reading.language);
     readWord(app, "--format", reportWords, options.report);
     readWord(app, "--color", colourWords, options.colours);
+    if (app.count("--explain") > 0) return explaining(app, command);
     readTreeOptions(app, options);
     if (!namesFiles(options) && !options.git) options.files.emplace_back(standardInput);
     std::string complaint = readLines(app, options);

@@ -29,6 +29,7 @@ struct FormatOptions {
     std::string scheme;                   // a path or a name; empty: search for one
     bool listSchemes = false;
     bool dumpScheme = false;  // for the one file
+    std::string explained;    // FILE or FILE:LINE whose changes are explained; empty: none
     bool inPlace = false;
     bool check = false;
     bool diff = false;
@@ -57,13 +58,16 @@ struct FormatCommand {
         Run,
         Undo,
         Recover,  // what stands beside the files, or in the current directory if there are none
+        Explain,
+        UpgradeScheme,
         ShowText,
         Fail,
     };
 
     Action action = Action::Run;
-    FormatOptions options;  // for Run, and the files for Recover
-    std::string text;       // for ShowText what goes to standard output, for Fail the complaint without a line end
+    FormatOptions options;  // for Run and Explain, and the files for Recover
+    std::string text;       // for ShowText what goes to standard output, for Fail the complaint without a line end, for
+                            // UpgradeScheme the path or name of the scheme
 };
 
 // Reads the arguments; the first is the program's name. Every combination of options without sense fails.

@@ -1,53 +1,37 @@
 // What each command of corvane-inspect shows.
 #include "Console_InspectCommands.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <optional>
 #include <utility>
 #include <vector>
 
-#include "BrevisUI_Files.h"
 #include "BrevisUI_Messages.h"
 #include "Brevis_Formatter.h"
 #include "Console_SchemeFinder.h"
 #include "Console_SchemeLibrary.h"
 #include "Console_SchemePrinter.h"
+#include "Console_SourceText.h"
 #include "Console_StandardStreams.h"
 #include "Console_TreePrinter.h"
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "Trn_Escapes.h"
-#include "Vellum_LineEnds.h"
 #include "first/format/Brevis_CppPreFormatter.h"
 #include "run/Brevis_SourceReader.h"
+#include "second/Brevis_GapReport.h"
 
 namespace Console {
 
 namespace {
 
-struct Source {
-    std::string name;  // for messages
-    std::string text;  // with normalised line ends
-};
-
-bool isStandardInput(const std::string& file) { return file.empty() || file == "-"; }
-
-std::optional<Source> readSource(const std::string& file) {
-    Source source;
-    source.name = isStandardInput(file) ? "<stdin>" : file;
-    const bool isRead =
-        isStandardInput(file) ? BrevisUI::readStream(stdin, source.text) : BrevisUI::readFile(file, source.text);
-    if (!isRead) {
-        complainOfInspect("cannot read '" + source.name + "': " + std::strerror(errno));
-        return std::nullopt;
-    }
-    Vellum::normalizeLineEnds(source.text);
+std::optional<SourceText> readSource(const std::string& file) {
+    std::string complaint;
+    std::optional<SourceText> source = readSourceText(file, complaint);
+    if (!source) complainOfInspect(complaint);
     return source;
 }
 
-void writeMessages(const Source& source, const Trn::ParseMessageList& messages) {
+void writeMessages(const SourceText& source, const Trn::ParseMessageList& messages) {
     for (const Trn::ParseMessage& message : messages) {
         writeErrorLine(BrevisUI::parseMessageLine(source.name, message));
     }
@@ -77,22 +61,10 @@ std::string schemePath(const InspectOptions& options) {
 
 void complainOfInspect(const std::string& complaint) { writeErrorLine(std::string(inspectProgram) + ": " + complaint); }
 
-namespace {
-
-// A file whose name ends in ".c" is C, unless a language is given.
-Brevis::Reading readingOf(const Source& source, Brevis::Reading reading) {
-    if (reading.language == Brevis::LanguageChoice::automatic && source.name.ends_with(".c")) {
-        reading.language = Brevis::LanguageChoice::c;
-    }
-    return reading;
-}
-
-}  // namespace
-
 int showTokens(const InspectOptions& options, std::string& out) {
-    const std::optional<Source> source = readSource(options.file);
+    const std::optional<SourceText> source = readSource(options.file);
     if (!source) return inspectTrouble;
-    const Brevis::Reading reading = readingOf(*source, options.reading);
+    const Brevis::Reading reading = readingOf(source->name, options.reading);
     const bool isModern = reading.dialect == Brevis::DialectChoice::modern;
     const bool isC = reading.language == Brevis::LanguageChoice::c;
     Cpp::Lexer lexer(source->text, isModern ? Cpp::Dialect::modern : Cpp::Dialect::classic,
@@ -120,7 +92,7 @@ std::string printRoles(const Cpp::TokenTable& table) {
     return out;
 }
 
-int showRoles(const Source& source, Cpp::Language language, std::string& out) {
+int showRoles(const SourceText& source, Cpp::Language language, std::string& out) {
     Cpp::Lexer lexer(source.text, Cpp::Dialect::modern, language);
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
@@ -135,15 +107,15 @@ int showRoles(const Source& source, Cpp::Language language, std::string& out) {
 }  // namespace
 
 int showTree(const InspectOptions& options, std::string& out) {
-    const std::optional<Source> source = readSource(options.file);
+    const std::optional<SourceText> source = readSource(options.file);
     if (!source) return inspectTrouble;
     if (options.roles) {
-        const bool isC = readingOf(*source, options.reading).language == Brevis::LanguageChoice::c;
+        const bool isC = readingOf(source->name, options.reading).language == Brevis::LanguageChoice::c;
         return showRoles(*source, isC ? Cpp::Language::c : Cpp::Language::cpp, out);
     }
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
-    Brevis::SourceReader reader(readingOf(*source, options.reading), Cpp::Parser::Sketches::Made);
+    Brevis::SourceReader reader(readingOf(source->name, options.reading), Cpp::Parser::Sketches::Made);
     reader.read(source->text, root, messages);
     writeMessages(*source, messages);
     if (options.preformat) {
@@ -155,7 +127,7 @@ int showTree(const InspectOptions& options, std::string& out) {
 }
 
 int showWrapped(const InspectOptions& options, std::string& out) {
-    const std::optional<Source> source = readSource(options.file);
+    const std::optional<SourceText> source = readSource(options.file);
     if (!source) return inspectTrouble;
     const LoadedScheme loaded = loadAndRemark(schemePath(options));
     if (!loaded.good) return inspectTrouble;
@@ -166,6 +138,32 @@ int showWrapped(const InspectOptions& options, std::string& out) {
     writeMessages(*source, messages);
     if (!result.isFormatted()) return inspectTrouble;
     out = std::move(result.text);
+    return inspectGood;
+}
+
+int showGaps(const InspectOptions& options, std::string& out) {
+    std::optional<SourceText> source = readSource(options.file);
+    if (!source) return inspectTrouble;
+    dropByteOrderMark(*source);
+    const std::string path = schemePath(options);
+    const LoadedScheme loaded = loadAndRemark(path);
+    if (!loaded.good) return inspectTrouble;
+    Brevis::FormatterProperties properties(loaded.scheme);
+    if (!Brevis::hasGapReport(properties.scheme)) {
+        complainOfInspect(noDecisionsMessage(path));
+        return inspectTrouble;
+    }
+    properties.reading = readingOf(source->name, options.reading);
+
+    Trn::ParseMessageList messages;
+    const auto changes = Brevis::findGapChanges(properties, source->text, messages);
+    writeMessages(*source, messages);
+    if (!changes) return inspectTrouble;
+    for (const Brevis::GapChange& change : *changes) {
+        const std::string_view before = std::string_view(source->text).substr(change.begin, change.end - change.begin);
+        out += printPosition(change.place) + '\t' + std::string(nameOf(change)) + '\t' + Trn::escape(before) + '\t' +
+               Trn::escape(change.text) + '\n';
+    }
     return inspectGood;
 }
 

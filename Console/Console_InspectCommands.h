@@ -27,6 +27,7 @@ using InspectCommand = int (*)(const InspectOptions& options, std::string& out);
 int showTokens(const InspectOptions& options, std::string& out);
 int showTree(const InspectOptions& options, std::string& out);
 int showWrapped(const InspectOptions& options, std::string& out);
+int showGaps(const InspectOptions& options, std::string& out);
 int showScheme(const InspectOptions& options, std::string& out);
 
 }  // namespace Console

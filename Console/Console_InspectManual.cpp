@@ -6,10 +6,8 @@ namespace Console {
 namespace {
 
 constexpr std::string_view usages[] = {
-    "tokens [OPTION]... [FILE]",
-    "tree [OPTION]... [FILE]",
-    "wrap --scheme SCHEME [FILE]",
-    "scheme [--scheme SCHEME] [FILE]",
+    "tokens [OPTION]... [FILE]", "tree [OPTION]... [FILE]",         "wrap --scheme SCHEME [FILE]",
+    "gaps [OPTION]... [FILE]",   "scheme [--scheme SCHEME] [FILE]",
 };
 
 constexpr std::string_view description =
@@ -24,6 +22,12 @@ constexpr CommandRow commands[] = {
      "last"},
     {"tree", "one node of the syntax tree a line, two blanks a level"},
     {"wrap", "the text as the second pass leaves it, which wraps long lines; the text is taken as formatted already"},
+    {"gaps",
+     "one stretch of white space a line that formatting would change: the position of what stands behind it, the key "
+     "or "
+     "the rule that decides so, the white space in the text and in the result, between tabs; under a scheme with "
+     "EDITION "
+     "2 only"},
     {"scheme",
      "one property a line: its key, the value in force and where that comes from, between tabs; the path of the scheme "
      "comes first"},
@@ -34,7 +38,7 @@ constexpr OptionRow options[] = {
      "how the text is read: classic, the language of the late nineties; modern, that of today; auto, which is the "
      "default: classic for tokens, for tree the first that takes the text",
      Completion::Words, "auto classic modern"},
-    {"", "--language", "NAME", "with tokens and tree, in the modern dialect: auto, c or c++", Completion::Words,
+    {"", "--language", "NAME", "with tokens, tree and gaps, in the modern dialect: auto, c or c++", Completion::Words,
      "auto c c++"},
     {"", "--preformat", "",
      "with tree: the tree as the formatter gets it; a marked region that is left alone is a single comment"},
@@ -42,8 +46,9 @@ constexpr OptionRow options[] = {
      "with tree: one token a line: its first position, its text and what it is to the text around it, such as prefix, "
      "pointer or cast, between tabs; the text is read in the modern dialect"},
     {"-s", "--scheme", "SCHEME",
-     "with wrap and scheme: the path or the name of the scheme; without one, the command scheme shows the scheme that "
-     "corvane-format would take for FILE, which it doesn't read",
+     "with wrap, gaps and scheme: the path or the name of the scheme; without one, gaps and scheme take the scheme "
+     "that "
+     "corvane-format would take for FILE, which the command scheme doesn't read",
      Completion::Schemes},
     {"", "--help", "", "show this help and exit"},
     {"", "--version", "", "show the version and exit"},
@@ -53,7 +58,11 @@ constexpr OptionGroup groups[] = {{"Options", options}};
 
 constexpr ManualSection sections[] = {
     {"",
-     R"(Positions are LINE:COLUMN. In a text, white space other than blanks, quotes and backslashes are escaped. What the
+     R"(Rules without a key are named too. indent: a line moves with the line that it belongs to; guard: tokens have to stay
+as they are; nothing, blank, line-feed, column, comment: what a rule puts there; comment-line: a later line of a comment
+moves with its first one; line-end: what stands in front ends its line.
+
+Positions are LINE:COLUMN. In a text, white space other than blanks, quotes and backslashes are escaped. What the
 parser reports goes to standard error; the tree is shown even so.)"},
     {"Exit status",
      R"( 0  if the text or the scheme was read, whatever the parser reports,

@@ -4,10 +4,12 @@
 #include <exception>
 #include <string>
 
+#include "Console_ExplainRun.h"
 #include "Console_FormatOptions.h"
 #include "Console_FormatRun.h"
 #include "Console_RestoreRun.h"
 #include "Console_StandardStreams.h"
+#include "Console_UpgradeRun.h"
 #include "Trn_Exception.h"
 
 namespace {
@@ -26,6 +28,10 @@ int execute(const Console::FormatCommand& command, Console::StandardOutput& outp
             return Console::undoLastRun(output);
         case Action::Recover:
             return Console::recoverFiles(command.options.files, output);
+        case Action::Explain:
+            return Console::explainFile(command.options, output);
+        case Action::UpgradeScheme:
+            return Console::upgradeScheme(command.text, output);
         case Action::Fail:
             complain(command.text);
             complain(std::string("try '") + program + " --help' for more information");

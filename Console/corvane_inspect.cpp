@@ -57,6 +57,9 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     addCommand(app, "wrap", Console::showWrapped, request)
         .add_option("-s,--scheme", request.options.scheme)
         ->required();
+    CLI::App& gaps = addCommand(app, "gaps", Console::showGaps, request);
+    gaps.add_option("-s,--scheme", request.options.scheme);
+    addReading(gaps, request.options.reading);
     addCommand(app, "scheme", Console::showScheme, request).add_option("-s,--scheme", request.options.scheme);
     try {
         app.parse(argc, argv);

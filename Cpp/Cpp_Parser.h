@@ -31,6 +31,9 @@ public:
     explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic, Roles roles = Roles::LeftOut)
         : makesSketches_(sketches == Sketches::Made), isModern_(dialect == Dialect::modern), findsRoles_(roles == Roles::Found) {}
 
+    // Macros that the modern dialect needn't guess at. They must outlive the parser.
+    void know(const MacroNames& macros) { macros_ = macros.empty() ? nullptr : &macros; }
+
     // `lexer` must be a Cpp::Lexer of the same dialect and `root` a Cpp::RootNode; the cast throws if they are not.
     // Throws Trn::Exception for a text nested beyond Trn::NestingGuard::limit.
     void parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::ParseMessageList& messages) override;
@@ -366,6 +369,7 @@ private:
     bool makesSketches_;
     bool isModern_;
     bool findsRoles_;
+    const MacroNames* macros_ = nullptr;
     // Of the text in hand, in the modern dialect
     std::string_view source_;
     const Trn::TokenBuffer* buffer_ = nullptr;

@@ -83,6 +83,7 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     ItemShape shape;
     shape.first = first;
     shape.sort = ItemShape::Sort::Statement;
+    if (macros_ != nullptr && isNamedMacro(first, Frame::Block, shape)) return shape;
     const TokenIndex second = next(first);
     const bool isName = kind(first) == Kind::Identifier && !isOneOf(operatorWords, text(first));
     if (isName && kind(second) == Kind::Identifier && startsLine(second) && isMacroCase(text(first))) {
@@ -114,6 +115,27 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     }
     shape.last = statementEnd(first);
     return shape;
+}
+
+// Whether the item begins with a macro whose name is known, and what it is then.
+bool ShapeScan::isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const {
+    if (kind(first) != Kind::Identifier) return false;
+    const MacroNames::Sort sort = macros_->sortOf(text(first));
+    if (sort == MacroNames::Sort::None) return false;
+    const bool hasBracket = kind(next(first)) == Kind::OpenParen;
+    const TokenIndex last = hasBracket ? partner(next(first)) : first;
+    const TokenIndex behindMacro = next(last);
+    const bool hasSemicolon = kind(behindMacro) == Kind::Semicolon;
+    if (sort == MacroNames::Sort::Loop) {
+        // In front of a `;` it is an ordinary call.
+        if (frame != Frame::Block || !hasBracket || hasSemicolon || isCloser(kind(behindMacro))) return false;
+        shape.sort = ItemShape::Sort::Loop;
+        shape.last = last;
+        return true;
+    }
+    shape.sort = hasSemicolon && frame == Frame::Block ? ItemShape::Sort::Statement : ItemShape::Sort::Macro;
+    shape.last = hasSemicolon ? behindMacro : last;
+    return true;
 }
 
 // Whether a call that begins its line has a statement below it, set deeper.

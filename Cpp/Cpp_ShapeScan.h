@@ -3,14 +3,16 @@
 #pragma once
 
 #include "Cpp_ItemShape.h"
+#include "Cpp_MacroNames.h"
 
 namespace Cpp {
 
 // Positions are token indices; 0 stands for nothing found. Comments and directives are passed over.
 class ShapeScan {
 public:
-    ShapeScan(const Trn::TokenBuffer& buffer, const Trn::BracketTable& brackets)
-        : buffer_(&buffer), brackets_(&brackets) {}
+    // `macros` may be null, for no names that are known.
+    ShapeScan(const Trn::TokenBuffer& buffer, const Trn::BracketTable& brackets, const MacroNames* macros)
+        : buffer_(&buffer), brackets_(&brackets), macros_(macros) {}
 
     // A declaration that begins at `first`, outside of blocks.
     ItemShape declaration(TokenIndex first, Frame frame) const;
@@ -100,9 +102,11 @@ private:
     bool startsLoop(TokenIndex call) const;
     bool startsDeclarator(TokenIndex paren) const;
     bool isLoneMacro(TokenIndex word, Frame frame) const;
+    bool isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const;
 
     const Trn::TokenBuffer* buffer_;
     const Trn::BracketTable* brackets_;
+    const MacroNames* macros_;
 };
 
 }  // namespace Cpp

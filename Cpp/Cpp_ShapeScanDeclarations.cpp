@@ -12,6 +12,7 @@ using Trn::TokenKind;
 ItemShape ShapeScan::declaration(TokenIndex first, Frame frame) const {
     Declaration scan{.frame = frame, .at = first};
     scan.shape.first = first;
+    if (frame != Frame::Block && macros_ != nullptr && isNamedMacro(first, frame, scan.shape)) return scan.shape;
     if (frame != Frame::Block && isLoneMacro(first, frame)) {
         endAsMacro(scan, first);
         return scan.shape;

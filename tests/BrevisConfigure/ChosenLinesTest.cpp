@@ -59,6 +59,10 @@ TEST(ChosenLines, TakesWhatLiesInThem) {
         EXPECT_EQ(formatted, takeChosenLines(source, formatted, LineSet::all()));
         EXPECT_EQ(source, takeChosenLines(source, formatted, LineSet()));
     }
+    // A gap of its own needs no other one.
+    const char *source = "a( b )\n{ c;  d;\n}\n", *formatted = "a(b) {\n  c;\n  d;\n}\n";
+    EXPECT_EQ("a( b )\n{\n  c;\n  d;\n}\n", takeChosenLines(source, formatted, setOf({2}), GapChanges::Free));
+    EXPECT_EQ("a(b)\n{ c;  d;\n}\n", takeChosenLines(source, formatted, setOf({1}), GapChanges::Free));
     EXPECT_FALSE(takeChosenLines("a b", "a c", LineSet::all()));
     EXPECT_FALSE(takeChosenLines("a b", "a ", LineSet::all()));
 }
@@ -96,7 +100,8 @@ TEST(ChosenLines, LeavesAllOthersByteForByte) {
         for (std::size_t line = 1; line < 20; ++line) {
             if (random() % 3 == 0) chosen.add(line, line);
         }
-        const std::string result = takeChosenLines(source, formatted, chosen).value();
+        const GapChanges changes = round % 2 == 0 ? GapChanges::Related : GapChanges::Free;
+        const std::string result = takeChosenLines(source, formatted, chosen, changes).value();
         auto left = linesOf(result);
         std::size_t number = 0;
         for (const auto& [place, line] : linesOf(source)) {
@@ -106,7 +111,7 @@ TEST(ChosenLines, LeavesAllOthersByteForByte) {
             ASSERT_NE(end, same) << number << " of\n" << source << "\nto\n" << formatted << "\ngives\n" << result;
             left.erase(same);
         }
-        ASSERT_EQ(result, takeChosenLines(source, result, chosen)) << source << "\nto\n" << formatted;
+        ASSERT_EQ(result, takeChosenLines(source, result, chosen, changes)) << source << "\nto\n" << formatted;
     }
 }
 

@@ -58,6 +58,21 @@ TEST_F(ChangedLinesTest, TakesTheLinesThatAreNamed) {
     }
 }
 
+// Under a scheme of the second edition a change needs no other one.
+TEST_F(ChangedLinesTest, TakesTheGapsThatLieInTheLines) {
+    dir.file(".corvane.fsc",
+             "Brevis::PropertySet\n1\n\"two\"\n2 EDITION 2\n3 WS_BEFORE_FN_OPEN_BRACE \" \"\n"
+             "3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n3 INDENT_FN_CONTENT \"  \"\n");
+    dir.file("a.cpp", "void f( )\n{ g( );\n    h( );\n}\n");
+    run("$F --lines 2:2 a.cpp && $F --lines 1:2 a.cpp && $F --lines 3:3 a.cpp");
+    EXPECT_EQ(
+        "void f( )\n{\n  g( );\n    h( );\n}\n"
+        "void f( ) {\n  g( );\n    h( );\n}\n"
+        "void f( )\n{ g( );\n  h( );\n}\n",
+        out)
+        << err;
+}
+
 TEST_F(ChangedLinesTest, TakesTheLinesThatGitKnowsAsChanged) {
     run("git init -q . && $F --git --check");
     EXPECT_EQ(0, status) << err;

@@ -108,6 +108,27 @@ TEST_F(CorvaneInspectTest, ShowsTheSchemeInForce) {
     EXPECT_EQ(out.rfind("# " + dir.file("corvane/schemes/K&R.fsc") + "\n", 0), 0u) << out;
 }
 
+TEST_F(CorvaneInspectTest, ShowsChangedGapsAndWhatDecidedThem) {
+    dir.file("second.fsc",
+             "Brevis::PropertySet\n1\n\"s\"\n2 EDITION 2\n3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n"
+             "3 INDENT_FN_CONTENT \"\\t\"\n");
+    dir.file("gaps.cpp", "\xef\xbb\xbfvoid f() { a;\r\n b; }\r\n");
+    for (const char* command : {"$I gaps -s second.fsc gaps.cpp", "$I gaps --scheme second.fsc < gaps.cpp"}) {
+        run(command);
+        EXPECT_EQ(status, 0) << command;
+        EXPECT_EQ(out,
+                  "1:12\tWS_AFTER_FN_OPEN_BRACE\t \t\\n\\t\n"
+                  "2:2\tINDENT_FN_CONTENT\t\\n \t\\n\\t\n");
+        EXPECT_EQ(err, "");
+    }
+    run("$I gaps -s Corvane gaps.cpp");
+    EXPECT_EQ(status, 2);
+    EXPECT_NE(err.find("is for the first edition of the rules"), std::string::npos) << err;
+    run("$I gaps -s second.fsc deep.cpp");
+    EXPECT_EQ(status, 2);
+    EXPECT_EQ(out, "");
+}
+
 TEST_F(CorvaneInspectTest, TellsWhatItCannotDo) {
     for (const char* command : {"$I tokens missing.cpp", "$I tree .", "$I tree deep.cpp", "$I", "$I shape a.cpp",
                                 "$I tokens a.cpp a.cpp", "$I tokens --wrong", "$I tokens a.cpp > /dev/full"}) {

@@ -14,8 +14,9 @@ enum class FormatOutcome {
 
 struct FormatResult {
     FormatOutcome outcome = FormatOutcome::Refused;
-    std::string text;       // the whole formatted text; empty unless formatted
-    std::size_t seams = 0;  // places at which a pass would have changed more than white space, all mended
+    std::string text;          // the whole formatted text; empty unless formatted
+    std::size_t seams = 0;     // places at which a pass would have changed more than white space, all mended
+    bool hasFreeGaps = false;  // what was decided for one gap between tokens doesn't need what was for another
 
     bool isFormatted() const { return outcome == FormatOutcome::Formatted; }
 };

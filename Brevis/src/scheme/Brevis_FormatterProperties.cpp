@@ -1,7 +1,18 @@
-// The comment markers of no-format regions that come with the program.
+// The comment markers of no-format regions that come with the program, and the macros of a scheme.
 #include "scheme/Brevis_FormatterProperties.h"
 
 namespace Brevis {
+
+Cpp::MacroNames FormatterProperties::macrosOf(const Scheme& scheme) {
+    using Sort = Cpp::MacroNames::Sort;
+    Cpp::MacroNames macros;
+    macros.add(Sort::Item, scheme.macrosStatement);
+    macros.add(Sort::Item, scheme.macrosNamespaceBegin);
+    macros.add(Sort::Item, scheme.macrosNamespaceEnd);
+    macros.add(Sort::Loop, scheme.macrosLoop);
+    macros.add(Sort::Loop, scheme.forEachMacros);
+    return macros;
+}
 
 const RegionTable& regionTable() {
     // Searched from the front. The last two pairs have three braces where the others have two.

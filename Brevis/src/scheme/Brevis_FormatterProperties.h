@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "Cpp_MacroNames.h"
 #include "scheme/Brevis_Scheme.h"
 
 namespace Brevis {
@@ -30,10 +31,14 @@ struct Reading {
 // Built from a scheme once; the run hands parts of it to the stages by reference.
 struct FormatterProperties {
     explicit FormatterProperties(const PropertySet& properties, RegionTable table = regionTable())
-        : scheme(Scheme::from(properties)), regions(std::move(table)) {}
+        : scheme(Scheme::from(properties)), regions(std::move(table)), macros(macrosOf(scheme)) {}
+
+    // The macros that a scheme names.
+    static Cpp::MacroNames macrosOf(const Scheme& scheme);
 
     Scheme scheme;
     RegionTable regions;
+    Cpp::MacroNames macros;
     Reading reading;
 };
 

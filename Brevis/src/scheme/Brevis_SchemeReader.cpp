@@ -2,6 +2,7 @@
 #include "scheme/Brevis_SchemeReader.h"
 
 #include <locale>
+#include <utility>
 
 #include "Cpp_CharClasses.h"
 #include "scheme/Brevis_Escapes.h"
@@ -117,11 +118,16 @@ bool SchemeReader::readProperty(const std::string& line, PropertySet& scheme) {
         }
         case SchemeFile::stringType - '0':
             scheme.setString(key, readStringValue(fields_));
+            lines_.push_back({line_, SchemeFile::stringType, std::move(key)});
             return true;
         default:
             return false;
     }
-    if (!fields_) omissions_.push_back({line_, Omission::BadValue});
+    if (fields_) {
+        lines_.push_back({line_, static_cast<char>('0' + type), std::move(key)});
+    } else {
+        omissions_.push_back({line_, Omission::BadValue});
+    }
     return true;
 }
 

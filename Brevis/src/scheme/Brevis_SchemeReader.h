@@ -34,6 +34,12 @@ public:
         int line;
         Omission why;
     };
+    // Where a property stands. The type is that of the text form.
+    struct PropertyLine {
+        int line;
+        char type;
+        std::string key;
+    };
 
     explicit SchemeReader(std::istream& in);
 
@@ -46,6 +52,8 @@ public:
     int line() const { return line_; }
     // What was left out, in the order of the file.
     const std::vector<OmittedLine>& omissions() const { return omissions_; }
+    // What was taken, in the order of the file; of two lines with the same type and key the later one counts.
+    const std::vector<PropertyLine>& lines() const { return lines_; }
 
 private:
     bool fail(Fault fault);
@@ -61,6 +69,7 @@ private:
     int line_ = 0;
     Fault fault_ = Fault::None;
     std::vector<OmittedLine> omissions_;
+    std::vector<PropertyLine> lines_;
 };
 
 }  // namespace Brevis

@@ -20,6 +20,7 @@ bool GapReader::readAs(Cpp::Language language, Trn::ParseMessageList& reports) {
     reports.clear();
     lexer_.emplace(source_, Cpp::Dialect::modern, language);
     Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found);
+    parser.know(macros_);
     parser.parse(*lexer_, root_, reports);
     constexpr auto leftAlone = static_cast<std::int32_t>(Cpp::ParseCode::LeftAlone);
     constexpr auto strayToken = static_cast<std::int32_t>(Cpp::ParseCode::StrayBehindFunction);

@@ -14,7 +14,9 @@ namespace Brevis {
 // Owns what the table of tokens needs, so it must outlive everything that looks at the table. The text must outlive it.
 class GapReader {
 public:
-    GapReader(std::string_view source, const Reading& reading) : source_(source), reading_(reading) {}
+    // The properties must outlive the reader, too.
+    GapReader(std::string_view source, const FormatterProperties& properties)
+        : source_(source), reading_(properties.reading), macros_(properties.macros) {}
 
     // In today's language, whatever dialect is asked for: C++, and C where that refuses or is asked for. Appends to
     // `messages` what the last attempt reported: why the text can't be formatted, or warnings of what is left alone.
@@ -29,6 +31,7 @@ private:
 
     std::string_view source_;
     const Reading reading_;
+    const Cpp::MacroNames& macros_;
     std::optional<Cpp::Lexer> lexer_;
     Cpp::RootNode root_;
 };

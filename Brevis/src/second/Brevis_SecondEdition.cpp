@@ -15,7 +15,7 @@ namespace Brevis {
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     if (!update(analyzingPhase)) return cancelledRun(messages);
-    GapReader reader(source, properties.reading);
+    GapReader reader(source, properties);
     if (!reader.read(messages)) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
@@ -24,10 +24,12 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     decideGaps(text, properties, gaps);
     alignGaps(text, properties.scheme, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
+    const std::string written = observer_ != nullptr ? result : std::string();
     const SeamGuard guard(
         source, properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept);
     const std::size_t seams = guard.mend(result);
-    return {FormatOutcome::Formatted, std::move(result), seams};
+    if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
+    return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 
 }  // namespace Brevis
