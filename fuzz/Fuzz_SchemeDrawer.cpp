@@ -39,8 +39,6 @@ class SchemeDrawer {
 public:
     explicit SchemeDrawer(Draws& draws) : draws_(draws), temper_(Temper{static_cast<int>(draws.below(3))}) {}
 
-    explicit SchemeDrawer(Draws& draws, Temper temper) : draws_(draws), temper_(temper) {}
-
     Brevis::PropertySet draw() {
         const bool wraps = draws_.below(2) != 0;
         const auto margin = static_cast<std::int32_t>(1 + draws_.below(200));
@@ -59,8 +57,8 @@ public:
     }
 
 private:
-    // The keys of the second edition take no draws of a scheme of the first, so that an input that was found once stands
-    // for the same scheme.
+    // The keys of the second edition take no draws of a scheme of the first, so that an input that was found once
+    // stands for the same scheme.
     void drawValues(std::int32_t edition) {
         for (const PropertyInfo& info : Brevis::Catalogue::properties) {
             if (info.edition == edition) drawValue(info);
@@ -127,6 +125,18 @@ Brevis::PropertySet drawScheme(Draws& draws) { return SchemeDrawer(draws).draw()
 
 Brevis::PropertySet drawSecondScheme(Draws& draws) { return SchemeDrawer(draws).drawSecond(); }
 
-Brevis::PropertySet drawSaneSecondScheme(Draws& draws) { return SchemeDrawer(draws, Temper::Sane).drawSecond(); }
+Brevis::PropertySet drawMixedScheme(Draws& draws, std::span<const Brevis::PropertySet> schemes) {
+    Brevis::PropertySet mixed("mixed");
+    for (const PropertyInfo& info : Brevis::Catalogue::properties) {
+        const Brevis::PropertySet& from = schemes[draws.below(static_cast<unsigned>(schemes.size()))];
+        bool flag = false;
+        std::int32_t number = 0;
+        std::string text;
+        if (from.getBool(info.key, flag)) mixed.setBool(info.key, flag);
+        if (from.getInt(info.key, number)) mixed.setInt(info.key, number);
+        if (from.getString(info.key, text)) mixed.setString(info.key, text);
+    }
+    return mixed;
+}
 
 }  // namespace Fuzz

@@ -2,6 +2,8 @@
 // scheme file holds.
 #pragma once
 
+#include <span>
+
 #include "Fuzz_Draws.h"
 #include "scheme/Brevis_PropertySet.h"
 
@@ -12,8 +14,9 @@ namespace Fuzz {
 // draws wrap lines, at a right margin of 1 to 200. Draws of zeros only give an empty scheme.
 // A string value is always white space: the engine writes values as they are.
 Brevis::PropertySet drawScheme(Draws& draws);
-// The same for the second edition, whose keys are drawn too; of any temper, or a sane one. Lines are not wrapped.
+// The same for the second edition, whose keys are drawn too. Lines are not wrapped.
 Brevis::PropertySet drawSecondScheme(Draws& draws);
-Brevis::PropertySet drawSaneSecondScheme(Draws& draws);
+// Takes each value from one of the schemes, or leaves the key out as that does.
+Brevis::PropertySet drawMixedScheme(Draws& draws, std::span<const Brevis::PropertySet> schemes);
 
 }  // namespace Fuzz

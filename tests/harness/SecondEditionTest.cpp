@@ -73,7 +73,21 @@ TEST(SecondEditionTest, EmptySchemeKeepsOddWhiteSpace) {
     }
 }
 
-void tryDrawnSchemes(Brevis::PropertySet (*draw)(Fuzz::Draws&), unsigned seed, bool runsTwice) {
+// The schemes of well-known styles.
+std::vector<Brevis::PropertySet> styles() {
+    std::vector<Brevis::PropertySet> schemes;
+    std::vector<std::filesystem::path> paths;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(sourceDirectory() / "bench" / "fidelity" / "schemes")) {
+        paths.push_back(entry.path());
+    }
+    std::sort(paths.begin(), paths.end());
+    for (const auto& path : paths) schemes.push_back(readScheme(path));
+    return schemes;
+}
+
+template <class Draw>
+void tryDrawnSchemes(unsigned seed, bool runsTwice, Draw draw) {
     const auto sources = someSources(3);
     if (sources.empty()) GTEST_SKIP() << "no package of real code is installed; scripts/test installs them";
     Fuzz::SeededDraws draws(seed);
@@ -89,9 +103,13 @@ void tryDrawnSchemes(Brevis::PropertySet (*draw)(Fuzz::Draws&), unsigned seed, b
     EXPECT_GE(formatted, 200);
 }
 
-TEST(SecondEditionTest, DrawnSchemesChangeOnlyWhiteSpace) { tryDrawnSchemes(Fuzz::drawSecondScheme, 21, false); }
+TEST(SecondEditionTest, DrawnSchemesChangeOnlyWhiteSpace) { tryDrawnSchemes(21, false, Fuzz::drawSecondScheme); }
 
-TEST(SecondEditionTest, SaneSchemesSettle) { tryDrawnSchemes(Fuzz::drawSaneSecondScheme, 22, true); }
+TEST(SecondEditionTest, MixedStylesSettle) {
+    const std::vector<Brevis::PropertySet> schemes = styles();
+    ASSERT_FALSE(schemes.empty());
+    tryDrawnSchemes(22, true, [&](Fuzz::Draws& draws) { return Fuzz::drawMixedScheme(draws, schemes); });
+}
 
 }  // namespace
 }  // namespace Harness

@@ -20,6 +20,7 @@ public:
         for (const char c : text) convert(c);
     }
     void convertGap(std::string_view gap);
+    void convertColumn(std::string_view gap);
     void convertComment(std::string_view text);
     void convertDirective(std::string_view text);
     std::string take() {
@@ -74,9 +75,16 @@ void BlankConverter::convertGap(std::string_view gap) {
     const std::size_t lead = gap.rfind('\n') + 1;
     convert(gap.substr(0, lead));
     gap.remove_prefix(lead);
-    if (column_ > 0 || scheme_.convertWs != 2 || blankSize(gap) < gap.size()) return convert(gap);
-    const int width = columnBehind(gap, 0, scheme_.tabSize);
-    for (int at = 0; at < width; ++at) convert(' ');
+    if (column_ > 0 || blankSize(gap) < gap.size()) return convert(gap);
+    convertColumn(gap);
+}
+
+// So does the way to a column, unless it is one blank.
+void BlankConverter::convertColumn(std::string_view gap) {
+    const int target = columnBehind(gap, column_, scheme_.tabSize);
+    if (scheme_.convertWs != 2 || target - column_ == 1) return convert(gap);
+    while (column_ + toTabStop() <= target) write('\t');
+    while (column_ < target) write(' ');
 }
 
 // The white space of a comment is its author's, but for tabs that have to go, and for the indent of its later lines as
@@ -127,6 +135,8 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;
         if (isFixed) {
             converter.copy(gap);
+        } else if (gaps[token].sort == Gap::Sort::Column) {
+            converter.convertColumn(gap);
         } else {
             converter.convertGap(gap);
         }
