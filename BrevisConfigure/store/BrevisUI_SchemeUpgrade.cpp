@@ -1,5 +1,5 @@
 // 1. What the first edition takes for an absent or empty value is written out, since the second leaves such a place.
-// 2. Where the second edition has a key of its own, and takes no other in its place, it gets the value of the first.
+// 2. Where the second edition has a key of its own, it gets the value that the first takes there.
 // 3. Lists that the scheme breaks are aligned behind their bracket, as the first edition does.
 // 4. The differences that are left are told, as far as the scheme has a value there.
 #include "store/BrevisUI_SchemeUpgrade.h"
@@ -24,7 +24,15 @@ struct KeyPair {
     std::string_view to;
 };
 
-constexpr KeyPair ownKeys[] = {{"WS_BETWEEN_EXPR_OP_OPERANDS", "WS_BETWEEN_SUBSCRIPT_OP_OPERANDS"}};
+constexpr KeyPair ownKeys[] = {
+    {"GLOBAL_WS_BEFORE_OPEN_BRACE", "WS_BEFORE_LINKAGE_OPEN_BRACE"},
+    {"GLOBAL_INDENT_CONTENT", "INDENT_LINKAGE_CONTENT"},
+    {"INDENT_NS_CONTENT", "INDENT_NESTED_NS_CONTENT"},
+    {"WS_BETWEEN_EXPR_OP_OPERANDS", "WS_BETWEEN_SUBSCRIPT_OP_OPERANDS"},
+};
+// For an empty body the second edition has one value, the first that in front of the closing brace.
+constexpr std::string_view closeKeys[] = {"WS_BEFORE_FN_CLOSE_BRACE", "WS_BEFORE_CS_CLOSE_BRACE",
+                                          "WS_BEFORE_CLASS_CLOSE_BRACE"};
 // What stands in brackets: a line feed there makes lines that the first edition aligns behind the bracket.
 constexpr std::string_view bracketLists[] = {"WS_BETWEEN_FN_PARAMS", "WS_BETWEEN_TP_PARAMS", "WS_BETWEEN_FN_CALL_ARGS",
                                              "WS_BETWEEN_CS_FOR_CLAUSES"};
@@ -42,6 +50,7 @@ constexpr Difference differences[] = {
      "leaves an expression with a body as it stands. INDENT_LAMBDA_CONTENT and WS_BEFORE_LAMBDA_OPEN_BRACE with its "
      "kin tell how they look."},
     {"", "A comment behind a brace, a comma or a parenthesis stays on the line on which it is read."},
+    {"", "Several namespaces whose braces the source has on one line stay there."},
     {"", "A goto label stays where it is; INDENT_LABEL and ALIGN_LABELS_LEFT_MOST move it."},
     {"",
      "What stands behind a cast or a prefix operator stays as the source has it; WS_AFTER_CAST, WS_AFTER_NAMED_CAST "
@@ -79,6 +88,16 @@ void writeOutDefaults(PropertySet& scheme) {
     }
 }
 
+// Only if all bodies agree on it.
+void setEmptyBody(PropertySet& scheme) {
+    std::string first, other;
+    if (scheme.has("WS_IN_EMPTY_BODY") || !scheme.getString(closeKeys[0], first)) return;
+    for (const std::string_view key : closeKeys) {
+        if (!scheme.getString(key, other) || other != first) return;
+    }
+    scheme.setString("WS_IN_EMPTY_BODY", first);
+}
+
 bool breaksListsInBrackets(const PropertySet& scheme) {
     return std::any_of(std::begin(bracketLists), std::end(bracketLists), [&scheme](std::string_view key) {
         std::string value;
@@ -96,6 +115,7 @@ SchemeUpgrade upgradeScheme(const PropertySet& scheme) {
     writeOutDefaults(target);
     target.setInt("EDITION", 2);
     for (const KeyPair& keys : ownKeys) copyIfAbsent(target, keys);
+    setEmptyBody(target);
     if (breaksListsInBrackets(target)) target.setBool("ALIGN_CONTINUATION_LEFT", true);
     for (const auto& [key, text] : differences) {
         if (isSet(scheme, key)) upgrade.differences.emplace_back(text);
