@@ -8,9 +8,22 @@
 #include "second/Brevis_GapAlignment.h"
 #include "second/Brevis_GapReader.h"
 #include "second/Brevis_GapRules.h"
+#include "second/Brevis_GapWrapper.h"
 #include "second/Brevis_GapWriter.h"
 
 namespace Brevis {
+
+namespace {
+
+// A line that has been broken may still be too long where it is.
+void wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        if (!GapWrapper(text, scheme, gaps, GapWriter(text, scheme, gaps).measure()).run()) return;
+    }
+}
+
+}  // namespace
 
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
@@ -23,6 +36,7 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     GapTable gaps(text, properties.scheme);
     decideGaps(text, properties, gaps);
     alignGaps(text, properties.scheme, gaps);
+    if (GapWrapper::isWanted(properties.scheme)) wrapGaps(text, properties.scheme, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
     const std::string written = observer_ != nullptr ? result : std::string();
     const SeamGuard guard(
