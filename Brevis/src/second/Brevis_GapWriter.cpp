@@ -29,9 +29,10 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
         if (scopes[scope].isAnchored) anchored_.push_back(scope);
     }
     const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
-    if (!std::is_sorted(anchored_.begin(), anchored_.end(), isEarlier)) {
-        std::stable_sort(anchored_.begin(), anchored_.end(), isEarlier);
-    }
+    // Those that were added behind the walk over the items stand behind the others.
+    const auto late = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
+    std::stable_sort(late, anchored_.end(), isEarlier);
+    std::inplace_merge(anchored_.begin(), late, anchored_.end(), isEarlier);
     lines_.push_back({});  // of the scopes without an anchor
 }
 

@@ -155,6 +155,8 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     } else if (!hasCell) {
         cell.token = sign;
         while (cell.token > first && isJoined(cell.token) && isSign(text_.role(cell.token - 1))) --cell.token;
+        const Sort sort = gaps_[cell.token].sort;
+        if (cell.token == first || sort == Sort::Column || sort == Sort::Fixed) here_.pop_back();
     }
     return true;
 }
