@@ -113,7 +113,8 @@ void BodyRules::findBlockKeys() {
 const BodyKeys* BodyRules::keysOf(TokenIndex brace, const Cpp::OutlineItem* owner) const {
     switch (text_.role(brace)) {
         case Role::FunctionBody:
-            return owner != nullptr && owner->sort == Sort::Function && owner->colon != 0 ? &constructorKeys : &functionKeys;
+            return owner != nullptr && owner->sort == Sort::Function && owner->colon != 0 ? &constructorKeys
+                                                                                          : &functionKeys;
         case Role::ClassBody:
             return &classKeys;
         case Role::EnumBody:

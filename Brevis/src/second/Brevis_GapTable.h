@@ -43,7 +43,8 @@ public:
     // The gap in front of `token` gets the value, unless it is unset or the gap is fixed. Comments and directives that
     // stand in the gap keep their places: those on the line of the token before stay there, and a line feed comes
     // behind them. A value without a line feed goes round comments in the midst of a line to the side to which it
-    // belongs, and leaves the gaps round all others as they are. Tokens that nothing may join are kept apart by a blank.
+    // belongs, and leaves the gaps round all others as they are. Tokens that nothing may join are kept apart by a
+    // blank.
     void set(TokenIndex token, GapProperty property);
     template <auto member>
     void set(TokenIndex token) {

@@ -23,9 +23,9 @@ bool isWordChar(char c) {
 bool isQuote(char c) { return c == '"' || c == '\''; }
 
 // Two characters with which an operator, a comment or a number goes on.
-constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||", "==", "<=", ">=", "!=", "+=", "-=",
-                                             "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%", "%>", "%:",
-                                             ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
+constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||", "==", "<=", ">=", "!=", "+=",
+                                             "-=", "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%",
+                                             "%>", "%:", ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
 
 bool isWhiteSpace(std::string_view text) {
     for (const char c : text) {

@@ -10,7 +10,12 @@ using Mode = IndentScope::Mode;
 using Sort = OutlineItem::Sort;
 
 ItemWalk::ItemWalk(const GapText& text, const Scheme& scheme, GapTable& gaps)
-    : text_(text), scheme_(scheme), gaps_(gaps), bodies_(text, scheme, gaps), statements_(text, scheme, gaps), colonLists_(text, scheme, gaps) {
+    : text_(text),
+      scheme_(scheme),
+      gaps_(gaps),
+      bodies_(text, scheme, gaps),
+      statements_(text, scheme, gaps),
+      colonLists_(text, scheme, gaps) {
     fileScope_ = indented(0, gapProperty<&Scheme::leftMargin>());
     margin_ = sharing(0, Mode::Margin, GapRule::None);
 }
@@ -220,7 +225,8 @@ void ItemWalk::readDeclarator(TokenIndex token) {
     Frame& frame = top();
     if (token == frame.item->nameFirst && token != frame.first && frame.item->sort == Sort::Function) {
         const Gap::Sort sort = gaps_[token].sort;
-        gaps_.setScope(token, sharing(frame.own, sort == Gap::Sort::Keep ? Mode::Distance : Mode::Indent, GapRule::None));
+        gaps_.setScope(token,
+                       sharing(frame.own, sort == Gap::Sort::Keep ? Mode::Distance : Mode::Indent, GapRule::None));
     }
     colonLists_.indent(token, frame.colonList, frame.own);
 }
