@@ -40,8 +40,12 @@ constexpr Case cases[] = {
      "5:7 5 comment-line '\\n      ' '\\n       '\n"},
     // Without a blank between `/` and `*` a comment would begin.
     {"3 WS_BETWEEN_EXPR_OP_OPERANDS \"\"\n", "int x = a /  *b, y = -1;\n",
+     "1:7 1 WS_BETWEEN_EXPR_OP_OPERANDS ' ' ''\n"
+     "1:9 1 WS_BETWEEN_EXPR_OP_OPERANDS ' ' ''\n"
      "1:11 1 WS_BETWEEN_EXPR_OP_OPERANDS ' ' ''\n"
-     "1:14 1 guard '  ' ' '\n"},
+     "1:14 1 blank '  ' ' '\n"
+     "1:20 1 WS_BETWEEN_EXPR_OP_OPERANDS ' ' ''\n"
+     "1:22 1 WS_BETWEEN_EXPR_OP_OPERANDS ' ' ''\n"},
     {"2 MAX_BLANK_LINES 1\n", "int a;\n\n\n\nint b;\n", "5:1 1 MAX_BLANK_LINES '\\n\\n\\n\\n' '\\n\\n'\n"},
     {"1 REMOVE_TRAILING_WS 1\n", "int a;  \nint b;\n", "2:1 1 REMOVE_TRAILING_WS '  \\n' '\\n'\n"},
     {"1 ALIGN_PPD_LEFT_MOST 1\n", "  #if A\n#endif\n", "1:3 1 ALIGN_PPD_LEFT_MOST '  ' ''\n"},
