@@ -44,6 +44,11 @@ public:
     bool isWord(TokenIndex index, std::string_view word) const {
         return kind(index) == Trn::Kind::Identifier && text(index) == word;
     }
+    // A name whose parts stand on several lines, with nothing but white space between them.
+    bool isNameOverLines(TokenIndex index) const {
+        return tokens_[index].holdsLines && kind(index) == Trn::Kind::Identifier &&
+               text(index).find_first_of("\\/") == std::string_view::npos;
+    }
     bool isTrivia(TokenIndex index) const { return Trn::isTrivia(kind(index)); }
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
 

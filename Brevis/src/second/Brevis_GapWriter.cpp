@@ -421,8 +421,7 @@ void GapWriter::writeToken(TokenIndex token) {
 // Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.
 bool GapWriter::movesWithLine(TokenIndex token) const {
     if (gaps_.isFixed(token)) return false;
-    if (text_.kind(token) == Kind::BlockComment) return true;
-    return text_.kind(token) == Kind::Identifier && text_.text(token).find_first_of("\\/") == std::string_view::npos;
+    return text_.kind(token) == Kind::BlockComment || text_.isNameOverLines(token);
 }
 
 // The later lines of a comment move with its beginning, those of a name with the line.
@@ -438,7 +437,8 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
     const int shift = isStill      ? 0
                       : goesByLine ? columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize)
                                    : column() - sourceColumn(token);
-    const bool isMoved = shift != 0 || (goesByLine && from != to);
+    // Where blanks turn into tabs, only the width counts.
+    const bool isMoved = shift != 0 || (goesByLine && from != to && scheme_.convertWs != 2);
     if (!isMoved && !trims) return;
 
     scratch_.clear();
