@@ -71,7 +71,6 @@ public:
     std::string_view source() const { return source_; }
 
 private:
-    std::uint32_t addGap(GapToken& token, std::size_t end, std::size_t begin, std::uint32_t lineFeeds) const;
     std::string_view slice(std::size_t begin, std::size_t end) const { return source_.substr(begin, end - begin); }
 
     std::string_view source_;
