@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::string_view pageBreaks = "\f\v";
 
+// Nothing is aligned with what stands further to the right: a line of a million tokens would make a million such lines.
+constexpr int widestColumn = 2000;
+
 }  // namespace
 
 GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
@@ -274,7 +277,7 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             padTo(columnIn(base, base.at));
             break;
         case Mode::Behind:
-            if (base.behind != 0) {
+            if (base.behind != 0 && columnIn(base, base.behind) <= widestColumn) {
                 scratch_ += outLead(base);
                 padTo(columnIn(base, base.behind));
                 scratch_ += tail;
