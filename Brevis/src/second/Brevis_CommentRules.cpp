@@ -15,16 +15,14 @@ void CommentRules::run() {
     }
 }
 
-// What begins a line goes with the code behind it, and at the end of a body with what holds it. In front of a label the
-// walk has found where comments belong.
+// A comment that begins a line goes with the code behind it; one at the end of a body, and in front of a label as the
+// walk has found it, with what holds it.
 void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
-    if (behind == text_.size()) return;
+    if (behind == text_.size() || isLabel(behind)) return;
     const TokenIndex partner = text_.partner(behind);
     if (partner != 0 && partner < behind) return;
-    const bool movesComments = !isLabel(behind);
-    const bool movesDirectives = !scheme_.alignPpdLeftMost.value_or(true);
     for (TokenIndex token = first; token < behind; ++token) {
-        if (text_.isComment(token) ? movesComments : movesDirectives) gaps_.setScope(token, gaps_[behind].scope);
+        if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
     }
 }
 

@@ -174,9 +174,9 @@ bool GapWriter::isStill(TokenIndex token) const {
     return sourceLine_ - text_.token(token - 1).end == static_cast<std::size_t>(feeds);
 }
 
-// A directive that has no distance of its own to keep.
+// A directive that is indented as the code round it.
 bool GapWriter::goesWithCode(TokenIndex token) const {
-    return text_.kind(token) == Kind::Directive && scheme_.alignPpdLeftMost.has_value();
+    return text_.kind(token) == Kind::Directive && !scheme_.alignPpdLeftMost.value_or(true);
 }
 
 // Behind the last token.
@@ -265,6 +265,7 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
     const Gap& gap = gaps_[token];
     if (gap.sort == Sort::LineColumn) return padTo(gap.column);
     if (text_.kind(token) == Kind::Directive) tail = {};
+    if (goesWithCode(token) && startsBelow(token)) return addLead(nextCode_, {});
     const IndentScope& scope = gaps_.scopes()[gap.scope];
     const Base& base = baseOf(gap.scope);
     const bool isInSource = text_.lineFeeds(token) > 0 || token == 1;
@@ -290,7 +291,7 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             addBase(gap.scope);
             break;
         case Mode::Distance:
-            if (goesWithCode(token)) return addNeighbour(token, base);
+            if (goesWithCode(token)) return addAbove();
             if (isInSource && tail.empty()) return addDistance(token, base);
             scratch_ += outLead(base);
             break;
@@ -310,12 +311,15 @@ void GapWriter::addBase(std::uint32_t scope) {
     if (inner.isBelow) scratch_ += gaps_.text(gaps_.scopes()[inner.base].rule);
 }
 
-// That of the code below, or of the line above where something closes.
-void GapWriter::addNeighbour(TokenIndex token, const Base& base) {
-    if (nextCode_ < token) nextCode_ = text_.next(token);
+// Whether the code behind a directive begins a line, and closes nothing.
+bool GapWriter::startsBelow(TokenIndex directive) {
+    if (nextCode_ < directive) nextCode_ = text_.next(directive);
     const TokenIndex partner = text_.partner(nextCode_);
-    const bool closes = nextCode_ == text_.size() || (partner != 0 && partner < nextCode_);
-    if (!closes && text_.startsLine(nextCode_)) return addDistance(nextCode_, base);
+    return nextCode_ < text_.size() && (partner == 0 || partner > nextCode_) && gaps_.startsLine(nextCode_);
+}
+
+// What the line above begins with.
+void GapWriter::addAbove() {
     flush();
     const std::string_view above = std::string_view(out_).substr(lineBegin_);
     scratch_ += above.substr(0, blankSize(above));

@@ -68,7 +68,8 @@ private:
     void addPageBreaks(TokenIndex token);
     void addLead(TokenIndex token, std::string_view tail);
     void addBase(std::uint32_t scope);
-    void addNeighbour(TokenIndex token, const Base& base);
+    bool startsBelow(TokenIndex directive);
+    void addAbove();
     void addDistance(TokenIndex token, const Base& base);
     void addWidth(std::string_view sample, int width);
     void padTo(int column);
