@@ -21,7 +21,7 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode&
         report(buffer.first(brackets.unmatched()), "This bracket has no partner.");
         return;
     }
-    const ShapeScan shapes(buffer, brackets, macros_);
+    const ShapeScan shapes(buffer, brackets, macros_, findsRoles_ ? lexer.source() : std::string_view());
     source_ = lexer.source();
     buffer_ = &buffer;
     shapes_ = &shapes;

@@ -143,8 +143,21 @@ bool ShapeScan::startsLoop(TokenIndex call) const {
     const TokenIndex open = next(call);
     if (kind(open) != Kind::OpenParen || !startsLine(call)) return false;
     const TokenIndex body = next(partner(open));
-    return startsLine(body) && startsItem(body) && !isCloser(kind(body)) &&
-           buffer_->first(body).column > buffer_->first(call).column && !holdsBrace(open, partner(open));
+    return startsLine(body) && startsItem(body) && !isCloser(kind(body)) && lineColumn(body) > lineColumn(call) &&
+           !holdsBrace(open, partner(open));
+}
+
+// Of a token that begins its line.
+int ShapeScan::lineColumn(TokenIndex token) const {
+    constexpr int tabSize = 8;
+    const int size = buffer_->first(token).column - 1;
+    if (source_.empty()) return size;
+    int column = 0;
+    for (const char c :
+         source_.substr(buffer_->begin(token) - static_cast<std::size_t>(size), static_cast<std::size_t>(size))) {
+        column += c == '\t' ? tabSize - column % tabSize : 1;
+    }
+    return column;
 }
 
 // Whether a statement of a block is a declaration: it begins with a keyword of these, or with a type that a name

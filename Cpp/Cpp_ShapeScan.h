@@ -10,9 +10,12 @@ namespace Cpp {
 // Positions are token indices; 0 stands for nothing found. Comments and directives are passed over.
 class ShapeScan {
 public:
-    // `macros` may be null, for no names that are known.
-    ShapeScan(const Trn::TokenBuffer& buffer, const Trn::BracketTable& brackets, const MacroNames* macros)
-        : buffer_(&buffer), brackets_(&brackets), macros_(macros) {}
+    // `macros` may be null, for no names that are known. With `source`, the text of the buffer, it is by columns how
+    // far to the right a line begins, with tab stops at every eighth, so that it stays when tabs turn into blanks;
+    // without it by the number of blanks and tabs.
+    ShapeScan(const Trn::TokenBuffer& buffer, const Trn::BracketTable& brackets, const MacroNames* macros,
+              std::string_view source = {})
+        : buffer_(&buffer), brackets_(&brackets), macros_(macros), source_(source) {}
 
     // A declaration that begins at `first`, outside of blocks.
     ItemShape declaration(TokenIndex first, Frame frame) const;
@@ -100,6 +103,7 @@ private:
     bool isLambdaBody(TokenIndex brace) const;
     bool startsItem(TokenIndex token) const;
     bool startsLoop(TokenIndex call) const;
+    int lineColumn(TokenIndex token) const;
     bool startsDeclarator(TokenIndex paren) const;
     bool isLoneMacro(TokenIndex word, Frame frame) const;
     bool isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const;
@@ -107,6 +111,7 @@ private:
     const Trn::TokenBuffer* buffer_;
     const Trn::BracketTable* brackets_;
     const MacroNames* macros_;
+    std::string_view source_;
 };
 
 }  // namespace Cpp

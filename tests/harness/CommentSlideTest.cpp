@@ -109,6 +109,29 @@ TEST_P(CommentSlideTest, SurvivesBetweenAnyTwoTokens) {
     EXPECT_GE(wrapped * 10, texts * 9) << "so few tell nothing";
 }
 
+// The second edition takes each of these texts, and settles at once.
+TEST_P(CommentSlideTest, SettlesInTheSecondEdition) {
+    Brevis::PropertySet scheme = readScheme(sourceDirectory() / "schemes" / (std::string(GetParam()) + ".fsc"));
+    scheme.setInt(Brevis::Catalogue::keyOf(&Brevis::Scheme::edition), 2);
+    scheme.setBool(Brevis::Catalogue::keyOf(&Brevis::Scheme::lineWrap), false);
+    int texts = 0;
+    int formatted = 0;
+    for (const std::string sample : samples) {
+        for (const std::size_t place : placesBetweenTokens(sample)) {
+            for (const std::string slid : {" /* a\n  b */ ", "// c\n", "\n\n// c\n\n", "\n#if C\n#endif\n"}) {
+                const std::string text = std::string(sample).insert(place, slid);
+                const FormatRun run = formatText(scheme, text);
+                ++texts;
+                if (!run.isFormatted) continue;
+                ++formatted;
+                ASSERT_EQ(loss(text, run.text), "") << "became\n" << run.text;
+                ASSERT_EQ(formatText(scheme, run.text).text, run.text) << "from\n" << text;
+            }
+        }
+    }
+    EXPECT_GE(formatted * 10, texts * 9) << "so few tell nothing";
+}
+
 INSTANTIATE_TEST_SUITE_P(Schemes, CommentSlideTest, testing::Values("Corvane", "Allman", "K&R"));
 
 }  // namespace

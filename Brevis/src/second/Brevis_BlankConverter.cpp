@@ -1,6 +1,9 @@
 // One pass over the laid text with its column.
 #include "second/Brevis_BlankConverter.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
@@ -22,6 +25,7 @@ public:
     void convertGap(std::string_view gap);
     void convertColumn(std::string_view gap);
     void convertComment(std::string_view text);
+    void convertName(std::string_view text);
     void convertDirective(std::string_view text);
     std::string take() {
         writePending();
@@ -30,6 +34,7 @@ public:
 
 private:
     void convert(char c);
+    void convertLater(std::string_view text, int indent, bool isFree);
     void write(char c);
     void writePending();
     int toTabStop() const { return scheme_.tabSize - column_ % scheme_.tabSize; }
@@ -89,16 +94,31 @@ void BlankConverter::convertColumn(std::string_view gap) {
 
 // The white space of a comment is its author's, but for tabs that have to go, and for the indent of its later lines as
 // far as that of the first one goes.
-void BlankConverter::convertComment(std::string_view text) {
-    const int indent = column_;
-    bool isIndent = false;
-    for (const char c : text) {
-        if (scheme_.convertWs == 1 || (isIndent && column_ < indent)) {
-            convert(c);
+void BlankConverter::convertComment(std::string_view text) { convertLater(text, column_, false); }
+
+// One that goes on behind a line end, where any white space does.
+void BlankConverter::convertName(std::string_view text) { convertLater(text, std::numeric_limits<int>::max(), true); }
+
+void BlankConverter::convertLater(std::string_view text, int indent, bool isFree) {
+    for (;;) {
+        const std::size_t size = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, size);
+        if (scheme_.convertWs == 1 || isFree) {
+            convert(line);
         } else {
-            write(c);
+            copy(line);
         }
-        isIndent = c == '\n' || (isIndent && (c == ' ' || c == '\t'));
+        if (size == text.size()) return;
+        write('\n');
+        text.remove_prefix(size + 1);
+        const std::size_t blanks = blankSize(text);
+        std::size_t lead = 0;
+        for (int column = 0; lead < blanks; ++lead) {
+            column = columnBehind(text.substr(lead, 1), column, scheme_.tabSize);
+            if (column > indent) break;
+        }
+        convertColumn(text.substr(0, lead));
+        text.remove_prefix(lead);
     }
 }
 
@@ -140,7 +160,9 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         } else {
             converter.convertGap(gap);
         }
-        if (isFixed || !text.isTrivia(token)) {
+        if (!isFixed && text.isNameOverLines(token)) {
+            converter.convertName(body);
+        } else if (isFixed || !text.isTrivia(token)) {
             converter.copy(body);
         } else if (text.isComment(token)) {
             converter.convertComment(body);

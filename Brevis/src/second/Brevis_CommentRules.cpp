@@ -10,32 +10,19 @@ void CommentRules::run() {
         if (!text_.isTrivia(token)) continue;
         const TokenIndex first = token;
         while (token < text_.size() && text_.isTrivia(token)) ++token;
-        if (first > 1) trailing(first, token);
         ownLines(first, token);
         beforeDirectives(first, token);
     }
 }
 
-// Comments behind code with nothing behind them on the line.
-void CommentRules::trailing(TokenIndex first, TokenIndex behind) {
-    TokenIndex end = first;
-    while (end < behind && text_.isComment(end) && !gaps_.startsLine(end)) ++end;
-    if (end == first || (end < text_.size() && !gaps_.startsLine(end))) return;
-    constexpr GapProperty property = gapProperty<&Scheme::wsBeforeTrailingComment>();
-    // A line feed would make it a comment of what follows.
-    if (gaps_.lineFeeds(property.rule) == 0) gaps_.set(first, property);
-}
-
-// What begins a line goes with the code behind it, and at the end of a body with what holds it. In front of a label the
-// walk has found where comments belong.
+// A comment that begins a line goes with the code behind it; one at the end of a body, and in front of a label as the
+// walk has found it, with what holds it.
 void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
-    if (behind == text_.size()) return;
+    if (behind == text_.size() || isLabel(behind)) return;
     const TokenIndex partner = text_.partner(behind);
     if (partner != 0 && partner < behind) return;
-    const bool movesComments = !isLabel(behind);
-    const bool movesDirectives = !scheme_.alignPpdLeftMost.value_or(true);
     for (TokenIndex token = first; token < behind; ++token) {
-        if (text_.isComment(token) ? movesComments : movesDirectives) gaps_.setScope(token, gaps_[behind].scope);
+        if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
     }
 }
 

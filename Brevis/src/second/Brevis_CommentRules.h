@@ -1,5 +1,5 @@
-// Comments and directives: what stands in front of comments behind code, and the indent of those with a line of their
-// own. Runs behind the rules of the code, since it asks which lines begin where.
+// Comments and directives with a line of their own: the indent of each. Runs behind the walk, which has found the
+// indents of the code.
 #pragma once
 
 #include "second/Brevis_GapTable.h"
@@ -14,7 +14,6 @@ public:
     void run();
 
 private:
-    void trailing(TokenIndex first, TokenIndex behind);
     void ownLines(TokenIndex first, TokenIndex behind);
     void beforeDirectives(TokenIndex first, TokenIndex behind);
     bool isLabel(TokenIndex token);

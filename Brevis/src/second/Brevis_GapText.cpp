@@ -27,11 +27,16 @@ constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||",
                                              "-=", "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%",
                                              "%>", "%:", ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
 
-bool isWhiteSpace(std::string_view text) {
-    for (const char c : text) {
-        if (!isBlankSpace(c)) return false;
-    }
-    return true;
+bool isWhiteSpace(const char* at, const char* end) {
+    while (at != end && isBlankSpace(*at)) ++at;
+    return at == end;
+}
+
+// The end of a token without the line feed that it owns, and without white space that it has taken in.
+std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::TokenKind kind) {
+    if (Trn::isLineToken(kind)) return end > begin && text[end - 1] == '\n' ? end - 1 : end;
+    while (end > begin && isBlankSpace(text[end - 1])) --end;
+    return end;
 }
 
 // Goes through the line feeds of a text from its front to its end.
@@ -40,57 +45,51 @@ public:
     explicit LineFeeds(std::string_view text) : text_(text), next_(text.find('\n')) {}
 
     // How many there are from where it stands up to `offset`.
-    std::uint32_t countUpTo(std::size_t offset) {
+    std::uint32_t countUpTo(std::size_t offset) { return next_ < offset ? passUpTo(offset) : 0; }
+
+private:
+    std::uint32_t passUpTo(std::size_t offset) {
         std::uint32_t count = 0;
         for (; next_ < offset; ++count) next_ = text_.find('\n', next_ + 1);
         return count;
     }
 
-private:
     std::string_view text_;
     std::size_t next_;  // npos behind the last one
 };
 
 }  // namespace
 
-GapText::GapText(std::string_view source, const Cpp::TokenTable& table) : source_(source), table_(&table) {
+GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
+    : source_(source), table_(&table), tokens_(table.tokens().size() + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
-    tokens_.resize(buffer.size() + 1);
+    const char* const text = source.data();
     LineFeeds feeds(source);
     std::size_t end = 0;
     std::uint32_t line = 0;
     TokenIndex index = 1;
-    for (; buffer.kind(index) != Kind::EndOfInput; ++index) {
+    for (;; ++index) {
         const Trn::TokenKind kind = buffer.kind(index);
+        const bool isEnd = kind == Kind::EndOfInput;
+        const std::size_t begin = isEnd ? source.size() : std::max(buffer.begin(index), end);
+        const std::uint32_t lineFeeds = feeds.countUpTo(begin);
+        const bool isFixed = !isWhiteSpace(text + end, text + begin);
+        end = isEnd ? begin : endOf(text, begin, std::max(begin, buffer.end(index)), kind);
+        const std::uint32_t inside = feeds.countUpTo(end);
+        line += lineFeeds;
         GapToken& token = tokens_[index];
-        const std::size_t begin = std::max(buffer.begin(index), end);
-        line += addGap(token, end, begin, feeds.countUpTo(begin));
-        end = std::max(begin, buffer.end(index));
-        if (Trn::isLineToken(kind)) {
-            if (end > begin && source[end - 1] == '\n') --end;
-        } else {
-            while (end > begin && isBlankSpace(source[end - 1])) --end;
-        }
+        token.begin = static_cast<std::uint32_t>(begin);
         token.end = static_cast<std::uint32_t>(end);
         token.line = line;
         token.kind = static_cast<std::int8_t>(kind);
-        token.role = table.role(index);
-        const std::uint32_t inside = feeds.countUpTo(end);
+        token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
+        token.isFixed = isFixed;
         token.holdsLines = inside > 0;
         line += inside;
+        if (isEnd) break;
+        token.role = table.role(index);
     }
     tokens_.resize(index + 1);
-    GapToken& token = tokens_.back();
-    token.line = line + addGap(token, end, source.size(), feeds.countUpTo(source.size()));
-    token.end = token.begin;
-}
-
-// The gap from `end` to `begin`, in front of the token. Gives its line feeds.
-std::uint32_t GapText::addGap(GapToken& token, std::size_t end, std::size_t begin, std::uint32_t lineFeeds) const {
-    token.begin = static_cast<std::uint32_t>(begin);
-    token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
-    token.isFixed = !isWhiteSpace(slice(end, begin));
-    return lineFeeds;
 }
 
 TokenIndex GapText::partner(TokenIndex index) const {

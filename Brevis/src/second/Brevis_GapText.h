@@ -44,6 +44,11 @@ public:
     bool isWord(TokenIndex index, std::string_view word) const {
         return kind(index) == Trn::Kind::Identifier && text(index) == word;
     }
+    // A name whose parts stand on several lines, with nothing but white space between them.
+    bool isNameOverLines(TokenIndex index) const {
+        return tokens_[index].holdsLines && kind(index) == Trn::Kind::Identifier &&
+               text(index).find_first_of("\\/") == std::string_view::npos;
+    }
     bool isTrivia(TokenIndex index) const { return Trn::isTrivia(kind(index)); }
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
 
@@ -66,7 +71,6 @@ public:
     std::string_view source() const { return source_; }
 
 private:
-    std::uint32_t addGap(GapToken& token, std::size_t end, std::size_t begin, std::uint32_t lineFeeds) const;
     std::string_view slice(std::size_t begin, std::size_t end) const { return source_.substr(begin, end - begin); }
 
     std::string_view source_;

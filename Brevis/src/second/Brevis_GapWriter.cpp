@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::string_view pageBreaks = "\f\v";
 
+// Nothing is aligned with what stands further to the right: a line of a million tokens would make a million such lines.
+constexpr int widestColumn = 2000;
+
 }  // namespace
 
 GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
@@ -28,18 +31,75 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
         if (scopes[scope].isAnchored) anchored_.push_back(scope);
     }
+    // Those of the walk are in order, and so are those that came later.
     const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
-    // Those that were added behind the walk over the items stand behind the others.
-    const auto late = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
-    std::stable_sort(late, anchored_.end(), isEarlier);
-    std::inplace_merge(anchored_.begin(), late, anchored_.end(), isEarlier);
+    const auto later = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
+    if (!std::is_sorted(later, anchored_.end(), isEarlier)) std::stable_sort(later, anchored_.end(), isEarlier);
+    std::inplace_merge(anchored_.begin(), later, anchored_.end(), isEarlier);
     lines_.push_back({});  // of the scopes without an anchor
+}
+
+// What most gaps are: within a line before and afterwards. False for any other, of which nothing is written.
+template <bool isMeasuring>
+bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
+    const Gap gap = gaps_[token];
+    const GapToken& before = text_.token(token - 1);
+    if (at.lineFeeds > 0 || gap.sort > Sort::Blanks || token == 1 || Trn::isLineToken(before.kind)) return false;
+    isLineStart_ = false;
+    if (gap.sort != Sort::Blanks) {
+        if constexpr (isMeasuring) laidColumn_ = columnBehind(text_.gap(token), laidColumn_, scheme_.tabSize);
+        copyTo(at.begin);
+        return true;
+    }
+    const std::string_view text = gaps_.text(gap.rule);
+    if constexpr (isMeasuring) laidColumn_ = columnBehind(text, laidColumn_, scheme_.tabSize);
+    const bool isSame = text.size() == at.begin - before.end &&
+                        std::equal(text.begin(), text.end(), text_.source().begin() + before.end);
+    if (isSame) {
+        copyTo(at.begin);
+    } else {
+        replaceTo(at.begin, text);
+    }
+    return true;
+}
+
+template <bool isMeasuring>
+void GapWriter::run() {
+    const bool isMarking = scheme_.convertWs != 0 && !isMeasuring;
+    const bool isTrimming = scheme_.removeTrailingWs;
+    const TokenIndex last = text_.size();
+    findNextAnchor();
+    for (TokenIndex token = 1;; ++token) {
+        const GapToken& at = text_.token(token);
+        if constexpr (isMeasuring) (*places_)[token].gap = laidColumn_;
+        if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (token == last || !writeInLine<isMeasuring>(token, at)) {
+            if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
+            writeGap(token);
+            if constexpr (isMeasuring) laidColumn_ = column();
+        }
+        if (fresh_ != nextAnchor_) noteBehind(token);
+        if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if constexpr (isMeasuring) {
+            (*places_)[token].line = lineNumber_;
+            (*places_)[token].column = laidColumn_;
+        }
+        if (token == last) return;
+        if (token >= nextAnchorToken_) noteAnchors(token);
+        if (at.holdsLines || (isTrimming && Trn::isTrivia(at.kind))) {
+            writeToken(token);
+            if constexpr (isMeasuring) laidColumn_ = column();
+        } else {
+            if constexpr (isMeasuring) laidColumn_ = columnBehind(text_.text(token), laidColumn_, scheme_.tabSize);
+            copyTo(at.end);
+        }
+    }
 }
 
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
     if (scheme_.convertWs != 0) marks_.reserve(2 * std::size_t{text_.size()});
-    run();
+    run<false>();
     flush();
     if (scheme_.convertWs == 0) return std::move(out_);
     return convertBlanks(text_, gaps_, scheme_, out_, marks_);
@@ -48,26 +108,14 @@ std::string GapWriter::write() {
 std::vector<LaidPlace> GapWriter::measure() {
     std::vector<LaidPlace> places(text_.size() + 1);
     places_ = &places;
-    run();
+    run<true>();
     return places;
 }
 
-void GapWriter::run() {
-    for (TokenIndex token = 1;; ++token) {
-        if (places_ != nullptr) (*places_)[token].gap = column();
-        if (scheme_.convertWs != 0) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if (text_.lineFeeds(token) > 0) beginSourceLine(text_.source().rfind('\n', text_.token(token).begin - 1) + 1);
-        writeGap(token);
-        if (fresh_ != nextAnchor_) noteBehind(token);
-        if (scheme_.convertWs != 0) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if (places_ != nullptr) {
-            (*places_)[token].line = lineNumber_;
-            (*places_)[token].column = column();
-        }
-        if (token == text_.size()) return;
-        noteAnchors(token);
-        writeToken(token);
-    }
+std::size_t GapWriter::lineBeginOf(std::size_t offset) const {
+    const std::string_view source = text_.source();
+    while (source[offset - 1] != '\n') --offset;
+    return offset;
 }
 
 // ---- Gaps
@@ -126,9 +174,9 @@ bool GapWriter::isStill(TokenIndex token) const {
     return sourceLine_ - text_.token(token - 1).end == static_cast<std::size_t>(feeds);
 }
 
-// A directive that has no distance of its own to keep.
+// A directive that is indented as the code round it.
 bool GapWriter::goesWithCode(TokenIndex token) const {
-    return text_.kind(token) == Kind::Directive && scheme_.alignPpdLeftMost.has_value();
+    return text_.kind(token) == Kind::Directive && !scheme_.alignPpdLeftMost.value_or(true);
 }
 
 // Behind the last token.
@@ -189,8 +237,14 @@ int GapWriter::keptFeeds(TokenIndex token) const {
 
 // As many as the source has come with the blanks that it has among them. A page break is no blank.
 void GapWriter::addFeeds(TokenIndex token, int lineFeeds) {
-    const std::string_view gap = text_.gap(token);
-    const std::string_view feeds = gap.substr(0, gap.rfind('\n') + 1);
+    const std::size_t end = text_.token(token - 1).end;
+    const bool isPlain =
+        text_.lineFeeds(token) == 0 || sourceLine_ - end == static_cast<std::size_t>(text_.lineFeeds(token));
+    if (isPlain) {
+        scratch_.append(static_cast<std::size_t>(lineFeeds), '\n');
+        return;
+    }
+    const std::string_view feeds = text_.source().substr(end, sourceLine_ - end);
     if (feeds.find_first_of(pageBreaks) != std::string_view::npos) return addPageBreaks(token);
     if (gaps_[token].sort == Sort::Keep && !scheme_.removeTrailingWs && lineFeeds == sourceFeeds(token)) {
         scratch_ += feeds;
@@ -211,6 +265,7 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
     const Gap& gap = gaps_[token];
     if (gap.sort == Sort::LineColumn) return padTo(gap.column);
     if (text_.kind(token) == Kind::Directive) tail = {};
+    if (goesWithCode(token) && startsBelow(token)) return addLead(nextCode_, {});
     const IndentScope& scope = gaps_.scopes()[gap.scope];
     const Base& base = baseOf(gap.scope);
     const bool isInSource = text_.lineFeeds(token) > 0 || token == 1;
@@ -220,12 +275,12 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             return;
         case Mode::At:
             scratch_ += outLead(base);
-            padTo(columns_.columnOf(out_, lines_[base.line].out, base.at));
+            padTo(columnIn(base, base.at));
             break;
         case Mode::Behind:
-            if (base.behind != 0) {
+            if (base.behind != 0 && columnIn(base, base.behind) <= widestColumn) {
                 scratch_ += outLead(base);
-                padTo(behindColumn(base));
+                padTo(columnIn(base, base.behind));
                 scratch_ += tail;
                 return;
             }
@@ -236,7 +291,7 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             addBase(gap.scope);
             break;
         case Mode::Distance:
-            if (goesWithCode(token)) return addNeighbour(token, base);
+            if (goesWithCode(token)) return addAbove();
             if (isInSource && tail.empty()) return addDistance(token, base);
             scratch_ += outLead(base);
             break;
@@ -256,12 +311,15 @@ void GapWriter::addBase(std::uint32_t scope) {
     if (inner.isBelow) scratch_ += gaps_.text(gaps_.scopes()[inner.base].rule);
 }
 
-// That of the code below, or of the line above where something closes.
-void GapWriter::addNeighbour(TokenIndex token, const Base& base) {
-    if (nextCode_ < token) nextCode_ = text_.next(token);
+// Whether the code behind a directive begins a line, and closes nothing.
+bool GapWriter::startsBelow(TokenIndex directive) {
+    if (nextCode_ < directive) nextCode_ = text_.next(directive);
     const TokenIndex partner = text_.partner(nextCode_);
-    const bool closes = nextCode_ == text_.size() || (partner != 0 && partner < nextCode_);
-    if (!closes && text_.startsLine(nextCode_)) return addDistance(nextCode_, base);
+    return nextCode_ < text_.size() && (partner == 0 || partner > nextCode_) && gaps_.startsLine(nextCode_);
+}
+
+// What the line above begins with.
+void GapWriter::addAbove() {
     flush();
     const std::string_view above = std::string_view(out_).substr(lineBegin_);
     scratch_ += above.substr(0, blankSize(above));
@@ -280,12 +338,12 @@ void GapWriter::addDistance(TokenIndex token, const Base& base) {
     const std::string_view to = outLead(base);
     const int width = columnBehind(lead, 0, scheme_.tabSize);
     if (base.behind != 0 && base.sourceBehind != 0 && sourceBehindColumn(base) == width) {
-        if (from == to && behindColumn(base) == width) {
+        if (from == to && columnIn(base, base.behind) == width) {
             scratch_ += lead;
             return;
         }
         scratch_ += to;
-        padTo(behindColumn(base));
+        padTo(columnIn(base, base.behind));
     } else if (lead.starts_with(from)) {
         scratch_ += to;
         scratch_ += lead.substr(from.size());
@@ -325,15 +383,19 @@ const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     return bases_[scope];
 }
 
+void GapWriter::findNextAnchor() {
+    const bool isLast = nextAnchor_ == anchored_.size();
+    nextAnchorToken_ = isLast ? text_.size() : gaps_.scopes()[anchored_[nextAnchor_]].anchor;
+}
+
 void GapWriter::noteAnchors(TokenIndex token) {
+    Base fresh;
+    fresh.line = lineIndex() & 0x7FFFFFFFU;
+    fresh.at = static_cast<std::uint32_t>(position());
+    fresh.isStill = isLineStill() ? 1 : 0;
     fresh_ = nextAnchor_;
-    for (; nextAnchor_ < anchored_.size(); ++nextAnchor_) {
-        const std::uint32_t scope = anchored_[nextAnchor_];
-        if (gaps_.scopes()[scope].anchor > token) return;
-        Base& base = bases_[scope];
-        base.line = lineIndex() & 0x7FFFFFFFU;
-        base.at = static_cast<std::uint32_t>(position());
-        base.isStill = isLineStill() ? 1 : 0;
+    for (; token >= nextAnchorToken_; ++nextAnchor_, findNextAnchor()) {
+        bases_[anchored_[nextAnchor_]] = fresh;
     }
 }
 
@@ -363,9 +425,8 @@ std::uint32_t GapWriter::lineIndex() {
         line.out = static_cast<std::uint32_t>(lineBegin_);
         line.source = static_cast<std::uint32_t>(sourceLine_);
         line.sourceSize = static_cast<std::uint32_t>(blankSize(text_.source().substr(sourceLine_)));
-        if (isLineStill()) {
-            line.outSize = line.sourceSize;
-        } else {
+        line.isStill = isLineStill();
+        if (!line.isStill) {
             flush();
             line.outSize = static_cast<std::uint32_t>(blankSize(std::string_view(out_).substr(lineBegin_)));
         }
@@ -376,8 +437,9 @@ std::uint32_t GapWriter::lineIndex() {
 }
 
 std::string_view GapWriter::outLead(const Base& base) {
-    flush();
     const Line& line = lines_[base.line];
+    if (line.isStill) return sourceLead(base);
+    flush();
     return std::string_view(out_).substr(line.out, line.outSize);
 }
 
@@ -386,9 +448,10 @@ std::string_view GapWriter::sourceLead(const Base& base) const {
     return text_.source().substr(line.source, line.sourceSize);
 }
 
-int GapWriter::behindColumn(const Base& base) {
+// Of a place on the line of the anchor.
+int GapWriter::columnIn(const Base& base, std::uint32_t offset) {
     flush();
-    return columns_.columnOf(out_, lines_[base.line].out, base.behind);
+    return columns_.columnOf(out_, lines_[base.line].out, offset);
 }
 
 int GapWriter::sourceBehindColumn(const Base& base) {
@@ -421,8 +484,7 @@ void GapWriter::writeToken(TokenIndex token) {
 // Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.
 bool GapWriter::movesWithLine(TokenIndex token) const {
     if (gaps_.isFixed(token)) return false;
-    if (text_.kind(token) == Kind::BlockComment) return true;
-    return text_.kind(token) == Kind::Identifier && text_.text(token).find_first_of("\\/") == std::string_view::npos;
+    return text_.kind(token) == Kind::BlockComment || text_.isNameOverLines(token);
 }
 
 // The later lines of a comment move with its beginning, those of a name with the line.
@@ -438,7 +500,8 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
     const int shift = isStill      ? 0
                       : goesByLine ? columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize)
                                    : column() - sourceColumn(token);
-    const bool isMoved = shift != 0 || (goesByLine && from != to);
+    // Where blanks turn into tabs, only the width counts.
+    const bool isMoved = shift != 0 || (goesByLine && from != to && scheme_.convertWs != 2);
     if (!isMoved && !trims) return;
 
     scratch_.clear();
@@ -489,7 +552,8 @@ void GapWriter::replaceTo(std::size_t sourceEnd, std::string_view text) {
 }
 
 void GapWriter::flush() {
-    out_ += text_.source().substr(runBegin_, runEnd_ - runBegin_);
+    if (runBegin_ == runEnd_) return;
+    out_.append(text_.source().data() + runBegin_, runEnd_ - runBegin_);
     runBegin_ = runEnd_;
 }
 

@@ -33,6 +33,7 @@ private:
     struct Line {
         std::uint32_t out = 0, outSize = 0;
         std::uint32_t source = 0, sourceSize = 0;
+        bool isStill = true;  // both begin alike, and the size in the output is not set
     };
     // What a scope needs of its anchor: offsets in the output, and of what follows the anchor on its line in the source
     // as well; 0 for nothing.
@@ -44,9 +45,13 @@ private:
         std::uint32_t sourceBehind = 0;
     };
 
+    template <bool isMeasuring>
     void run();
+    std::size_t lineBeginOf(std::size_t offset) const;
 
     // Gaps
+    template <bool isMeasuring>
+    bool writeInLine(TokenIndex token, const GapToken& at);
     void writeGap(TokenIndex token);
     void writeKept(TokenIndex token);
     void writeEnd();
@@ -63,7 +68,8 @@ private:
     void addPageBreaks(TokenIndex token);
     void addLead(TokenIndex token, std::string_view tail);
     void addBase(std::uint32_t scope);
-    void addNeighbour(TokenIndex token, const Base& base);
+    bool startsBelow(TokenIndex directive);
+    void addAbove();
     void addDistance(TokenIndex token, const Base& base);
     void addWidth(std::string_view sample, int width);
     void padTo(int column);
@@ -71,12 +77,13 @@ private:
 
     // Scopes
     const Base& baseOf(std::uint32_t scope) const;
+    void findNextAnchor();
     void noteAnchors(TokenIndex token);
     void noteBehind(TokenIndex token);
     std::uint32_t lineIndex();
     std::string_view outLead(const Base& base);
     std::string_view sourceLead(const Base& base) const;
-    int behindColumn(const Base& base);
+    int columnIn(const Base& base, std::uint32_t offset);
     int sourceBehindColumn(const Base& base);
 
     // Tokens
@@ -107,7 +114,9 @@ private:
     std::string scratch_;
     TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
     std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
+    // Only if places are asked for
     std::vector<LaidPlace>* places_ = nullptr;
+    int laidColumn_ = 0;
 
     // The line that is being written
     std::size_t lineBegin_ = 0;
@@ -121,6 +130,7 @@ private:
     std::vector<Base> bases_;              // of the scopes
     std::vector<std::uint32_t> anchored_;  // the scopes with an anchor, in the order of their anchors
     std::size_t nextAnchor_ = 0;           // in `anchored_`
+    TokenIndex nextAnchorToken_ = 0;       // its anchor
     std::size_t fresh_ = 0;                // from here to `nextAnchor_` the anchor was the last token
 };
 
