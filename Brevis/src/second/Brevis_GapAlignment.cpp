@@ -2,7 +2,6 @@
 #include "second/Brevis_GapAlignment.h"
 
 #include "second/Brevis_CommentColumns.h"
-#include "second/Brevis_ContinuationColumns.h"
 #include "second/Brevis_DeclarationColumns.h"
 #include "second/Brevis_GapWriter.h"
 #include "second/Brevis_KeptColumns.h"
@@ -11,7 +10,6 @@ namespace Brevis {
 
 void alignGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     const auto places = [&] { return GapWriter(text, scheme, gaps).measure(); };
-    if (ContinuationColumns::isWanted(scheme)) ContinuationColumns(text, scheme, gaps).run();
     if (DeclarationColumns::namesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignNames();
     if (DeclarationColumns::valuesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignValues();
     // Where comments are not aligned, the author's columns of them come before their distance.

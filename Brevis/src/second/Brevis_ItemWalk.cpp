@@ -159,18 +159,19 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
 
 // Those that begin a line in front of the token.
 void ItemWalk::indentComments(TokenIndex token, Scope scope) {
-    for (TokenIndex at = token - 1; at > 0 && text_.isComment(at) && text_.startsLine(at); --at) {
-        gaps_.setScope(at, scope);
+    for (TokenIndex at = token - 1; at > 0 && text_.isComment(at); --at) {
+        if (text_.startsLine(at)) gaps_.setScope(at, scope);
     }
 }
 
 // Comments in front of a label go with it, unless they stand further to the right: then they belong to what is in
 // front.
 void ItemWalk::indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body) {
-    if (!text_.isComment(label - 1) || !text_.startsLine(label - 1) || !text_.startsLine(label)) return;
+    if (!text_.isComment(label - 1) || !text_.startsLine(label)) return;
     if (gaps_.scopes()[body.inner].mode != Mode::Indent) return indentComments(label, scope);
     const int column = text_.column(label, scheme_.tabSize);
-    for (TokenIndex at = label - 1; at > 0 && text_.isComment(at) && text_.startsLine(at); --at) {
+    for (TokenIndex at = label - 1; at > 0 && text_.isComment(at); --at) {
+        if (!text_.startsLine(at)) continue;
         if (text_.column(at, scheme_.tabSize) > column) break;
         gaps_.setScope(at, scope);
     }
