@@ -53,6 +53,18 @@ struct Case {
     std::size_t seams;
 };
 
+// The blanks at the ends of lines of comments and directives come back, unless the pass may trim them.
+TEST(SeamGuardTest, LetsLineEndsBeTrimmedIfThePassMay) {
+    const std::string source = "int a; // b  \n/* c \n d\t\n*/ \n#define E  \n// f \\  \ng \nchar *h = \"i  \nint j;\n";
+    const std::string trimmed = "int a; // b\n/* c\n d\n*/\n#define E\n// f \\\ng\nchar *h = \"i\nint j;\n";
+    std::string text = trimmed;
+    SeamGuard(source).mend(text);
+    EXPECT_EQ(text, "int a; // b  \n/* c \n d\t\n*/\n#define E  \n// f \\  \ng \nchar *h = \"i  \nint j;\n");
+    text = trimmed;
+    SeamGuard(source, SeamGuard::LineEnds::Trimmed).mend(text);
+    EXPECT_EQ(text, "int a; // b\n/* c\n d\n*/\n#define E\n// f \\  \ng\nchar *h = \"i  \nint j;\n");
+}
+
 TEST(SeamGuardTest, LeavesTheTokensOfTheSource) {
     const Case cases[] = {
         // No token is torn, and strays stay with what they touch.
