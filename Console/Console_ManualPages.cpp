@@ -115,12 +115,12 @@ std::string zshAction(const OptionRow& row) {
     }
 }
 
-// Brackets and colons have a meaning in a specification of _arguments.
+// Brackets and colons have a meaning to _arguments.
 std::string zshText(std::string_view text) {
     return replaced(replaced(replaced(text, ':', "\\:"), '[', "\\["), ']', "\\]");
 }
 
-std::string zshSpecification(const OptionRow& row) {
+std::string zshArgument(const OptionRow& row) {
     std::string tail = "[" + zshText(firstClause(row.help)) + "]";
     if (!row.argument.empty()) {
         tail += row.isArgumentOptional ? "::" : ":";
@@ -203,7 +203,7 @@ std::string bashCompletion(const ProgramManual& manual) {
 
 std::string zshCompletion(const ProgramManual& manual) {
     std::string out = "#compdef " + std::string(manual.name) + "\n" + std::string(zshSchemes) + "_arguments -s -S \\\n";
-    forEachRow(manual, [&](const OptionRow& row) { out += zshSpecification(row); });
+    forEachRow(manual, [&](const OptionRow& row) { out += zshArgument(row); });
     if (manual.commands.empty()) return out + "    '*:file:_files'\n";
     std::string commands;
     for (const CommandRow& command : manual.commands) commands += " " + std::string(command.name);

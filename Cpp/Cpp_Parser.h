@@ -28,8 +28,11 @@ public:
     // Whether every token of a text in the modern dialect gets its role. The root then keeps the tokens, and the lexer
     // must outlive it.
     enum class Roles { LeftOut, Found };
-    explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic, Roles roles = Roles::LeftOut)
-        : makesSketches_(sketches == Sketches::Made), isModern_(dialect == Dialect::modern), findsRoles_(roles == Roles::Found) {}
+    explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic,
+                    Roles roles = Roles::LeftOut)
+        : makesSketches_(sketches == Sketches::Made),
+          isModern_(dialect == Dialect::modern),
+          findsRoles_(roles == Roles::Found) {}
 
     // Macros that the modern dialect needn't guess at. They must outlive the parser.
     void know(const MacroNames& macros) { macros_ = macros.empty() ? nullptr : &macros; }
@@ -374,8 +377,8 @@ private:
     std::string_view source_;
     const Trn::TokenBuffer* buffer_ = nullptr;
     const ShapeScan* shapes_ = nullptr;
-    RoleFinder* roles_ = nullptr;  // if they are asked for
-    Outline* outline_ = nullptr;   // with the roles
+    RoleFinder* roles_ = nullptr;     // if they are asked for
+    Outline* outline_ = nullptr;      // with the roles
     TreeStorage* storage_ = nullptr;  // of the tree in hand
     Trn::ParseMessageList messages_;
     int depth_ = 0;  // of nested blocks and bodies

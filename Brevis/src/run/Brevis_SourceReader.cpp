@@ -1,21 +1,12 @@
 // The attempts, and what their reports mean.
 #include "run/Brevis_SourceReader.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "Cpp_Lexer.h"
+#include "run/Brevis_ReadReports.h"
 
 namespace Brevis {
-
-namespace {
-
-// A remark on a tree that is usable as it is; any other report of the classic dialect fails the text.
-constexpr auto strayTokenCode = static_cast<std::int32_t>(Cpp::ParseCode::StrayBehindFunction);
-// A warning: a part of the text is copied as it stands.
-constexpr auto leftAloneCode = static_cast<std::int32_t>(Cpp::ParseCode::LeftAlone);
-
-}  // namespace
 
 bool SourceReader::read(std::string_view text, Cpp::RootNode& root, Trn::ParseMessageList& messages) {
     using enum Cpp::Dialect;
@@ -35,10 +26,7 @@ bool SourceReader::readAs(Cpp::Dialect dialect, Cpp::Language language, std::str
     Cpp::Parser parser(sketches_, dialect);
     reports_.clear();
     parser.parse(lexer, root, reports_);
-    std::erase_if(reports_, [](const Trn::ParseMessage& report) { return report.code == strayTokenCode; });
-    return std::all_of(reports_.begin(), reports_.end(), [&](const Trn::ParseMessage& report) {
-        return report.code == leftAloneCode && !reading_.isStrict;
-    });
+    return settleReports(reports_, reading_.isStrict);
 }
 
 }  // namespace Brevis

@@ -1,10 +1,10 @@
 // The attempts, and what their reports mean.
 #include "second/Brevis_GapReader.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "Cpp_Parser.h"
+#include "run/Brevis_ReadReports.h"
 
 namespace Brevis {
 
@@ -22,13 +22,7 @@ bool GapReader::readAs(Cpp::Language language, Trn::ParseMessageList& reports) {
     Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found);
     parser.know(macros_);
     parser.parse(*lexer_, root_, reports);
-    constexpr auto leftAlone = static_cast<std::int32_t>(Cpp::ParseCode::LeftAlone);
-    constexpr auto strayToken = static_cast<std::int32_t>(Cpp::ParseCode::StrayBehindFunction);
-    std::erase_if(reports, [](const Trn::ParseMessage& report) { return report.code == strayToken; });
-    const bool isUsable = std::all_of(reports.begin(), reports.end(), [&](const Trn::ParseMessage& report) {
-        return report.code == leftAlone && !reading_.isStrict;
-    });
-    return isUsable && root_.tokens() != nullptr;
+    return settleReports(reports, reading_.isStrict) && root_.tokens() != nullptr;
 }
 
 }  // namespace Brevis

@@ -181,7 +181,7 @@ void ItemWalk::indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame&
 
 void ItemWalk::read(TokenIndex token) {
     if (text_.kind(token) == Kind::Directive) {
-        if (!scheme_.alignPpdLeftMost.has_value()) gaps_.setScope(token, asIs_);
+        if (!scheme_.alignPpdLeftMost.has_value()) gaps_.setScope(token, asIs);
         if (scheme_.alignPpdLeftMost.value_or(false)) gaps_.setScope(token, margin_);
         return;
     }
@@ -191,7 +191,7 @@ void ItemWalk::read(TokenIndex token) {
     }
     if (top().isList) beginElement(token);
     if (top().isHead) readHead(token);
-    if (top().sort == Frame::Sort::Item) readDeclarator(token);
+    if (top().sort == Frame::Sort::Item) colonLists_.indent(token, top().colonList, top().own);
     if (text_.kind(token) == Kind::Semicolon) readSemicolon(token);
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
@@ -221,17 +221,6 @@ void ItemWalk::readSemicolon(TokenIndex token) {
     indentComments(token, scope);
 }
 
-// What begins a line in a declaration and is no later line of an expression.
-void ItemWalk::readDeclarator(TokenIndex token) {
-    Frame& frame = top();
-    if (token == frame.item->nameFirst && token != frame.first && frame.item->sort == Sort::Function) {
-        const Gap::Sort sort = gaps_[token].sort;
-        gaps_.setScope(token,
-                       sharing(frame.own, sort == Gap::Sort::Keep ? Mode::Distance : Mode::Indent, GapRule::None));
-    }
-    colonLists_.indent(token, frame.colonList, frame.own);
-}
-
 // A `{` of a body, or any other bracket.
 void ItemWalk::readBody(TokenIndex brace) {
     const OutlineItem* item = top().sort == Frame::Sort::Item ? top().item : nullptr;
@@ -255,20 +244,12 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
     frame.item = isOwned ? outer.item : nullptr;
     frame.own = baseOf(brace, keys, frame.item);
-    frame.inner =
-        isBehindBranch(frame, keys) ? below(frame.own, keys.indent) : indented(frame.own, indentOf(keys, frame));
+    frame.inner = indented(frame.own, indentOf(keys, frame));
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
     frame.gotoLabel = gaps_.startsLine(brace) ? anchored(brace, Mode::Distance, GapRule::None) : frame.own;
     return frame;
-}
-
-// Whether only some readers of a header see the braces of a linkage block: what they hold stands as it does for others,
-// unless a key of its own indents it.
-bool ItemWalk::isBehindBranch(const Frame& body, const BodyKeys& keys) const {
-    return keys.role == Role::LinkageBody && !gaps_.isSet(ruleOf<&Scheme::indentLinkageContent>()) &&
-           text_.kind(body.first + 1) == Kind::Directive;
 }
 
 // What the lines of a body are measured from.

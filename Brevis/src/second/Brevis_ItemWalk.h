@@ -21,6 +21,7 @@ public:
 
 private:
     using Scope = std::uint32_t;
+    static constexpr Scope asIs = 0;  // that of every table, which moves nothing
 
     // What is open at a token.
     struct Frame {
@@ -56,10 +57,8 @@ private:
     void read(TokenIndex token);
     void readHead(TokenIndex token);
     void readSemicolon(TokenIndex token);
-    void readDeclarator(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
-    bool isBehindBranch(const Frame& body, const BodyKeys& keys) const;
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
@@ -91,7 +90,6 @@ private:
     std::size_t next_ = 0;   // the next item of the outline
     TokenIndex joined_ = 0;  // the end of the body at hand that stays on one line
     Scope fileScope_ = 0;
-    Scope asIs_ = 0;
     Scope margin_ = 0;
 };
 
