@@ -129,11 +129,17 @@ int showTree(const InspectOptions& options, std::string& out) {
 int showWrapped(const InspectOptions& options, std::string& out) {
     const std::optional<SourceText> source = readSource(options.file);
     if (!source) return inspectTrouble;
-    const LoadedScheme loaded = loadAndRemark(schemePath(options));
+    const std::string path = schemePath(options);
+    const LoadedScheme loaded = loadAndRemark(path);
     if (!loaded.good) return inspectTrouble;
 
     Trn::ParseMessageList messages;
     const Brevis::FormatterProperties properties(loaded.scheme);
+    if (Brevis::hasGapReport(properties.scheme)) {
+        complainOfInspect("the scheme \"" + path +
+                          "\" is for the second edition of the rules, which wraps lines in no pass of its own");
+        return inspectTrouble;
+    }
     Brevis::FormatResult result = Brevis::Formatter().wrap(properties, source->text, messages);
     writeMessages(*source, messages);
     if (!result.isFormatted()) return inspectTrouble;

@@ -124,6 +124,9 @@ TEST_F(CorvaneInspectTest, ShowsChangedGapsAndWhatDecidedThem) {
     run("$I gaps -s Corvane gaps.cpp");
     EXPECT_EQ(status, 2);
     EXPECT_NE(err.find("is for the first edition of the rules"), std::string::npos) << err;
+    run("$I wrap -s second.fsc gaps.cpp");
+    EXPECT_EQ(status, 2);
+    EXPECT_NE(err.find("is for the second edition of the rules"), std::string::npos) << err;
     run("$I gaps -s second.fsc deep.cpp");
     EXPECT_EQ(status, 2);
     EXPECT_EQ(out, "");
