@@ -75,6 +75,13 @@ bool isTriedFlag(const PropertyInfo& row) {
 // A flag that leaves the source as it is, where the rules would have decided.
 bool isKeeping(const PropertyInfo& row) { return row.key.starts_with("KEEP_"); }
 
+// Inside of braces begin lines: empty ones that the author has there are then no votes for more line feeds.
+std::string_view firstValueOf(const PropertyInfo& row) {
+    const bool isInBraces = row.key.ends_with("_CLOSE_BRACE") ||
+                            (row.key.ends_with("_OPEN_BRACE") && row.key.find("WS_AFTER") != std::string_view::npos);
+    return isInBraces ? "\n" : row.defaultText;
+}
+
 template <auto member>
 const PropertyInfo& rowOf() {
     return *Brevis::Catalogue::find(Brevis::Catalogue::keyOf(member));
@@ -139,7 +146,7 @@ void SchemeInference::drawSample() {
 void SchemeInference::start() {
     scheme_.setInt(editionKey, 2);
     for (const PropertyInfo& row : rows) {
-        if (isVotedFor(row)) scheme_.setString(row.key, std::string(row.defaultText));
+        if (isVotedFor(row)) scheme_.setString(row.key, std::string(firstValueOf(row)));
         if (isTriedFlag(row) && isKeeping(row)) scheme_.setBool(row.key, true);
     }
     // Behind a sign that nothing anchors stands a name with nothing in between: no vote for what follows a type.
