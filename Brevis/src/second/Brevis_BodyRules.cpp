@@ -89,6 +89,11 @@ void BodyRules::findLinkageKeys() {
     linkage_.keepsOneLine = nullptr;
     linkage_.beforeOpen = gapProperty<&Scheme::wsBeforeLinkageOpenBrace>();
     linkage_.indent = gapProperty<&Scheme::indentLinkageContent>();
+    // The closing brace stands below the line of the open one.
+    if (gaps_.lineFeeds(linkage_.beforeClose.rule) > 0) {
+        const bool breaks = gaps_.lineFeeds(linkage_.beforeOpen.rule) > 0;
+        linkage_.beforeClose = breaks ? linkage_.beforeOpen : GapProperty{nullptr, GapRule::LineFeed};
+    }
 }
 
 // A brace behind a label stands on the label's line or below it, and the closing one stands below.
@@ -217,6 +222,7 @@ bool BodyRules::sharesLine(TokenIndex brace, const Cpp::OutlineItem* owner) cons
 void BodyRules::formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays) {
     const bool isBehindHead = text_.isOnOneLine(text_.previous(brace), brace);
     const bool breaks = gaps_.lineFeeds(keys.beforeOpen.rule) > 0;
+    if (stays && isBehindHead && breaks) return gaps_.setInFront(brace, {nullptr, GapRule::Blank});
     if (stays && isBehindHead == breaks) return;
     if (keys.keepsBrace && isBehindHead == breaks) return;
     if (!breaks && keys.role == Role::FunctionBody && text_.kind(text_.previous(brace)) == Kind::Semicolon) return;
