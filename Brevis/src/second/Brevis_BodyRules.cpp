@@ -179,13 +179,18 @@ bool BodyRules::format(TokenIndex brace, const BodyKeys& keys, const Cpp::Outlin
         return true;
     }
     formatFirst(text_.next(brace), keys);
-    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    gaps_.setInFront(close, keys.beforeClose, keepsBlankLines(keys));
     return false;
+}
+
+// What extern "C" holds is a part of a file more than a body.
+bool BodyRules::keepsBlankLines(const BodyKeys& keys) const {
+    return scheme_.keepBlankLinesAtBraces || keys.role == Role::LinkageBody;
 }
 
 // Empty lines of the source stay if the scheme says so.
 void BodyRules::formatFirst(TokenIndex token, const BodyKeys& keys) {
-    if (scheme_.keepBlankLinesAtBraces) {
+    if (keepsBlankLines(keys)) {
         gaps_.setBreak(token, keys.afterOpen);
     } else {
         gaps_.set(token, keys.afterOpen);
@@ -198,7 +203,7 @@ void BodyRules::formatShared(TokenIndex brace, const BodyKeys& keys) {
     if (gaps_.lineFeeds(keys.beforeOpen.rule) == 0) gaps_.set(brace, keys.beforeOpen);
     if (!holdsNamespace(brace)) formatFirst(text_.next(brace), keys);
     if (text_.kind(close - 1) == Kind::CloseBrace && !text_.startsLine(close)) return;
-    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    gaps_.setInFront(close, keys.beforeClose, keepsBlankLines(keys));
 }
 
 // Whether a namespace follows on the line.
@@ -238,7 +243,7 @@ bool BodyRules::staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const {
 void BodyRules::formatEmpty(TokenIndex close, const BodyKeys& keys) {
     if (scheme_.wsInEmptyBody.isSet) return gaps_.set<&Scheme::wsInEmptyBody>(close);
     if (text_.lineFeeds(close) == 0 && gaps_.lineFeeds(keys.beforeClose.rule) > 0) return;
-    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    gaps_.setInFront(close, keys.beforeClose, keepsBlankLines(keys));
 }
 
 void BodyRules::joinLines(TokenIndex brace) {

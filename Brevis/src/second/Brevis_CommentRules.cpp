@@ -11,6 +11,7 @@ void CommentRules::run() {
         const TokenIndex first = token;
         while (token < text_.size() && text_.isTrivia(token)) ++token;
         ownLines(first, token);
+        behindCode(first, token);
         beforeDirectives(first, token);
     }
 }
@@ -23,6 +24,26 @@ void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
     if (partner != 0 && partner < behind) return;
     for (TokenIndex token = first; token < behind; ++token) {
         if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
+    }
+}
+
+// A comment that stands right below one behind code, in its column and not in that of the code that follows, goes on
+// with it.
+void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
+    TokenIndex anchor = 0;
+    for (TokenIndex token = first; token < behind; ++token) {
+        if (!text_.isComment(token) || !gaps_.startsLine(token)) {
+            anchor = text_.isComment(token) ? token : 0;
+            continue;
+        }
+        const int column = anchor == 0 ? 0 : text_.column(token, scheme_.tabSize);
+        if (anchor == 0 || text_.lineFeeds(token) != 1 || text_.kind(token) != text_.kind(anchor) ||
+            column != text_.column(anchor, scheme_.tabSize) ||
+            (behind < text_.size() && column == text_.column(behind, scheme_.tabSize))) {
+            anchor = 0;
+            continue;
+        }
+        gaps_.setScope(token, gaps_.addScope({.anchor = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
     }
 }
 
