@@ -32,14 +32,16 @@ foreach(page man/man1/corvane-format.1 man/man1/corvane-inspect.1 man/man1/corva
   endif()
 endforeach()
 
-# The program reads the scheme that stands beside it: given the example's indent, it formats as the example does.
-run(${prefix}/bin/corvane-format)
+# The program reads the scheme that stands beside it: given the example's indent, it formats as the example does. The
+# scheme of the source tree is none of its parents'.
+set(program ${prefix}/bin/corvane-format --assume-filename /inventory.cpp)
+run(${program})
 set(plain "${output}")
 set(scheme ${prefix}/share/corvane/schemes/Corvane.fsc)
 file(READ ${scheme} text)
 string(REGEX REPLACE "INDENT_FN_CONTENT \"[^\"]*\"" "INDENT_FN_CONTENT \"  \"" text "${text}")
 file(WRITE ${scheme} "${text}")
-run(${prefix}/bin/corvane-format)
+run(${program})
 set(wanted "${output}")
 if(wanted STREQUAL plain)
   message(FATAL_ERROR "${prefix}/bin/corvane-format doesn't read ${scheme}.")

@@ -67,7 +67,9 @@ INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(findGoldenFiles().
 
 // ---- What the second edition does otherwise than the first
 
+// A shipped scheme shows a style, and no rule.
 bool isOfSecondEdition(const GoldenCase& golden) {
+    if (golden.scheme.parent_path() == sourceDirectory() / "schemes") return false;
     std::int32_t edition = 1;
     return readScheme(golden.scheme).getInt("EDITION", edition) && edition == 2;
 }

@@ -55,6 +55,7 @@ void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
             anchor = 0;
             continue;
         }
+        gaps_.keep(token);
         gaps_.setScope(token, gaps_.addScope({.anchor = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
     }
 }
