@@ -101,21 +101,4 @@ TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
     return isBehindSign ? first : token;
 }
 
-bool GapTable::startsLine(TokenIndex token) const {
-    if (token == 1 || Trn::isLineToken(text_->kind(token - 1))) return true;
-    switch (gaps_[token].sort) {
-        case Gap::Sort::Keep:
-        case Gap::Sort::Fixed:
-        case Gap::Sort::LineColumn:
-            return text_->lineFeeds(token) > 0;
-        case Gap::Sort::Blanks:
-        case Gap::Sort::Column:
-            return false;
-        case Gap::Sort::Lines:
-        case Gap::Sort::Break:
-            return true;
-    }
-    return false;
-}
-
 }  // namespace Brevis

@@ -80,7 +80,21 @@ public:
     std::string_view tail(GapRule rule) const { return values_[index(rule)].tail; }
 
     // Whether a line begins at the token as the decisions stand.
-    bool startsLine(TokenIndex token) const;
+    bool startsLine(TokenIndex token) const {
+        switch (gaps_[token].sort) {
+            case Gap::Sort::Lines:
+            case Gap::Sort::Break:
+                return true;
+            case Gap::Sort::Keep:
+            case Gap::Sort::Fixed:
+            case Gap::Sort::LineColumn:
+                if (text_->lineFeeds(token) > 0) return true;
+                break;
+            default:
+                break;
+        }
+        return token == 1 || Trn::isLineToken(text_->kind(token - 1));
+    }
 
 private:
     struct Value {

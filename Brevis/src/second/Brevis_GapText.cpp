@@ -2,9 +2,8 @@
 #include "second/Brevis_GapText.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
-
-#include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
 
@@ -15,17 +14,32 @@ namespace {
 
 bool isBlankSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f'; }
 
-bool isWordChar(char c) {
+constexpr bool isWordChar(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '$' ||
            static_cast<unsigned char>(c) > 0x7F;
 }
 
-bool isQuote(char c) { return c == '"' || c == '\''; }
+constexpr bool isQuote(char c) { return c == '"' || c == '\''; }
 
 // Two characters with which an operator, a comment or a number goes on.
 constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||", "==", "<=", ">=", "!=", "+=",
                                              "-=", "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%",
                                              "%>", "%:", ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
+
+// The characters that may join with another one at all; brackets, commas and semicolons never do.
+constexpr std::array<bool, 256> joiningChars = [] {
+    std::array<bool, 256> joins{};
+    for (int c = 0; c < 256; ++c) {
+        const char at = static_cast<char>(c);
+        joins[static_cast<std::size_t>(c)] = isWordChar(at) || isQuote(at) || at == '\\';
+    }
+    for (const std::string_view pair : joiningPairs) {
+        for (const char c : pair) joins[static_cast<unsigned char>(c)] = true;
+    }
+    return joins;
+}();
+
+bool mayJoin(char c) { return joiningChars[static_cast<unsigned char>(c)]; }
 
 bool isWhiteSpace(const char* at, const char* end) {
     while (at != end && isBlankSpace(*at)) ++at;
@@ -38,6 +52,47 @@ std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::Tok
     while (end > begin && isBlankSpace(text[end - 1])) --end;
     return end;
 }
+
+// Whether the token is one of a pair: `<` and `>` are where they hold arguments or parameters.
+bool isPaired(Trn::TokenKind kind, Role role) {
+    switch (kind) {
+        case Kind::OpenParen:
+        case Kind::CloseParen:
+        case Kind::OpenBrace:
+        case Kind::CloseBrace:
+        case Kind::OpenBracket:
+        case Kind::CloseBracket:
+            return true;
+        case Kind::Less:
+        case Kind::Greater:
+        case Kind::ShiftRight:
+            return role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
+        default:
+            return false;
+    }
+}
+
+// What a text has beside the characters of one column.
+struct WideBytes {
+    bool hasTab = false;
+    bool isMultiByte = false;
+
+    explicit WideBytes(std::string_view text) {
+        unsigned char all = 0;
+        int tabs = 0;
+        for (const char c : text) {
+            all |= static_cast<unsigned char>(c);
+            tabs |= c == '\t' ? 1 : 0;
+        }
+        hasTab = tabs != 0;
+        isMultiByte = all > 0x7F;
+    }
+    // Names may have white space inside, and so may all that is no sign, keyword or number.
+    bool areNotIn(Trn::TokenKind kind) const {
+        if (isMultiByte) return false;
+        return !hasTab || kind == Kind::Number || (kind >= Kind::Semicolon && kind <= Kind::Void);
+    }
+};
 
 // Goes through the line feeds of a text from its front to its end.
 class LineFeeds {
@@ -65,6 +120,7 @@ GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
     LineFeeds feeds(source);
+    const WideBytes wide(source);
     std::size_t end = 0;
     std::uint32_t line = 0;
     TokenIndex index = 1;
@@ -88,42 +144,10 @@ GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
         line += inside;
         if (isEnd) break;
         token.role = table.role(index);
+        token.isNarrow = wide.areNotIn(kind);
+        token.isBracket = isPaired(kind, token.role);
     }
     tokens_.resize(index + 1);
-}
-
-TokenIndex GapText::partner(TokenIndex index) const {
-    switch (kind(index)) {
-        case Kind::OpenParen:
-        case Kind::CloseParen:
-        case Kind::OpenBrace:
-        case Kind::CloseBrace:
-        case Kind::OpenBracket:
-        case Kind::CloseBracket:
-            return table_->partner(index);
-        case Kind::Less:
-        case Kind::Greater:
-        case Kind::ShiftRight: {
-            const Role role = this->role(index);
-            const bool isBracket =
-                role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
-            return isBracket ? table_->partner(index) : 0;
-        }
-        default:
-            return 0;
-    }
-}
-
-TokenIndex GapText::next(TokenIndex index) const {
-    do ++index;
-    while (index < size() && isTrivia(index));
-    return std::min(index, size());
-}
-
-TokenIndex GapText::previous(TokenIndex index) const {
-    do --index;
-    while (index > 0 && isTrivia(index));
-    return index;
 }
 
 bool GapText::wouldJoin(TokenIndex index) const {
@@ -132,6 +156,7 @@ bool GapText::wouldJoin(TokenIndex index) const {
     if (first.begin == first.end || second.begin == second.end) return false;
     const char last = source_[first.end - 1];
     const char next = source_[second.begin];
+    if (!mayJoin(last) || !mayJoin(next)) return false;
     if (last == '\\' || next == '\\') return true;
     if (first.kind == Kind::Number && (next == '.' || isQuote(next))) return true;
     if (first.kind == Kind::Number && (next == '+' || next == '-')) {
@@ -146,7 +171,7 @@ bool GapText::wouldJoin(TokenIndex index) const {
 int GapText::column(TokenIndex index, int tabSize) const {
     const std::size_t begin = tokens_[index].begin;
     const std::size_t feed = begin == 0 ? std::string_view::npos : source_.rfind('\n', begin - 1);
-    return columnBehind(slice(feed == std::string_view::npos ? 0 : feed + 1, begin), 0, tabSize);
+    return Brevis::columnBehind(slice(feed == std::string_view::npos ? 0 : feed + 1, begin), 0, tabSize);
 }
 
 }  // namespace Brevis

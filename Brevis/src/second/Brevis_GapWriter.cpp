@@ -27,16 +27,26 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
       columns_(scheme.tabSize),
       sourceColumns_(scheme.tabSize),
       bases_(gaps.scopes().size()) {
-    const std::vector<IndentScope>& scopes = gaps.scopes();
+    findAnchors();
+    lines_.push_back({});  // of the scopes without an anchor
+}
+
+// Only of scopes that indent a line: most hold none.
+void GapWriter::findAnchors() {
+    const std::vector<IndentScope>& scopes = gaps_.scopes();
+    std::vector<bool> isUsed(scopes.size());
+    for (TokenIndex token = 1; token < text_.size(); ++token) {
+        if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Sort::Blanks) continue;
+        for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base) isUsed[scope] = true;
+    }
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
-        if (scopes[scope].isAnchored) anchored_.push_back(scope);
+        if (isUsed[scope] && scopes[scope].isAnchored) anchored_.push_back(scope);
     }
     // Those of the walk are in order, and so are those that came later.
     const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
     const auto later = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
     if (!std::is_sorted(later, anchored_.end(), isEarlier)) std::stable_sort(later, anchored_.end(), isEarlier);
     std::inplace_merge(anchored_.begin(), later, anchored_.end(), isEarlier);
-    lines_.push_back({});  // of the scopes without an anchor
 }
 
 // What most gaps are: within a line before and afterwards. False for any other, of which nothing is written.
@@ -90,7 +100,7 @@ void GapWriter::run() {
             writeToken(token);
             if constexpr (isMeasuring) laidColumn_ = column();
         } else {
-            if constexpr (isMeasuring) laidColumn_ = columnBehind(text_.text(token), laidColumn_, scheme_.tabSize);
+            if constexpr (isMeasuring) laidColumn_ = text_.columnBehind(token, laidColumn_, scheme_.tabSize);
             copyTo(at.end);
         }
     }

@@ -45,6 +45,7 @@ private:
         std::uint32_t sourceBehind = 0;
     };
 
+    void findAnchors();
     template <bool isMeasuring>
     void run();
     std::size_t lineBeginOf(std::size_t offset) const;

@@ -24,6 +24,11 @@ void SpacingRules::run() {
             if (item->sort == Sort::Unread || item->sort == Sort::Assembler) token = item->last;
         }
         if (text_.isTrivia(token)) continue;
+        declarations.openItems(token);
+        if (text_.role(token) == Cpp::Role::None && !text_.isBracket(token)) {
+            expressions.keyword(token);
+            continue;
+        }
         while (!brackets_.empty() && brackets_.back().last <= token) brackets_.pop_back();
         expressions.format(token, innermost());
         brackets.format(token);
