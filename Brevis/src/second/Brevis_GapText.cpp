@@ -133,19 +133,19 @@ GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
         end = isEnd ? begin : endOf(text, begin, std::max(begin, buffer.end(index)), kind);
         const std::uint32_t inside = feeds.countUpTo(end);
         line += lineFeeds;
-        GapToken& token = tokens_[index];
-        token.begin = static_cast<std::uint32_t>(begin);
-        token.end = static_cast<std::uint32_t>(end);
-        token.line = line;
-        token.kind = static_cast<std::int8_t>(kind);
-        token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
-        token.isFixed = isFixed;
-        token.holdsLines = inside > 0;
+        const Role role = isEnd ? Role::None : table.role(index);
+        tokens_[index] = {.begin = static_cast<std::uint32_t>(begin),
+                          .end = static_cast<std::uint32_t>(end),
+                          .line = line,
+                          .kind = static_cast<std::int8_t>(kind),
+                          .role = role,
+                          .lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255)),
+                          .isFixed = isFixed,
+                          .holdsLines = inside > 0,
+                          .isBracket = isPaired(kind, role),
+                          .isNarrow = wide.areNotIn(kind)};
         line += inside;
         if (isEnd) break;
-        token.role = table.role(index);
-        token.isNarrow = wide.areNotIn(kind);
-        token.isBracket = isPaired(kind, token.role);
     }
     tokens_.resize(index + 1);
 }

@@ -298,8 +298,9 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             scratch_ += outLead(base);
             break;
         case Mode::Indent:
-            addBase(gap.scope);
-            break;
+            scratch_ += indentOf(gap.scope);
+            scratch_ += tail;
+            return;
         case Mode::Distance:
             if (goesWithCode(token)) return addAbove();
             if (isInSource && tail.empty()) return addDistance(token, base);
@@ -310,15 +311,26 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
     scratch_ += tail;
 }
 
+// What the lines of a scope with a text begin with. Lines that follow each other mostly have the same.
+std::string_view GapWriter::indentOf(std::uint32_t scope) {
+    if (scope == indentScope_) return indent_;
+    indent_.clear();
+    addBase(scope);
+    const GapRule rule = gaps_.scopes()[scope].rule;
+    if (rule != GapRule::None) indent_ += gaps_.text(rule);
+    indentScope_ = scope;
+    return indent_;
+}
+
 // The base of a scope, with what the scopes that it stands below add to it.
 void GapWriter::addBase(std::uint32_t scope) {
     const IndentScope& inner = gaps_.scopes()[scope];
     if (inner.isAnchored || inner.base == scope) {
-        scratch_ += outLead(bases_[scope]);
+        indent_ += outLead(bases_[scope]);
         return;
     }
     addBase(inner.base);
-    if (inner.isBelow) scratch_ += gaps_.text(gaps_.scopes()[inner.base].rule);
+    if (inner.isBelow) indent_ += gaps_.text(gaps_.scopes()[inner.base].rule);
 }
 
 // Whether the code behind a directive begins a line, and closes nothing.
@@ -399,6 +411,7 @@ void GapWriter::findNextAnchor() {
 }
 
 void GapWriter::noteAnchors(TokenIndex token) {
+    indentScope_ = noScope;
     Base fresh;
     fresh.line = lineIndex() & 0x7FFFFFFFU;
     fresh.at = static_cast<std::uint32_t>(position());

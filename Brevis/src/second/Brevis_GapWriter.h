@@ -68,6 +68,7 @@ private:
     void addFeeds(TokenIndex token, int lineFeeds);
     void addPageBreaks(TokenIndex token);
     void addLead(TokenIndex token, std::string_view tail);
+    std::string_view indentOf(std::uint32_t scope);
     void addBase(std::uint32_t scope);
     bool startsBelow(TokenIndex directive);
     void addAbove();
@@ -127,6 +128,10 @@ private:
     bool hasLine_ = false;     // the last one of `lines_` is this line
     std::vector<Line> lines_;  // those on which anchors stand
     LineColumns columns_, sourceColumns_;
+
+    static constexpr std::uint32_t noScope = 0xFFFFFFFF;
+    std::uint32_t indentScope_ = noScope;  // whose lines begin with `indent_`, as long as no anchor comes
+    std::string indent_;
 
     std::vector<Base> bases_;              // of the scopes
     std::vector<std::uint32_t> anchored_;  // the scopes with an anchor, in the order of their anchors
