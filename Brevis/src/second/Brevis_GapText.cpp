@@ -42,6 +42,7 @@ constexpr std::array<bool, 256> joiningChars = [] {
 bool mayJoin(char c) { return joiningChars[static_cast<unsigned char>(c)]; }
 
 bool isWhiteSpace(const char* at, const char* end) {
+    if (end - at == 1 && *at == ' ') return true;
     while (at != end && isBlankSpace(*at)) ++at;
     return at == end;
 }
@@ -72,26 +73,25 @@ bool isPaired(Trn::TokenKind kind, Role role) {
     }
 }
 
+// Signs have neither white space nor bytes beyond ASCII in them. Words may have both: `A::` and a line feed belong to
+// the `operator` behind them.
+bool isSign(Trn::TokenKind kind) { return kind >= Kind::Semicolon && kind <= Kind::ArrowStar; }
+
 // What a text has beside the characters of one column.
 struct WideBytes {
     bool hasTab = false;
     bool isMultiByte = false;
 
     explicit WideBytes(std::string_view text) {
-        unsigned char all = 0;
-        int tabs = 0;
+        unsigned char all = 0, tabs = 0;
         for (const char c : text) {
             all |= static_cast<unsigned char>(c);
-            tabs |= c == '\t' ? 1 : 0;
+            tabs |= static_cast<unsigned char>(c == '\t');
         }
         hasTab = tabs != 0;
         isMultiByte = all > 0x7F;
     }
-    // Names may have white space inside, and so may all that is no sign, keyword or number.
-    bool areNotIn(Trn::TokenKind kind) const {
-        if (isMultiByte) return false;
-        return !hasTab || kind == Kind::Number || (kind >= Kind::Semicolon && kind <= Kind::Void);
-    }
+    bool mayBeIn(Trn::TokenKind kind) const { return (hasTab || isMultiByte) && !isSign(kind); }
 };
 
 // Goes through the line feeds of a text from its front to its end.
@@ -130,8 +130,13 @@ GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
         const std::size_t begin = isEnd ? source.size() : std::max(buffer.begin(index), end);
         const std::uint32_t lineFeeds = feeds.countUpTo(begin);
         const bool isFixed = !isWhiteSpace(text + end, text + begin);
-        end = isEnd ? begin : endOf(text, begin, std::max(begin, buffer.end(index)), kind);
-        const std::uint32_t inside = feeds.countUpTo(end);
+        if (isFixed) hasFixed_ = true;
+        end = isEnd ? begin : std::max(begin, buffer.end(index));
+        std::uint32_t inside = 0;
+        if (!isSign(kind)) {
+            end = endOf(text, begin, end, kind);
+            inside = feeds.countUpTo(end);
+        }
         line += lineFeeds;
         const Role role = isEnd ? Role::None : table.role(index);
         tokens_[index] = {.begin = static_cast<std::uint32_t>(begin),
@@ -143,7 +148,7 @@ GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
                           .isFixed = isFixed,
                           .holdsLines = inside > 0,
                           .isBracket = isPaired(kind, role),
-                          .isNarrow = wide.areNotIn(kind)};
+                          .isNarrow = !wide.mayBeIn(kind)};
         line += inside;
         if (isEnd) break;
     }

@@ -88,6 +88,8 @@ public:
 
     const std::vector<Cpp::OutlineItem>& items() const { return table_->outline().items(); }
     std::string_view source() const { return source_; }
+    // Whether any gap holds more than white space.
+    bool hasFixed() const { return hasFixed_; }
 
 private:
     std::string_view slice(std::size_t begin, std::size_t end) const { return {source_.data() + begin, end - begin}; }
@@ -95,6 +97,7 @@ private:
     std::string_view source_;
     const Cpp::TokenTable* table_;
     std::vector<GapToken> tokens_;
+    bool hasFixed_ = false;
 };
 
 }  // namespace Brevis

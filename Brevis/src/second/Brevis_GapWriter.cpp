@@ -18,6 +18,12 @@ constexpr std::string_view pageBreaks = "\f\v";
 // Nothing is aligned with what stands further to the right: a line of a million tokens would make a million such lines.
 constexpr int widestColumn = 2000;
 
+// For gaps, which hold one blank or none as a rule.
+bool areSame(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    return a.empty() || (a[0] == b[0] && (a.size() == 1 || a == b));
+}
+
 }  // namespace
 
 GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
@@ -27,7 +33,6 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
       columns_(scheme.tabSize),
       sourceColumns_(scheme.tabSize),
       bases_(gaps.scopes().size()) {
-    findAnchors();
     lines_.push_back({});  // of the scopes without an anchor
 }
 
@@ -50,57 +55,55 @@ void GapWriter::findAnchors() {
 }
 
 // What most gaps are: within a line before and afterwards. False for any other, of which nothing is written.
-template <bool isMeasuring>
+template <GapWriter::Columns columns>
 bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
     const Gap gap = gaps_[token];
     const GapToken& before = text_.token(token - 1);
     if (at.lineFeeds > 0 || gap.sort > Sort::Blanks || token == 1 || Trn::isLineToken(before.kind)) return false;
     isLineStart_ = false;
-    if (gap.sort != Sort::Blanks) {
-        if constexpr (isMeasuring) laidColumn_ = columnBehind(text_.gap(token), laidColumn_, scheme_.tabSize);
-        copyTo(at.begin);
-        return true;
-    }
-    const std::string_view text = gaps_.text(gap.rule);
-    if constexpr (isMeasuring) laidColumn_ = columnBehind(text, laidColumn_, scheme_.tabSize);
-    const bool isSame = text.size() == at.begin - before.end &&
-                        std::equal(text.begin(), text.end(), text_.source().begin() + before.end);
-    if (isSame) {
+    const std::string_view there = text_.gap(token);
+    const std::string_view wanted = gap.sort == Sort::Blanks ? gaps_.text(gap.rule) : there;
+    if constexpr (columns == Columns::OfAll) laidColumn_ = columnBehind(wanted, laidColumn_, scheme_.tabSize);
+    if (areSame(wanted, there)) {
         copyTo(at.begin);
     } else {
-        replaceTo(at.begin, text);
+        replaceTo(at.begin, wanted);
     }
     return true;
 }
 
-template <bool isMeasuring>
-void GapWriter::run() {
-    const bool isMarking = scheme_.convertWs != 0 && !isMeasuring;
+template <GapWriter::Columns columns>
+void GapWriter::run(TokenIndex last) {
+    const bool isMarking = scheme_.convertWs != 0 && columns == Columns::OfNone;
     const bool isTrimming = scheme_.removeTrailingWs;
-    const TokenIndex last = text_.size();
+    const TokenIndex end = text_.size();
+    findAnchors();
     findNextAnchor();
     for (TokenIndex token = 1;; ++token) {
         const GapToken& at = text_.token(token);
-        if constexpr (isMeasuring) (*places_)[token].gap = laidColumn_;
+        const bool hasPlace = columns == Columns::OfAll || (columns == Columns::OfComments && Trn::isComment(at.kind));
+        if (columns == Columns::OfComments && hasPlace) laidColumn_ = column();
+        if (hasPlace) (*places_)[token].gap = laidColumn_;
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if (token == last || !writeInLine<isMeasuring>(token, at)) {
+        if (token == end || !writeInLine<columns>(token, at)) {
             if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
             writeGap(token);
-            if constexpr (isMeasuring) laidColumn_ = column();
+            if constexpr (columns == Columns::OfAll) laidColumn_ = column();
         }
         if (fresh_ != nextAnchor_) noteBehind(token);
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if constexpr (isMeasuring) {
-            (*places_)[token].line = lineNumber_;
-            (*places_)[token].column = laidColumn_;
-        }
+        if (columns == Columns::OfComments && hasPlace) laidColumn_ = column();
+        if (hasPlace) (*places_)[token].column = laidColumn_;
+        if constexpr (columns != Columns::OfNone) (*places_)[token].line = lineNumber_;
         if (token == last) return;
         if (token >= nextAnchorToken_) noteAnchors(token);
         if (at.holdsLines || (isTrimming && Trn::isTrivia(at.kind))) {
             writeToken(token);
-            if constexpr (isMeasuring) laidColumn_ = column();
+            if constexpr (columns == Columns::OfAll) laidColumn_ = column();
         } else {
-            if constexpr (isMeasuring) laidColumn_ = text_.columnBehind(token, laidColumn_, scheme_.tabSize);
+            if constexpr (columns == Columns::OfAll) {
+                laidColumn_ = text_.columnBehind(token, laidColumn_, scheme_.tabSize);
+            }
             copyTo(at.end);
         }
     }
@@ -109,18 +112,23 @@ void GapWriter::run() {
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
     if (scheme_.convertWs != 0) marks_.reserve(2 * std::size_t{text_.size()});
-    run<false>();
+    run<Columns::OfNone>(text_.size());
     flush();
     if (scheme_.convertWs == 0) return std::move(out_);
     return convertBlanks(text_, gaps_, scheme_, out_, marks_);
 }
 
-std::vector<LaidPlace> GapWriter::measure() {
-    std::vector<LaidPlace> places(text_.size() + 1);
+template <GapWriter::Columns columns>
+std::vector<LaidPlace> GapWriter::measure(TokenIndex last) {
+    std::vector<LaidPlace> places(last + 1);
+    if (last == 0) return places;
     places_ = &places;
-    run<true>();
+    run<columns>(last);
     return places;
 }
+
+template std::vector<LaidPlace> GapWriter::measure<GapWriter::Columns::OfComments>(TokenIndex);
+template std::vector<LaidPlace> GapWriter::measure<GapWriter::Columns::OfAll>(TokenIndex);
 
 std::size_t GapWriter::lineBeginOf(std::size_t offset) const {
     const std::string_view source = text_.source();

@@ -25,7 +25,9 @@ void SpacingRules::run() {
         }
         if (text_.isTrivia(token)) continue;
         declarations.openItems(token);
-        if (text_.role(token) == Cpp::Role::None && !text_.isBracket(token)) {
+        const Cpp::Role role = text_.role(token);
+        const bool isBracket = text_.isBracket(token);
+        if ((role == Cpp::Role::None || role == Cpp::Role::StatementEnd) && !isBracket) {
             expressions.keyword(token);
             continue;
         }
@@ -34,7 +36,7 @@ void SpacingRules::run() {
         brackets.format(token);
         templates.format(token, innermost());
         declarations.format(token);
-        passBracket(token);
+        if (isBracket) passBracket(token);
     }
 }
 
