@@ -50,6 +50,7 @@ struct ProgramManual {
 
 extern const ProgramManual formatManual;
 extern const ProgramManual inspectManual;
+extern const ProgramManual inferManual;
 
 // The row of an option, by its name or letter. Throws std::logic_error if there is none.
 const OptionRow& optionRow(const ProgramManual& manual, std::string_view name);

@@ -67,12 +67,19 @@ void ProgressLine::disable() {
 }
 
 void ProgressLine::update(const RunProgress& progress) {
-    const Clock::time_point now = Clock::now();
-    if (!isWanted_ || now < next_ || !isInForeground()) return;
-    next_ = now + delay;
+    if (isDue()) show(progressText(progress, Clock::now() - start_));
+}
+
+void ProgressLine::update(const std::string& text) {
+    if (isDue()) show(text);
+}
+
+bool ProgressLine::isDue() const { return isWanted_ && Clock::now() >= next_ && isInForeground(); }
+
+void ProgressLine::show(const std::string& text) {
+    next_ = Clock::now() + delay;
     // A line that is cut in two could not be erased.
-    const std::string text = progressText(progress, now - start_).substr(0, terminalWidth() - 1);
-    std::fputs((eraseLine + text).c_str(), stderr);
+    std::fputs((eraseLine + text.substr(0, terminalWidth() - 1)).c_str(), stderr);
     isShown_ = true;
 }
 

@@ -30,12 +30,16 @@ public:
 
     bool isWanted() const { return isWanted_; }
     void disable();
-    // Shows it, unless it was shown a moment ago or the run has only begun.
+    // Shows it, unless something was shown a moment ago or the run has only begun.
     void update(const RunProgress& progress);
+    void update(const std::string& text);
     // Takes the line away, if it is there.
     void erase();
 
 private:
+    bool isDue() const;
+    void show(const std::string& text);
+
     bool isWanted_;
     bool isShown_ = false;
     const Clock::time_point start_ = Clock::now();

@@ -27,8 +27,8 @@ bool writePages(const std::filesystem::path& directory, const Console::ProgramMa
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 2 && writePages(argv[1], Console::formatManual) && writePages(argv[1], Console::inspectManual))
-        return 0;
+    const auto areWritten = [&](auto... manuals) { return (writePages(argv[1], *manuals) && ...); };
+    if (argc == 2 && areWritten(&Console::formatManual, &Console::inspectManual, &Console::inferManual)) return 0;
     std::cerr << "corvane-pages: could not write the pages\n";
     return 2;
 }

@@ -44,6 +44,12 @@ TokenIndex RoleFinder::readDeclared(TokenIndex at) {
             beginOperand();
             return at;
         case Kind::Arrow:
+            // `MACRO(name)->Call(1);` at file level.
+            if (!scope.hasAuto && kind(next(at)) == Kind::Identifier && kind(next(next(at))) == Kind::OpenParen) {
+                scope.declares = false;
+                scope.hasOperand = true;
+                return readValue(at);
+            }
             set(at, Role::TrailingReturn);
             scope.isTail = false;
             scope.hasName = true;

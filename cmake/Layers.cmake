@@ -3,7 +3,7 @@
 set(front Vellum Trn Cpp)
 set(engine Brevis/src)
 set(engine_folders "")
-foreach(folder scheme guard run first first/text first/expr first/align first/format first/wrap second)
+foreach(folder scheme guard run first first/text first/expr first/align first/format first/wrap second infer)
   get_filename_component(name ${folder} NAME)
   set(${name} ${engine}/${folder})
   list(APPEND engine_folders ${engine}/${folder})
@@ -12,7 +12,7 @@ list(JOIN front " " front)
 list(JOIN engine_folders " " engine_folders)
 
 set(host BrevisConfigure)
-foreach(folder disk files projects batch store settings editor help)
+foreach(folder disk files projects batch store settings editor inference help)
   list(APPEND host_folders ${host}/${folder})
 endforeach()
 list(JOIN host_folders " " host_folders)
@@ -31,6 +31,7 @@ set(layers
   "${wrap}: ${front} ${scheme} ${text} ${expr}"
   "${first}: ${front} ${scheme} ${guard} ${run} ${text} ${expr} ${align} ${format} ${wrap}"
   "${second}: ${front} ${scheme} ${guard} ${run}"
+  "${infer}: ${front} ${scheme} ${run} ${second}"
   "${engine}: ${front} ${scheme} ${run} ${first} ${second}"
   "include:"
   "include/corvane:"
@@ -43,6 +44,7 @@ set(layers
   "${host}/store: ${front} ${scheme} ${host}"
   "${host}/settings: ${front} ${scheme} ${host}"
   "${host}/editor: ${front} ${engine} ${scheme} ${host} ${host}/store ${host}/settings"
+  "${host}/inference: ${front} ${engine} ${engine_folders} ${host}"
   "${host}/help: ${scheme}"
   "${host}/qt: ${front} ${engine} ${engine_folders} ${host} ${host_folders}"
   "Console: ${front} ${engine} ${engine_folders} ${host} ${host_folders}")

@@ -16,7 +16,7 @@ std::string withoutBackslashes(std::string text) {
 }
 
 TEST(Manual, TellsEveryOptionEverywhere) {
-    for (const ProgramManual* manual : {&formatManual, &inspectManual}) {
+    for (const ProgramManual* manual : {&formatManual, &inspectManual, &inferManual}) {
         const std::string help = helpText(*manual);
         const std::string page = withoutBackslashes(manualPage(*manual, "1"));
         const std::string bash = bashCompletion(*manual), zsh = zshCompletion(*manual), fish = fishCompletion(*manual);

@@ -25,7 +25,7 @@ file(MAKE_DIRECTORY ${DIRECTORY})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${DIRECTORY}/first)
 file(RENAME ${DIRECTORY}/first ${prefix})
 
-foreach(page man/man1/corvane-format.1 man/man1/corvane-inspect.1 bash-completion/completions/corvane-format
+foreach(page man/man1/corvane-format.1 man/man1/corvane-inspect.1 man/man1/corvane-infer.1 bash-completion/completions/corvane-format
         zsh/vendor-completions/_corvane-inspect fish/vendor_completions.d/corvane-format.fish doc/corvane/copyright)
   if(NOT EXISTS ${prefix}/share/${page})
     message(FATAL_ERROR "${page} is not installed.")

@@ -35,6 +35,8 @@ private:
             inputs_[(path.parent_path() / path.stem()).string()] = path;
         } else if (path.extension() == ".expected" || path.extension() == ".refused") {
             expectations_.push_back(path);
+        } else if (path.extension() == ".first" && fs::exists(fs::path(path).replace_extension(".expected"))) {
+            // Belongs to that case.
         } else {
             files_.orphans.push_back(path.string() + ": neither input, scheme nor expectation");
         }

@@ -14,6 +14,9 @@ struct GoldenCase {
     std::filesystem::path scheme;    // empty if there is none of that name
     std::filesystem::path expected;  // the formatted text, or the messages if `refused`
     bool refused = false;
+
+    // Beside the expectation of a scheme of the second edition: what the first makes of it, if that is something else.
+    std::filesystem::path first() const { return std::filesystem::path(expected).replace_extension(".first"); }
 };
 
 inline void PrintTo(const GoldenCase& golden, std::ostream* os) { *os << golden.name; }

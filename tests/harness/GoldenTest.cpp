@@ -65,6 +65,34 @@ std::string testName(const testing::TestParamInfo<GoldenCase>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(findGoldenFiles().cases), testName);
 
+// ---- What the second edition does otherwise than the first
+
+bool isOfSecondEdition(const GoldenCase& golden) {
+    std::int32_t edition = 1;
+    return readScheme(golden.scheme).getInt("EDITION", edition) && edition == 2;
+}
+
+std::vector<GoldenCase> casesOfSecondEdition() {
+    std::vector<GoldenCase> cases = findGoldenFiles().cases;
+    std::erase_if(cases, [](const GoldenCase& golden) { return golden.refused || !isOfSecondEdition(golden); });
+    return cases;
+}
+
+class EditionsTest : public testing::TestWithParam<GoldenCase> {};
+
+TEST_P(EditionsTest, StandBesideEachOther) {
+    Brevis::PropertySet scheme = readScheme(GetParam().scheme);
+    scheme.erase("EDITION");
+    const FormatRun run = formatText(scheme, readFile(GetParam().input));
+    std::string actual = run.isFormatted ? run.text : messageLines(run.messages);
+    if (actual == readFile(GetParam().expected)) actual.clear();
+    const std::filesystem::path path = GetParam().first();
+    if (updating()) actual.empty() ? static_cast<void>(std::filesystem::remove(path)) : writeFile(path, actual);
+    EXPECT_EQ(std::filesystem::exists(path) ? readFile(path) : "", actual);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, EditionsTest, testing::ValuesIn(casesOfSecondEdition()), testName);
+
 // A case that gets lost by a slip in a name would go unnoticed otherwise.
 TEST(GoldenFiles, BelongTogetherAndAreAllThere) {
     const GoldenFiles files = findGoldenFiles();

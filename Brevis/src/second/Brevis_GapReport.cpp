@@ -162,6 +162,7 @@ Reason ChangeFinder::reasonOfGap(std::string_view before, std::string_view after
     }
     const Gap& gap = gaps_[token_];
     if (isIndent && isIndentOfScope(gap)) return reasonOfIndent();
+    if (token_ == text_.size() && scheme_.wsAtEndOfFile.isSet) return keyOf(ruleOf<&Scheme::wsAtEndOfFile>());
     const bool isKept = gap.rule == GapRule::None || gap.sort == Sort::Keep || gap.sort == Sort::Fixed;
     const bool losesLines = newFeeds > 0 && newFeeds < feeds && scheme_.maxBlankLines >= 0;
     if (losesLines && (isKept || gap.sort == Sort::Break)) return keyOf(ruleOf<&Scheme::maxBlankLines>());

@@ -90,24 +90,31 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     for (TokenIndex token = first; token <= last; ++token) passSource(token);
     columns_.push_back(sourceColumn_);
     Line& line = lines_[places_[first].line];
-    line = {first, first, places_[first].column, places_[first].column - columns_[0]};
+    line = {.first = first,
+            .token = first,
+            .column = places_[first].column,
+            .shift = places_[first].column - columns_[0],
+            .isBegun = isPlaced(first)};
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
-    if (gaps_.startsLine(first) && !followsColumn(first)) {
+    if (gaps_.startsLine(first) && line.isBegun) {
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
         }
     }
-    link();
+    link(line);
 }
 
-// A line that begins below a token of another line moves with that: where its own tokens come to stand is not known
-// yet.
-bool KeptColumns::followsColumn(TokenIndex first) const {
-    const IndentScope::Mode mode = gaps_.scopes()[gaps_[first].scope].mode;
-    return mode == IndentScope::Mode::Behind || mode == IndentScope::Mode::At;
+// A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing in
+// front of that token shares a column.
+bool KeptColumns::isPlaced(TokenIndex first) const {
+    const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
+    if (scope.mode != IndentScope::Mode::Behind && scope.mode != IndentScope::Mode::At) return true;
+    if (!scope.isAnchored || scope.anchor >= first) return false;
+    const Line& line = lines_[places_[scope.anchor].line];
+    return line.isBegun && line.firstLinked > scope.anchor;
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
@@ -161,9 +168,11 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     return true;
 }
 
-void KeptColumns::link() {
+void KeptColumns::link(Line& line) {
     linkBy(&Cell::start, &Cell::left, false);
     linkBy(&Cell::other, &Cell::right, true);
+    const auto linked = std::ranges::find_if(here_, [&](const Cell& cell) { return chainOf(cell) != 0; });
+    if (linked != here_.end()) line.firstLinked = linked->token;
     keepLinked(above_);
     above_.swap(here_);
 }

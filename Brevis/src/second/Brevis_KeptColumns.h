@@ -1,6 +1,7 @@
 // Columns that the author has made by hand: tokens behind more than one blank that stand below each other do so again.
 #pragma once
 
+#include <limits>
 #include <vector>
 
 #include "second/Brevis_GapTable.h"
@@ -42,13 +43,15 @@ private:
         TokenIndex token = 0;  // comes to stand in `column`
         int column = 0;
         int shift = 0;  // from the source to the result, of its first token
+        TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
+        bool isBegun = true;                                              // its first token is where it comes to stand
     };
 
     void readLine(TokenIndex first, TokenIndex last);
-    bool followsColumn(TokenIndex first) const;
+    bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
     bool readJoined(TokenIndex token, TokenIndex first);
-    void link();
+    void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(std::vector<Cell>& cells);
     void passSource(TokenIndex token);
