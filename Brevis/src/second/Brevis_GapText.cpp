@@ -115,8 +115,11 @@ private:
 
 }  // namespace
 
-GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
-    : source_(source), table_(&table), tokens_(table.tokens().size() + 1) {
+GapText::GapText(std::string_view source, Cpp::TokenTable table)
+    : source_(source),
+      brackets_(table.takeBrackets()),
+      outline_(table.takeOutline()),
+      tokens_(table.tokens().size() + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
     LineFeeds feeds(source);

@@ -31,8 +31,8 @@ static_assert(sizeof(GapToken) == 16);
 // Tokens count from 1, as those of the table, up to `size`, which is no token: its gap is the end of the text.
 class GapText {
 public:
-    // `source` has line feeds as line ends. The table must outlive this.
-    GapText(std::string_view source, const Cpp::TokenTable& table);
+    // `source`, which must outlive this, has line feeds as line ends.
+    GapText(std::string_view source, Cpp::TokenTable table);
 
     TokenIndex size() const { return static_cast<TokenIndex>(tokens_.size() - 1); }
     const GapToken& token(TokenIndex index) const { return tokens_[index]; }
@@ -56,7 +56,7 @@ public:
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
 
     // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
-    TokenIndex partner(TokenIndex index) const { return tokens_[index].isBracket ? table_->partner(index) : 0; }
+    TokenIndex partner(TokenIndex index) const { return tokens_[index].isBracket ? brackets_.partner(index) : 0; }
     bool isBracket(TokenIndex index) const { return tokens_[index].isBracket; }
     bool isOpening(TokenIndex index) const { return partner(index) > index; }
     // The next token that is no comment and no directive, and the last one in front.
@@ -86,7 +86,7 @@ public:
     // The column, from 0, at which the token stands in the source. Reads the line up to there.
     int column(TokenIndex index, int tabSize) const;
 
-    const std::vector<Cpp::OutlineItem>& items() const { return table_->outline().items(); }
+    const std::vector<Cpp::OutlineItem>& items() const { return outline_.items(); }
     std::string_view source() const { return source_; }
     // Whether any gap holds more than white space.
     bool hasFixed() const { return hasFixed_; }
@@ -95,7 +95,8 @@ private:
     std::string_view slice(std::size_t begin, std::size_t end) const { return {source_.data() + begin, end - begin}; }
 
     std::string_view source_;
-    const Cpp::TokenTable* table_;
+    Trn::BracketTable brackets_;
+    Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
     bool hasFixed_ = false;
 };
