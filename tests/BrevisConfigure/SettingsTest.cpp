@@ -100,7 +100,7 @@ TEST(UserPlaces, OnlyTheUsersOwnDirectoryGetsTheShippedSchemes) {
     EXPECT_TRUE(deliverShippedSchemes("").empty());
     EXPECT_TRUE(fs::is_empty(dir.path()));
     EXPECT_TRUE(deliverShippedSchemes(dir.file("corvane/schemes")).empty());
-    for (const char* file : {"Allman.fsc", "Corvane.fsc", "K&R.fsc"}) {
+    for (const char* file : {"Allman.fsc", "Corvane.fsc", "Google.fsc", "K&R.fsc"}) {
         const std::string path = userSchemeDirectory() + file;
         EXPECT_EQ(contents(shippedSchemeDirectory() + file), contents(path)) << file;
         EXPECT_FALSE(fileIsWritable(path)) << file;

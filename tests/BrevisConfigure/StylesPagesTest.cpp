@@ -84,7 +84,7 @@ TEST(StylesPages, KeepASchemeThatIsComplete) {
 
 // The shipped schemes leave some places alone, which a page can't show.
 TEST(StylesPages, KeepWhatAShippedSchemeSays) {
-    for (const char* name : {"Allman.fsc", "Corvane.fsc", "K&R.fsc"}) {
+    for (const char* name : {"Allman.fsc", "Corvane.fsc", "GNU.fsc", "Google.fsc", "K&R.fsc", "Linux.fsc"}) {
         std::istringstream in(TestFiles::contents(std::string(CORVANE_SOURCE_DIR "/schemes/") + name));
         PropertySet scheme;
         scheme.read(in);

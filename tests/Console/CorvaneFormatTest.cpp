@@ -40,7 +40,10 @@ TEST_F(CorvaneFormatTest, FindsSchemesByNameAndAPathWins) {
     dir.file("data/corvane/schemes/mine.fsc", eightScheme);
     dir.file("data/corvane/schemes/broken.fsc", "no scheme\n");
     fs::create_directory(dir.file("eight"));
-    const std::string list = "Allman (built-in)\nCorvane (built-in)\nK&R (built-in)\n";
+    const std::string list =
+        "Allman (built-in)\nChromium (built-in)\nCorvane (built-in)\nGNU (built-in)\nGoogle (built-in)\n"
+        "K&R (built-in)\nLLVM (built-in)\nLinux (built-in)\nMicrosoft (built-in)\nMozilla (built-in)\n"
+        "WebKit (built-in)\nWhitesmiths (built-in)\n";
     run("$F --list-schemes");
     EXPECT_EQ(0, status);
     EXPECT_EQ(list + "eight\n", out);
@@ -52,6 +55,12 @@ TEST_F(CorvaneFormatTest, FindsSchemesByNameAndAPathWins) {
     EXPECT_EQ(0u, out.find("# This scheme was found at " + dir.file("data/corvane/schemes/K&R.fsc") + "\nBrevis::"));
     run("cp .corvane.fsc Allman; $F -s Allman ugly.cpp");
     EXPECT_EQ(pretty, out);
+    for (const auto& [name, text] : {std::pair("Google", "void f() {\n  g();\n}\n"),
+                                     {"GNU", "void\nf ()\n{\n  g ();\n}\n"},
+                                     {"Linux", "void f()\n{\n\tg();\n}\n"}}) {
+        run(std::string("$F -s ") + name + " ugly.cpp");
+        EXPECT_EQ(text, out);
+    }
     run("$F -s seven ugly.cpp");
     EXPECT_EQ(2, status);
     EXPECT_NE(std::string::npos, err.find("broken.fsc(1) : error: ")) << err;
@@ -62,7 +71,7 @@ TEST_F(CorvaneFormatTest, FindsSchemesByNameAndAPathWins) {
     dir.file("config/corvane/settings.json", "{\"PropertySetStore\": \"" + dir.file("own") + "\"}");
     dir.file("own/Allman.fsc", "Brevis::PropertySet\n1\n\"Allman\"\n");
     run("$F --list-schemes");
-    EXPECT_EQ("Allman\nCorvane (built-in)\nK&R (built-in)\n", out);
+    EXPECT_EQ("Allman\n" + list.substr(list.find("Chromium")), out);
     EXPECT_FALSE(fs::exists(dir.file("own/K&R.fsc")));
     // Neither do they need any place of the user's.
     dir.file("config/corvane/settings.json", "{");

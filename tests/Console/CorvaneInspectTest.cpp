@@ -121,7 +121,8 @@ TEST_F(CorvaneInspectTest, ShowsChangedGapsAndWhatDecidedThem) {
                   "2:2\tINDENT_FN_CONTENT\t\\n \t\\n\\t\n");
         EXPECT_EQ(err, "");
     }
-    run("$I gaps -s Corvane gaps.cpp");
+    dir.file("first.fsc", "Brevis::PropertySet\n1\n\"s\"\n");
+    run("$I gaps -s first.fsc gaps.cpp");
     EXPECT_EQ(status, 2);
     EXPECT_NE(err.find("is for the first edition of the rules"), std::string::npos) << err;
     run("$I wrap -s second.fsc gaps.cpp");

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Brevis::PropertySet corvane() { return readScheme(sourceDirectory() / "schemes" / "Corvane.fsc"); }
+Brevis::PropertySet corvane() { return readSchemeNamed("first_corvane"); }
 
 // Some files of each package of real code, so that the test takes seconds.
 std::vector<fs::path> someRealFiles() {

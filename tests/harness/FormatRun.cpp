@@ -38,6 +38,11 @@ Brevis::PropertySet readScheme(const std::filesystem::path& path) {
     return scheme;
 }
 
+Brevis::PropertySet readSchemeNamed(const std::string& name) {
+    const std::filesystem::path own = sourceDirectory() / "tests" / "golden" / "schemes" / (name + ".fsc");
+    return readScheme(std::filesystem::exists(own) ? own : sourceDirectory() / "schemes" / (name + ".fsc"));
+}
+
 std::string withoutWhiteSpace(std::string_view text) {
     std::string result;
     result.reserve(text.size());

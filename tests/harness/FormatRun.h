@@ -32,6 +32,8 @@ std::filesystem::path sourceDirectory();
 // These throw std::runtime_error with the path when the file can't be read.
 std::string readFile(const std::filesystem::path& path);
 Brevis::PropertySet readScheme(const std::filesystem::path& path);
+// A scheme of the golden cases, which has the old shipped schemes of the first edition as first_..., or a shipped one.
+Brevis::PropertySet readSchemeNamed(const std::string& name);
 
 std::string withoutWhiteSpace(std::string_view text);
 // One line a token: its number and its text without white space.

@@ -89,6 +89,11 @@ void BodyRules::findLinkageKeys() {
     linkage_.keepsOneLine = nullptr;
     linkage_.beforeOpen = gapProperty<&Scheme::wsBeforeLinkageOpenBrace>();
     linkage_.indent = gapProperty<&Scheme::indentLinkageContent>();
+    // The closing brace stands below the line of the open one.
+    if (gaps_.lineFeeds(linkage_.beforeClose.rule) > 0) {
+        const bool breaks = gaps_.lineFeeds(linkage_.beforeOpen.rule) > 0;
+        linkage_.beforeClose = breaks ? linkage_.beforeOpen : GapProperty{nullptr, GapRule::LineFeed};
+    }
 }
 
 // A brace behind a label stands on the label's line or below it, and the closing one stands below.
@@ -174,13 +179,18 @@ bool BodyRules::format(TokenIndex brace, const BodyKeys& keys, const Cpp::Outlin
         return true;
     }
     formatFirst(text_.next(brace), keys);
-    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    gaps_.setInFront(close, keys.beforeClose, keepsBlankLines(keys));
     return false;
+}
+
+// What extern "C" holds is a part of a file more than a body.
+bool BodyRules::keepsBlankLines(const BodyKeys& keys) const {
+    return scheme_.keepBlankLinesAtBraces || keys.role == Role::LinkageBody;
 }
 
 // Empty lines of the source stay if the scheme says so.
 void BodyRules::formatFirst(TokenIndex token, const BodyKeys& keys) {
-    if (scheme_.keepBlankLinesAtBraces) {
+    if (keepsBlankLines(keys)) {
         gaps_.setBreak(token, keys.afterOpen);
     } else {
         gaps_.set(token, keys.afterOpen);
@@ -193,7 +203,7 @@ void BodyRules::formatShared(TokenIndex brace, const BodyKeys& keys) {
     if (gaps_.lineFeeds(keys.beforeOpen.rule) == 0) gaps_.set(brace, keys.beforeOpen);
     if (!holdsNamespace(brace)) formatFirst(text_.next(brace), keys);
     if (text_.kind(close - 1) == Kind::CloseBrace && !text_.startsLine(close)) return;
-    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    gaps_.setInFront(close, keys.beforeClose, keepsBlankLines(keys));
 }
 
 // Whether a namespace follows on the line.
@@ -217,6 +227,7 @@ bool BodyRules::sharesLine(TokenIndex brace, const Cpp::OutlineItem* owner) cons
 void BodyRules::formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays) {
     const bool isBehindHead = text_.isOnOneLine(text_.previous(brace), brace);
     const bool breaks = gaps_.lineFeeds(keys.beforeOpen.rule) > 0;
+    if (stays && isBehindHead && breaks) return gaps_.setInFront(brace, {nullptr, GapRule::Blank});
     if (stays && isBehindHead == breaks) return;
     if (keys.keepsBrace && isBehindHead == breaks) return;
     if (!breaks && keys.role == Role::FunctionBody && text_.kind(text_.previous(brace)) == Kind::Semicolon) return;
@@ -232,7 +243,7 @@ bool BodyRules::staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const {
 void BodyRules::formatEmpty(TokenIndex close, const BodyKeys& keys) {
     if (scheme_.wsInEmptyBody.isSet) return gaps_.set<&Scheme::wsInEmptyBody>(close);
     if (text_.lineFeeds(close) == 0 && gaps_.lineFeeds(keys.beforeClose.rule) > 0) return;
-    gaps_.setInFront(close, keys.beforeClose, scheme_.keepBlankLinesAtBraces);
+    gaps_.setInFront(close, keys.beforeClose, keepsBlankLines(keys));
 }
 
 void BodyRules::joinLines(TokenIndex brace) {

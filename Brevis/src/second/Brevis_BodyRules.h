@@ -35,6 +35,7 @@ private:
     const BodyKeys* keysOfBlock(TokenIndex brace, const Cpp::OutlineItem* owner) const;
     bool staysOnOneLine(TokenIndex brace, const BodyKeys& keys) const;
     void formatOpen(TokenIndex brace, const BodyKeys& keys, bool stays);
+    bool keepsBlankLines(const BodyKeys& keys) const;
     void formatFirst(TokenIndex token, const BodyKeys& keys);
     void formatShared(TokenIndex brace, const BodyKeys& keys);
     void formatEmpty(TokenIndex close, const BodyKeys& keys);

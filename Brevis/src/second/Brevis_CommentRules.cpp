@@ -11,18 +11,51 @@ void CommentRules::run() {
         const TokenIndex first = token;
         while (token < text_.size() && text_.isTrivia(token)) ++token;
         ownLines(first, token);
+        behindCode(first, token);
         beforeDirectives(first, token);
     }
 }
 
 // A comment that begins a line goes with the code behind it; one at the end of a body, and in front of a label as the
-// walk has found it, with what holds it.
+// walk has found it, with what holds it. In the column of a `} else` it tells of that.
 void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
     if (behind == text_.size() || isLabel(behind)) return;
     const TokenIndex partner = text_.partner(behind);
-    if (partner != 0 && partner < behind) return;
+    const bool isAtEnd = partner != 0 && partner < behind;
+    if (isAtEnd && !beginsElseLine(behind)) return;
+    const int column = isAtEnd ? text_.column(behind, scheme_.tabSize) : 0;
     for (TokenIndex token = first; token < behind; ++token) {
-        if (text_.isComment(token)) gaps_.setScope(token, gaps_[behind].scope);
+        if (!text_.isComment(token)) continue;
+        if (isAtEnd && text_.column(token, scheme_.tabSize) != column) continue;
+        gaps_.setScope(token, gaps_[behind].scope);
+    }
+}
+
+// Whether the brace stands where its scope says, with an `else` on its line.
+bool CommentRules::beginsElseLine(TokenIndex brace) const {
+    const TokenIndex next = text_.next(brace);
+    if (text_.kind(next) != Trn::Kind::Else || gaps_.startsLine(next) || !text_.startsLine(brace)) return false;
+    const Gap& gap = gaps_[brace];
+    return gap.sort == Gap::Sort::Keep || (gap.rule != GapRule::None && gaps_.text(gap.rule).ends_with('\n'));
+}
+
+// A comment that stands right below one behind code, in its column and not in that of the code that follows, goes on
+// with it.
+void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
+    TokenIndex anchor = 0;
+    for (TokenIndex token = first; token < behind; ++token) {
+        if (!text_.isComment(token) || !gaps_.startsLine(token)) {
+            anchor = text_.isComment(token) ? token : 0;
+            continue;
+        }
+        const int column = anchor == 0 ? 0 : text_.column(token, scheme_.tabSize);
+        if (anchor == 0 || text_.lineFeeds(token) != 1 || text_.kind(token) != text_.kind(anchor) ||
+            column != text_.column(anchor, scheme_.tabSize) ||
+            (behind < text_.size() && column == text_.column(behind, scheme_.tabSize))) {
+            anchor = 0;
+            continue;
+        }
+        gaps_.setScope(token, gaps_.addScope({.anchor = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
     }
 }
 

@@ -15,6 +15,8 @@ public:
 
 private:
     void ownLines(TokenIndex first, TokenIndex behind);
+    bool beginsElseLine(TokenIndex brace) const;
+    void behindCode(TokenIndex first, TokenIndex behind);
     void beforeDirectives(TokenIndex first, TokenIndex behind);
     bool isLabel(TokenIndex token);
 

@@ -318,6 +318,7 @@ void ContinuationColumns::place(TokenIndex token) {
     const Frame& frame = top();
     if (frame.isBody && !frame.isExpression) return;
     if (token == itemStart_ || (token == frame.last && text_.kind(token) == Kind::CloseBrace)) return;
+    if (text_.role(token) == Role::LambdaBody) return;
     if (scheme_.alignOperandsLeft && frame.isExpression && token != frame.last && placeOperand(token)) return;
     if (frame.isBracket && placeInList(token)) return;
     if (frame.colon == 0 || token <= frame.colon) return;

@@ -132,7 +132,8 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         const bool isEnd = kind == Kind::EndOfInput;
         const std::size_t begin = isEnd ? source.size() : std::max(buffer.begin(index), end);
         const std::uint32_t lineFeeds = feeds.countUpTo(begin);
-        const bool isFixed = !isWhiteSpace(text + end, text + begin);
+        // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
+        const bool isFixed = !isWhiteSpace(text + end, text + begin) || (end > 0 && text[end - 1] == '\\');
         if (isFixed) hasFixed_ = true;
         end = isEnd ? begin : std::max(begin, buffer.end(index));
         std::uint32_t inside = 0;

@@ -280,7 +280,7 @@ GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
 // statement as any other.
 void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
     if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
-    if (body.item == nullptr && !gaps_.isSet(keys.beforeOpen.rule)) return;
+    if (body.item == nullptr && keys.role != Role::LambdaBody && !gaps_.isSet(keys.beforeOpen.rule)) return;
     const Scope scope =
         keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
