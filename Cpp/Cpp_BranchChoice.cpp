@@ -104,10 +104,12 @@ public:
     BranchChoice(const Trn::TokenBuffer& buffer, Preference preference) : buffer_(buffer), preference_(preference) {
         for (TokenIndex token = 1; token < buffer_.size(); ++token) {
             const TokenKind kind = buffer_.kind(token);
-            if (kind == Kind::Directive)
+            if (kind == Kind::Directive) {
                 onDirective(token);
-            else if (!Trn::isComment(kind))
+                branch_ = groups_.empty() ? &whole_ : &groups_.back().branches.back();
+            } else if (!Trn::isComment(kind)) {
                 onToken(kind);
+            }
         }
     }
 
@@ -129,9 +131,9 @@ private:
     Branch& branch() { return groups_.empty() ? whole_ : groups_.back().branches.back(); }
 
     void onToken(TokenKind kind) {
-        branch().balance.step(stepOf(kind));
-        branch().lastKind = kind;
-        if (kind == Kind::Semicolon) ++branch().semicolons;
+        if (const int step = stepOf(kind); step != 0) branch_->balance.step(step);
+        branch_->lastKind = kind;
+        if (kind == Kind::Semicolon) ++branch_->semicolons;
     }
 
     void onDirective(TokenIndex token) {
@@ -184,6 +186,7 @@ private:
     const Trn::TokenBuffer& buffer_;
     Preference preference_;
     Branch whole_{};
+    Branch* branch_ = &whole_;  // that of the token at hand
     std::vector<Group> groups_;
     std::vector<Stretch> dead_;
 };

@@ -23,6 +23,8 @@ public:
 
     // The tokens of the text and what they are, if the parser was asked for them and the text was read. Null otherwise.
     const TokenTable* tokens() const { return storage_ ? storage_->tokens() : nullptr; }
+    // The same, if there are any, to be kept longer than the tree.
+    TokenTable takeTokens() { return storage_->takeTokens(); }
 
 private:
     std::shared_ptr<TreeStorage> storage_;

@@ -40,6 +40,7 @@ constexpr Spelling operatorWords[] = {
     {"bitor", Kind::Pipe},       {"xor", Kind::Caret},          {"compl", Kind::Tilde},     {"and_eq", Kind::AmpAssign},
     {"or_eq", Kind::PipeAssign}, {"xor_eq", Kind::CaretAssign}, {"not_eq", Kind::NotEqual},
 };
+constexpr std::size_t longestOperatorWord = 6;
 
 // Operators that the classic dialect doesn't know as one token, and the other spellings of brackets.
 constexpr Spelling newOperators[] = {
@@ -138,7 +139,7 @@ TokenKind Lexer::modernKeyword(std::string_view word) const {
     if (kind != Kind::Identifier) {
         return language_ == Language::c && isCppOnly(kind) ? TokenKind{Kind::Identifier} : kind;
     }
-    if (language_ == Language::c) return kind;
+    if (language_ == Language::c || word.size() > longestOperatorWord) return kind;
     for (const Spelling& op : operatorWords) {
         if (op.text == word) return op.kind;
     }

@@ -26,13 +26,14 @@ public:
     // first token. No pass of a formatter reads these.
     enum class Sketches { Made, LeftOut };
     // Whether every token of a text in the modern dialect gets its role. The root then keeps the tokens, and the lexer
-    // must outlive it.
-    enum class Roles { LeftOut, Found };
+    // must outlive it. Whoever reads nothing but these can have a tree without its leaves, in less time.
+    enum class Roles { LeftOut, Found, FoundAlone };
     explicit Parser(Sketches sketches = Sketches::Made, Dialect dialect = Dialect::classic,
                     Roles roles = Roles::LeftOut)
         : makesSketches_(sketches == Sketches::Made),
           isModern_(dialect == Dialect::modern),
-          findsRoles_(roles == Roles::Found) {}
+          findsRoles_(roles != Roles::LeftOut),
+          makesLeaves_(roles != Roles::FoundAlone) {}
 
     // Macros that the modern dialect needn't guess at. They must outlive the parser.
     void know(const MacroNames& macros) { macros_ = macros.empty() ? nullptr : &macros; }
@@ -353,9 +354,10 @@ private:
     };
     void recordTemplateHead(At first, At last);
 
-    // A leaf over tokens; its text is that of the source.
+    // A leaf over tokens; its text is that of the source. Null if leaves are left out.
     template <class Node>
     Ptr<Node> makeLeaf(At first, At last) {
+        if (!makesLeaves_) return nullptr;
         return make<Node>(sourceText(first, last), buffer_->first(first), buffer_->last(last));
     }
     std::string_view sourceText(At first, At last) const;
@@ -372,6 +374,7 @@ private:
     bool makesSketches_;
     bool isModern_;
     bool findsRoles_;
+    bool makesLeaves_;
     const MacroNames* macros_ = nullptr;
     // Of the text in hand, in the modern dialect
     std::string_view source_;

@@ -196,6 +196,7 @@ void Parser::addFunction(Stream& stream, InteriorNode& body, const ItemShape& sh
 }
 
 std::unique_ptr<FunctionHeadNode> Parser::modernHead(const ItemShape& shape) {
+    if (!makesLeaves_) return nullptr;
     auto head = make<FunctionHeadNode>();
     if (shape.nameFirst > shape.first) {
         head->returnType = makeLeaf<FunctionReturnNode>(shape.first, shapes_->previous(shape.nameFirst));
@@ -259,6 +260,7 @@ void Parser::addData(Stream& stream, InteriorNode& body, const ItemShape& shape)
             return;
         }
     }
+    if (!makesLeaves_) return stream.seek(shape.last + 1);
     auto data = make<DataDeclNode>();
     data->type = makeLeaf<TypeNode>(shape.first, shapes_->previous(shape.nameFirst));
     data->name = makeLeaf<IdNode>(shape.nameFirst, shape.nameLast);

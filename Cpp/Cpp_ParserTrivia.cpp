@@ -99,6 +99,7 @@ void Parser::passRest(Stream& stream, const Token& token) {
 }
 
 void Parser::attachTrivia(Stream& stream, InteriorNode& node) {
+    if (!makesLeaves_) return dropTrivia(stream);
     while (isTrivia(stream.peek().kind())) node.addChild(parseTrivia(stream));
 }
 

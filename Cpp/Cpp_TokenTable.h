@@ -25,6 +25,9 @@ public:
     // Of a bracket, or of a `<` or `>` that may be one: see Trn::BracketTable.
     Trn::TokenIndex partner(Trn::TokenIndex bracket) const { return brackets_.partner(bracket); }
     const Outline& outline() const { return outline_; }
+    // For whoever needs these longer than the tokens.
+    Trn::BracketTable takeBrackets() { return std::move(brackets_); }
+    Outline takeOutline() { return std::move(outline_); }
 
 private:
     Trn::TokenBuffer tokens_;

@@ -42,6 +42,7 @@ public:
     // The tokens of the text and what they are, if the parser was asked for them. Null otherwise.
     const TokenTable* tokens() const { return tokens_ ? &*tokens_ : nullptr; }
     void keep(TokenTable tokens) { tokens_ = std::move(tokens); }
+    TokenTable takeTokens() { return *std::exchange(tokens_, std::nullopt); }
 
 private:
     static constexpr std::size_t alignment = alignof(std::max_align_t) / 2;

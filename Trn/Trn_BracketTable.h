@@ -8,8 +8,8 @@
 namespace Trn {
 
 // Made in one pass over the tokens. Brackets are `( [ {`. A `<` gets a partner too where a `>` at its own depth could
-// close it, with no `;` between the two; whether the two are brackets is for the grammar to say. The buffer must
-// outlive the table.
+// close it, with no `;` between the two; whether the two are brackets is for the grammar to say. The buffer is needed
+// only while the table is made.
 class BracketTable {
 public:
     explicit BracketTable(const TokenBuffer& buffer);

@@ -9,16 +9,12 @@ using Mode = IndentScope::Mode;
 
 namespace {
 
-bool isColon(Role role) { return role == Role::BaseColon || role == Role::MemberInitializerColon; }
-
 bool isComma(Role role) { return role == Role::BaseComma || role == Role::MemberInitializerComma; }
 
 }  // namespace
 
-void ColonLists::indent(TokenIndex token, List& list, Scope item) {
+void ColonLists::indentInList(TokenIndex token, List& list, Scope item) {
     const Role role = text_.role(token);
-    if (isColon(role)) return begin(token, list, item);
-    if (list.colon == 0) return;
     if (token == list.first) {
         if (!gaps_.startsLine(token)) return;
         list.aligned = gaps_.addScope({.anchor = token, .mode = Mode::Indent, .isAnchored = true});

@@ -22,12 +22,21 @@ public:
     ColonLists(const GapText& text, const Scheme& scheme, GapTable& gaps) : text_(text), scheme_(scheme), gaps_(gaps) {}
 
     // For every token of an item that stands in no bracket; `item` is the scope that its parts share.
-    void indent(TokenIndex token, List& list, Scope item);
+    void indent(TokenIndex token, List& list, Scope item) {
+        const bool isColon =
+            text_.role(token) == Cpp::Role::BaseColon || text_.role(token) == Cpp::Role::MemberInitializerColon;
+        if (isColon) {
+            begin(token, list, item);
+        } else if (list.colon != 0) {
+            indentInList(token, list, item);
+        }
+    }
     // For a comment between the elements.
     void indentComment(TokenIndex comment, const List& list);
 
 private:
     void begin(TokenIndex colon, List& list, Scope item);
+    void indentInList(TokenIndex token, List& list, Scope item);
     Scope shared(Scope base);
     bool isDecided(TokenIndex token) const;
     bool hasTail(TokenIndex token) const { return !gaps_.tail(gaps_[token].rule).empty(); }

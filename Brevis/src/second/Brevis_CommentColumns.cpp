@@ -2,23 +2,24 @@
 #include "second/Brevis_CommentColumns.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
 
-CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
+CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps)
     : text_(text),
       scheme_(scheme),
       gaps_(gaps),
-      places_(std::move(places)),
       distance_(ruleOf<&Scheme::wsBeforeTrailingComment>()),
       group_(gaps, ruleOf<&Scheme::alignTrailingComments>()) {
     if (gaps.lineFeeds(distance_) > 0) distance_ = GapRule::Blank;
 }
 
 void CommentColumns::run() {
+    if (scheme_.alignTrailingComments) {
+        places_ = GapWriter(text_, scheme_, gaps_).measureComments(lastTrailing());
+    }
     for (TokenIndex token = 2; token < text_.size(); ++token) {
         if (!text_.isComment(token)) continue;
         if (gaps_.startsLine(token)) {
@@ -43,6 +44,13 @@ bool CommentColumns::isTrailing(TokenIndex comment) const {
     const bool endsLine =
         text_.kind(comment) == Kind::LineComment || comment + 1 == text_.size() || gaps_.startsLine(comment + 1);
     return endsLine && gaps_[comment].sort != Gap::Sort::Fixed;
+}
+
+// 0 without one.
+TokenIndex CommentColumns::lastTrailing() const {
+    TokenIndex token = text_.size() - 1;
+    while (token > 0 && !(text_.isComment(token) && !gaps_.startsLine(token) && isTrailing(token))) --token;
+    return token;
 }
 
 // A comment behind the brace that closes a body tells of the body, and not of its line.

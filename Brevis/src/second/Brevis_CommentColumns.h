@@ -9,10 +9,10 @@
 
 namespace Brevis {
 
-// The text, the scheme and the table must outlive it; `places` are those of the decisions so far.
+// The text, the scheme and the table must outlive it. Goes by the places of the decisions so far.
 class CommentColumns {
 public:
-    CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places);
+    CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps);
 
     static bool isWanted(const Scheme& scheme) {
         return scheme.alignTrailingComments || scheme.wsBeforeTrailingComment.isSet;
@@ -22,6 +22,7 @@ public:
 
 private:
     bool isTrailing(TokenIndex comment) const;
+    TokenIndex lastTrailing() const;
     bool endsScope(TokenIndex comment) const;
     bool goesOn(TokenIndex comment);
     bool followsOn(TokenIndex comment) const;
@@ -33,7 +34,7 @@ private:
     const GapText& text_;
     const Scheme& scheme_;
     GapTable& gaps_;
-    std::vector<LaidPlace> places_;
+    std::vector<LaidPlace> places_;  // up to the last comment behind code
     GapRule distance_;
     ColumnGroup group_;
     TokenIndex last_ = 0;       // the last comment of the group

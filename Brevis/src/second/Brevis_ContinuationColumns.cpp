@@ -100,23 +100,37 @@ bool ContinuationColumns::isWanted(const Scheme& scheme) {
 void ContinuationColumns::run() {
     frames_.push_back({.last = text_.size(), .isBody = true});
     for (TokenIndex token = 1; token < text_.size(); ++token) {
-        openItems(token);
+        if (const TokenIndex last = openItems(token); last != 0) {
+            close(token = last);
+            continue;
+        }
         if (text_.kind(token) == Kind::Directive) continue;
         if (text_.isTrivia(token)) {
             if (gaps_.startsLine(token)) place(token);
             continue;
         }
-        read(token);
+        token = read(token);
     }
+}
+
+// Whether a line begins behind `first`, up to `last`. For ascending tokens.
+bool ContinuationColumns::isBroken(TokenIndex first, TokenIndex last) {
+    if (lineStart_ <= first) {
+        lineStart_ = first + 1;
+        while (lineStart_ < text_.size() && !gaps_.startsLine(lineStart_)) ++lineStart_;
+    }
+    return lineStart_ <= last;
 }
 
 // ---- Frames
 
-void ContinuationColumns::openItems(TokenIndex token) {
+// Nothing is to be done in an item on one line: gives the last token of such a one, or 0.
+TokenIndex ContinuationColumns::openItems(TokenIndex token) {
     const std::vector<OutlineItem>& items = text_.items();
     for (; nextItem_ < items.size() && items[nextItem_].first <= token; ++nextItem_) {
         const OutlineItem& item = items[nextItem_];
         if (item.first != token) continue;
+        if (!isBroken(item.first, item.last)) return item.last;
         itemStart_ = token;
         frames_.push_back({.first = item.first,
                            .last = item.last,
@@ -125,6 +139,7 @@ void ContinuationColumns::openItems(TokenIndex token) {
                            .declarator = firstDeclarator(item),
                            .levels = levels_.size()});
     }
+    return 0;
 }
 
 // The name of data, or the signs in front of it that are written to it.
@@ -192,7 +207,8 @@ void ContinuationColumns::close(TokenIndex token) {
 
 // ---- Tokens
 
-void ContinuationColumns::read(TokenIndex token) {
+// Gives the last token that it has read: it passes over a bracket on one line.
+TokenIndex ContinuationColumns::read(TokenIndex token) {
     const Role role = text_.role(token);
     const TokenIndex partner = text_.partner(token);
     const bool isClosing = partner != 0 && partner < token;
@@ -205,10 +221,13 @@ void ContinuationColumns::read(TokenIndex token) {
         }
         if (gaps_.startsLine(token)) place(token);
         if (text_.kind(token) == Kind::ShiftLeft && top().shift == 0) top().shift = token;
-        return;
+        return token;
     }
     if (gaps_.startsLine(token)) place(token);
-    if (isClosing) return close(token);
+    if (isClosing) {
+        close(token);
+        return token;
+    }
 
     Frame& frame = top();
     if (frame.isExpression) {
@@ -229,8 +248,13 @@ void ContinuationColumns::read(TokenIndex token) {
         if (frame.element == 0 && !isComma(role)) frame.element = token;
         if (frame.operand == 0) frame.operation = token;
     }
-    if (partner > token) openBracket(token);
+    if (partner > token && isBroken(token, partner)) {
+        openBracket(token);
+    } else if (partner > token) {
+        token = partner;
+    }
     close(token);
+    return token;
 }
 
 void ContinuationColumns::beginElement() {

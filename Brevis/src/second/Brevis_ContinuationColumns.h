@@ -53,10 +53,11 @@ private:
         std::size_t levels = 0;     // how many there were when it was opened
     };
 
-    void openItems(TokenIndex token);
+    TokenIndex openItems(TokenIndex token);
+    bool isBroken(TokenIndex first, TokenIndex last);
     void openBracket(TokenIndex open);
     void close(TokenIndex token);
-    void read(TokenIndex token);
+    TokenIndex read(TokenIndex token);
     void beginElement();
     void readOperator(TokenIndex token, int precedence);
     void readQuestion(TokenIndex token);
@@ -84,6 +85,7 @@ private:
     std::vector<Level> levels_;
     std::size_t nextItem_ = 0;
     TokenIndex itemStart_ = 0;  // the token at which an item has begun last
+    TokenIndex lineStart_ = 0;  // the first one behind those asked for so far that begins a line
 };
 
 }  // namespace Brevis

@@ -27,8 +27,6 @@ DeclarationRules::DeclarationRules(const GapText& text, const Scheme& scheme, Ga
     : text_(text), scheme_(scheme), gaps_(gaps), pointers_(text, scheme, gaps), lists_(text, scheme, gaps) {}
 
 void DeclarationRules::format(TokenIndex token) {
-    const std::vector<OutlineItem>& items = text_.items();
-    while (nextItem_ < items.size() && items[nextItem_].first <= token) openItem(items[nextItem_++]);
     const TokenIndex partner = text_.partner(token);
     const bool isClose = partner != 0 && partner < token;
     const Role role = text_.role(token);

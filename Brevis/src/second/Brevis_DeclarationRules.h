@@ -15,7 +15,12 @@ class DeclarationRules {
 public:
     DeclarationRules(const GapText& text, const Scheme& scheme, GapTable& gaps);
 
-    // Every token but comments and directives, in their order.
+    // For every token but comments and directives, in their order.
+    void openItems(TokenIndex token) {
+        const std::vector<Cpp::OutlineItem>& items = text_.items();
+        while (nextItem_ < items.size() && items[nextItem_].first <= token) openItem(items[nextItem_++]);
+    }
+    // For each of those with a role and for every bracket.
     void format(TokenIndex token);
 
 private:

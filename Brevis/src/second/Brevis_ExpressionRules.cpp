@@ -51,8 +51,6 @@ void ExpressionRules::format(TokenIndex token, Role bracket) {
         case Role::BindingComma:
         case Role::AttributeComma:
             return shortComma(token);
-        case Role::None:
-            return keyword(token);
         default:
             return;
     }
@@ -101,9 +99,7 @@ void ExpressionRules::shortComma(TokenIndex token) {
 }
 
 // `return (x)` goes by the gap of `if (x)`; an empty value would make a call of it.
-void ExpressionRules::keyword(TokenIndex token) {
-    const Trn::TokenKind kind = text_.kind(token);
-    if (kind != Kind::Return && kind != Kind::Throw && kind != Kind::Case) return;
+void ExpressionRules::behindKeyword(TokenIndex token) {
     if (gaps_.scheme.wsAfterCsKey.text.empty() || gaps_.hasLineFeed(afterKeyword)) return;
     const TokenIndex next = text_.next(token);
     if (text_.kind(next) != Kind::Semicolon && text_.role(next) != Role::Specifier) gaps_.setInLine(next, afterKeyword);

@@ -11,6 +11,11 @@ public:
 
     // `bracket` is the role of the innermost bracket that is open at the token.
     void format(TokenIndex token, Cpp::Role bracket);
+    // For a word.
+    void keyword(TokenIndex token) {
+        const Trn::TokenKind kind = text_.kind(token);
+        if (kind == Trn::Kind::Return || kind == Trn::Kind::Throw || kind == Trn::Kind::Case) behindKeyword(token);
+    }
 
 private:
     void binary(TokenIndex token, Cpp::Role bracket);
@@ -20,7 +25,7 @@ private:
     void operatorName(TokenIndex token);
     void argumentComma(TokenIndex token);
     void shortComma(TokenIndex token);
-    void keyword(TokenIndex token);
+    void behindKeyword(TokenIndex token);
 
     ExprGaps& gaps_;
     const GapText& text_;

@@ -14,7 +14,7 @@ void alignGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     if (DeclarationColumns::valuesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignValues();
     // Where comments are not aligned, the author's columns of them come before their distance.
     const bool alignsComments = scheme.alignTrailingComments;
-    const auto setComments = [&] { CommentColumns(text, scheme, gaps, places()).run(); };
+    const auto setComments = [&] { CommentColumns(text, scheme, gaps).run(); };
     if (CommentColumns::isWanted(scheme) && !alignsComments) setComments();
     if (scheme.keepAlignedColumns) KeptColumns(text, scheme, gaps, places()).run();
     if (alignsComments) setComments();

@@ -19,7 +19,7 @@ bool GapReader::read(Trn::ParseMessageList& messages) {
 bool GapReader::readAs(Cpp::Language language, Trn::ParseMessageList& reports) {
     reports.clear();
     lexer_.emplace(source_, Cpp::Dialect::modern, language);
-    Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found);
+    Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::FoundAlone);
     parser.know(macros_);
     parser.parse(*lexer_, root_, reports);
     return settleReports(reports, reading_.isStrict) && root_.tokens() != nullptr;

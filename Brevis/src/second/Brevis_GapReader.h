@@ -11,7 +11,7 @@
 
 namespace Brevis {
 
-// Owns what the table of tokens needs, so it must outlive everything that looks at the table. The text must outlive it.
+// Owns what the table of tokens needs. The text must outlive it.
 class GapReader {
 public:
     // The properties must outlive the reader, too.
@@ -23,8 +23,8 @@ public:
     // False if it can't be formatted.
     bool read(Trn::ParseMessageList& messages);
 
-    // After `read` gave true.
-    const Cpp::TokenTable& table() const { return *root_.tokens(); }
+    // After `read` gave true, once. Needs the reader as long as it lives.
+    Cpp::TokenTable takeTable() { return root_.takeTokens(); }
 
 private:
     bool readAs(Cpp::Language language, Trn::ParseMessageList& reports);

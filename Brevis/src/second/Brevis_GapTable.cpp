@@ -26,7 +26,7 @@ GapTable::GapTable(const GapText& text, const Scheme& scheme) : text_(&text), ga
     add(GapRule::LineFeed, "\n");
     add(GapRule::Wrapped, "\n");
     addBlankLines(ruleOf<&Scheme::minBlankLinesBetweenFnDefns>(), scheme.minBlankLinesBetweenFnDefns);
-    for (TokenIndex token = 1; token <= text.size(); ++token) {
+    for (TokenIndex token = 1; text.hasFixed() && token <= text.size(); ++token) {
         if (text.token(token).isFixed) fix(token);
     }
     scopes_.push_back({.mode = IndentScope::Mode::Distance});
@@ -53,28 +53,7 @@ std::uint32_t GapTable::addScope(const IndentScope& scope) {
     return static_cast<std::uint32_t>(scopes_.size() - 1);
 }
 
-void GapTable::set(TokenIndex token, GapProperty property) { put(token, property.rule, false, false); }
-
-void GapTable::set(TokenIndex token, GapRule rule) { put(token, rule, false, false); }
-
-void GapTable::setKeepingLines(TokenIndex token, GapProperty property) { put(token, property.rule, true, false); }
-
-void GapTable::setBreak(TokenIndex token, GapProperty property) { put(token, property.rule, false, true); }
-
-void GapTable::put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks) {
-    if (!isSet(rule)) return;
-    const bool hasFeed = lineFeeds(rule) > 0;
-    const TokenIndex at = token > 1 && text_->isTrivia(token - 1) ? placeAmongTrivia(token, hasFeed) : token;
-    if (at != 0) decide(at, rule, keepsLines, breaks);
-}
-
-void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
-    if (!isSet(property.rule)) return;
-    if (lineFeeds(property.rule) == 0) return put(token, property.rule, false, false);
-    decide(token, property.rule, false, breaks);
-}
-
-void GapTable::decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks) {
+inline void GapTable::decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks) {
     if (isFixed(at)) return;
     const bool hasFeed = lineFeeds(rule) > 0;
     if (!hasFeed && keepsLines && text_->lineFeeds(at) > 0) return keep(at);
@@ -85,6 +64,18 @@ void GapTable::decide(TokenIndex at, GapRule rule, bool keepsLines, bool breaks)
     Gap& gap = gaps_[at];
     gap.rule = rule;
     gap.sort = !hasFeed ? Gap::Sort::Blanks : breaks ? Gap::Sort::Break : Gap::Sort::Lines;
+}
+
+void GapTable::put(TokenIndex token, GapRule rule, bool keepsLines, bool breaks) {
+    const bool hasFeed = lineFeeds(rule) > 0;
+    const TokenIndex at = token > 1 && text_->isTrivia(token - 1) ? placeAmongTrivia(token, hasFeed) : token;
+    if (at != 0) decide(at, rule, keepsLines, breaks);
+}
+
+void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
+    if (!isSet(property.rule)) return;
+    if (lineFeeds(property.rule) == 0) return put(token, property.rule, false, false);
+    decide(token, property.rule, false, breaks);
 }
 
 // Where a value acts if comments or directives stand in the gap; 0 for nowhere.
@@ -99,23 +90,6 @@ TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
     const bool isBehindSign = isSign(text_->kind(first - 1));
     if (isBehindSign == isSign(text_->kind(token))) return 0;
     return isBehindSign ? first : token;
-}
-
-bool GapTable::startsLine(TokenIndex token) const {
-    if (token == 1 || Trn::isLineToken(text_->kind(token - 1))) return true;
-    switch (gaps_[token].sort) {
-        case Gap::Sort::Keep:
-        case Gap::Sort::Fixed:
-        case Gap::Sort::LineColumn:
-            return text_->lineFeeds(token) > 0;
-        case Gap::Sort::Blanks:
-        case Gap::Sort::Column:
-            return false;
-        case Gap::Sort::Lines:
-        case Gap::Sort::Break:
-            return true;
-    }
-    return false;
 }
 
 }  // namespace Brevis

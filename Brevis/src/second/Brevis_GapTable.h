@@ -45,20 +45,26 @@ public:
     // behind them. A value without a line feed goes round comments in the midst of a line to the side to which it
     // belongs, and leaves the gaps round all others as they are. Tokens that nothing may join are kept apart by a
     // blank.
-    void set(TokenIndex token, GapProperty property);
+    void set(TokenIndex token, GapProperty property) { set(token, property.rule); }
     template <auto member>
     void set(TokenIndex token) {
         set(token, gapProperty<member>());
     }
     // The same, but a line feed of the source stays if the value holds none.
-    void setKeepingLines(TokenIndex token, GapProperty property);
+    void setKeepingLines(TokenIndex token, GapProperty property) {
+        if (isSet(property.rule)) put(token, property.rule, true, false);
+    }
     // For what belongs directly in front of `token`, as a brace that closes: a line feed comes behind all comments that
     // stand in the gap. `breaks` keeps the empty lines of the source.
     void setInFront(TokenIndex token, GapProperty property, bool breaks = false);
     // With a rule that has a text of its own.
-    void set(TokenIndex token, GapRule rule);
+    void set(TokenIndex token, GapRule rule) {
+        if (isSet(rule)) put(token, rule, false, false);
+    }
     // At least one line feed, and the empty lines of the source, if the value holds a line feed; otherwise as `set`.
-    void setBreak(TokenIndex token, GapProperty property);
+    void setBreak(TokenIndex token, GapProperty property) {
+        if (isSet(property.rule)) put(token, property.rule, false, true);
+    }
     // Back to what the source has.
     void keep(TokenIndex token) {
         if (!isFixed(token)) gaps_[token].sort = Gap::Sort::Keep, gaps_[token].rule = GapRule::None;
@@ -80,7 +86,21 @@ public:
     std::string_view tail(GapRule rule) const { return values_[index(rule)].tail; }
 
     // Whether a line begins at the token as the decisions stand.
-    bool startsLine(TokenIndex token) const;
+    bool startsLine(TokenIndex token) const {
+        switch (gaps_[token].sort) {
+            case Gap::Sort::Lines:
+            case Gap::Sort::Break:
+                return true;
+            case Gap::Sort::Keep:
+            case Gap::Sort::Fixed:
+            case Gap::Sort::LineColumn:
+                if (text_->lineFeeds(token) > 0) return true;
+                break;
+            default:
+                break;
+        }
+        return token == 1 || Trn::isLineToken(text_->kind(token - 1));
+    }
 
 private:
     struct Value {

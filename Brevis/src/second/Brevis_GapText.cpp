@@ -2,9 +2,8 @@
 #include "second/Brevis_GapText.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
-
-#include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
 
@@ -15,19 +14,35 @@ namespace {
 
 bool isBlankSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f'; }
 
-bool isWordChar(char c) {
+constexpr bool isWordChar(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '$' ||
            static_cast<unsigned char>(c) > 0x7F;
 }
 
-bool isQuote(char c) { return c == '"' || c == '\''; }
+constexpr bool isQuote(char c) { return c == '"' || c == '\''; }
 
 // Two characters with which an operator, a comment or a number goes on.
 constexpr std::string_view joiningPairs[] = {"++", "--", "<<", ">>", "&&", "||", "==", "<=", ">=", "!=", "+=",
                                              "-=", "*=", "/=", "%=", "&=", "|=", "^=", "->", "::", "<:", "<%",
                                              "%>", "%:", ":>", "//", "/*", "..", ".*", ">*", "??", "##"};
 
+// The characters that may join with another one at all; brackets, commas and semicolons never do.
+constexpr std::array<bool, 256> joiningChars = [] {
+    std::array<bool, 256> joins{};
+    for (int c = 0; c < 256; ++c) {
+        const char at = static_cast<char>(c);
+        joins[static_cast<std::size_t>(c)] = isWordChar(at) || isQuote(at) || at == '\\';
+    }
+    for (const std::string_view pair : joiningPairs) {
+        for (const char c : pair) joins[static_cast<unsigned char>(c)] = true;
+    }
+    return joins;
+}();
+
+bool mayJoin(char c) { return joiningChars[static_cast<unsigned char>(c)]; }
+
 bool isWhiteSpace(const char* at, const char* end) {
+    if (end - at == 1 && *at == ' ') return true;
     while (at != end && isBlankSpace(*at)) ++at;
     return at == end;
 }
@@ -38,6 +53,46 @@ std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::Tok
     while (end > begin && isBlankSpace(text[end - 1])) --end;
     return end;
 }
+
+// Whether the token is one of a pair: `<` and `>` are where they hold arguments or parameters.
+bool isPaired(Trn::TokenKind kind, Role role) {
+    switch (kind) {
+        case Kind::OpenParen:
+        case Kind::CloseParen:
+        case Kind::OpenBrace:
+        case Kind::CloseBrace:
+        case Kind::OpenBracket:
+        case Kind::CloseBracket:
+            return true;
+        case Kind::Less:
+        case Kind::Greater:
+        case Kind::ShiftRight:
+            return role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
+        default:
+            return false;
+    }
+}
+
+// Signs have neither white space nor bytes beyond ASCII in them. Words may have both: `A::` and a line feed belong to
+// the `operator` behind them.
+bool isSign(Trn::TokenKind kind) { return kind >= Kind::Semicolon && kind <= Kind::ArrowStar; }
+
+// What a text has beside the characters of one column.
+struct WideBytes {
+    bool hasTab = false;
+    bool isMultiByte = false;
+
+    explicit WideBytes(std::string_view text) {
+        unsigned char all = 0, tabs = 0;
+        for (const char c : text) {
+            all |= static_cast<unsigned char>(c);
+            tabs |= static_cast<unsigned char>(c == '\t');
+        }
+        hasTab = tabs != 0;
+        isMultiByte = all > 0x7F;
+    }
+    bool mayBeIn(Trn::TokenKind kind) const { return (hasTab || isMultiByte) && !isSign(kind); }
+};
 
 // Goes through the line feeds of a text from its front to its end.
 class LineFeeds {
@@ -60,11 +115,15 @@ private:
 
 }  // namespace
 
-GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
-    : source_(source), table_(&table), tokens_(table.tokens().size() + 1) {
+GapText::GapText(std::string_view source, Cpp::TokenTable table)
+    : source_(source),
+      brackets_(table.takeBrackets()),
+      outline_(table.takeOutline()),
+      tokens_(table.tokens().size() + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
     LineFeeds feeds(source);
+    const WideBytes wide(source);
     std::size_t end = 0;
     std::uint32_t line = 0;
     TokenIndex index = 1;
@@ -75,56 +134,29 @@ GapText::GapText(std::string_view source, const Cpp::TokenTable& table)
         const std::uint32_t lineFeeds = feeds.countUpTo(begin);
         // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
         const bool isFixed = !isWhiteSpace(text + end, text + begin) || (end > 0 && text[end - 1] == '\\');
-        end = isEnd ? begin : endOf(text, begin, std::max(begin, buffer.end(index)), kind);
-        const std::uint32_t inside = feeds.countUpTo(end);
+        if (isFixed) hasFixed_ = true;
+        end = isEnd ? begin : std::max(begin, buffer.end(index));
+        std::uint32_t inside = 0;
+        if (!isSign(kind)) {
+            end = endOf(text, begin, end, kind);
+            inside = feeds.countUpTo(end);
+        }
         line += lineFeeds;
-        GapToken& token = tokens_[index];
-        token.begin = static_cast<std::uint32_t>(begin);
-        token.end = static_cast<std::uint32_t>(end);
-        token.line = line;
-        token.kind = static_cast<std::int8_t>(kind);
-        token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
-        token.isFixed = isFixed;
-        token.holdsLines = inside > 0;
+        const Role role = isEnd ? Role::None : table.role(index);
+        tokens_[index] = {.begin = static_cast<std::uint32_t>(begin),
+                          .end = static_cast<std::uint32_t>(end),
+                          .line = line,
+                          .kind = static_cast<std::int8_t>(kind),
+                          .role = role,
+                          .lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255)),
+                          .isFixed = isFixed,
+                          .holdsLines = inside > 0,
+                          .isBracket = isPaired(kind, role),
+                          .isNarrow = !wide.mayBeIn(kind)};
         line += inside;
         if (isEnd) break;
-        token.role = table.role(index);
     }
     tokens_.resize(index + 1);
-}
-
-TokenIndex GapText::partner(TokenIndex index) const {
-    switch (kind(index)) {
-        case Kind::OpenParen:
-        case Kind::CloseParen:
-        case Kind::OpenBrace:
-        case Kind::CloseBrace:
-        case Kind::OpenBracket:
-        case Kind::CloseBracket:
-            return table_->partner(index);
-        case Kind::Less:
-        case Kind::Greater:
-        case Kind::ShiftRight: {
-            const Role role = this->role(index);
-            const bool isBracket =
-                role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
-            return isBracket ? table_->partner(index) : 0;
-        }
-        default:
-            return 0;
-    }
-}
-
-TokenIndex GapText::next(TokenIndex index) const {
-    do ++index;
-    while (index < size() && isTrivia(index));
-    return std::min(index, size());
-}
-
-TokenIndex GapText::previous(TokenIndex index) const {
-    do --index;
-    while (index > 0 && isTrivia(index));
-    return index;
 }
 
 bool GapText::wouldJoin(TokenIndex index) const {
@@ -133,6 +165,7 @@ bool GapText::wouldJoin(TokenIndex index) const {
     if (first.begin == first.end || second.begin == second.end) return false;
     const char last = source_[first.end - 1];
     const char next = source_[second.begin];
+    if (!mayJoin(last) || !mayJoin(next)) return false;
     if (last == '\\' || next == '\\') return true;
     if (first.kind == Kind::Number && (next == '.' || isQuote(next))) return true;
     if (first.kind == Kind::Number && (next == '+' || next == '-')) {
@@ -147,7 +180,7 @@ bool GapText::wouldJoin(TokenIndex index) const {
 int GapText::column(TokenIndex index, int tabSize) const {
     const std::size_t begin = tokens_[index].begin;
     const std::size_t feed = begin == 0 ? std::string_view::npos : source_.rfind('\n', begin - 1);
-    return columnBehind(slice(feed == std::string_view::npos ? 0 : feed + 1, begin), 0, tabSize);
+    return Brevis::columnBehind(slice(feed == std::string_view::npos ? 0 : feed + 1, begin), 0, tabSize);
 }
 
 }  // namespace Brevis

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Cpp_TokenTable.h"
+#include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
 
@@ -22,14 +23,16 @@ struct GapToken {
     std::uint8_t lineFeeds = 0;  // in the gap in front of it, 255 for more
     bool isFixed : 1 = false;    // the gap in front of it holds more than white space
     bool holdsLines : 1 = false;
+    bool isBracket : 1 = false;
+    bool isNarrow : 1 = false;  // known to take one column a byte
 };
 static_assert(sizeof(GapToken) == 16);
 
 // Tokens count from 1, as those of the table, up to `size`, which is no token: its gap is the end of the text.
 class GapText {
 public:
-    // `source` has line feeds as line ends. The table must outlive this.
-    GapText(std::string_view source, const Cpp::TokenTable& table);
+    // `source`, which must outlive this, has line feeds as line ends.
+    GapText(std::string_view source, Cpp::TokenTable table);
 
     TokenIndex size() const { return static_cast<TokenIndex>(tokens_.size() - 1); }
     const GapToken& token(TokenIndex index) const { return tokens_[index]; }
@@ -53,29 +56,49 @@ public:
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
 
     // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
-    TokenIndex partner(TokenIndex index) const;
+    TokenIndex partner(TokenIndex index) const { return tokens_[index].isBracket ? brackets_.partner(index) : 0; }
+    bool isBracket(TokenIndex index) const { return tokens_[index].isBracket; }
     bool isOpening(TokenIndex index) const { return partner(index) > index; }
     // The next token that is no comment and no directive, and the last one in front.
-    TokenIndex next(TokenIndex index) const;
-    TokenIndex previous(TokenIndex index) const;
+    TokenIndex next(TokenIndex index) const {
+        if (index >= size()) return size();
+        do ++index;
+        while (isTrivia(index));
+        return index;
+    }
+    TokenIndex previous(TokenIndex index) const {
+        do --index;
+        while (isTrivia(index));
+        return index;
+    }
     // Whether the source has no line feed between the two, trivia included.
     bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
 
     // Whether a token and the one in front of it would become others with nothing in between.
     bool wouldJoin(TokenIndex index) const;
 
+    // The column behind the token, of one line, if it begins in `column`.
+    int columnBehind(TokenIndex index, int column, int tabSize) const {
+        const GapToken& token = tokens_[index];
+        if (token.isNarrow) return column + static_cast<int>(token.end - token.begin);
+        return Brevis::columnBehind(text(index), column, tabSize);
+    }
     // The column, from 0, at which the token stands in the source. Reads the line up to there.
     int column(TokenIndex index, int tabSize) const;
 
-    const std::vector<Cpp::OutlineItem>& items() const { return table_->outline().items(); }
+    const std::vector<Cpp::OutlineItem>& items() const { return outline_.items(); }
     std::string_view source() const { return source_; }
+    // Whether any gap holds more than white space.
+    bool hasFixed() const { return hasFixed_; }
 
 private:
-    std::string_view slice(std::size_t begin, std::size_t end) const { return source_.substr(begin, end - begin); }
+    std::string_view slice(std::size_t begin, std::size_t end) const { return {source_.data() + begin, end - begin}; }
 
     std::string_view source_;
-    const Cpp::TokenTable* table_;
+    Trn::BracketTable brackets_;
+    Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
+    bool hasFixed_ = false;
 };
 
 }  // namespace Brevis

@@ -18,6 +18,12 @@ constexpr std::string_view pageBreaks = "\f\v";
 // Nothing is aligned with what stands further to the right: a line of a million tokens would make a million such lines.
 constexpr int widestColumn = 2000;
 
+// For gaps, which hold one blank or none as a rule.
+bool areSame(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    return a.empty() || (a[0] == b[0] && (a.size() == 1 || a == b));
+}
+
 }  // namespace
 
 GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
@@ -27,70 +33,77 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
       columns_(scheme.tabSize),
       sourceColumns_(scheme.tabSize),
       bases_(gaps.scopes().size()) {
-    const std::vector<IndentScope>& scopes = gaps.scopes();
+    lines_.push_back({});  // of the scopes without an anchor
+}
+
+// Only of scopes that indent a line: most hold none.
+void GapWriter::findAnchors() {
+    const std::vector<IndentScope>& scopes = gaps_.scopes();
+    std::vector<bool> isUsed(scopes.size());
+    for (TokenIndex token = 1; token < text_.size(); ++token) {
+        if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Sort::Blanks) continue;
+        for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base) isUsed[scope] = true;
+    }
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
-        if (scopes[scope].isAnchored) anchored_.push_back(scope);
+        if (isUsed[scope] && scopes[scope].isAnchored) anchored_.push_back(scope);
     }
     // Those of the walk are in order, and so are those that came later.
     const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
     const auto later = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
     if (!std::is_sorted(later, anchored_.end(), isEarlier)) std::stable_sort(later, anchored_.end(), isEarlier);
     std::inplace_merge(anchored_.begin(), later, anchored_.end(), isEarlier);
-    lines_.push_back({});  // of the scopes without an anchor
 }
 
 // What most gaps are: within a line before and afterwards. False for any other, of which nothing is written.
-template <bool isMeasuring>
+template <GapWriter::Columns columns>
 bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
     const Gap gap = gaps_[token];
     const GapToken& before = text_.token(token - 1);
     if (at.lineFeeds > 0 || gap.sort > Sort::Blanks || token == 1 || Trn::isLineToken(before.kind)) return false;
     isLineStart_ = false;
-    if (gap.sort != Sort::Blanks) {
-        if constexpr (isMeasuring) laidColumn_ = columnBehind(text_.gap(token), laidColumn_, scheme_.tabSize);
-        copyTo(at.begin);
-        return true;
-    }
-    const std::string_view text = gaps_.text(gap.rule);
-    if constexpr (isMeasuring) laidColumn_ = columnBehind(text, laidColumn_, scheme_.tabSize);
-    const bool isSame = text.size() == at.begin - before.end &&
-                        std::equal(text.begin(), text.end(), text_.source().begin() + before.end);
-    if (isSame) {
+    const std::string_view there = text_.gap(token);
+    const std::string_view wanted = gap.sort == Sort::Blanks ? gaps_.text(gap.rule) : there;
+    if constexpr (columns == Columns::OfAll) laidColumn_ = columnBehind(wanted, laidColumn_, scheme_.tabSize);
+    if (areSame(wanted, there)) {
         copyTo(at.begin);
     } else {
-        replaceTo(at.begin, text);
+        replaceTo(at.begin, wanted);
     }
     return true;
 }
 
-template <bool isMeasuring>
-void GapWriter::run() {
-    const bool isMarking = scheme_.convertWs != 0 && !isMeasuring;
+template <GapWriter::Columns columns>
+void GapWriter::run(TokenIndex last) {
+    const bool isMarking = scheme_.convertWs != 0 && columns == Columns::OfNone;
     const bool isTrimming = scheme_.removeTrailingWs;
-    const TokenIndex last = text_.size();
+    const TokenIndex end = text_.size();
+    findAnchors();
     findNextAnchor();
     for (TokenIndex token = 1;; ++token) {
         const GapToken& at = text_.token(token);
-        if constexpr (isMeasuring) (*places_)[token].gap = laidColumn_;
+        const bool hasPlace = columns == Columns::OfAll || (columns == Columns::OfComments && Trn::isComment(at.kind));
+        if (columns == Columns::OfComments && hasPlace) laidColumn_ = column();
+        if (hasPlace) (*places_)[token].gap = laidColumn_;
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if (token == last || !writeInLine<isMeasuring>(token, at)) {
+        if (token == end || !writeInLine<columns>(token, at)) {
             if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
             writeGap(token);
-            if constexpr (isMeasuring) laidColumn_ = column();
+            if constexpr (columns == Columns::OfAll) laidColumn_ = column();
         }
         if (fresh_ != nextAnchor_) noteBehind(token);
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if constexpr (isMeasuring) {
-            (*places_)[token].line = lineNumber_;
-            (*places_)[token].column = laidColumn_;
-        }
+        if (columns == Columns::OfComments && hasPlace) laidColumn_ = column();
+        if (hasPlace) (*places_)[token].column = laidColumn_;
+        if constexpr (columns != Columns::OfNone) (*places_)[token].line = lineNumber_;
         if (token == last) return;
         if (token >= nextAnchorToken_) noteAnchors(token);
         if (at.holdsLines || (isTrimming && Trn::isTrivia(at.kind))) {
             writeToken(token);
-            if constexpr (isMeasuring) laidColumn_ = column();
+            if constexpr (columns == Columns::OfAll) laidColumn_ = column();
         } else {
-            if constexpr (isMeasuring) laidColumn_ = columnBehind(text_.text(token), laidColumn_, scheme_.tabSize);
+            if constexpr (columns == Columns::OfAll) {
+                laidColumn_ = text_.columnBehind(token, laidColumn_, scheme_.tabSize);
+            }
             copyTo(at.end);
         }
     }
@@ -99,18 +112,23 @@ void GapWriter::run() {
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
     if (scheme_.convertWs != 0) marks_.reserve(2 * std::size_t{text_.size()});
-    run<false>();
+    run<Columns::OfNone>(text_.size());
     flush();
     if (scheme_.convertWs == 0) return std::move(out_);
     return convertBlanks(text_, gaps_, scheme_, out_, marks_);
 }
 
-std::vector<LaidPlace> GapWriter::measure() {
-    std::vector<LaidPlace> places(text_.size() + 1);
+template <GapWriter::Columns columns>
+std::vector<LaidPlace> GapWriter::measure(TokenIndex last) {
+    std::vector<LaidPlace> places(last + 1);
+    if (last == 0) return places;
     places_ = &places;
-    run<true>();
+    run<columns>(last);
     return places;
 }
+
+template std::vector<LaidPlace> GapWriter::measure<GapWriter::Columns::OfComments>(TokenIndex);
+template std::vector<LaidPlace> GapWriter::measure<GapWriter::Columns::OfAll>(TokenIndex);
 
 std::size_t GapWriter::lineBeginOf(std::size_t offset) const {
     const std::string_view source = text_.source();
@@ -288,8 +306,9 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
             scratch_ += outLead(base);
             break;
         case Mode::Indent:
-            addBase(gap.scope);
-            break;
+            scratch_ += indentOf(gap.scope);
+            scratch_ += tail;
+            return;
         case Mode::Distance:
             if (goesWithCode(token)) return addAbove();
             if (isInSource && tail.empty()) return addDistance(token, base);
@@ -300,15 +319,26 @@ void GapWriter::addLead(TokenIndex token, std::string_view tail) {
     scratch_ += tail;
 }
 
+// What the lines of a scope with a text begin with. Lines that follow each other mostly have the same.
+std::string_view GapWriter::indentOf(std::uint32_t scope) {
+    if (scope == indentScope_) return indent_;
+    indent_.clear();
+    addBase(scope);
+    const GapRule rule = gaps_.scopes()[scope].rule;
+    if (rule != GapRule::None) indent_ += gaps_.text(rule);
+    indentScope_ = scope;
+    return indent_;
+}
+
 // The base of a scope, with what the scopes that it stands below add to it.
 void GapWriter::addBase(std::uint32_t scope) {
     const IndentScope& inner = gaps_.scopes()[scope];
     if (inner.isAnchored || inner.base == scope) {
-        scratch_ += outLead(bases_[scope]);
+        indent_ += outLead(bases_[scope]);
         return;
     }
     addBase(inner.base);
-    if (inner.isBelow) scratch_ += gaps_.text(gaps_.scopes()[inner.base].rule);
+    if (inner.isBelow) indent_ += gaps_.text(gaps_.scopes()[inner.base].rule);
 }
 
 // Whether the code behind a directive begins a line, and closes nothing.
@@ -389,6 +419,7 @@ void GapWriter::findNextAnchor() {
 }
 
 void GapWriter::noteAnchors(TokenIndex token) {
+    indentScope_ = noScope;
     Base fresh;
     fresh.line = lineIndex() & 0x7FFFFFFFU;
     fresh.at = static_cast<std::uint32_t>(position());

@@ -3,17 +3,34 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
 namespace Brevis {
 
+// Whether the eight characters at `text` are ASCII and none of them is a tab.
+inline bool areNarrow(const char* text) {
+    constexpr std::uint64_t ones = 0x0101010101010101U, highBits = 0x80 * ones;
+    std::uint64_t bytes;
+    std::memcpy(&bytes, text, sizeof bytes);
+    const std::uint64_t zeroForTab = bytes ^ (ones * '\t');
+    return ((bytes | (zeroForTab - ones)) & highBits) == 0;
+}
+
 // The column behind `text`, which holds no line feed and begins in `column`.
 inline int columnBehind(std::string_view text, int column, int tabSize) {
-    for (const char c : text) {
-        if (c == '\t') {
+    constexpr std::size_t step = 8;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        while (text.size() - at >= step && areNarrow(text.data() + at)) {
+            at += step;
+            column += step;
+        }
+        if (at == text.size()) break;
+        if (text[at] == '\t') {
             column += tabSize - column % tabSize;
-        } else if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) {
+        } else if ((static_cast<unsigned char>(text[at]) & 0xC0U) != 0x80U) {
             ++column;
         }
     }

@@ -1,6 +1,7 @@
 // The order of the stages.
 #include "second/Brevis_SecondEdition.h"
 
+#include <optional>
 #include <utility>
 
 #include "guard/Brevis_SeamGuard.h"
@@ -15,6 +16,14 @@ namespace Brevis {
 
 namespace {
 
+// What the parser needed for it is gone afterwards. None if the text can't be formatted.
+std::optional<GapText> readGaps(std::string_view source, const FormatterProperties& properties,
+                                Trn::ParseMessageList& messages) {
+    GapReader reader(source, properties);
+    if (!reader.read(messages)) return std::nullopt;
+    return std::optional<GapText>(std::in_place, source, reader.takeTable());
+}
+
 // A line that has been broken may still be too long where it is.
 void wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     constexpr int rounds = 4;
@@ -28,11 +37,11 @@ void wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     if (!update(analyzingPhase)) return cancelledRun(messages);
-    GapReader reader(source, properties);
-    if (!reader.read(messages)) return {};
+    const std::optional<GapText> gapText = readGaps(source, properties, messages);
+    if (!gapText) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
-    const GapText text(source, reader.table());
+    const GapText& text = *gapText;
     GapTable gaps(text, properties.scheme);
     decideGaps(text, properties, gaps);
     alignGaps(text, properties.scheme, gaps);

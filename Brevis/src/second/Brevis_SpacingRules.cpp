@@ -24,12 +24,19 @@ void SpacingRules::run() {
             if (item->sort == Sort::Unread || item->sort == Sort::Assembler) token = item->last;
         }
         if (text_.isTrivia(token)) continue;
+        declarations.openItems(token);
+        const Cpp::Role role = text_.role(token);
+        const bool isBracket = text_.isBracket(token);
+        if ((role == Cpp::Role::None || role == Cpp::Role::StatementEnd) && !isBracket) {
+            expressions.keyword(token);
+            continue;
+        }
         while (!brackets_.empty() && brackets_.back().last <= token) brackets_.pop_back();
         expressions.format(token, innermost());
         brackets.format(token);
         templates.format(token, innermost());
         declarations.format(token);
-        passBracket(token);
+        if (isBracket) passBracket(token);
     }
 }
 
