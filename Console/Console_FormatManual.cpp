@@ -140,7 +140,7 @@ constexpr OptionRow outputOptions[] = {
 };
 
 constexpr OptionGroup groups[] = {
-    {"Scheme", schemeOptions},   {"What to do", modeOptions}, {"Files", fileOptions},    {"Changed lines", lineOptions},
+    {"Scheme", schemeOptions},   {"What to do", modeOptions}, {"Files", fileOptions}, {"Changed lines", lineOptions},
     {"Reading", readingOptions}, {"Safety", checkOptions},    {"Output", outputOptions},
 };
 

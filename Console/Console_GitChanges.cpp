@@ -24,7 +24,7 @@ constexpr std::string_view gitFailed = "git %s has failed.";
 
 // Whatever a user has configured, the output has one form.
 const Arguments diffCommand = {
-    "diff",   "-U0", "--inter-hunk-context=0",  "--no-color",      "--no-ext-diff",  "--no-textconv", "--no-relative",
+    "diff",   "-U0", "--inter-hunk-context=0",  "--no-color",      "--no-ext-diff", "--no-textconv", "--no-relative",
     "--text", "-M",  "--ignore-submodules=all", "--src-prefix=a/", "--dst-prefix=b/"};
 
 ChildResult askGit(const std::string& directory, const Arguments& arguments, bool quiet = false) {

@@ -6,7 +6,7 @@ namespace Console {
 namespace {
 
 constexpr std::string_view usages[] = {
-    "tokens [OPTION]... [FILE]", "tree [OPTION]... [FILE]",         "wrap --scheme SCHEME [FILE]",
+    "tokens [OPTION]... [FILE]", "tree [OPTION]... [FILE]", "wrap --scheme SCHEME [FILE]",
     "gaps [OPTION]... [FILE]",   "scheme [--scheme SCHEME] [FILE]",
 };
 

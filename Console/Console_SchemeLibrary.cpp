@@ -50,7 +50,7 @@ GivenScheme findGivenScheme(const std::string& pathOrName) {
     GivenScheme given{pathOrName, library.remarks()};
     given.remarks.push_back(
         {BrevisUI::Severity::error, "There is no scheme of the name \"" + pathOrName +
-                                        "\"; corvane-format --list-schemes tells those that there are."});
+         "\"; corvane-format --list-schemes tells those that there are."});
     return given;
 }
 

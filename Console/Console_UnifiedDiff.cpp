@@ -138,7 +138,7 @@ void Writer::writeHunk(const Change* first, const Change* last) {
     const std::size_t trail = std::min(before_.size() - final.beforeEnd, contextLines);
     writeLine(cyan, "@@ ",
               "-" + range(first->beforeBegin - lead, final.beforeEnd + trail) + " +" +
-                  range(first->afterBegin - lead, final.afterEnd + trail) + " @@\n");
+              range(first->afterBegin - lead, final.afterEnd + trail) + " @@\n");
     std::size_t shown = first->beforeBegin - lead;
     for (const Change* change = first; change != last; ++change) {
         writeLines(before_, shown, change->beforeBegin, {}, " ");

@@ -68,8 +68,8 @@ struct Group {
     }
     bool endsOneItemInEach() const {
         return branches.size() > 1 && std::all_of(branches.begin(), branches.end(), [](const Branch& branch) {
-                   return branch.semicolons == 1 && branch.lastKind == Kind::Semicolon;
-               });
+            return branch.semicolons == 1 && branch.lastKind == Kind::Semicolon;
+        });
     }
     static bool endsItem(TokenKind kind) {
         return kind == Kind::EndOfInput || kind == Kind::Semicolon || kind == Kind::CloseBrace || kind == Kind::Comma ||

@@ -42,7 +42,8 @@ void TokenBuffer::merge(const std::vector<Stretch>& stretches, TokenKind kind) {
     }
     std::size_t kept = stretches.front().first;
     for (std::size_t i = 0; i < stretches.size(); ++i) {
-        packed_[kept++] = {static_cast<std::uint32_t>(odd_.size()), oddLength << 8 | static_cast<std::uint32_t>(kind + 1)};
+        packed_[kept++] = {static_cast<std::uint32_t>(odd_.size()),
+                           oddLength << 8 | static_cast<std::uint32_t>(kind + 1)};
         odd_.push_back(merged[i]);
         const std::size_t end = i + 1 < stretches.size() ? stretches[i + 1].first : size_;
         for (std::size_t token = stretches[i].last + std::size_t{1}; token < end; ++token) packed_[kept++] = packed_[token];

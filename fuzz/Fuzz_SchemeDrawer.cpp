@@ -21,7 +21,7 @@ enum class Temper { Sane, Mixed, Wild };
 
 constexpr std::string_view saneGaps[] = {" ", "\n", "", " ", "\n", "\n\n", "\n    "};
 constexpr std::string_view saneIndents[] = {"    ", "", "\t", "  ", "        "};
-constexpr std::string_view wildStrings[] = {"",     " ",    "\n",   "\t",     "  ",     "\n\n",   " \n",     "\n ",
+constexpr std::string_view wildStrings[] = {"",     " ",    "\n",   "\t",     "  ",     "\n\n",   " \n", "\n ",
                                             "\t\n", "\n\t", " \t ", "\n \n ", "\t \t ", "\n\n\n", " \n\t\n "};
 // A scheme file can hold these, and nobody would write them.
 constexpr std::string_view oddStrings[] = {"\v", "\r", "\f", "\r\n", " \v\n", "\n\r "};

@@ -39,9 +39,10 @@ struct FieldValue {
 struct PageField {
     const Brevis::PropertyInfo* property = nullptr;  // never null once it is made
     FieldKind kind = FieldKind::WhiteSpace;
-    std::string_view
-        group;  // label of the box around its controls; empty: stands outside all boxes. "&&" shows one "&"
-    std::string_view label;  // as it stands now; "&&" shows one "&". A Choice bears its label on the box around it
+    // The label of the box around its controls; empty: it stands outside all boxes. "&&" shows one "&".
+    std::string_view group;
+    // As it stands now; "&&" shows one "&". A Choice bears its label on the box around it.
+    std::string_view label;
     std::vector<std::string_view> choices;  // labels of the radio buttons
     std::int32_t least = 0, most = 0;       // of a Number, and of the number of an Indent
     bool hasSwitch = false;                 // the control needs a box that says whether the scheme has the key at all

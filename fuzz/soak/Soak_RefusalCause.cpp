@@ -32,7 +32,7 @@ constexpr Construct constructs[] = {
     {"inline namespace", R"(\binline namespace\b)"},
     {"enum class", R"(\benum (class|struct)\b)"},
     {"C++ keyword as a name", R"(\b(class|new|private|protected|public|namespace|template|virtual|friend|explicit|)"
-                              R"(typename|export) [;,)=\[.])"},
+     R"(typename|export) [;,)=\[.])"},
     {"K&R style parameter list", R"(\( (?:\w+ , )*(\w+) (?:, \w+ )*\) [^()=;{}]*\b\1\b)"},
     {"lambda", R"((^|[=(,] |\breturn )\[ [^\[\]]*\])"},
     {"trailing return type", R"(\) (const )?->)"},

@@ -29,7 +29,7 @@ public:
 
     Scheme();
     Scheme(const Scheme& other);
-    Scheme(Scheme && other) noexcept;
+    Scheme(Scheme&& other) noexcept;
     Scheme& operator=(const Scheme& other);
     Scheme& operator=(Scheme&& other) noexcept;
     ~Scheme();

@@ -57,7 +57,7 @@ TEST(Columns, pads) {
     struct {
         int mode, column, pad;
         const char* expected;
-    } cases[] = {{1, 3, 5, "     "}, {0, 3, 5, "\t\t"}, {0, 2, 1, " "}, {0, 3, 1, "\t"},     {0, 4, 6, "\t  "},
+    } cases[] = {{1, 3, 5, "     "}, {0, 3, 5, "\t\t"}, {0, 2, 1, " "}, {0, 3, 1, "\t"}, {0, 4, 6, "\t  "},
                  {2, 5, 3, "\t"},    {0, 1, 2, "  "},   {0, 3, -2, ""}, {0, 0, 5, "----\t "}};
     for (const auto& c : cases) {
         OIndentStream out = streamAt(c.mode, "----", c.column);

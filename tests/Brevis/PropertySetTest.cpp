@@ -114,7 +114,7 @@ TEST_P(SchemeFileTest, ReadsLines) {
 INSTANTIATE_TEST_SUITE_P(
     Properties, SchemeFileTest,
     testing::Values(ReadCase{"\n  \n# 1 A 1\n \t1\tA \t 1 \r\n#\n", "1 A 1\n"},
-                    ReadCase{"1 A 1\n1 B 1", "1 A 1\n"},  // a last line without a line feed
+                    ReadCase{"1 A 1\n1 B 1", "1 A 1\n"},                                 // a last line without a line feed
                     ReadCase{"1 A 2\n1 B x\n1 C\n1\n2 K x\n2\n2 L -12\n", "2 L -12\n"},  // values that don't parse
                     ReadCase{"2 A 2147483648\n2 B -2147483648\n2 C 2147483647\n", "2 B -2147483648\n2 C 2147483647\n"},
                     ReadCase{"2 A 12x # no comment\n1 B 1 1\n", "1 B 1\n2 A 12\n"},

@@ -159,7 +159,7 @@ TEST_F(FileJobTest, RefusesWhatItCannotReadOrWrite) {
         {missing, "3 The file \"" + missing + "\" cannot be found."},
         {readOnly, "3 The file \"" + readOnly + "\" does not have read/write permissions and cannot be formatted."},
         {directory, "3 Corvane C++ was unable to read the contents of the file \"" + directory +
-                        "\". The file will not be formatted."},
+         "\". The file will not be formatted."},
     };
     host.backups = true;
     for (const auto& [path, message] : cases) {
@@ -194,7 +194,7 @@ TEST_F(FileJobTest, WithoutItsBackupAFileIsNotTouched) {
     EXPECT_EQ(FileResult::Failed, run(path));
     EXPECT_EQ(ugly, contents(path));
     EXPECT_EQ("3 Corvane C++ was unable to create a backup file for the file \"" + path +
-                  "\". The file will not be formatted.",
+              "\". The file will not be formatted.",
               host.sent.back());
 }
 
@@ -211,7 +211,7 @@ TEST_F(FileJobTest, KeepsTheSourceWhenWritingBreaksOff) {
             EXPECT_EQ(FileResult::Failed, run(path));
         }
         EXPECT_EQ("3 Corvane C++ was unable to write the formatted text back to the file \"" + path +
-                      "\". The file will not be formatted.",
+                  "\". The file will not be formatted.",
                   host.sent.back());
         EXPECT_EQ(source, contents(path));
     }

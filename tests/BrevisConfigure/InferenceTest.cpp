@@ -58,8 +58,8 @@ TEST(TextStatistics, TellsTabsAndEmptyLines) {
 // ---- The search
 
 const InferenceHost alone = {[](std::size_t count, const std::function<void(std::size_t)>& work) {
-                                 for (std::size_t i = 0; i < count; ++i) work(i);
-                             },
+    for (std::size_t i = 0; i < count; ++i) work(i);
+},
                              [](double) { return true; }};
 
 InferenceResult infer(const std::vector<InferenceText>& texts, std::int32_t edition = 2) {

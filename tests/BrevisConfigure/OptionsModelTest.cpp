@@ -59,9 +59,9 @@ TEST_F(Options, RefuseWhatIsNoExtension) {
         options.extensions = extensions;
         options.backupExtension = backup;
         EXPECT_EQ(isGood
-                      ? ""
-                      : "Error: Invalid file extension entered. File extensions may not contain any of the following "
-                        "characters: \"<>:\\/|?\"",
+                  ? ""
+                  : "Error: Invalid file extension entered. File extensions may not contain any of the following "
+                  "characters: \"<>:\\/|?\"",
                   options.fault());
     }
 }

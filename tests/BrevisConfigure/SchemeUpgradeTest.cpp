@@ -30,12 +30,12 @@ TEST(SchemeUpgrade, KeepsWhatTheFirstEditionDoes) {
         // Places that the first edition gives the values of others.
         {"3 GLOBAL_INDENT_CONTENT \"  \"\n3 INDENT_LINKAGE_CONTENT \"\"\n3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n",
          edition + "3 GLOBAL_INDENT_CONTENT \"  \"\n3 INDENT_LINKAGE_CONTENT \"\"\n" + parameter +
-             "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_SUBSCRIPT_OP_OPERANDS \" \"\n"},
+         "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_SUBSCRIPT_OP_OPERANDS \" \"\n"},
         {"3 WS_BEFORE_CLASS_CLOSE_BRACE \"\\n\"\n3 WS_BEFORE_CS_CLOSE_BRACE \"\\n\"\n"
          "3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n",
          edition + parameter +
-             "3 WS_BEFORE_CLASS_CLOSE_BRACE \"\\n\"\n3 WS_BEFORE_CS_CLOSE_BRACE \"\\n\"\n"
-             "3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n3 WS_IN_EMPTY_BODY \"\\n\"\n"},
+         "3 WS_BEFORE_CLASS_CLOSE_BRACE \"\\n\"\n3 WS_BEFORE_CS_CLOSE_BRACE \"\\n\"\n"
+         "3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n3 WS_IN_EMPTY_BODY \"\\n\"\n"},
         // An empty value that acts as a blank.
         {"3 WS_AFTER_FN_DEFN_RETURN_TYPE \"\"\n", edition + "3 WS_AFTER_FN_DEFN_RETURN_TYPE \" \"\n" + parameter},
         // A list with a line for each element.

@@ -27,7 +27,7 @@ TEST(Manual, TellsEveryOptionEverywhere) {
                 EXPECT_NE(std::string::npos, help.find(" " + name +
                                                        (row.argument.empty()     ? ""
                                                         : row.isArgumentOptional ? "[="
-                                                                                 : "=")))
+                                                        : "=")))
                     << name;
                 EXPECT_NE(std::string::npos, page.find("fB" + name + "fR")) << name;
                 EXPECT_NE(std::string::npos, bash.find(name + " ")) << name;

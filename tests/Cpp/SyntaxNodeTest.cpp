@@ -89,7 +89,7 @@ TEST(SyntaxNode, LeavesRefuseWhatTheyCannotHold) {
 
 TEST(SyntaxNode, CommentBodies) {
     const std::pair<std::string, std::string> cases[] = {
-        {"", ""},           {"/", ""},        {"//", ""},       {"/**/", ""}, {"/*/", ""},  {"// a \n", " a \n"},
+        {"", ""},           {"/", ""},        {"//", ""},       {"/**/", ""}, {"/*/", ""}, {"// a \n", " a \n"},
         {"/* a */", " a "}, {"/* a", "/* a"}, {"  // b", " b"}, {"  x", "x"}, {"ab", "ab"},
     };
     for (const auto& [text, body] : cases) EXPECT_EQ(CommentNode(text).commentBody(), body) << text;

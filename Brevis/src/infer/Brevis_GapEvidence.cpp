@@ -80,6 +80,8 @@ private:
     void addVotes(TokenIndex token, bool agrees);
     void voteForGap(TokenIndex token, bool agrees);
     void voteForIndent(TokenIndex token);
+    void noteAligned(TokenIndex comment);
+    void voteForDistance();
     void voteForLine(ValueVotes& votes, std::string value, std::optional<std::string> behind);
     std::string_view leadOf(TokenIndex token) const;
     std::string baseOf(std::uint32_t scope) const;
@@ -90,6 +92,9 @@ private:
     const GapText* text_ = nullptr;
     const GapTable* gaps_ = nullptr;
     std::vector<std::uint32_t> lines_;  // where they begin in the source
+    // Comments behind code that share a column, line by line
+    std::uint32_t alignedLine_ = 0;  // of the last one, from 0
+    std::size_t least_ = 0;          // the shortest gap in front of one; 0 if there is none
 };
 
 void EvidenceObserver::observe(const GapText& text, const GapTable& gaps, std::string_view written,
@@ -114,6 +119,7 @@ void EvidenceObserver::observe(const GapText& text, const GapTable& gaps, std::s
             addVotes(token, agrees);
         }
     }
+    if (least_ > 0) voteForDistance();
 }
 
 void EvidenceObserver::addDecision(TokenIndex token) {
@@ -141,6 +147,7 @@ void EvidenceObserver::voteForGap(TokenIndex token, bool agrees) {
     ValueVotes& votes = evidence.votes[static_cast<std::size_t>(gap.rule)];
     if (!hasText(gap.rule) || gap.sort == Sort::Column || gap.sort == Sort::LineColumn) {
         votes.add(agrees ? "1" : "0");
+        if (gap.rule == ruleOf<&Scheme::alignTrailingComments>() && text_->isComment(token)) noteAligned(token);
         return;
     }
     int feeds = text_->lineFeeds(token);
@@ -164,6 +171,22 @@ void EvidenceObserver::voteForIndent(TokenIndex token) {
 
 void EvidenceObserver::voteForLine(ValueVotes& votes, std::string value, std::optional<std::string> behind) {
     behind ? votes.add(value + *behind) : votes.addOther();
+}
+
+// The longest line of a group tells the distance between code and comments.
+void EvidenceObserver::noteAligned(TokenIndex comment) {
+    const std::string_view gap = text_->gap(comment);
+    const std::uint32_t line = text_->token(comment).line;
+    if (least_ > 0 && line != alignedLine_ + 1) voteForDistance();
+    alignedLine_ = line;
+    if (text_->lineFeeds(comment) > 0 || gap.find('\t') != std::string_view::npos) return;
+    least_ = least_ == 0 ? gap.size() : std::min(least_, gap.size());
+}
+
+void EvidenceObserver::voteForDistance() {
+    constexpr auto row = static_cast<std::size_t>(ruleOf<&Scheme::wsBeforeTrailingComment>());
+    evidence.votes[row].add(std::string(least_, ' '));
+    least_ = 0;
 }
 
 // What the line of the source begins with on which the token stands.

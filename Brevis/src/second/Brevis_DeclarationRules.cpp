@@ -18,7 +18,7 @@ constexpr GapProperty nothing{nullptr, GapRule::Nothing};
 constexpr GapProperty blank{nullptr, GapRule::Blank};
 constexpr GapProperty lineFeed{nullptr, GapRule::LineFeed};
 
-constexpr std::string_view specifierWords[] = {"constexpr",  "consteval",     "_Noreturn",    "__inline",
+constexpr std::string_view specifierWords[] = {"constexpr",  "consteval",     "_Noreturn", "__inline",
                                                "__inline__", "__forceinline", "__extension__"};
 
 }  // namespace

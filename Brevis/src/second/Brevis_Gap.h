@@ -18,11 +18,11 @@ enum class GapRule : std::uint8_t {
 
 struct Gap {
     enum class Sort : std::uint8_t {
-        Keep,    // as the source has it; a new line gets the indent of its scope
-        Fixed,   // as the source has it, with every blank
-        Blanks,  // the text of the rule, which has no line feed
-        Lines,   // the text of the rule, which has one: so many line feeds, and what stands behind the last on top of
-                 // the indent
+        Keep,        // as the source has it; a new line gets the indent of its scope
+        Fixed,       // as the source has it, with every blank
+        Blanks,      // the text of the rule, which has no line feed
+        Lines,       // the text of the rule, which has one: so many line feeds, and what stands behind the last on top of
+                     // the indent
         Break,       // at least one line feed: the source's line feeds if it has any, else those of the rule
         Column,      // blanks up to a column, at least one
         LineColumn,  // the line feeds of the source, and blanks up to a column

@@ -36,8 +36,12 @@ bool GapWrapper::run() {
     return hasBroken_;
 }
 
+// Of a token over several lines, the end of the first one.
 int GapWrapper::endOf(TokenIndex token) const {
     const LaidPlace& next = places_[token + 1];
+    if (text_.token(token).holdsLines) {
+        return places_[token].column + static_cast<int>(text_.text(token).find('\n'));
+    }
     if (next.line == places_[token].line || next.gap > places_[token].column) return next.gap;
     return places_[token].column + static_cast<int>(text_.text(token).size());
 }

@@ -295,7 +295,7 @@ void ItemWalk::readBracket(TokenIndex open) {
     frame.own = anchored(open,
                          scheme_.alignContinuationLeft && !breaksBehind ? Mode::Behind
                          : gaps_.isSet(indent) && !isBraced             ? Mode::Indent
-                                                                        : Mode::Distance,
+                         : Mode::Distance,
                          gaps_.isSet(indent) && !isBraced ? indent : GapRule::None);
     frame.inner = frame.own;
     if (isBraced && gaps_[open].sort == Gap::Sort::Lines && top().sort == Frame::Sort::Item) {

@@ -42,9 +42,9 @@ private:
         TokenIndex first = 0;
         TokenIndex token = 0;  // comes to stand in `column`
         int column = 0;
-        int shift = 0;  // from the source to the result, of its first token
-        TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
+        int shift = 0;                                                    // from the source to the result, of its first token
         bool isBegun = true;                                              // its first token is where it comes to stand
+        TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
     };
 
     void readLine(TokenIndex first, TokenIndex last);

@@ -81,6 +81,7 @@ public:
     void visit(Cpp::CaseNode& node) override { copyToEnd(node); }
     void visit(Cpp::KeywordNode& node) override { copyToEnd(node); }
     void visit(Cpp::TypeNode& node) override { copyToEnd(node); }
+
     // Labels, `asm` and its text go out with the next copy; function heads are written by wrapFunctionHead.
 
 private:
