@@ -24,11 +24,50 @@ std::optional<GapText> readGaps(std::string_view source, const FormatterProperti
     return std::optional<GapText>(std::in_place, source, reader.takeTable());
 }
 
-// A line that has been broken may still be too long where it is.
-void wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+// A line that has been broken may still be too long where it is. Gives whether one was broken.
+bool wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round) {
-        if (!GapWrapper(text, scheme, gaps, GapWriter(text, scheme, gaps).measure()).run()) return;
+        if (!GapWrapper(text, scheme, gaps, GapWriter(text, scheme, gaps).measure()).run()) return round > 0;
+    }
+    return true;
+}
+
+// A text with its decisions, and what came of them.
+struct Pass {
+    Pass(const GapText& text, const FormatterProperties& properties) : gaps(text, properties.scheme) {
+        const Scheme& scheme = properties.scheme;
+        decideGaps(text, properties, gaps);
+        alignGaps(text, scheme, gaps);
+        if (GapWrapper::isWanted(scheme)) isWrapped = wrapGaps(text, scheme, gaps);
+        written = GapWriter(text, scheme, gaps).write();
+        result = written;
+        seams = SeamGuard(text.source(),
+                          scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept)
+                    .mend(result);
+    }
+
+    GapTable gaps;
+    bool isWrapped = false;
+    std::string written;
+    std::string result;
+    std::size_t seams = 0;
+};
+
+// Where lines were broken, all rules look at the text again as if its author had broken them there: columns that other
+// lines shared with a part of them, and brackets that have become smaller. So a second run finds nothing to do.
+void settle(const FormatterProperties& properties, Pass& pass) {
+    constexpr int rounds = 6;
+    for (int round = 0; round < rounds; ++round) {
+        Trn::ParseMessageList known;
+        const std::optional<GapText> text = readGaps(pass.result, properties, known);
+        if (!text) return;
+        Pass next(*text, properties);
+        const bool isSettled = next.result == pass.result;
+        pass.seams += next.seams;
+        pass.written = std::move(next.written);
+        pass.result = std::move(next.result);
+        if (isSettled) return;
     }
 }
 
@@ -37,22 +76,14 @@ void wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     if (!update(analyzingPhase)) return cancelledRun(messages);
-    const std::optional<GapText> gapText = readGaps(source, properties, messages);
-    if (!gapText) return {};
+    const std::optional<GapText> text = readGaps(source, properties, messages);
+    if (!text) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
-    const GapText& text = *gapText;
-    GapTable gaps(text, properties.scheme);
-    decideGaps(text, properties, gaps);
-    alignGaps(text, properties.scheme, gaps);
-    if (GapWrapper::isWanted(properties.scheme)) wrapGaps(text, properties.scheme, gaps);
-    std::string result = GapWriter(text, properties.scheme, gaps).write();
-    const std::string written = observer_ != nullptr ? result : std::string();
-    const SeamGuard guard(
-        source, properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept);
-    const std::size_t seams = guard.mend(result);
-    if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
-    return {FormatOutcome::Formatted, std::move(result), seams, true};
+    Pass pass(*text, properties);
+    if (pass.isWrapped) settle(properties, pass);
+    if (observer_ != nullptr) observer_->observe(*text, pass.gaps, pass.written, pass.result);
+    return {FormatOutcome::Formatted, std::move(pass.result), pass.seams, true};
 }
 
 }  // namespace Brevis
