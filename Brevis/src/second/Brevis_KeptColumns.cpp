@@ -107,14 +107,22 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     link(line);
 }
 
-// A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing in
-// front of that token shares a column.
+// The token below which a line begins, or 0.
+TokenIndex KeptColumns::basisOf(TokenIndex first) const {
+    const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
+    if (!scope.isAnchored || scope.anchor >= first) return 0;
+    if (scope.mode == IndentScope::Mode::At) return scope.anchor;
+    return scope.mode == IndentScope::Mode::Behind ? scope.anchor + 1 : 0;
+}
+
+// A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing up to
+// that token shares a column with further lines.
 bool KeptColumns::isPlaced(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
-    if (scope.mode != IndentScope::Mode::Behind && scope.mode != IndentScope::Mode::At) return true;
-    if (!scope.isAnchored || scope.anchor >= first) return false;
+    const bool isBelowToken = scope.mode == IndentScope::Mode::Behind || scope.mode == IndentScope::Mode::At;
+    if (!scope.isAnchored || scope.anchor >= first) return !isBelowToken;
     const Line& line = lines_[places_[scope.anchor].line];
-    return line.isBegun && line.firstLinked > scope.anchor;
+    return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
@@ -168,11 +176,24 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     return true;
 }
 
+// What the line begins below doesn't share a column with it: it would take the line along.
 void KeptColumns::link(Line& line) {
+    const TokenIndex basis = basisOf(line.first);
+    std::erase_if(above_, [&](const Cell& cell) {
+        if (cell.token > basis) return false;
+        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
+        return true;
+    });
     linkBy(&Cell::start, &Cell::left, false);
     linkBy(&Cell::other, &Cell::right, true);
     const auto linked = std::ranges::find_if(here_, [&](const Cell& cell) { return chainOf(cell) != 0; });
     if (linked != here_.end()) line.firstLinked = linked->token;
+    for (const Cell& cell : above_) {
+        if (chainOf(cell) == 0) continue;
+        TokenIndex& firstAbove = lines_[places_[cell.token].line].firstLinked;
+        firstAbove = std::min(firstAbove, cell.token);
+        break;
+    }
     keepLinked(above_);
     above_.swap(here_);
 }

@@ -48,6 +48,7 @@ private:
     };
 
     void readLine(TokenIndex first, TokenIndex last);
+    TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
     bool readJoined(TokenIndex token, TokenIndex first);
