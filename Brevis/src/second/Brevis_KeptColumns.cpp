@@ -233,11 +233,13 @@ void KeptColumns::keepLinked(std::vector<Cell>& cells) {
 
 // ---- Columns
 
-// The longer one of the two chains, if one of its tokens stands behind more than one blank.
+// The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
+// names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
     const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
-    return right != 0 && (left == 0 || chains_[right].size > chains_[left].size) ? right : left;
+    const int lead = cell.sort == number ? 1 : 0;
+    return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
