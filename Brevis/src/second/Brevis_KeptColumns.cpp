@@ -98,13 +98,20 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
-    if (gaps_.startsLine(first) && line.isBegun) {
+    if (gaps_.startsLine(first) && line.isBegun && !isTooLong(first, last)) {
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
         }
     }
     link(line);
+}
+
+// Whether wrapping breaks the line, with other neighbours for its parts then.
+bool KeptColumns::isTooLong(TokenIndex first, TokenIndex last) const {
+    if (!scheme_.lineWrap || scheme_.rightMargin <= 0) return false;
+    while (last > first && text_.isTrivia(last)) --last;
+    return places_[last].column + static_cast<int>(text_.text(last).size()) > scheme_.rightMargin;
 }
 
 // The token below which a line begins, or 0.

@@ -48,6 +48,7 @@ private:
     };
 
     void readLine(TokenIndex first, TokenIndex last);
+    bool isTooLong(TokenIndex first, TokenIndex last) const;
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
