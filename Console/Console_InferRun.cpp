@@ -12,6 +12,7 @@
 #include "Console_InferReport.h"
 #include "Console_LineChoice.h"
 #include "Console_OrderedWork.h"
+#include "Console_ProgramMain.h"
 #include "Console_ProgressLine.h"
 #include "Console_SignalWatch.h"
 #include "Console_SourceText.h"
@@ -26,7 +27,7 @@ using BrevisUI::InferenceText;
 // More than this tells no more of a style, and would not fit into the memory of every machine.
 constexpr std::size_t mostBytes = std::size_t{64} << 20;
 
-void complain(const std::string& text) { writeErrorLine(std::string(inferProgram) + ": " + text); }
+void complain(const std::string& text) { complainOf(inferProgram, text); }
 
 std::vector<std::string> selectFiles(const InferOptions& options) {
     LineChoice lines(options.selection);
