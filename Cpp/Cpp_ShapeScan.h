@@ -105,7 +105,8 @@ private:
     bool startsLoop(TokenIndex call) const;
     int lineColumn(TokenIndex token) const;
     bool startsDeclarator(TokenIndex paren) const;
-    bool isLoneMacro(TokenIndex word, Frame frame) const;
+    bool isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const;
+    TokenIndex macroRowEnd(TokenIndex first, Frame frame) const;
     bool isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const;
 
     const Trn::TokenBuffer* buffer_;

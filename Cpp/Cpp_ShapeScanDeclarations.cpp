@@ -13,8 +13,12 @@ ItemShape ShapeScan::declaration(TokenIndex first, Frame frame) const {
     Declaration scan{.frame = frame, .at = first};
     scan.shape.first = first;
     if (frame != Frame::Block && macros_ != nullptr && isNamedMacro(first, frame, scan.shape)) return scan.shape;
-    if (frame != Frame::Block && isLoneMacro(first, frame)) {
+    if (frame != Frame::Block && isLoneMacro(first, first, frame)) {
         endAsMacro(scan, first);
+        return scan.shape;
+    }
+    if (const TokenIndex last = frame != Frame::Block ? macroRowEnd(first, frame) : 0) {
+        endAsMacro(scan, last);
         return scan.shape;
     }
     while (scanToken(scan) == Step::GoOn) {
@@ -22,20 +26,45 @@ ItemShape ShapeScan::declaration(TokenIndex first, Frame frame) const {
     return scan.shape;
 }
 
-// A word that is alone at the start of an item and is no part of what follows: a macro.
-bool ShapeScan::isLoneMacro(TokenIndex word, Frame frame) const {
+// A word, or its call that ends at `last`, that is alone at the start or the end of an item and is no part of what
+// follows: a macro.
+bool ShapeScan::isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const {
     if (kind(word) != Kind::Identifier || isWord(word, "requires")) return false;
-    const TokenIndex second = next(word);
+    const TokenIndex second = next(last);
     const TokenKind here = kind(second);
     if (here == Kind::CloseBrace || here == Kind::EndOfInput) return true;
     if (isAccessKeyword(here) || here == Kind::Namespace || here == Kind::Template || here == Kind::Using) return true;
     if (frame == Frame::Class && startsLine(second) && startsAccessLabel(second)) return true;
     if (!startsLine(second) || !isMacroCase(text(word))) return false;
-    if (buffer_->first(second).line > buffer_->last(word).line + 1) return true;
+    if (buffer_->first(second).line > buffer_->last(last).line + 1) return true;
     if (here == Kind::Extern || here == Kind::Typedef || here == Kind::Tilde || startsAttribute(second)) return true;
     // A return type on a line of its own has a function's name below it.
     if (here == Kind::Identifier) return kind(next(second)) != Kind::OpenParen || isMacroCase(text(second));
     return isDeclarationKeyword(here);
+}
+
+// The last token of a line that the call of a macro begins and another macro ends, as in `BEGIN(T) list<T> END`. 0 for no
+// such line.
+TokenIndex ShapeScan::macroRowEnd(TokenIndex first, Frame frame) const {
+    if (kind(first) != Kind::Identifier || !isMacroCase(text(first)) || kind(next(first)) != Kind::OpenParen) return 0;
+    TokenIndex last = 0;
+    for (TokenIndex at = behind(next(first)); !startsLine(at); at = behind(at)) {
+        switch (kind(at)) {
+            case Kind::Semicolon:
+            case Kind::Assign:
+            case Kind::OpenBrace:
+            case Kind::CloseBrace:
+            case Kind::EndOfInput:
+                return 0;
+            default:
+                last = at;
+        }
+    }
+    if (last == 0) return 0;
+    const bool isCall = kind(last) == Kind::OpenParen;
+    const TokenIndex word = isCall ? previous(last) : last;
+    if (isCall) last = partner(last);
+    return isMacroCase(text(word)) && isLoneMacro(word, last, frame) ? last : 0;
 }
 
 ShapeScan::Step ShapeScan::scanToken(Declaration& scan) const {
