@@ -30,6 +30,8 @@ class GapText {
 public:
     // `source` has line feeds as line ends. The table must outlive this.
     GapText(std::string_view source, const Cpp::TokenTable& table);
+    // The tokens of `text` in `laid`, which differs from it in nothing but white space.
+    GapText(std::string_view laid, const GapText& text);
 
     TokenIndex size() const { return static_cast<TokenIndex>(tokens_.size() - 1); }
     const GapToken& token(TokenIndex index) const { return tokens_[index]; }
