@@ -61,8 +61,9 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     std::string result = GapWriter(text, properties.scheme, gaps).write();
     if (isBroken) layOutBroken(text, properties, gaps, result);
     const std::string written = observer_ != nullptr ? result : std::string();
-    const SeamGuard guard(
-        source, properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept);
+    const SeamGuard guard(source,
+                          properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
+                          SeamGuard::Literals::Free);
     const std::size_t seams = guard.mend(result);
     if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
     return {FormatOutcome::Formatted, std::move(result), seams, true};
