@@ -32,9 +32,13 @@ bool isWhiteSpace(const char* at, const char* end) {
     return at == end;
 }
 
-// The end of a token without the line feed that it owns, and without white space that it has taken in.
+// The end of a token without the line feed that it owns, and without white space that it has taken in. A line feed
+// behind a backslash ends no line.
 std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::TokenKind kind) {
-    if (Trn::isLineToken(kind)) return end > begin && text[end - 1] == '\n' ? end - 1 : end;
+    if (Trn::isLineToken(kind)) {
+        const bool ownsFeed = end > begin + 1 && text[end - 1] == '\n' && text[end - 2] != '\\';
+        return ownsFeed ? end - 1 : end;
+    }
     while (end > begin && isBlankSpace(text[end - 1])) --end;
     return end;
 }
