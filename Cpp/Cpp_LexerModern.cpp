@@ -125,6 +125,11 @@ TokenKind Lexer::modernWord(std::size_t begin) {
     if (text_[begin] == '~') ++offset_;
     skipModernWord();
     const std::string_view word = text(begin, offset_);
+    // No destructor has the name of a keyword.
+    if (word.starts_with('~') && modernKeyword(word.substr(1)) != Kind::Identifier) {
+        offset_ = begin;
+        return single(Kind::Tilde);
+    }
     if (peek() == '"' || peek() == '\'') {
         if (isEncodingPrefix(word)) return quoted(begin);
         if (language_ == Language::cpp && peek() == '"' && isRawPrefix(word)) return rawString();

@@ -78,6 +78,17 @@ void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
     decide(token, property.rule, false, breaks);
 }
 
+void GapTable::takeDecisions(const GapTable& earlier) {
+    text_ = earlier.text_;
+    for (std::size_t token = 0; token < gaps_.size(); ++token) {
+        Gap& gap = gaps_[token];
+        if (gap.sort != Gap::Sort::Keep) continue;
+        gap.sort = earlier.gaps_[token].sort;
+        gap.rule = earlier.gaps_[token].rule;
+        gap.column = earlier.gaps_[token].column;
+    }
+}
+
 // Where a value acts if comments or directives stand in the gap; 0 for nowhere.
 TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
     TokenIndex first = token - 1;

@@ -33,6 +33,8 @@ class GapText {
 public:
     // `source`, which must outlive this, has line feeds as line ends.
     GapText(std::string_view source, Cpp::TokenTable table);
+    // The tokens of `text` in `laid`, which differs from it in nothing but white space.
+    GapText(std::string_view laid, const GapText& text);
 
     TokenIndex size() const { return static_cast<TokenIndex>(tokens_.size() - 1); }
     const GapToken& token(TokenIndex index) const { return tokens_[index]; }

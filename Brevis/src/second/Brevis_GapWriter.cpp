@@ -496,7 +496,8 @@ void GapWriter::writeToken(TokenIndex token) {
     if (at.holdsLines && movesWithLine(token)) {
         writeLaterLines(token, text_.text(token));
     } else if (scheme_.removeTrailingWs && text_.isTrivia(token) && !gaps_.isFixed(token)) {
-        const std::string_view trimmed = trimmedLine(text_.text(token));
+        const bool endsLine = text_.endsLine(token);
+        const std::string_view trimmed = endsLine ? trimmedLine(text_.text(token)) : text_.text(token);
         if (trimmed.size() != at.end - at.begin) {
             copyTo(at.begin + trimmed.size());
             replaceTo(at.end, {});

@@ -24,11 +24,34 @@ std::optional<GapText> readGaps(std::string_view source, const FormatterProperti
     return std::optional<GapText>(std::in_place, source, reader.takeTable());
 }
 
-// A line that has been broken may still be too long where it is.
-void wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+// A line that has been broken may still be too long where it is. Gives whether one has been broken.
+bool wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round) {
-        if (!GapWrapper(text, scheme, gaps, GapWriter(text, scheme, gaps).measure()).run()) return;
+        if (!GapWrapper(text, scheme, gaps, GapWriter(text, scheme, gaps).measure()).run()) return round > 0;
+    }
+    return true;
+}
+
+// Gives whether a line has been broken.
+bool layOut(const GapText& text, const FormatterProperties& properties, GapTable& gaps) {
+    decideGaps(text, properties, gaps);
+    alignGaps(text, properties.scheme, gaps);
+    return GapWrapper::isWanted(properties.scheme) && wrapGaps(text, properties.scheme, gaps);
+}
+
+// Rules look at line ends: what has been broken is laid out as if its author had broken it, until that changes nothing.
+void layOutBroken(const GapText& text, const FormatterProperties& properties, GapTable& gaps, std::string& written) {
+    constexpr int rounds = 8;
+    for (int round = 0; round < rounds; ++round) {
+        const GapText broken(written, text);
+        GapTable again(broken, properties.scheme);
+        layOut(broken, properties, again);
+        std::string next = GapWriter(broken, properties.scheme, again).write();
+        if (next == written) return;
+        again.takeDecisions(gaps);
+        gaps = std::move(again);
+        written = std::move(next);
     }
 }
 
@@ -43,13 +66,13 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
 
     const GapText& text = *gapText;
     GapTable gaps(text, properties.scheme);
-    decideGaps(text, properties, gaps);
-    alignGaps(text, properties.scheme, gaps);
-    if (GapWrapper::isWanted(properties.scheme)) wrapGaps(text, properties.scheme, gaps);
+    const bool isBroken = layOut(text, properties, gaps);
     std::string result = GapWriter(text, properties.scheme, gaps).write();
+    if (isBroken) layOutBroken(text, properties, gaps, result);
     const std::string written = observer_ != nullptr ? result : std::string();
-    const SeamGuard guard(
-        source, properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept);
+    const SeamGuard guard(source,
+                          properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
+                          SeamGuard::Literals::Free);
     const std::size_t seams = guard.mend(result);
     if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
     return {FormatOutcome::Formatted, std::move(result), seams, true};
