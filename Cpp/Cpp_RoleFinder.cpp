@@ -89,7 +89,8 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
 void RoleFinder::macroRow(TokenIndex first, TokenIndex last) {
     const TokenIndex open = next(first);
     const TokenIndex close = kind(open) == Kind::OpenParen ? partner(open) : last;
-    const bool isRow = close < last && !isMacroCase(buffer_->text(next(close)));
+    const TokenIndex word = next(close);
+    const bool isRow = close < last && (!isMacroCase(buffer_->text(word)) || kind(next(word)) == Kind::Less);
     const TokenIndex end = isRow ? close : last;
     run(first, end, values(Role::CommaOperator));
     if (isRow) run(end + 1, last, declaration(Role::DeclaratorComma));
