@@ -91,6 +91,7 @@ private:
     bool scanEnum(Declaration& scan) const;
     bool scanFunctionTail(Declaration& scan, TokenIndex tail) const;
     TokenIndex passTailWord(Declaration& scan, TokenIndex at) const;
+    bool isMacroType(const Declaration& scan, TokenIndex behindMacro) const;
     Step endAsData(Declaration& scan, TokenIndex initializer) const;
     Step endAsMacro(Declaration& scan, TokenIndex last) const;
     Step endUnterminated(Declaration& scan) const;

@@ -209,6 +209,7 @@ TokenIndex ShapeScan::passTailWord(Declaration& scan, TokenIndex at) const {
     // Behind a macro that gives a type the name of the function comes, with its bracket.
     if (!hasType && isMacroCase(text(scan.nameLast)) && !isMacroCase(text(at)) && kind(next(at)) == Kind::OpenParen)
         return 0;
+    if (hasType && kind(behindWord) == Kind::OpenBrace && isMacroType(scan, at)) return 0;
     switch (kind(behindWord)) {
         case Kind::OpenBrace:
         case Kind::Semicolon:
@@ -227,6 +228,16 @@ TokenIndex ShapeScan::passTailWord(Declaration& scan, TokenIndex at) const {
         default:
             return startsAttribute(behindWord) ? behindWord : 0;
     }
+}
+
+// Whether nothing but specifiers and macros stands in front of a macro with its bracket, and the name of a function
+// behind it. Where the line ends in front of the macro must not matter, so that it may be put on a line of its own.
+bool ShapeScan::isMacroType(const Declaration& scan, TokenIndex behindMacro) const {
+    if (source_.empty() || !isMacroCase(text(scan.nameLast)) || isMacroCase(text(behindMacro))) return false;
+    if (kind(behindMacro) != Kind::Identifier || kind(next(behindMacro)) != Kind::OpenParen) return false;
+    const TokenIndex before = previous(scan.nameFirst);
+    return kind(before) == Kind::Inline || kind(before) == Kind::Static ||
+           (kind(before) == Kind::Identifier && isMacroCase(text(before)));
 }
 
 TokenIndex ShapeScan::passRequires(TokenIndex keyword) const { return next(requiresClauseEnd(keyword)); }

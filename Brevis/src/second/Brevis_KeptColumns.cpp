@@ -98,7 +98,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
-    if (gaps_.startsLine(first) && line.isBegun) {
+    if (gaps_.startsLine(first) && line.isBegun && !isTooLong(first, last)) {
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
@@ -107,14 +107,29 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     link(line);
 }
 
-// A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing in
-// front of that token shares a column.
+// Whether wrapping breaks the line, with other neighbours for its parts then.
+bool KeptColumns::isTooLong(TokenIndex first, TokenIndex last) const {
+    if (!scheme_.lineWrap || scheme_.rightMargin <= 0) return false;
+    while (last > first && text_.isTrivia(last)) --last;
+    return places_[last].column + static_cast<int>(text_.text(last).size()) > scheme_.rightMargin;
+}
+
+// The token below which a line begins, or 0.
+TokenIndex KeptColumns::basisOf(TokenIndex first) const {
+    const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
+    if (!scope.isAnchored || scope.anchor >= first) return 0;
+    if (scope.mode == IndentScope::Mode::At) return scope.anchor;
+    return scope.mode == IndentScope::Mode::Behind ? scope.anchor + 1 : 0;
+}
+
+// A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing up to
+// that token shares a column with further lines.
 bool KeptColumns::isPlaced(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
-    if (scope.mode != IndentScope::Mode::Behind && scope.mode != IndentScope::Mode::At) return true;
-    if (!scope.isAnchored || scope.anchor >= first) return false;
+    const bool isBelowToken = scope.mode == IndentScope::Mode::Behind || scope.mode == IndentScope::Mode::At;
+    if (!scope.isAnchored || scope.anchor >= first) return !isBelowToken;
     const Line& line = lines_[places_[scope.anchor].line];
-    return line.isBegun && line.firstLinked > scope.anchor;
+    return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
@@ -168,11 +183,24 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     return true;
 }
 
+// What the line begins below doesn't share a column with it: it would take the line along.
 void KeptColumns::link(Line& line) {
+    const TokenIndex basis = basisOf(line.first);
+    std::erase_if(above_, [&](const Cell& cell) {
+        if (cell.token > basis) return false;
+        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
+        return true;
+    });
     linkBy(&Cell::start, &Cell::left, false);
     linkBy(&Cell::other, &Cell::right, true);
     const auto linked = std::ranges::find_if(here_, [&](const Cell& cell) { return chainOf(cell) != 0; });
     if (linked != here_.end()) line.firstLinked = linked->token;
+    for (const Cell& cell : above_) {
+        if (chainOf(cell) == 0) continue;
+        TokenIndex& firstAbove = lines_[places_[cell.token].line].firstLinked;
+        firstAbove = std::min(firstAbove, cell.token);
+        break;
+    }
     keepLinked(above_);
     above_.swap(here_);
 }
@@ -212,11 +240,13 @@ void KeptColumns::keepLinked(std::vector<Cell>& cells) {
 
 // ---- Columns
 
-// The longer one of the two chains, if one of its tokens stands behind more than one blank.
+// The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
+// names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
     const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
-    return right != 0 && (left == 0 || chains_[right].size > chains_[left].size) ? right : left;
+    const int lead = cell.sort == number ? 1 : 0;
+    return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {

@@ -48,6 +48,8 @@ private:
     };
 
     void readLine(TokenIndex first, TokenIndex last);
+    bool isTooLong(TokenIndex first, TokenIndex last) const;
+    TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
     bool readJoined(TokenIndex token, TokenIndex first);
