@@ -44,9 +44,12 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     const GapText& text = *gapText;
     GapTable gaps(text, properties.scheme);
     decideGaps(text, properties, gaps);
-    alignGaps(text, properties.scheme, gaps);
-    if (GapWrapper::isWanted(properties.scheme)) wrapGaps(text, properties.scheme, gaps);
-    std::string result = GapWriter(text, properties.scheme, gaps).write();
+    std::optional<std::string> laid = alignGaps(text, properties.scheme, gaps);
+    if (GapWrapper::isWanted(properties.scheme)) {
+        laid.reset();
+        wrapGaps(text, properties.scheme, gaps);
+    }
+    std::string result = laid ? std::move(*laid) : GapWriter(text, properties.scheme, gaps).write();
     const std::string written = observer_ != nullptr ? result : std::string();
     const SeamGuard guard(
         source, properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept);
