@@ -33,11 +33,19 @@ bool wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     return true;
 }
 
-// Gives whether a line has been broken.
-bool layOut(const GapText& text, const FormatterProperties& properties, GapTable& gaps) {
+// A text as its decisions give it.
+struct Layout {
+    std::string written;
+    bool isBroken = false;  // lines were too long
+};
+
+Layout layOut(const GapText& text, const FormatterProperties& properties, GapTable& gaps) {
+    const Scheme& scheme = properties.scheme;
     decideGaps(text, properties, gaps);
-    alignGaps(text, properties.scheme, gaps);
-    return GapWrapper::isWanted(properties.scheme) && wrapGaps(text, properties.scheme, gaps);
+    std::optional<std::string> aligned = alignGaps(text, scheme, gaps);
+    const bool mayWrap = GapWrapper::isWanted(scheme);
+    const bool isBroken = mayWrap && wrapGaps(text, scheme, gaps);
+    return {aligned && !mayWrap ? std::move(*aligned) : GapWriter(text, scheme, gaps).write(), isBroken};
 }
 
 // Rules look at line ends: what has been broken is laid out as if its author had broken it, until that changes nothing.
@@ -46,8 +54,7 @@ void layOutBroken(const GapText& text, const FormatterProperties& properties, Ga
     for (int round = 0; round < rounds; ++round) {
         const GapText broken(written, text);
         GapTable again(broken, properties.scheme);
-        layOut(broken, properties, again);
-        std::string next = GapWriter(broken, properties.scheme, again).write();
+        std::string next = layOut(broken, properties, again).written;
         if (next == written) return;
         again.takeDecisions(gaps);
         gaps = std::move(again);
@@ -66,9 +73,9 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
 
     const GapText& text = *gapText;
     GapTable gaps(text, properties.scheme);
-    const bool isBroken = layOut(text, properties, gaps);
-    std::string result = GapWriter(text, properties.scheme, gaps).write();
-    if (isBroken) layOutBroken(text, properties, gaps, result);
+    Layout layout = layOut(text, properties, gaps);
+    if (layout.isBroken) layOutBroken(text, properties, gaps, layout.written);
+    std::string result = std::move(layout.written);
     const std::string written = observer_ != nullptr ? result : std::string();
     const SeamGuard guard(source,
                           properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
