@@ -1,9 +1,17 @@
 // One operation a rule, for each row of comments and directives between two tokens of code.
 #include "second/Brevis_CommentRules.h"
 
+#include "second/Brevis_LineColumns.h"
+
 namespace Brevis {
 
 using Sort = Cpp::OutlineItem::Sort;
+
+namespace {
+
+constexpr std::uint32_t asIs = 0;  // the scope that moves nothing
+
+}  // namespace
 
 void CommentRules::run() {
     for (TokenIndex token = 1; token < text_.size(); ++token) {
@@ -44,6 +52,10 @@ bool CommentRules::beginsElseLine(TokenIndex brace) const {
 void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
     TokenIndex anchor = 0;
     for (TokenIndex token = first; token < behind; ++token) {
+        if (goesOnWithDirective(token)) {
+            anchor = 0;
+            continue;
+        }
         if (!text_.isComment(token) || !gaps_.startsLine(token)) {
             anchor = text_.isComment(token) ? token : 0;
             continue;
@@ -58,6 +70,31 @@ void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
         gaps_.keep(token);
         gaps_.setScope(token, gaps_.addScope({.anchor = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
     }
+}
+
+// The same for a comment at the end of a directive, which holds it unless it is a line comment. The directive must stand
+// where it will stay.
+bool CommentRules::goesOnWithDirective(TokenIndex token) {
+    if (!text_.isComment(token) || text_.lineFeeds(token) != 1) return false;
+    const bool isApart = text_.kind(token - 1) == Trn::Kind::LineComment && !text_.startsLine(token - 1);
+    const TokenIndex directive = isApart ? token - 2 : token - 1;
+    if (text_.kind(directive) != Trn::Kind::Directive) return false;
+    const bool stays = scheme_.alignPpdLeftMost.value_or(true) && text_.column(directive, scheme_.tabSize) == 0;
+    if (!stays) return false;
+    int start = 0;
+    if (isApart) {
+        start = text_.column(token - 1, scheme_.tabSize);
+    } else {
+        const std::string_view text = text_.text(directive);
+        const std::size_t line = text.rfind('\n') + 1;
+        const std::size_t comment = text.find("/*", line);
+        if (comment == std::string_view::npos) return false;
+        start = columnBehind(text.substr(line, comment - line), 0, scheme_.tabSize);
+    }
+    if (start != text_.column(token, scheme_.tabSize)) return false;
+    gaps_.keep(token);
+    gaps_.setScope(token, asIs);
+    return true;
 }
 
 // A comment that stands right above a directive and in its column is about the directive.

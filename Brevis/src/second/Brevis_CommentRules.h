@@ -17,6 +17,7 @@ private:
     void ownLines(TokenIndex first, TokenIndex behind);
     bool beginsElseLine(TokenIndex brace) const;
     void behindCode(TokenIndex first, TokenIndex behind);
+    bool goesOnWithDirective(TokenIndex token);
     void beforeDirectives(TokenIndex first, TokenIndex behind);
     bool isLabel(TokenIndex token);
 

@@ -72,6 +72,11 @@ public:
         return index;
     }
     // Whether the source has no line feed between the two, trivia included.
+    // Whether nothing stands between a comma and the comma or the bracket `end` behind it.
+    bool isEmptyArgument(TokenIndex end) const {
+        return (kind(end) == Trn::Kind::Comma || kind(end) == Trn::Kind::CloseParen) &&
+               kind(previous(end)) == Trn::Kind::Comma;
+    }
     bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
 
     // Whether a token and the one in front of it would become others with nothing in between.
