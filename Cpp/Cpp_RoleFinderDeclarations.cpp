@@ -69,7 +69,7 @@ TokenIndex RoleFinder::readDeclared(TokenIndex at) {
     // No sign of a declaration: what follows was a value.
     if (kind(at) >= Kind::Slash && kind(at) <= Kind::ArrowStar) {
         scope.declares = false;
-        scope.hasOperand = previous_ != 0;
+        scope.hasOperand = previous_ != 0 && kind(previous_) != Kind::Comma && !shapes_->isOpening(previous_);
         return readValue(at);
     }
     return at;

@@ -149,18 +149,6 @@ void BlankConverter::convertDirective(std::string_view text) {
 
 }  // namespace
 
-namespace {
-
-// Whether the author has blanks in front of an operator, to go on with in the same way.
-bool isInExpression(const GapText& text, TokenIndex token) {
-    const Cpp::Role role = text.role(token);
-    if (role != Cpp::Role::Binary && role != Cpp::Role::Comparison) return false;
-    const std::string_view gap = text.gap(token);
-    return text.lineFeeds(token) == 0 && gap.find('\t') == std::string_view::npos;
-}
-
-}  // namespace
-
 std::string convertBlanks(const GapText& text, const GapTable& gaps, const Scheme& scheme, std::string_view laid,
                           const std::vector<std::uint32_t>& places) {
     BlankConverter converter(scheme, laid.size());
@@ -172,7 +160,7 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;
         if (isFixed) {
             converter.copy(gap);
-        } else if (isInExpression(text, token) && gap.find('\n') == std::string_view::npos) {
+        } else if (text.hasBlanksBeforeOperator(token) && gap.find('\n') == std::string_view::npos) {
             converter.copy(gap);
         } else if (gaps[token].sort == Gap::Sort::Column) {
             converter.convertColumn(gap);
