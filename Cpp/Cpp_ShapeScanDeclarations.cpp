@@ -246,7 +246,10 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                     kind(next(at)) != Kind::Colon) {
                     return false;
                 }
-                if (colon == 0 && kind(next(at)) == Kind::OpenBrace && scan.at != scan.shape.first) return false;
+                if (colon == 0 && kind(next(at)) == Kind::OpenBrace &&
+                    (scan.at != scan.shape.first || namesFunction(scan.at, at))) {
+                    return false;
+                }
                 break;
             case Kind::Identifier:
             case Kind::Ellipsis:
@@ -264,6 +267,13 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                 return false;
         }
     }
+}
+
+// `struct S f(int a) {`
+bool ShapeScan::namesFunction(TokenIndex key, TokenIndex close) const {
+    const TokenIndex name = previous(partner(close));
+    return isForRoles() && kind(name) == Kind::Identifier && previous(name) != key &&
+           kind(previous(name)) == Kind::Identifier && !isMacroCase(text(name)) && !isOneOf(bracketWords, text(name));
 }
 
 bool ShapeScan::scanEnum(Declaration& scan) const {
@@ -300,6 +310,25 @@ bool ShapeScan::scanEnum(Declaration& scan) const {
 }
 
 // ---- Braces
+
+// At the bracket of `type name MACRO(...){value};`.
+bool ShapeScan::isAnnotation(const Declaration& scan) const {
+    const TokenIndex macro = scan.nameFirst;
+    const TokenIndex name = previous(macro);
+    if (!isForRoles() || macro != scan.nameLast || kind(macro) != Kind::Identifier || !isMacroCase(text(macro)))
+        return false;
+    if (name <= scan.shape.first || kind(name) != Kind::Identifier || isMacroCase(text(name))) return false;
+    const TokenIndex type = previous(name);
+    const TokenKind before = kind(type);
+    const bool isType = before == Kind::Greater || before == Kind::ShiftRight || isTypeKeyword(before) ||
+                        isDeclaratorSign(before) || (before == Kind::Identifier && !isMacroCase(text(type)));
+    const TokenIndex brace = next(partner(scan.at));
+    if (!isType || kind(brace) != Kind::OpenBrace || kind(next(partner(brace))) != Kind::Semicolon) return false;
+    for (TokenIndex at = next(brace); at < partner(brace); at = behind(at)) {
+        if (kind(at) == Kind::Semicolon) return false;
+    }
+    return true;
+}
 
 // A brace behind a name: the value of data, or a block behind a macro.
 ShapeScan::Step ShapeScan::scanBrace(Declaration& scan) const {

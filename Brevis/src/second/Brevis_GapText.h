@@ -74,6 +74,17 @@ public:
         return index;
     }
     // Whether the source has no line feed between the two, trivia included.
+    // Whether nothing stands between a comma and the comma or the bracket `end` behind it.
+    bool isEmptyArgument(TokenIndex end) const {
+        return (kind(end) == Trn::Kind::Comma || kind(end) == Trn::Kind::CloseParen) &&
+               kind(previous(end)) == Trn::Kind::Comma;
+    }
+    // Whether the author has no tab in front of an operator, so that none is wanted there.
+    bool hasBlanksBeforeOperator(TokenIndex token) const {
+        const Cpp::Role here = role(token);
+        return (here == Cpp::Role::Binary || here == Cpp::Role::Comparison) && lineFeeds(token) == 0 &&
+               gap(token).find('\t') == std::string_view::npos;
+    }
     bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
 
     // Whether a token and the one in front of it would become others with nothing in between.

@@ -240,7 +240,8 @@ void GapWriter::writeColumn(TokenIndex token) {
     int at = column();
     const int target = std::max(static_cast<int>(gaps_[token].column), at + 1);
     scratch_.clear();
-    const bool hasTabs = scheme_.convertWs == 2 || text_.gap(token).find('\t') != std::string_view::npos;
+    const bool wantsTabs = scheme_.convertWs == 2 && !text_.hasBlanksBeforeOperator(token);
+    const bool hasTabs = wantsTabs || text_.gap(token).find('\t') != std::string_view::npos;
     if (hasTabs && gaps_[token].rule == ruleOf<&Scheme::keepAlignedColumns>()) {
         for (int stop = (at / scheme_.tabSize + 1) * scheme_.tabSize; stop <= target; stop += scheme_.tabSize) {
             scratch_ += '\t';
