@@ -182,7 +182,8 @@ bool ChangeFinder::isIndentOfScope(const Gap& gap) const {
 // Whether an indent has only tabs for blanks, or blanks for tabs.
 bool ChangeFinder::isConverted(std::string_view before, std::string_view after) const {
     return scheme_.convertWs != 0 &&
-           columnBehind(before.substr(headOf(before).size()), 0, scheme_.tabSize) == columnBehind(after.substr(headOf(after).size()), 0, scheme_.tabSize);
+           columnBehind(before.substr(headOf(before).size()), 0, scheme_.tabSize) ==
+           columnBehind(after.substr(headOf(after).size()), 0, scheme_.tabSize);
 }
 
 // What the line begins with comes from its scope, and from nothing but the lines around it where that has no key.

@@ -92,7 +92,11 @@ void GapTable::takeDecisions(const GapTable& earlier) {
 // Where a value acts if comments or directives stand in the gap; 0 for nowhere.
 TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
     TokenIndex first = token - 1;
-    while (first > 1 && text_->isTrivia(first - 1)) --first;
+    while (first > 1 && text_->isTrivia(first - 1)) {
+        // There may be many lines of comments, and none of them is asked for again.
+        if (!hasFeed && !text_->isOnOneLine(first, token)) return 0;
+        --first;
+    }
     if (hasFeed) {
         while (first < token && text_->isComment(first) && !text_->startsLine(first)) ++first;
         return first;
