@@ -1,6 +1,7 @@
 // Joins the search to files, threads and the standard streams.
 #include "Console_InferRun.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <thread>
@@ -11,6 +12,7 @@
 #include "Console_InferReport.h"
 #include "Console_LineChoice.h"
 #include "Console_OrderedWork.h"
+#include "Console_ProgramMain.h"
 #include "Console_ProgressLine.h"
 #include "Console_SignalWatch.h"
 #include "Console_SourceText.h"
@@ -25,7 +27,7 @@ using BrevisUI::InferenceText;
 // More than this tells no more of a style, and would not fit into the memory of every machine.
 constexpr std::size_t mostBytes = std::size_t{64} << 20;
 
-void complain(const std::string& text) { writeErrorLine(std::string(inferProgram) + ": " + text); }
+void complain(const std::string& text) { complainOf(inferProgram, text); }
 
 std::vector<std::string> selectFiles(const InferOptions& options) {
     LineChoice lines(options.selection);
@@ -54,6 +56,15 @@ std::vector<InferenceText> readTexts(const std::vector<std::string>& files) {
     return texts;
 }
 
+// "searching [#####---------------]  25 %"
+std::string progressBar(double share) {
+    constexpr std::size_t width = 20, percentWidth = 3;
+    std::string bar(width, '-');
+    std::fill_n(bar.begin(), static_cast<std::size_t>(share * static_cast<double>(width)), '#');
+    const std::string percent = std::to_string(static_cast<int>(100 * share));
+    return "searching [" + bar + "] " + std::string(percentWidth - percent.size(), ' ') + percent + " %";
+}
+
 BrevisUI::InferenceHost hostOf(const InferOptions& options, ProgressLine& progress, SignalWatch& signals) {
     const unsigned jobs = options.selection.jobs;
     const std::size_t threads = jobs > 0 ? jobs : std::max(1u, std::thread::hardware_concurrency());
@@ -70,7 +81,7 @@ BrevisUI::InferenceHost hostOf(const InferOptions& options, ProgressLine& progre
         OrderedWork<char>({.threads = threads, .items = 16 * threads}, std::move(steps)).run(count);
     };
     host.goOn = [&progress, &signals](double share) {
-        progress.update("searching, " + std::to_string(static_cast<int>(100 * share)) + " %");
+        progress.update(progressBar(share));
         return signals.signal() == 0;
     };
     return host;

@@ -1,14 +1,12 @@
 // corvane-inspect: shows what the engine makes of a source text or of a scheme, for people who debug it, for users who
 // wonder and for tests. Here stand its arguments; Console_InspectCommands has what it does.
 #include <CLI/CLI.hpp>
-#include <cstring>
-#include <exception>
 #include <map>
 #include <string>
 
 #include "Console_InspectCommands.h"
 #include "Console_ManualText.h"
-#include "Console_StandardStreams.h"
+#include "Console_ProgramMain.h"
 
 namespace {
 
@@ -70,37 +68,25 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
         output.write(versionText);
         request.command = nullptr;
     } catch (const CLI::ParseError& error) {
-        Console::complainOfInspect(error.what());
-        Console::complainOfInspect(std::string("try '") + Console::inspectProgram + " --help' for more information");
+        Console::complainOfArguments(Console::inspectProgram, error.what());
         request.command = nullptr;
         request.status = Console::inspectTrouble;
     }
     return request;
 }
 
-int guardedMain(int argc, char** argv) {
-    Console::StandardOutput output;
+int execute(int argc, char** argv, Console::StandardOutput& output) {
     Request request = parseArguments(argc, argv, output);
-    if (request.command) {
-        std::string text;
-        request.status = request.command(request.options, text);
-        output.write(text);
-    }
-    if (const int error = output.finish()) {
-        Console::complainOfInspect(std::string("write error: ") + std::strerror(error));
-        return Console::inspectTrouble;
-    }
-    return request.status;
+    if (!request.command) return request.status;
+    std::string text;
+    const int status = request.command(request.options, text);
+    output.write(text);
+    return status;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    Console::prepareStandardStreams();
-    try {
-        return guardedMain(argc, argv);
-    } catch (const std::exception& exception) {
-        Console::complainOfInspect(exception.what());
-    }
-    return Console::inspectTrouble;
+    return Console::runProgram(Console::inspectProgram, Console::inspectTrouble,
+                               [=](Console::StandardOutput& output) { return execute(argc, argv, output); });
 }

@@ -147,8 +147,9 @@ constexpr std::array<std::int8_t, 256> sorts = makeSorts();
 }  // namespace
 
 inline TokenKind Lexer::recognize(std::size_t begin) {
-    if (dialect_ == Dialect::modern) return modernToken(begin);
     const std::int8_t sort = sorts[static_cast<unsigned char>(text_[begin])];
+    if (sort >= 0) return single(sort);
+    if (dialect_ == Dialect::modern) return modernToken(begin);
     switch (sort) {
         case Sort::word:
             return word(begin);
@@ -168,10 +169,8 @@ inline TokenKind Lexer::recognize(std::size_t begin) {
             return charLiteral(begin);
         case Sort::hash:
             return directive(begin);
-        case Sort::none:
-            return single(nothing);
         default:
-            return single(sort);
+            return single(nothing);
     }
 }
 

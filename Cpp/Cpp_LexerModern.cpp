@@ -19,7 +19,15 @@ constexpr bool isWordStart(char c) {
            (static_cast<unsigned char>(c) >= 0x80 && c != '\xff');
 }
 
-constexpr bool isWordPart(char c) { return isWordStart(c) || isAny(c, CharClass::digit); }
+constexpr std::array<bool, 256> wordParts = [] {
+    std::array<bool, 256> parts{};
+    for (std::size_t c = 0; c < parts.size(); ++c) {
+        parts[c] = isWordStart(static_cast<char>(c)) || isAny(static_cast<char>(c), CharClass::digit);
+    }
+    return parts;
+}();
+
+bool isWordPart(char c) { return wordParts[static_cast<unsigned char>(c)]; }
 
 constexpr bool isEncodingPrefix(std::string_view word) {
     return word == "L" || word == "u" || word == "U" || word == "u8";
@@ -125,6 +133,11 @@ TokenKind Lexer::modernWord(std::size_t begin) {
     if (text_[begin] == '~') ++offset_;
     skipModernWord();
     const std::string_view word = text(begin, offset_);
+    // No destructor has the name of a keyword.
+    if (word.starts_with('~') && modernKeyword(word.substr(1)) != Kind::Identifier) {
+        offset_ = begin;
+        return single(Kind::Tilde);
+    }
     if (peek() == '"' || peek() == '\'') {
         if (isEncodingPrefix(word)) return quoted(begin);
         if (language_ == Language::cpp && peek() == '"' && isRawPrefix(word)) return rawString();
@@ -153,15 +166,14 @@ std::size_t Lexer::passUniversalName(std::size_t offset) const {
 }
 
 void Lexer::skipModernWord() {
+    std::size_t offset = offset_;
     for (;;) {
-        if (offset_ < size_ && isWordPart(text_[offset_])) {
-            ++offset_;
-        } else if (const std::size_t next = passUniversalName(offset_); next != offset_) {
-            offset_ = next;
-        } else {
-            return;
-        }
+        while (offset < size_ && isWordPart(text_[offset])) ++offset;
+        const std::size_t next = passUniversalName(offset);
+        if (next == offset) break;
+        offset = next;
     }
+    offset_ = offset;
 }
 
 // ---- Numbers and literals

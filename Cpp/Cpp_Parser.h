@@ -265,6 +265,7 @@ private:
     struct Expression;
 
     Ptr<BlockNode> parseBlock(Stream& stream);
+    void parseUnbraced(Stream& stream, BlockNode& block);
     void parseSingleStatement(Stream& stream, TokenKind kind, BlockNode& block);
     Step parseBlockItem(Stream& stream, BlockNode& block);
     void parseBlockStatement(Stream& stream, TokenKind kind, BlockNode& block);

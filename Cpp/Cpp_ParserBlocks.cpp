@@ -40,12 +40,22 @@ std::unique_ptr<BlockNode> Parser::parseBlock(Stream& stream) {
     } else {
         if (isModern_) {
             stream.seek(token.index());
-            if (token.kind() != Kind::CloseBrace) parseModernItem(stream, *block, Frame::Block);
+            if (token.kind() != Kind::CloseBrace) parseUnbraced(stream, *block);
         } else {
             parseSingleStatement(stream, token.kind(), *block);
         }
     }
     return block;
+}
+
+// For the outline the labels of a `switch` without braces have their statement in it.
+void Parser::parseUnbraced(Stream& stream, BlockNode& block) {
+    bool isLabel = true;
+    while (isLabel) {
+        const TokenKind kind = peekSignificant(stream).kind();
+        isLabel = outline_ != nullptr && (kind == Kind::Case || kind == Kind::Default);
+        if (kind != Kind::CloseBrace && kind != Kind::EndOfInput) parseModernItem(stream, block, Frame::Block);
+    }
 }
 
 // Behind the first token, of the kind given.

@@ -74,6 +74,8 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
             break;
         }
         case Sort::Macro:
+            macroRow(shape.first, shape.last);
+            break;
         case Sort::Head:
         case Sort::Loop:
         case Sort::Unread:
@@ -81,6 +83,17 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
             break;
     }
     shape_ = {};
+}
+
+// Behind the call of a macro that begins a row stands a part of a declaration.
+void RoleFinder::macroRow(TokenIndex first, TokenIndex last) {
+    const TokenIndex open = next(first);
+    const TokenIndex close = kind(open) == Kind::OpenParen ? partner(open) : last;
+    const TokenIndex word = next(close);
+    const bool isRow = close < last && (!isMacroCase(buffer_->text(word)) || kind(next(word)) == Kind::Less);
+    const TokenIndex end = isRow ? close : last;
+    run(first, end, values(Role::CommaOperator));
+    if (isRow) run(end + 1, last, declaration(Role::DeclaratorComma));
 }
 
 void RoleFinder::declarators(TokenIndex first, TokenIndex last) {

@@ -59,6 +59,7 @@ private:
         int questions = 0;        // that wait for their colon
     };
 
+    void macroRow(TokenIndex first, TokenIndex last);
     void run(TokenIndex first, TokenIndex last, Scope scope);
     // Gives the last token that it has read.
     TokenIndex read(TokenIndex at);

@@ -69,7 +69,7 @@ TokenIndex RoleFinder::readDeclared(TokenIndex at) {
     // No sign of a declaration: what follows was a value.
     if (kind(at) >= Kind::Slash && kind(at) <= Kind::ArrowStar) {
         scope.declares = false;
-        scope.hasOperand = previous_ != 0;
+        scope.hasOperand = previous_ != 0 && kind(previous_) != Kind::Comma && !shapes_->isOpening(previous_);
         return readValue(at);
     }
     return at;
@@ -96,6 +96,8 @@ void RoleFinder::readDeclaredParen(TokenIndex at) {
     const Guess guess = types_.holdsParameters(at);
     const TokenIndex close = partner(at);
     const TokenKind after = kind(next(close));
+    // `T (name)(int)`
+    if (at == shape_.nameFirst) return open(at, Role::DeclaratorGroup, declaration(Role::DeclaratorComma));
     if (at == shape_.open) {
         return guess == Guess::No && shape_.body == 0 && shape_.nameFirst > shape_.first ? openConstruction(at)
                                                                                          : openParameters(at);

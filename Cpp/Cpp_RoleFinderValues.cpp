@@ -167,7 +167,9 @@ void RoleFinder::readSign(TokenIndex at) {
     const bool isStar = kind(at) == Kind::Star;
     const bool isToMember = isStar && kind(previous_) == Kind::Identifier && buffer_->text(previous_).ends_with("::");
     const bool isOfType = scope.hasOperand && (scope.isType || scope.isNew);
-    if (isToMember || isOfType || (scope.hasOperand && types_.endsType(at))) {
+    const bool isResult =
+        scope.bracket == Role::TemplateArguments && scope.hasOperand && types_.endsResultType(at);
+    if (isToMember || isOfType || isResult || (scope.hasOperand && types_.endsType(at))) {
         set(at, isStar ? Role::Pointer : Role::Reference);
         return endOperand(true);
     }

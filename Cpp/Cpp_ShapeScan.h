@@ -89,6 +89,8 @@ private:
     Step scanTemplateBracket(Declaration& scan) const;
     bool scanClass(Declaration& scan) const;
     bool scanEnum(Declaration& scan) const;
+    bool namesFunction(TokenIndex key, TokenIndex close) const;
+    bool isAnnotation(const Declaration& scan) const;
     bool scanFunctionTail(Declaration& scan, TokenIndex tail) const;
     TokenIndex passTailWord(Declaration& scan, TokenIndex at) const;
     bool isMacroType(const Declaration& scan, TokenIndex behindMacro) const;
@@ -106,8 +108,12 @@ private:
     bool startsLoop(TokenIndex call) const;
     int lineColumn(TokenIndex token) const;
     bool startsDeclarator(TokenIndex paren) const;
-    bool isLoneMacro(TokenIndex word, Frame frame) const;
+    bool isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const;
+    TokenIndex macroRowEnd(TokenIndex first, Frame frame) const;
     bool isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const;
+
+    // What the first edition reads stays as it is, so some shapes are told apart only where roles are wanted.
+    bool isForRoles() const { return !source_.empty(); }
 
     const Trn::TokenBuffer* buffer_;
     const Trn::BracketTable* brackets_;

@@ -13,8 +13,12 @@ ItemShape ShapeScan::declaration(TokenIndex first, Frame frame) const {
     Declaration scan{.frame = frame, .at = first};
     scan.shape.first = first;
     if (frame != Frame::Block && macros_ != nullptr && isNamedMacro(first, frame, scan.shape)) return scan.shape;
-    if (frame != Frame::Block && isLoneMacro(first, frame)) {
+    if (frame != Frame::Block && isLoneMacro(first, first, frame)) {
         endAsMacro(scan, first);
+        return scan.shape;
+    }
+    if (const TokenIndex last = frame != Frame::Block ? macroRowEnd(first, frame) : 0) {
+        endAsMacro(scan, last);
         return scan.shape;
     }
     while (scanToken(scan) == Step::GoOn) {
@@ -22,20 +26,45 @@ ItemShape ShapeScan::declaration(TokenIndex first, Frame frame) const {
     return scan.shape;
 }
 
-// A word that is alone at the start of an item and is no part of what follows: a macro.
-bool ShapeScan::isLoneMacro(TokenIndex word, Frame frame) const {
+// A word, or its call that ends at `last`, that is alone at the start or the end of an item and is no part of what
+// follows: a macro.
+bool ShapeScan::isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const {
     if (kind(word) != Kind::Identifier || isWord(word, "requires")) return false;
-    const TokenIndex second = next(word);
+    const TokenIndex second = next(last);
     const TokenKind here = kind(second);
     if (here == Kind::CloseBrace || here == Kind::EndOfInput) return true;
     if (isAccessKeyword(here) || here == Kind::Namespace || here == Kind::Template || here == Kind::Using) return true;
     if (frame == Frame::Class && startsLine(second) && startsAccessLabel(second)) return true;
     if (!startsLine(second) || !isMacroCase(text(word))) return false;
-    if (buffer_->first(second).line > buffer_->last(word).line + 1) return true;
+    if (buffer_->first(second).line > buffer_->last(last).line + 1) return true;
     if (here == Kind::Extern || here == Kind::Typedef || here == Kind::Tilde || startsAttribute(second)) return true;
     // A return type on a line of its own has a function's name below it.
     if (here == Kind::Identifier) return kind(next(second)) != Kind::OpenParen || isMacroCase(text(second));
     return isDeclarationKeyword(here);
+}
+
+// The last token of a line that the call of a macro begins and another macro ends, as in `BEGIN(T) list<T> END`. 0 for no
+// such line.
+TokenIndex ShapeScan::macroRowEnd(TokenIndex first, Frame frame) const {
+    if (kind(first) != Kind::Identifier || !isMacroCase(text(first)) || kind(next(first)) != Kind::OpenParen) return 0;
+    TokenIndex last = 0;
+    for (TokenIndex at = behind(next(first)); !startsLine(at); at = behind(at)) {
+        switch (kind(at)) {
+            case Kind::Semicolon:
+            case Kind::Assign:
+            case Kind::OpenBrace:
+            case Kind::CloseBrace:
+            case Kind::EndOfInput:
+                return 0;
+            default:
+                last = at;
+        }
+    }
+    if (last == 0) return 0;
+    const bool isCall = kind(last) == Kind::OpenParen;
+    const TokenIndex word = isCall ? previous(last) : last;
+    if (isCall) last = partner(last);
+    return isMacroCase(text(word)) && isLoneMacro(word, last, frame) ? last : 0;
 }
 
 ShapeScan::Step ShapeScan::scanToken(Declaration& scan) const {
@@ -217,7 +246,10 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                     kind(next(at)) != Kind::Colon) {
                     return false;
                 }
-                if (colon == 0 && kind(next(at)) == Kind::OpenBrace && scan.at != scan.shape.first) return false;
+                if (colon == 0 && kind(next(at)) == Kind::OpenBrace &&
+                    (scan.at != scan.shape.first || namesFunction(scan.at, at))) {
+                    return false;
+                }
                 break;
             case Kind::Identifier:
             case Kind::Ellipsis:
@@ -235,6 +267,13 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                 return false;
         }
     }
+}
+
+// `struct S f(int a) {`
+bool ShapeScan::namesFunction(TokenIndex key, TokenIndex close) const {
+    const TokenIndex name = previous(partner(close));
+    return isForRoles() && kind(name) == Kind::Identifier && previous(name) != key &&
+           kind(previous(name)) == Kind::Identifier && !isMacroCase(text(name)) && !isOneOf(bracketWords, text(name));
 }
 
 bool ShapeScan::scanEnum(Declaration& scan) const {
@@ -271,6 +310,25 @@ bool ShapeScan::scanEnum(Declaration& scan) const {
 }
 
 // ---- Braces
+
+// At the bracket of `type name MACRO(...){value};`.
+bool ShapeScan::isAnnotation(const Declaration& scan) const {
+    const TokenIndex macro = scan.nameFirst;
+    const TokenIndex name = previous(macro);
+    if (!isForRoles() || macro != scan.nameLast || kind(macro) != Kind::Identifier || !isMacroCase(text(macro)))
+        return false;
+    if (name <= scan.shape.first || kind(name) != Kind::Identifier || isMacroCase(text(name))) return false;
+    const TokenIndex type = previous(name);
+    const TokenKind before = kind(type);
+    const bool isType = before == Kind::Greater || before == Kind::ShiftRight || isTypeKeyword(before) ||
+                        isDeclaratorSign(before) || (before == Kind::Identifier && !isMacroCase(text(type)));
+    const TokenIndex brace = next(partner(scan.at));
+    if (!isType || kind(brace) != Kind::OpenBrace || kind(next(partner(brace))) != Kind::Semicolon) return false;
+    for (TokenIndex at = next(brace); at < partner(brace); at = behind(at)) {
+        if (kind(at) == Kind::Semicolon) return false;
+    }
+    return true;
+}
 
 // A brace behind a name: the value of data, or a block behind a macro.
 ShapeScan::Step ShapeScan::scanBrace(Declaration& scan) const {

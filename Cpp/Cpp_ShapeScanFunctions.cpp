@@ -57,6 +57,12 @@ ShapeScan::Step ShapeScan::scanParen(Declaration& scan) const {
             return endAsData(scan, open);
         }
     }
+    if (isAnnotation(scan)) {
+        scan.setName(previous(scan.nameFirst), previous(scan.nameFirst));
+        scan.endName();
+        scan.at = tail;
+        return endAsData(scan, tail);
+    }
     scan.shape.open = open;
     if (scanFunctionTail(scan, tail)) {
         scan.shape.sort = Sort::Function;
@@ -221,6 +227,8 @@ TokenIndex ShapeScan::passTailWord(Declaration& scan, TokenIndex at) const {
             // A macro that stands for an item of its own may have one of these behind it too.
             return hasType || isMacroCase(text(at)) || kind(behindWord) != Kind::Semicolon ? behindWord : 0;
         case Kind::Identifier:
+            // `__acquires(lock)` and its kin, one below the other.
+            if (isForRoles() && text(at).starts_with("__") && text(behindWord).starts_with("__")) return behindWord;
             return isMacroCase(text(at)) || isWord(behindWord, "override") || isWord(behindWord, "noexcept") ||
                            isWord(behindWord, "final")
                        ? behindWord

@@ -364,6 +364,16 @@ bool TypeShapes::endsType(TokenIndex sign) const {
     }
 }
 
+// `A<T*()>`: whether parameters of a function type end the template argument behind the sign.
+bool TypeShapes::endsResultType(TokenIndex sign) const {
+    TokenIndex open = next(sign);
+    while (isDeclaratorSign(kind(open)) || isCvQualifier(kind(open))) open = next(open);
+    if (kind(open) != Kind::OpenParen) return false;
+    const TokenKind after = kind(next(partner(open)));
+    if (after != Kind::Comma && after != Kind::Greater && after != Kind::ShiftRight) return false;
+    return next(open) == partner(open) || holdsParameters(open) == Guess::Yes;
+}
+
 // Of the part between commas that begins at `at`, which is moved to its end.
 Guess TypeShapes::isParameter(TokenIndex& at) const {
     at = shapes_->passAttributes(at);
@@ -388,6 +398,10 @@ Guess TypeShapes::isParameter(TokenIndex& at) const {
     if (endsType(at)) return Guess::Yes;
     while (isDeclaratorSign(kind(at))) at = next(at);
     if (kind(at) == Kind::Ellipsis) return Guess::Yes;
+    // `T *(*name)(int)`
+    if (kind(at) == Kind::OpenParen && kind(next(partner(at))) == Kind::OpenParen && isDeclaratorGroup(at)) {
+        return Guess::Unknown;
+    }
     if (kind(at) != Kind::Identifier) return Guess::No;
     // `T *restrict name`
     if (isTypeWord(buffer_->text(at))) return Guess::Yes;

@@ -29,6 +29,7 @@ public:
     bool isDeclaratorGroup(TokenIndex open) const;
     // Whether a sign behind a name has no operand on its right, so that it belongs to a type.
     bool endsType(TokenIndex sign) const;
+    bool endsResultType(TokenIndex sign) const;
     // Whether a declaration begins here, in the head of a control statement.
     bool startsDeclaration(TokenIndex first) const;
     bool isCpp() const { return language_ == Language::cpp; }

@@ -3,18 +3,6 @@
 
 namespace Trn {
 
-BracketTable::BracketTable(const TokenBuffer& buffer) : buffer_(&buffer), entries_(buffer.size()) {
-    for (TokenIndex token = 1; token < buffer.size(); ++token) {
-        const TokenKind kind = buffer.kind(token);
-        if (isTrivia(kind)) continue;
-        add(token);
-        previous_ = kind;
-    }
-    dropAngles();
-    if (unmatched_ == 0 && !open_.empty()) unmatched_ = open_.back();
-    open_ = {};
-}
-
 namespace {
 
 constexpr bool mayNameTemplate(TokenKind kind) {
@@ -30,9 +18,9 @@ constexpr bool endsArgument(TokenKind kind) {
 
 }  // namespace
 
-void BracketTable::add(TokenIndex token) {
-    if (previous_ == Kind::AmpAmp && !endsArgument(buffer_->kind(token))) noteLogic();
-    switch (buffer_->kind(token)) {
+inline void BracketTable::add(TokenIndex token, TokenKind kind) {
+    if (previous_ == Kind::AmpAmp && !endsArgument(kind)) noteLogic();
+    switch (kind) {
         case Kind::OpenParen:
         case Kind::OpenBracket:
         case Kind::OpenBrace:
@@ -65,6 +53,18 @@ void BracketTable::add(TokenIndex token) {
         default:
             return;
     }
+}
+
+BracketTable::BracketTable(const TokenBuffer& buffer) : buffer_(&buffer), entries_(buffer.size()) {
+    for (TokenIndex token = 1; token < buffer.size(); ++token) {
+        const TokenKind kind = buffer.kind(token);
+        if (isTrivia(kind)) continue;
+        add(token, kind);
+        previous_ = kind;
+    }
+    dropAngles();
+    if (unmatched_ == 0 && !open_.empty()) unmatched_ = open_.back();
+    open_ = {};
 }
 
 void BracketTable::close(TokenIndex token, TokenKind opening) {

@@ -31,7 +31,7 @@ private:
         TokenIndex holdsLogic : 1 = 0;
     };
 
-    void add(TokenIndex token);
+    void add(TokenIndex token, TokenKind kind);
     void close(TokenIndex token, TokenKind opening);
     void closeAngle(TokenIndex token);
     void noteLogic();

@@ -4,15 +4,11 @@
 #include <algorithm>
 #include <numeric>
 
+#include "second/Brevis_LineColumns.h"
+
 namespace BrevisUI {
 
 namespace {
-
-int widthOf(std::string_view blanks, int tabSize) {
-    int column = 0;
-    for (const char c : blanks) column = c == '\t' ? (column / tabSize + 1) * tabSize : column + 1;
-    return column;
-}
 
 bool isFilled(std::string_view lead, int tabSize) {
     const std::size_t tabs = std::min(lead.find_first_not_of('\t'), lead.size());
@@ -25,7 +21,7 @@ void addLead(TextStatistics& counts, std::string_view lead) {
     if (lead.front() == '\t') ++counts.tabIndented;
     for (std::size_t i = 0; i < TextStatistics::tabSizes.size(); ++i) {
         const int tabSize = TextStatistics::tabSizes[i];
-        if (widthOf(lead, tabSize) < tabSize) continue;
+        if (Brevis::columnBehind(lead, 0, tabSize) < tabSize) continue;
         ++counts.wideAsTab[i];
         if (isFilled(lead, tabSize)) ++counts.filledWithTabs[i];
     }

@@ -91,8 +91,8 @@ bool holdsLineEnd(std::string_view gap) {
 
 class Sweep {
 public:
-    Sweep(std::string_view source, std::string_view output, bool mayTrim)
-        : source_(source), output_(output), mayTrim_(mayTrim), lexer_(source) {}
+    Sweep(std::string_view source, std::string_view output, bool mayTrim, bool partsLiterals)
+        : source_(source), output_(output), mayTrim_(mayTrim), partsLiterals_(partsLiterals), lexer_(source) {}
 
     // Gives the number of seams; if there are any, the mended text is to be taken.
     std::size_t run();
@@ -138,6 +138,7 @@ private:
     std::string_view source_;
     std::string_view output_;
     bool mayTrim_;
+    bool partsLiterals_;
     SeamLexer lexer_;
     SeamToken before_;         // the token in front of the gap; of kind End at the start of the text
     std::size_t at_ = 0;       // in the output
@@ -286,7 +287,8 @@ bool Sweep::isBorder(const SeamToken& after) const {
 }
 
 bool Sweep::joins(const SeamToken& after) const {
-    return before_.kind != SeamKind::End && after.kind != SeamKind::End && wouldJoin(source_, before_, after);
+    return before_.kind != SeamKind::End && after.kind != SeamKind::End &&
+           wouldJoin(source_, before_, after, partsLiterals_);
 }
 
 // ---- Tokens
@@ -371,7 +373,7 @@ void Sweep::fail(std::size_t sourceOffset) const {
 }  // namespace
 
 std::size_t SeamGuard::mend(std::string& output) const {
-    Sweep sweep(source_, output, lineEnds_ == LineEnds::Trimmed);
+    Sweep sweep(source_, output, lineEnds_ == LineEnds::Trimmed, literals_ == Literals::Parted);
     const std::size_t seams = sweep.run();
     if (seams > 0) output = sweep.takeText();
     return seams;

@@ -19,9 +19,14 @@ public:
     // What a pass may do to the blanks with which lines of comments and directives end.
     enum class LineEnds { Kept, Trimmed };
 
+    // Whether a literal with a backslash near its front is kept apart from a sign. Nothing asks for that but results
+    // that have to stay as they have always been.
+    enum class Literals { Parted, Free };
+
     // `source` is what the pass read, its line ends line feeds. It must outlive the guard.
-    explicit SeamGuard(std::string_view source, LineEnds lineEnds = LineEnds::Kept)
-        : source_(source), lineEnds_(lineEnds) {}
+    explicit SeamGuard(std::string_view source, LineEnds lineEnds = LineEnds::Kept,
+                       Literals literals = Literals::Parted)
+        : source_(source), lineEnds_(lineEnds), literals_(literals) {}
 
     // Mends what the pass wrote and gives the number of places that needed it. Throws Trn::Exception with the place
     // if the texts differ in more than white space. Linear in both texts.
@@ -30,6 +35,7 @@ public:
 private:
     std::string_view source_;
     LineEnds lineEnds_;
+    Literals literals_;
 };
 
 }  // namespace Brevis

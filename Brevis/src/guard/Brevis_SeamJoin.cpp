@@ -76,7 +76,7 @@ bool holdsBackslash(std::string_view text) { return text.find('\\') != std::stri
 
 }  // namespace
 
-bool wouldJoin(std::string_view text, const SeamToken& first, const SeamToken& second) {
+bool wouldJoin(std::string_view text, const SeamToken& first, const SeamToken& second, bool partsLiterals) {
     if (first.kind == SeamKind::Stray || second.kind == SeamKind::Stray) return true;
     // A brace could complete a universal character name.
     if (first.begin > 0 && text[first.begin - 1] == '\\') return true;
@@ -90,8 +90,9 @@ bool wouldJoin(std::string_view text, const SeamToken& first, const SeamToken& s
         case SeamKind::Literal:
             return literalJoins(before, second, after);
         case SeamKind::Punctuator:
-            return holdsBackslash(before) || holdsBackslash(after.substr(0, seamPunctuatorMostLength)) ||
-                   punctuatorJoins(before, after);
+            if (holdsBackslash(before) || punctuatorJoins(before, after)) return true;
+            if (!partsLiterals && isQuote(after.front())) return false;
+            return holdsBackslash(after.substr(0, seamPunctuatorMostLength));
         default:
             return false;
     }

@@ -6,6 +6,7 @@
 
 #include "Vellum_WhiteSpace.h"
 #include "second/Brevis_GapTable.h"
+#include "second/Brevis_LineColumns.h"
 #include "second/Brevis_SecondEdition.h"
 
 namespace Brevis {
@@ -23,12 +24,6 @@ bool isProperty(GapRule rule) { return static_cast<std::size_t>(rule) < std::siz
 bool hasText(GapRule rule) {
     return isProperty(rule) &&
            std::holds_alternative<WsProperty Scheme::*>(Catalogue::properties[static_cast<std::size_t>(rule)].field);
-}
-
-int widthOf(std::string_view blanks, int tabSize) {
-    int column = 0;
-    for (const char c : blanks) column = c == '\t' ? (column / tabSize + 1) * tabSize : column + 1;
-    return column;
 }
 
 // Walks the result beside the source. Both hold the same characters beside their white space.
@@ -212,7 +207,7 @@ std::optional<std::string> EvidenceObserver::behindBase(std::string_view lead, s
         const bool isOfTabs = rest.find(' ') == std::string_view::npos;
         if (isOfTabs || rest.find('\t') == std::string_view::npos) return std::string(rest);
     }
-    const int width = widthOf(lead, scheme_.tabSize) - widthOf(base, scheme_.tabSize);
+    const int width = columnBehind(lead, 0, scheme_.tabSize) - columnBehind(base, 0, scheme_.tabSize);
     if (width < 0) return std::nullopt;
     return std::string(static_cast<std::size_t>(width), ' ');
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "second/Brevis_LineColumns.h"
 
@@ -80,7 +81,11 @@ void BlankConverter::convertGap(std::string_view gap) {
     const std::size_t lead = gap.rfind('\n') + 1;
     convert(gap.substr(0, lead));
     gap.remove_prefix(lead);
-    if (column_ > 0 || blankSize(gap) < gap.size()) return convert(gap);
+    if (blankSize(gap) < gap.size()) return convert(gap);
+    // No blanks in front of a tab.
+    const bool holdsTab = std::cmp_greater_equal(gap.size(), toTabStop() + scheme_.tabSize);
+    const bool isAtStop = column_ % scheme_.tabSize == 0;
+    if (column_ > 0 && (isAtStop || !holdsTab)) return convert(gap);
     convertColumn(gap);
 }
 
@@ -154,6 +159,8 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         const std::string_view body = laid.substr(place[1], end - place[1]);
         const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;
         if (isFixed) {
+            converter.copy(gap);
+        } else if (text.hasBlanksBeforeOperator(token) && gap.find('\n') == std::string_view::npos) {
             converter.copy(gap);
         } else if (gaps[token].sort == Gap::Sort::Column) {
             converter.convertColumn(gap);

@@ -67,6 +67,7 @@ void BracketRules::inside(TokenIndex token, const Inside& values) {
     if (partner > token) {
         set(text_.next(token), values.afterOpen, values);
     } else if (partner + 1 != token) {
+        if (text_.isEmptyArgument(token)) return;
         set(token, values.beforeClose, values);
     } else if (gaps_.isSet(values.afterOpen) || gaps_.isSet(values.beforeClose)) {
         set(token, nothingBetween, values);

@@ -7,19 +7,17 @@ namespace Brevis {
 
 namespace Kind = Trn::Kind;
 
-CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps)
+CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, const CommentDraft* draft)
     : text_(text),
       scheme_(scheme),
       gaps_(gaps),
+      draft_(draft),
       distance_(ruleOf<&Scheme::wsBeforeTrailingComment>()),
       group_(gaps, ruleOf<&Scheme::alignTrailingComments>()) {
     if (gaps.lineFeeds(distance_) > 0) distance_ = GapRule::Blank;
 }
 
 void CommentColumns::run() {
-    if (scheme_.alignTrailingComments) {
-        places_ = GapWriter(text_, scheme_, gaps_).measureComments(lastTrailing());
-    }
     for (TokenIndex token = 2; token < text_.size(); ++token) {
         if (!text_.isComment(token)) continue;
         if (gaps_.startsLine(token)) {
@@ -46,13 +44,6 @@ bool CommentColumns::isTrailing(TokenIndex comment) const {
     return endsLine && gaps_[comment].sort != Gap::Sort::Fixed;
 }
 
-// 0 without one.
-TokenIndex CommentColumns::lastTrailing() const {
-    TokenIndex token = text_.size() - 1;
-    while (token > 0 && !(text_.isComment(token) && !gaps_.startsLine(token) && isTrailing(token))) --token;
-    return token;
-}
-
 // A comment behind the brace that closes a body tells of the body, and not of its line.
 bool CommentColumns::endsScope(TokenIndex comment) const {
     TokenIndex before = comment - 1;
@@ -65,16 +56,20 @@ bool CommentColumns::endsScope(TokenIndex comment) const {
 // may stand in between.
 bool CommentColumns::followsOn(TokenIndex comment) const {
     if (endsScope(comment) || endsScope(last_)) return false;
-    TokenIndex first = comment;
-    while (!gaps_.startsLine(first)) --first;
-    for (;; --first) {
-        const TokenIndex before = first - 1;
+    std::uint32_t line = draft_->placeOf(comment).firstLine;
+    TokenIndex before = comment;
+    do --before;
+    while (!gaps_.startsLine(before + 1));
+    for (; text_.isTrivia(before); --before) {
         const std::string_view text = text_.text(before);
         const auto feeds = static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
-        if (places_[first].line != places_[before].line + feeds + 1) return false;
+        const DraftPlace& place = draft_->placeOf(before);
+        if (line != place.line + feeds + 1) return false;
         if (before == last_) return true;
         if (text_.kind(before) != Kind::Directive || !isConditional(before)) return false;
+        line = place.line;
     }
+    return false;
 }
 
 bool CommentColumns::isConditional(TokenIndex directive) const {
@@ -102,7 +97,7 @@ GapRule CommentColumns::distanceOf(TokenIndex comment) const {
 
 void CommentColumns::add(TokenIndex comment) {
     last_ = comment;
-    const LaidPlace& place = places_[comment];
+    const DraftPlace& place = draft_->placeOf(comment);
     const GapRule distance = distanceOf(comment);
     if (gaps_.isSet(distance)) {
         group_.add(comment, place.gap + static_cast<int>(gaps_.text(distance).size()));

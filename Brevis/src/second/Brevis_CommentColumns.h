@@ -5,14 +5,15 @@
 #include <vector>
 
 #include "second/Brevis_ColumnGroup.h"
-#include "second/Brevis_GapWriter.h"
+#include "second/Brevis_CommentDraft.h"
 
 namespace Brevis {
 
-// The text, the scheme and the table must outlive it. Goes by the places of the decisions so far.
+// The text, the scheme, the table and the draft must outlive it. Goes by the places in the draft, which is there if
+// comments are aligned.
 class CommentColumns {
 public:
-    CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps);
+    CommentColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, const CommentDraft* draft = nullptr);
 
     static bool isWanted(const Scheme& scheme) {
         return scheme.alignTrailingComments || scheme.wsBeforeTrailingComment.isSet;
@@ -22,7 +23,6 @@ public:
 
 private:
     bool isTrailing(TokenIndex comment) const;
-    TokenIndex lastTrailing() const;
     bool endsScope(TokenIndex comment) const;
     bool goesOn(TokenIndex comment);
     bool followsOn(TokenIndex comment) const;
@@ -34,7 +34,7 @@ private:
     const GapText& text_;
     const Scheme& scheme_;
     GapTable& gaps_;
-    std::vector<LaidPlace> places_;  // up to the last comment behind code
+    const CommentDraft* draft_;
     GapRule distance_;
     ColumnGroup group_;
     TokenIndex last_ = 0;       // the last comment of the group

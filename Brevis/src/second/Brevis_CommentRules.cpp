@@ -1,9 +1,18 @@
 // One operation a rule, for each row of comments and directives between two tokens of code.
 #include "second/Brevis_CommentRules.h"
 
+#include "second/Brevis_LineColumns.h"
+
 namespace Brevis {
 
 using Sort = Cpp::OutlineItem::Sort;
+
+namespace {
+
+constexpr std::uint32_t asIs = 0;  // the scope that moves nothing
+constexpr int farDistance = 16;    // from where on a comment to the right is no part of the lines below each other
+
+}  // namespace
 
 void CommentRules::run() {
     for (TokenIndex token = 1; token < text_.size(); ++token) {
@@ -11,6 +20,7 @@ void CommentRules::run() {
         const TokenIndex first = token;
         while (token < text_.size() && text_.isTrivia(token)) ++token;
         ownLines(first, token);
+        farRight(first, token);
         behindCode(first, token);
         beforeDirectives(first, token);
     }
@@ -43,7 +53,15 @@ bool CommentRules::beginsElseLine(TokenIndex brace) const {
 // with it.
 void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
     TokenIndex anchor = 0;
+    bool isBelowDirective = false;
     for (TokenIndex token = first; token < behind; ++token) {
+        isBelowDirective = goesOnWithDirective(token) || (isBelowDirective && goesOn(token));
+        if (isBelowDirective) {
+            gaps_.keep(token);
+            gaps_.setScope(token, asIs);
+            anchor = 0;
+            continue;
+        }
         if (!text_.isComment(token) || !gaps_.startsLine(token)) {
             anchor = text_.isComment(token) ? token : 0;
             continue;
@@ -57,6 +75,51 @@ void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
         }
         gaps_.keep(token);
         gaps_.setScope(token, gaps_.addScope({.anchor = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
+    }
+}
+
+// The same for a comment at the end of a directive, which holds it unless it is a line comment. The directive must stand
+// where it will stay.
+bool CommentRules::goesOnWithDirective(TokenIndex token) const {
+    if (!text_.isComment(token) || text_.lineFeeds(token) != 1) return false;
+    const bool isApart = text_.kind(token - 1) == Trn::Kind::LineComment && !text_.startsLine(token - 1);
+    const TokenIndex directive = isApart ? token - 2 : token - 1;
+    if (text_.kind(directive) != Trn::Kind::Directive) return false;
+    const bool stays = scheme_.alignPpdLeftMost.value_or(true) && text_.column(directive, scheme_.tabSize) == 0;
+    if (!stays) return false;
+    int start = 0;
+    if (isApart) {
+        start = text_.column(token - 1, scheme_.tabSize);
+    } else {
+        const std::string_view text = text_.text(directive);
+        const std::size_t line = text.rfind('\n') + 1;
+        const std::size_t comment = text.find("/*", line);
+        if (comment == std::string_view::npos) return text_.column(token, scheme_.tabSize) >= farDistance;
+        start = columnBehind(text.substr(line, comment - line), 0, scheme_.tabSize);
+    }
+    return start == text_.column(token, scheme_.tabSize);
+}
+
+// Right below another comment and in its column.
+bool CommentRules::goesOn(TokenIndex comment) const {
+    return text_.isComment(comment) && text_.isComment(comment - 1) && text_.lineFeeds(comment) == 1 &&
+           text_.column(comment, scheme_.tabSize) == text_.column(comment - 1, scheme_.tabSize);
+}
+
+// A comment right below code and far to its right tells of that code, and keeps its distance to it.
+void CommentRules::farRight(TokenIndex first, TokenIndex behind) {
+    if (first == 1 || !text_.isComment(first) || text_.lineFeeds(first) != 1 || !gaps_.startsLine(first)) return;
+    if (behind == text_.size() || text_.role(first - 1) != Cpp::Role::StatementEnd) return;
+    TokenIndex code = first - 1;
+    while (!text_.startsLine(code)) --code;
+    const int distance = text_.column(first, scheme_.tabSize) - text_.column(code, scheme_.tabSize);
+    const int toBehind = text_.column(first, scheme_.tabSize) - text_.column(behind, scheme_.tabSize);
+    if (distance < farDistance || (text_.startsLine(behind) && toBehind < farDistance)) return;
+    if (!gaps_.startsLine(code)) return;
+    const auto scope = gaps_.addScope({.anchor = code, .isAnchored = true});
+    for (TokenIndex token = first; token < behind && (token == first || goesOn(token)); ++token) {
+        gaps_.keep(token);
+        gaps_.setScope(token, scope);
     }
 }
 

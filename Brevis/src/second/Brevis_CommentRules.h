@@ -17,6 +17,9 @@ private:
     void ownLines(TokenIndex first, TokenIndex behind);
     bool beginsElseLine(TokenIndex brace) const;
     void behindCode(TokenIndex first, TokenIndex behind);
+    bool goesOnWithDirective(TokenIndex token) const;
+    bool goesOn(TokenIndex comment) const;
+    void farRight(TokenIndex first, TokenIndex behind);
     void beforeDirectives(TokenIndex first, TokenIndex behind);
     bool isLabel(TokenIndex token);
 

@@ -157,6 +157,7 @@ void ContinuationColumns::openBracket(TokenIndex open) {
     frame.isBody = isBodyRole(text_.role(open)) && text_.kind(open) == Kind::OpenBrace;
     frame.isExpression = !frame.isBody || text_.role(open) == Role::EnumBody;
     frame.hasBehind = !frame.isBody && alignsBracket(open) && isContinued(open);
+    frame.inside = text_.next(open);
     frame.base = elementBase(top());
     frames_.push_back(frame);
 }
@@ -342,9 +343,8 @@ bool ContinuationColumns::placeInList(TokenIndex token) {
         gaps_.setScope(token, frame.behind);
         return true;
     }
-    const TokenIndex first = text_.next(frame.first);
-    if (holdsColumn(frame.first) && token > first) {
-        gaps_.setScope(token, at(first, false));
+    if (holdsColumn(frame.first) && token > frame.inside) {
+        gaps_.setScope(token, at(frame.inside, false));
         return true;
     }
     const bool isBrace = text_.kind(frame.first) == Kind::OpenBrace;

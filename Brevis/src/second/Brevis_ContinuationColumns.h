@@ -40,6 +40,7 @@ private:
         bool isBracket = false;
         bool isBody = false;        // nothing but items and elements
         bool isExpression = false;  // its own tokens are operands and operators
+        TokenIndex inside = 0;      // the first token of code in a bracket
         bool hasBehind = false;     // lines go behind `first`
         Scope behind = 0;
         TokenIndex base = 0;        // that its lines are indented from if nothing is behind it; 0 for the line

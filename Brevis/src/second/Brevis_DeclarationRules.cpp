@@ -229,7 +229,8 @@ bool DeclarationRules::isInParameters() const {
 void DeclarationRules::parameters(TokenIndex token) {
     const TokenIndex partner = text_.partner(token);
     if (partner < token) {
-        if (text_.previous(token) != partner) setInList(token, gapProperty<&Scheme::wsBeforeFnCloseParen>());
+        const bool holdsNothing = text_.previous(token) == partner || text_.isEmptyArgument(token);
+        if (!holdsNothing) setInList(token, gapProperty<&Scheme::wsBeforeFnCloseParen>());
         return;
     }
     const TokenIndex first = text_.next(token);
@@ -259,6 +260,7 @@ void DeclarationRules::endParameter(TokenIndex end) {
         if (text_.role(before) == Role::Pointer || text_.role(before) == Role::Reference) isType = false;
     }
     if (kind == Kind::Identifier && text_.text(type).ends_with("::")) isType = false;
+    if (text_.text(name).starts_with("::")) isType = false;
     if (isType) setInList(name, gapProperty<&Scheme::wsAfterParamTypeId>());
 }
 
@@ -293,7 +295,8 @@ void DeclarationRules::construction(TokenIndex token) {
     if (text_.kind(token) != Kind::OpenParen && text_.kind(token) != Kind::CloseParen) return;
     const TokenIndex partner = text_.partner(token);
     if (partner < token) {
-        if (partner != text_.previous(token)) setInList(token, gapProperty<&Scheme::wsBeforeExprCloseParen>());
+        const bool holdsNothing = partner == text_.previous(token) || text_.isEmptyArgument(token);
+        if (!holdsNothing) setInList(token, gapProperty<&Scheme::wsBeforeExprCloseParen>());
         return;
     }
     setInList(token, gapProperty<&Scheme::wsAfterFnCallName>());
@@ -335,7 +338,8 @@ void DeclarationRules::setMemberInitializer(TokenIndex token, GapProperty proper
 
 void DeclarationRules::aroundComma(TokenIndex comma, GapProperty before, GapProperty behind) {
     setInList(comma, before);
-    setInList(text_.next(comma), behind);
+    const TokenIndex next = text_.next(comma);
+    if (!text_.isEmptyArgument(next)) setInList(next, behind);
 }
 
 void DeclarationRules::setInList(TokenIndex token, GapProperty property) {

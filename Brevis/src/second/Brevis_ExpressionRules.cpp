@@ -56,11 +56,18 @@ void ExpressionRules::format(TokenIndex token, Role bracket) {
     }
 }
 
+// An operator that is an argument, or the comma behind an argument that is empty.
+bool ExpressionRules::standsAlone(TokenIndex token) const {
+    const TokenIndex before = text_.previous(token);
+    return text_.kind(before) == Kind::Comma || text_.partner(before) > before;
+}
+
 void ExpressionRules::binary(TokenIndex token, Role bracket) {
     const Trn::TokenKind kind = text_.kind(token);
     if (kind == Kind::DotStar || kind == Kind::ArrowStar) return member(token);
     const GapProperty value = isSubscript(bracket) ? subscriptOperands : operands;
-    gaps_.setInExpr(token, value);
+    // `OPERATOR(<, name)`
+    if (!standsAlone(token)) gaps_.setInExpr(token, value);
     // `a ?: b`
     if (kind == Kind::Colon && text_.role(token - 1) == Role::Question && gaps_.isSet(value)) {
         gaps_.setInExpr(token, nothingBetween);
@@ -88,14 +95,18 @@ void ExpressionRules::operatorName(TokenIndex token) {
 }
 
 void ExpressionRules::argumentComma(TokenIndex token) {
-    gaps_.setInList(token, beforeComma);
-    gaps_.setInList(text_.next(token), betweenArguments_);
+    if (!standsAlone(token)) gaps_.setInList(token, beforeComma);
+    const TokenIndex next = text_.next(token);
+    if (!text_.isEmptyArgument(next)) gaps_.setInList(next, betweenArguments_);
 }
 
 // What is no list of arguments isn't laid out one below the other.
 void ExpressionRules::shortComma(TokenIndex token) {
-    if (!gaps_.hasLineFeed(beforeComma)) gaps_.setInList(token, beforeComma);
-    if (!gaps_.hasLineFeed(betweenArguments_)) gaps_.setInList(text_.next(token), betweenArguments_);
+    if (!gaps_.hasLineFeed(beforeComma) && !standsAlone(token)) gaps_.setInList(token, beforeComma);
+    const TokenIndex next = text_.next(token);
+    if (!gaps_.hasLineFeed(betweenArguments_) && !text_.isEmptyArgument(next)) {
+        gaps_.setInList(next, betweenArguments_);
+    }
 }
 
 // `return (x)` goes by the gap of `if (x)`; an empty value would make a call of it.

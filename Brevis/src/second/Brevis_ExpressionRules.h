@@ -18,6 +18,7 @@ public:
     }
 
 private:
+    bool standsAlone(TokenIndex token) const;
     void binary(TokenIndex token, Cpp::Role bracket);
     void prefix(TokenIndex token);
     void postfix(TokenIndex token);

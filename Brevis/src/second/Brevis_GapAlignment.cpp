@@ -8,16 +8,18 @@
 
 namespace Brevis {
 
-void alignGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+std::optional<std::string> alignGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     const auto places = [&] { return GapWriter(text, scheme, gaps).measure(); };
     if (DeclarationColumns::namesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignNames();
     if (DeclarationColumns::valuesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignValues();
     // Where comments are not aligned, the author's columns of them come before their distance.
     const bool alignsComments = scheme.alignTrailingComments;
-    const auto setComments = [&] { CommentColumns(text, scheme, gaps).run(); };
-    if (CommentColumns::isWanted(scheme) && !alignsComments) setComments();
+    if (CommentColumns::isWanted(scheme) && !alignsComments) CommentColumns(text, scheme, gaps).run();
     if (scheme.keepAlignedColumns) KeptColumns(text, scheme, gaps, places()).run();
-    if (alignsComments) setComments();
+    if (!alignsComments) return std::nullopt;
+    CommentDraft draft(text, scheme, gaps);
+    CommentColumns(text, scheme, gaps, &draft).run();
+    return draft.finish();
 }
 
 }  // namespace Brevis

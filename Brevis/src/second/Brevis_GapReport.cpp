@@ -7,6 +7,7 @@
 
 #include "Vellum_WhiteSpace.h"
 #include "second/Brevis_GapTable.h"
+#include "second/Brevis_LineColumns.h"
 #include "second/Brevis_SecondEdition.h"
 
 namespace Brevis {
@@ -86,7 +87,6 @@ private:
     Reason reasonOfIndent() const;
     bool isIndentOfScope(const Gap& gap) const;
     bool isConverted(std::string_view before, std::string_view after) const;
-    int widthOf(std::string_view blanks) const;
     bool isInsideToken() const;
     int lineAt(std::size_t offset) const;
     int ownerLine() const;
@@ -182,13 +182,8 @@ bool ChangeFinder::isIndentOfScope(const Gap& gap) const {
 // Whether an indent has only tabs for blanks, or blanks for tabs.
 bool ChangeFinder::isConverted(std::string_view before, std::string_view after) const {
     return scheme_.convertWs != 0 &&
-           widthOf(before.substr(headOf(before).size())) == widthOf(after.substr(headOf(after).size()));
-}
-
-int ChangeFinder::widthOf(std::string_view blanks) const {
-    int column = 0;
-    for (const char c : blanks) column = c == '\t' ? (column / scheme_.tabSize + 1) * scheme_.tabSize : column + 1;
-    return column;
+           columnBehind(before.substr(headOf(before).size()), 0, scheme_.tabSize) ==
+           columnBehind(after.substr(headOf(after).size()), 0, scheme_.tabSize);
 }
 
 // What the line begins with comes from its scope, and from nothing but the lines around it where that has no key.

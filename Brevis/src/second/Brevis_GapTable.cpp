@@ -78,10 +78,25 @@ void GapTable::setInFront(TokenIndex token, GapProperty property, bool breaks) {
     decide(token, property.rule, false, breaks);
 }
 
+void GapTable::takeDecisions(const GapTable& earlier) {
+    text_ = earlier.text_;
+    for (std::size_t token = 0; token < gaps_.size(); ++token) {
+        Gap& gap = gaps_[token];
+        if (gap.sort != Gap::Sort::Keep) continue;
+        gap.sort = earlier.gaps_[token].sort;
+        gap.rule = earlier.gaps_[token].rule;
+        gap.column = earlier.gaps_[token].column;
+    }
+}
+
 // Where a value acts if comments or directives stand in the gap; 0 for nowhere.
 TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
     TokenIndex first = token - 1;
-    while (first > 1 && text_->isTrivia(first - 1)) --first;
+    while (first > 1 && text_->isTrivia(first - 1)) {
+        // There may be many lines of comments, and none of them is asked for again.
+        if (!hasFeed && !text_->isOnOneLine(first, token)) return 0;
+        --first;
+    }
     if (hasFeed) {
         while (first < token && text_->isComment(first) && !text_->startsLine(first)) ++first;
         return first;

@@ -69,6 +69,9 @@ public:
     void keep(TokenIndex token) {
         if (!isFixed(token)) gaps_[token].sort = Gap::Sort::Keep, gaps_[token].rule = GapRule::None;
     }
+    // Makes this, which is about the result of `earlier`, a table about the text of that: gaps that stay as they are
+    // get the decisions that were made before.
+    void takeDecisions(const GapTable& earlier);
     // Fixes the gap for good: no rule changes it any more.
     void fix(TokenIndex token) { gaps_[token].sort = Gap::Sort::Fixed; }
     bool isFixed(TokenIndex token) const { return gaps_[token].sort == Gap::Sort::Fixed; }

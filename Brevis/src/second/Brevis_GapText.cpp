@@ -47,9 +47,13 @@ bool isWhiteSpace(const char* at, const char* end) {
     return at == end;
 }
 
-// The end of a token without the line feed that it owns, and without white space that it has taken in.
+// The end of a token without the line feed that it owns, and without white space that it has taken in. A line feed
+// behind a backslash ends no line.
 std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::TokenKind kind) {
-    if (Trn::isLineToken(kind)) return end > begin && text[end - 1] == '\n' ? end - 1 : end;
+    if (Trn::isLineToken(kind)) {
+        const bool ownsFeed = end > begin + 1 && text[end - 1] == '\n' && text[end - 2] != '\\';
+        return ownsFeed ? end - 1 : end;
+    }
     while (end > begin && isBlankSpace(text[end - 1])) --end;
     return end;
 }
@@ -93,6 +97,39 @@ struct WideBytes {
     }
     bool mayBeIn(Trn::TokenKind kind) const { return (hasTab || isMultiByte) && !isSign(kind); }
 };
+
+// Where a token of another text begins in one that differs from that in nothing but white space, if the one in front
+// ends at `end`. What holds more than white space is copied as it stands.
+std::size_t beginIn(std::string_view laid, std::size_t end, const GapText& text, TokenIndex index) {
+    if (text.token(index).isFixed) return end + text.gap(index).size();
+    while (end < laid.size() && isBlankSpace(laid[end])) ++end;
+    return end;
+}
+
+// Where it ends there: white space inside of comments and directives may differ too. Blanks belong to what ends its
+// line, and to a directive in front of a comment.
+std::size_t endIn(std::string_view laid, std::size_t begin, const GapText& text, TokenIndex index) {
+    const GapToken& token = text.token(index);
+    if (!token.holdsLines && !Trn::isTrivia(token.kind)) return begin + (token.end - token.begin);
+    for (const char c : text.text(index)) {
+        if (isBlankSpace(c)) continue;
+        while (isBlankSpace(laid[begin])) ++begin;
+        ++begin;
+    }
+    if (!Trn::isLineToken(token.kind)) return begin;
+    const bool isCommented = text.lineFeeds(index + 1) == 0 && index + 1 < text.size();
+    if (isCommented) {
+        while (isBlankSpace(laid[begin])) ++begin;
+        return begin;
+    }
+    const std::string_view last = text.text(index);
+    begin = laid.find('\n', begin);
+    // A backslash at the end takes an empty line in.
+    for (std::size_t at = last.size(); begin < laid.size() && isBlankSpace(last[at - 1]); --at) {
+        if (last[at - 1] == '\n') begin = laid.find('\n', begin + 1);
+    }
+    return std::min(begin, laid.size());
+}
 
 // Goes through the line feeds of a text from its front to its end.
 class LineFeeds {
@@ -157,6 +194,29 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         if (isEnd) break;
     }
     tokens_.resize(index + 1);
+}
+
+GapText::GapText(std::string_view laid, const GapText& text)
+    : source_(laid),
+      brackets_(text.brackets_),
+      outline_(text.outline_),
+      tokens_(text.tokens_),
+      hasFixed_(text.hasFixed_) {
+    LineFeeds feeds(laid);
+    std::size_t end = 0;
+    std::uint32_t line = 0;
+    for (TokenIndex index = 1; index <= text.size(); ++index) {
+        GapToken& token = tokens_[index];
+        const std::size_t begin = beginIn(laid, end, text, index);
+        const std::uint32_t lineFeeds = feeds.countUpTo(begin);
+        end = endIn(laid, begin, text, index);
+        line += lineFeeds;
+        token.begin = static_cast<std::uint32_t>(begin);
+        token.end = static_cast<std::uint32_t>(end);
+        token.line = line;
+        token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
+        line += feeds.countUpTo(end);
+    }
 }
 
 bool GapText::wouldJoin(TokenIndex index) const {

@@ -33,6 +33,8 @@ class GapText {
 public:
     // `source`, which must outlive this, has line feeds as line ends.
     GapText(std::string_view source, Cpp::TokenTable table);
+    // The tokens of `text` in `laid`, which differs from it in nothing but white space.
+    GapText(std::string_view laid, const GapText& text);
 
     TokenIndex size() const { return static_cast<TokenIndex>(tokens_.size() - 1); }
     const GapToken& token(TokenIndex index) const { return tokens_[index]; }
@@ -72,6 +74,17 @@ public:
         return index;
     }
     // Whether the source has no line feed between the two, trivia included.
+    // Whether nothing stands between a comma and the comma or the bracket `end` behind it.
+    bool isEmptyArgument(TokenIndex end) const {
+        return (kind(end) == Trn::Kind::Comma || kind(end) == Trn::Kind::CloseParen) &&
+               kind(previous(end)) == Trn::Kind::Comma;
+    }
+    // Whether the author has no tab in front of an operator, so that none is wanted there.
+    bool hasBlanksBeforeOperator(TokenIndex token) const {
+        const Cpp::Role here = role(token);
+        return (here == Cpp::Role::Binary || here == Cpp::Role::Comparison) && lineFeeds(token) == 0 &&
+               gap(token).find('\t') == std::string_view::npos;
+    }
     bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
 
     // Whether a token and the one in front of it would become others with nothing in between.

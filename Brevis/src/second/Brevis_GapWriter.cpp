@@ -73,7 +73,7 @@ bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
 }
 
 template <GapWriter::Columns columns>
-void GapWriter::run(TokenIndex last) {
+void GapWriter::run() {
     const bool isMarking = scheme_.convertWs != 0 && columns == Columns::OfNone;
     const bool isTrimming = scheme_.removeTrailingWs;
     const TokenIndex end = text_.size();
@@ -81,21 +81,24 @@ void GapWriter::run(TokenIndex last) {
     findNextAnchor();
     for (TokenIndex token = 1;; ++token) {
         const GapToken& at = text_.token(token);
-        const bool hasPlace = columns == Columns::OfAll || (columns == Columns::OfComments && Trn::isComment(at.kind));
-        if (columns == Columns::OfComments && hasPlace) laidColumn_ = column();
-        if (hasPlace) (*places_)[token].gap = laidColumn_;
+        const bool isInDraft = columns == Columns::OfComments && Trn::isTrivia(at.kind);
+        if (isInDraft) noteGap(token);
+        if constexpr (columns == Columns::OfAll) (*places_)[token].gap = laidColumn_;
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
         if (token == end || !writeInLine<columns>(token, at)) {
             if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
             writeGap(token);
             if constexpr (columns == Columns::OfAll) laidColumn_ = column();
+            if (columns == Columns::OfComments && gaps_.startsLine(token)) firstLine_ = lineNumber_;
         }
+        if (isInDraft) notePlace(token);
         if (fresh_ != nextAnchor_) noteBehind(token);
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
-        if (columns == Columns::OfComments && hasPlace) laidColumn_ = column();
-        if (hasPlace) (*places_)[token].column = laidColumn_;
-        if constexpr (columns != Columns::OfNone) (*places_)[token].line = lineNumber_;
-        if (token == last) return;
+        if constexpr (columns == Columns::OfAll) {
+            (*places_)[token].column = laidColumn_;
+            (*places_)[token].line = lineNumber_;
+        }
+        if (token == end) return;
         if (token >= nextAnchorToken_) noteAnchors(token);
         if (at.holdsLines || (isTrimming && Trn::isTrivia(at.kind))) {
             writeToken(token);
@@ -112,23 +115,45 @@ void GapWriter::run(TokenIndex last) {
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
     if (scheme_.convertWs != 0) marks_.reserve(2 * std::size_t{text_.size()});
-    run<Columns::OfNone>(text_.size());
+    run<Columns::OfNone>();
     flush();
     if (scheme_.convertWs == 0) return std::move(out_);
     return convertBlanks(text_, gaps_, scheme_, out_, marks_);
 }
 
-template <GapWriter::Columns columns>
-std::vector<LaidPlace> GapWriter::measure(TokenIndex last) {
-    std::vector<LaidPlace> places(last + 1);
-    if (last == 0) return places;
+std::string GapWriter::writeDraft(std::vector<DraftPlace>& places) {
+    out_.reserve(text_.source().size() + text_.source().size() / 8);
+    draftPlaces_ = &places;
+    run<Columns::OfComments>();
+    flush();
+    return std::move(out_);
+}
+
+std::vector<LaidPlace> GapWriter::measure() {
+    std::vector<LaidPlace> places(text_.size() + 1);
     places_ = &places;
-    run<columns>(last);
+    run<Columns::OfAll>();
     return places;
 }
 
-template std::vector<LaidPlace> GapWriter::measure<GapWriter::Columns::OfComments>(TokenIndex);
-template std::vector<LaidPlace> GapWriter::measure<GapWriter::Columns::OfAll>(TokenIndex);
+// In front of the gap of a comment or a directive.
+void GapWriter::noteGap(TokenIndex token) {
+    DraftPlace place;
+    place.token = token;
+    place.gap = column();
+    place.gapBegin = static_cast<std::uint32_t>(position());
+    draftPlaces_->push_back(place);
+}
+
+// Behind it.
+void GapWriter::notePlace(TokenIndex token) {
+    DraftPlace& place = draftPlaces_->back();
+    place.line = lineNumber_;
+    place.column = column();
+    place.firstLine = firstLine_;
+    place.begin = static_cast<std::uint32_t>(position());
+    place.isFree = fresh_ == nextAnchor_ && token < nextAnchorToken_ && !text_.token(token).holdsLines;
+}
 
 std::size_t GapWriter::lineBeginOf(std::size_t offset) const {
     const std::string_view source = text_.source();
@@ -215,7 +240,8 @@ void GapWriter::writeColumn(TokenIndex token) {
     int at = column();
     const int target = std::max(static_cast<int>(gaps_[token].column), at + 1);
     scratch_.clear();
-    const bool hasTabs = scheme_.convertWs == 2 || text_.gap(token).find('\t') != std::string_view::npos;
+    const bool wantsTabs = scheme_.convertWs == 2 && !text_.hasBlanksBeforeOperator(token);
+    const bool hasTabs = wantsTabs || text_.gap(token).find('\t') != std::string_view::npos;
     if (hasTabs && gaps_[token].rule == ruleOf<&Scheme::keepAlignedColumns>()) {
         for (int stop = (at / scheme_.tabSize + 1) * scheme_.tabSize; stop <= target; stop += scheme_.tabSize) {
             scratch_ += '\t';
@@ -496,7 +522,8 @@ void GapWriter::writeToken(TokenIndex token) {
     if (at.holdsLines && movesWithLine(token)) {
         writeLaterLines(token, text_.text(token));
     } else if (scheme_.removeTrailingWs && text_.isTrivia(token) && !gaps_.isFixed(token)) {
-        const std::string_view trimmed = trimmedLine(text_.text(token));
+        const bool endsLine = text_.endsLine(token);
+        const std::string_view trimmed = endsLine ? trimmedLine(text_.text(token)) : text_.text(token);
         if (trimmed.size() != at.end - at.begin) {
             copyTo(at.begin + trimmed.size());
             replaceTo(at.end, {});
@@ -594,7 +621,9 @@ bool GapWriter::isLineStill() const {
 }
 
 void GapWriter::countLines(std::string_view text) {
-    if (places_ != nullptr) lineNumber_ += static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
+    if (places_ != nullptr || draftPlaces_ != nullptr) lineNumber_ += static_cast<std::uint32_t>(std::count(text.begin(),
+                                                                                                            text.end(),
+                                                                                                            '\n'));
 }
 
 void GapWriter::beginLine(std::size_t outOffset) {

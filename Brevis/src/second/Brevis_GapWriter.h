@@ -18,17 +18,24 @@ struct LaidPlace {
     std::int32_t gap = 0;
 };
 
+// Of a comment or a directive in a text that is written before comments have columns. All are offsets or lines in that.
+struct DraftPlace : LaidPlace {
+    TokenIndex token = 0;
+    std::uint32_t firstLine = 0;  // on which the tokens stand that the line of this one begins with
+    std::uint32_t gapBegin = 0, begin = 0;
+    bool isFree = false;  // nothing behind it goes by its column, unless it stands on its line
+};
+
 // The text, the scheme and the table must outlive the writer, which serves once.
 class GapWriter {
 public:
     GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps);
 
     std::string write();
-    // The places that `write` gives the tokens, by their indices. Those that ask only where comments stand get no
-    // columns of other tokens, in less time.
-    std::vector<LaidPlace> measure() { return measure<Columns::OfAll>(text_.size()); }
-    // The tokens behind `last` have no places.
-    std::vector<LaidPlace> measureComments(TokenIndex last) { return measure<Columns::OfComments>(last); }
+    // Writes, and tells the places of comments and directives. White space is not converted.
+    std::string writeDraft(std::vector<DraftPlace>& places);
+    // The places that `write` gives the tokens, by their indices.
+    std::vector<LaidPlace> measure();
 
 private:
     // A line of the output with the line of the source on which the same tokens stand, and the white space that each
@@ -52,15 +59,15 @@ private:
 
     void findAnchors();
     template <Columns columns>
-    void run(TokenIndex last);
-    template <Columns columns>
-    std::vector<LaidPlace> measure(TokenIndex last);
+    void run();
     std::size_t lineBeginOf(std::size_t offset) const;
 
     // Gaps
     template <Columns columns>
     bool writeInLine(TokenIndex token, const GapToken& at);
     void writeGap(TokenIndex token);
+    void noteGap(TokenIndex token);
+    void notePlace(TokenIndex token);
     void writeKept(TokenIndex token);
     void writeEnd();
     void writeColumn(TokenIndex token);
@@ -125,15 +132,17 @@ private:
     std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
     // Only if places are asked for
     std::vector<LaidPlace>* places_ = nullptr;
+    std::vector<DraftPlace>* draftPlaces_ = nullptr;
     int laidColumn_ = 0;
 
     // The line that is being written
     std::size_t lineBegin_ = 0;
     std::size_t sourceLine_ = 0;
     std::uint32_t lineNumber_ = 0;
-    bool isLineStart_ = true;  // the token at hand is the first one of its line
-    bool hasLine_ = false;     // the last one of `lines_` is this line
-    std::vector<Line> lines_;  // those on which anchors stand
+    std::uint32_t firstLine_ = 0;  // of its first token, for a draft
+    bool isLineStart_ = true;      // the token at hand is the first one of its line
+    bool hasLine_ = false;         // the last one of `lines_` is this line
+    std::vector<Line> lines_;      // those on which anchors stand
     LineColumns columns_, sourceColumns_;
 
     static constexpr std::uint32_t noScope = 0xFFFFFFFF;

@@ -113,6 +113,13 @@ bool ItemWalk::isTryOf(const OutlineItem& item, const Frame& parent) const {
     return parent.sort == Frame::Sort::Item && parent.item->sort == Sort::Function && item.sort == Sort::Control;
 }
 
+// Whether it is a `switch` with a label in place of its braces.
+bool ItemWalk::holdsLabel(const Frame& part) const {
+    const TokenIndex body = part.item->body;
+    if (part.item->sort != Sort::Part || text_.kind(part.first) != Kind::Switch) return false;
+    return text_.kind(body) == Kind::Case || text_.kind(body) == Kind::Default;
+}
+
 // The first token of an item that stands in a body, or is a part or the body of a control statement.
 void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
     Scope scope = parent.inner;
@@ -121,6 +128,8 @@ void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
             scope = scopeOfPart(item, parent);
         } else if (isTryOf(item, parent)) {
             scope = below(parent.own, gapProperty<&Scheme::wsBeforeFnOpenBrace>());
+        } else if (holdsLabel(parent)) {
+            scope = anchored(parent.first, Mode::Distance, GapRule::None);
         } else if (parent.item->body == item.first) {
             if (statements_.isElseIf(item, parent.item)) return;
             scope = scopeOfUnbraced(parent);

@@ -48,6 +48,7 @@ private:
     void openItems(TokenIndex token);
     void openItem(const Cpp::OutlineItem& item, bool isOutermost);
     Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);
+    bool holdsLabel(const Frame& part) const;
     bool isTryOf(const Cpp::OutlineItem& item, const Frame& parent) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);

@@ -24,7 +24,7 @@ std::optional<GapText> readGaps(std::string_view source, const FormatterProperti
     return std::optional<GapText>(std::in_place, source, reader.takeTable());
 }
 
-// A line that has been broken may still be too long where it is. Gives whether one was broken.
+// A line that has been broken may still be too long where it is. Gives whether one has been broken.
 bool wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round) {
@@ -33,41 +33,32 @@ bool wrapGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     return true;
 }
 
-// A text with its decisions, and what came of them.
-struct Pass {
-    Pass(const GapText& text, const FormatterProperties& properties) : gaps(text, properties.scheme) {
-        const Scheme& scheme = properties.scheme;
-        decideGaps(text, properties, gaps);
-        alignGaps(text, scheme, gaps);
-        if (GapWrapper::isWanted(scheme)) isWrapped = wrapGaps(text, scheme, gaps);
-        written = GapWriter(text, scheme, gaps).write();
-        result = written;
-        seams = SeamGuard(text.source(),
-                          scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept)
-                    .mend(result);
-    }
-
-    GapTable gaps;
-    bool isWrapped = false;
+// A text as its decisions give it.
+struct Layout {
     std::string written;
-    std::string result;
-    std::size_t seams = 0;
+    bool isBroken = false;  // lines were too long
 };
 
-// Where lines were broken, all rules look at the text again as if its author had broken them there: columns that other
-// lines shared with a part of them, and brackets that have become smaller. So a second run finds nothing to do.
-void settle(const FormatterProperties& properties, Pass& pass) {
-    constexpr int rounds = 6;
+Layout layOut(const GapText& text, const FormatterProperties& properties, GapTable& gaps) {
+    const Scheme& scheme = properties.scheme;
+    decideGaps(text, properties, gaps);
+    std::optional<std::string> aligned = alignGaps(text, scheme, gaps);
+    const bool mayWrap = GapWrapper::isWanted(scheme);
+    const bool isBroken = mayWrap && wrapGaps(text, scheme, gaps);
+    return {aligned && !mayWrap ? std::move(*aligned) : GapWriter(text, scheme, gaps).write(), isBroken};
+}
+
+// Rules look at line ends: what has been broken is laid out as if its author had broken it, until that changes nothing.
+void layOutBroken(const GapText& text, const FormatterProperties& properties, GapTable& gaps, std::string& written) {
+    constexpr int rounds = 8;
     for (int round = 0; round < rounds; ++round) {
-        Trn::ParseMessageList known;
-        const std::optional<GapText> text = readGaps(pass.result, properties, known);
-        if (!text) return;
-        Pass next(*text, properties);
-        const bool isSettled = next.result == pass.result;
-        pass.seams += next.seams;
-        pass.written = std::move(next.written);
-        pass.result = std::move(next.result);
-        if (isSettled) return;
+        const GapText broken(written, text);
+        GapTable again(broken, properties.scheme);
+        std::string next = layOut(broken, properties, again).written;
+        if (next == written) return;
+        again.takeDecisions(gaps);
+        gaps = std::move(again);
+        written = std::move(next);
     }
 }
 
@@ -76,14 +67,22 @@ void settle(const FormatterProperties& properties, Pass& pass) {
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     if (!update(analyzingPhase)) return cancelledRun(messages);
-    const std::optional<GapText> text = readGaps(source, properties, messages);
-    if (!text) return {};
+    const std::optional<GapText> gapText = readGaps(source, properties, messages);
+    if (!gapText) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
-    Pass pass(*text, properties);
-    if (pass.isWrapped) settle(properties, pass);
-    if (observer_ != nullptr) observer_->observe(*text, pass.gaps, pass.written, pass.result);
-    return {FormatOutcome::Formatted, std::move(pass.result), pass.seams, true};
+    const GapText& text = *gapText;
+    GapTable gaps(text, properties.scheme);
+    Layout layout = layOut(text, properties, gaps);
+    if (layout.isBroken) layOutBroken(text, properties, gaps, layout.written);
+    std::string result = std::move(layout.written);
+    const std::string written = observer_ != nullptr ? result : std::string();
+    const SeamGuard guard(source,
+                          properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
+                          SeamGuard::Literals::Free);
+    const std::size_t seams = guard.mend(result);
+    if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
+    return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 
 }  // namespace Brevis

@@ -71,10 +71,23 @@ void StatementRules::inBody(const Item& item, const Item* before) {
     const TokenIndex end = text_.previous(item.first);
     const Role role = text_.role(end);
     if (role != Role::StatementEnd && role != Role::AccessColon && text_.kind(end) != Kind::CloseBrace) return;
+    if (text_.kind(end) == Kind::CloseBrace && isHandler(item)) {
+        gaps_.setInFront(item.first, gapProperty<&Scheme::wsBetweenCs>());
+        if (text_.text(item.first).starts_with("while")) return;
+        gaps_.set<&Scheme::wsAfterCsKey>(text_.next(item.first));
+        return;
+    }
     const bool followsOn = followsOnLine(item.first);
     if (followsOn && !isBehindCaseBlock(item, end)) gaps_.set<&Scheme::wsBetweenStatements>(item.first);
     const bool isBroken = !followsOn || gaps_.lineFeeds(ruleOf<&Scheme::wsBetweenStatements>()) > 0;
     if (isBroken && scheme_.minBlankLinesBetweenFnDefns > 0) betweenFunctions(item, *before);
+}
+
+// Words of some compilers that go on with a statement, and macros that end a loop: `do_each(x) { } while_each(x);`.
+bool StatementRules::isHandler(const Item& item) const {
+    const std::string_view word = text_.text(item.first);
+    if (text_.kind(item.first) != Kind::Identifier) return false;
+    return word == "__except" || word == "__finally" || (word.starts_with("while_") && followsOnLine(item.first));
 }
 
 // `} break;` closes a case.

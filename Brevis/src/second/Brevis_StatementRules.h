@@ -35,6 +35,7 @@ private:
     void behindCaseLabel(const Item& label);
     void semicolon(const Item& item, const Place& place);
     bool isDefinition(const Item& item) const;
+    bool isHandler(const Item& item) const;
     bool isBehindCaseBlock(const Item& item, TokenIndex before) const;
     bool followsOnLine(TokenIndex token) const;
 
