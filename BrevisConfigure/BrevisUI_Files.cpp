@@ -22,6 +22,17 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 constexpr std::size_t readChunk = 1 << 16;
 constexpr std::uintmax_t largestRoom = 1 << 28;
 
+// Reads up to the end, at first in a piece of `room` bytes.
+bool readRest(std::FILE* stream, std::size_t room, std::string& text) {
+    text.clear();
+    for (std::size_t old = 0; text.size() == old; room = std::max(readChunk, old)) {
+        text.resize(old + room);
+        text.resize(old + std::fread(text.data() + old, 1, room, stream));
+        old += room;
+    }
+    return std::ferror(stream) == 0;
+}
+
 }  // namespace
 
 bool fileExists(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
@@ -47,26 +58,15 @@ bool hasNoContents(const std::string& path) {
     return error || size == 0;
 }
 
-bool readStream(std::FILE* stream, std::string& text) {
-    text.clear();
-    std::size_t count = 0;
-    do {
-        const std::size_t old = text.size();
-        if (text.capacity() < old + readChunk) text.reserve(2 * old + readChunk);
-        text.resize(old + readChunk);
-        count = std::fread(text.data() + old, 1, readChunk, stream);
-        text.resize(old + count);
-    } while (count == readChunk);
-    return std::ferror(stream) == 0;
-}
+bool readStream(std::FILE* stream, std::string& text) { return readRest(stream, readChunk, text); }
 
 bool readFile(const std::string& path, std::string& text) {
     const File file(std::fopen(path.c_str(), "rb"));
     std::error_code error;
-    // Room for the whole file at once, unless its size is beyond belief.
+    // Room for the whole file at once, and for the byte that shows its end, unless its size is beyond belief.
     const std::uintmax_t size = fs::file_size(path, error);
-    if (!error) text.reserve(static_cast<std::size_t>(std::min(size, largestRoom)) + readChunk);
-    return file && readStream(file.get(), text);
+    const std::size_t room = error ? readChunk : static_cast<std::size_t>(std::min(size, largestRoom)) + 1;
+    return file && readRest(file.get(), room, text);
 }
 
 }  // namespace BrevisUI
