@@ -1,12 +1,14 @@
 // Disk access of the file job, on a POSIX system.
 #include "BrevisUI_Files.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 
 namespace BrevisUI {
 
@@ -14,23 +16,37 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+class Descriptor {
+public:
+    explicit Descriptor(const char* path) : number_(open(path, O_RDONLY | O_CLOEXEC)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ >= 0) close(number_);
+    }
+
+    int number() const { return number_; }
+
+private:
+    const int number_;
 };
-using File = std::unique_ptr<std::FILE, CloseFile>;
 
 constexpr std::size_t readChunk = 1 << 16;
-constexpr std::uintmax_t largestRoom = 1 << 28;
+constexpr std::size_t largestRoom = 1 << 28;
 
-// Reads up to the end, at first in a piece of `room` bytes.
-bool readRest(std::FILE* stream, std::size_t room, std::string& text) {
-    text.clear();
-    for (std::size_t old = 0; text.size() == old; room = std::max(readChunk, old)) {
-        text.resize(old + room);
-        text.resize(old + std::fread(text.data() + old, 1, room, stream));
-        old += room;
+// Adds up to `size` bytes, fewer only at the end. False if reading failed.
+bool addBytes(int file, std::size_t size, std::string& text) {
+    std::size_t done = text.size();
+    const std::size_t end = done + size;
+    text.resize(end);
+    ssize_t count = 1;
+    while (done < end && count != 0) {
+        count = read(file, text.data() + done, end - done);
+        if (count < 0 && errno != EINTR) break;
+        done += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
-    return std::ferror(stream) == 0;
+    text.resize(done);
+    return count >= 0;
 }
 
 }  // namespace
@@ -58,15 +74,24 @@ bool hasNoContents(const std::string& path) {
     return error || size == 0;
 }
 
-bool readStream(std::FILE* stream, std::string& text) { return readRest(stream, readChunk, text); }
+bool readStream(int file, std::string& text) {
+    struct stat status {};
+    // Room for the whole file at once, and for the byte that shows its end, unless its size is beyond belief.
+    const bool isKnown = fstat(file, &status) == 0 && status.st_size > 0;
+    std::size_t room = isKnown ? std::min(static_cast<std::size_t>(status.st_size), largestRoom) + 1 : readChunk;
+    text.clear();
+    std::size_t full = 0;
+    do {
+        full = text.size() + room;
+        if (!addBytes(file, room, text)) return false;
+        room = std::max(readChunk, full);
+    } while (text.size() == full);
+    return true;
+}
 
 bool readFile(const std::string& path, std::string& text) {
-    const File file(std::fopen(path.c_str(), "rb"));
-    std::error_code error;
-    // Room for the whole file at once, and for the byte that shows its end, unless its size is beyond belief.
-    const std::uintmax_t size = fs::file_size(path, error);
-    const std::size_t room = error ? readChunk : static_cast<std::size_t>(std::min(size, largestRoom)) + 1;
-    return file && readRest(file.get(), room, text);
+    const Descriptor file(path.c_str());
+    return file.number() >= 0 && readStream(file.number(), text);
 }
 
 }  // namespace BrevisUI

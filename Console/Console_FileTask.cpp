@@ -118,12 +118,12 @@ void FileTask::formatInPlace(const std::string& file, Host& host) const {
 std::optional<std::string> FileTask::readSource(const std::string& file, Host& host) const {
     std::string text;
     if (file == standardInput) {
-        if (BrevisUI::readStream(stdin, text)) return text;
+        if (BrevisUI::readStream(STDIN_FILENO, text)) return text;
+    } else if (BrevisUI::readFile(file, text)) {
+        return text;
     } else if (!BrevisUI::fileExists(file)) {
         host.send(fillIn(Message::missing, file), Severity::error);
         return std::nullopt;
-    } else if (BrevisUI::readFile(file, text)) {
-        return text;
     }
     host.send(fillIn(Message::unreadable, host.outcome.name), Severity::error);
     return std::nullopt;
