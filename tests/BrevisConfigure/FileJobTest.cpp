@@ -21,10 +21,10 @@ constexpr const char* pretty = "void f( ){\n  g( );\n}\n";
 // Behind the code the parser reports two errors.
 constexpr const char* bad = "int x;\n  class A { int (; };\n}\n";
 
-Brevis::PropertySet scheme() {
+Brevis::FormatterProperties scheme() {
     Brevis::PropertySet scheme("two blanks");
     scheme.setString("INDENT_FN_CONTENT", "  ");
-    return scheme;
+    return Brevis::FormatterProperties(scheme);
 }
 
 class Host : public FormatHost {
@@ -116,7 +116,7 @@ TEST_F(FileJobTest, RefusesWhatIsNoTextOfBytes) {
 // The guard lets no such text come out of the engine, so the check is asked by itself.
 TEST_F(FileJobTest, RefusesATextWhoseTokensWouldChange) {
     const std::string path = "a.cpp";
-    const Brevis::PropertySet any = scheme();
+    const Brevis::FormatterProperties any = scheme();
     const TextJob job(host, path, any);
     EXPECT_TRUE(job.changesTokens("void f( ){ else x; }", "void f( ){ elsex; }"));
     ASSERT_EQ(2u, host.sent.size());

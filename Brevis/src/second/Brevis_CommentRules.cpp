@@ -15,14 +15,15 @@ constexpr int farDistance = 16;    // from where on a comment to the right is no
 }  // namespace
 
 void CommentRules::run() {
-    for (TokenIndex token = 1; token < text_.size(); ++token) {
-        if (!text_.isTrivia(token)) continue;
-        const TokenIndex first = token;
-        while (token < text_.size() && text_.isTrivia(token)) ++token;
-        ownLines(first, token);
-        farRight(first, token);
-        behindCode(first, token);
-        beforeDirectives(first, token);
+    const std::vector<TokenIndex>& trivia = text_.trivia();
+    for (std::size_t at = 0; at < trivia.size();) {
+        const TokenIndex first = trivia[at];
+        TokenIndex behind = first;
+        for (; at < trivia.size() && trivia[at] == behind; ++at) ++behind;
+        ownLines(first, behind);
+        farRight(first, behind);
+        behindCode(first, behind);
+        beforeDirectives(first, behind);
     }
 }
 

@@ -177,6 +177,7 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         if (!isSign(kind)) {
             end = endOf(text, begin, end, kind);
             inside = feeds.countUpTo(end);
+            if (Trn::isTrivia(kind)) trivia_.push_back(index);
         }
         line += lineFeeds;
         const Role role = isEnd ? Role::None : table.role(index);
@@ -201,6 +202,7 @@ GapText::GapText(std::string_view laid, const GapText& text)
       brackets_(text.brackets_),
       outline_(text.outline_),
       tokens_(text.tokens_),
+      trivia_(text.trivia_),
       hasFixed_(text.hasFixed_) {
     LineFeeds feeds(laid);
     std::size_t end = 0;

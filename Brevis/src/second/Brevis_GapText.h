@@ -99,6 +99,8 @@ public:
     // The column, from 0, at which the token stands in the source. Reads the line up to there.
     int column(TokenIndex index, int tabSize) const;
 
+    // Comments and directives, in their order.
+    const std::vector<TokenIndex>& trivia() const { return trivia_; }
     const std::vector<Cpp::OutlineItem>& items() const { return outline_.items(); }
     std::string_view source() const { return source_; }
     // Whether any gap holds more than white space.
@@ -111,6 +113,7 @@ private:
     Trn::BracketTable brackets_;
     Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
+    std::vector<TokenIndex> trivia_;
     bool hasFixed_ = false;
 };
 
