@@ -335,6 +335,7 @@ private:
     Ptr<CaseNode> parseModernCase(Stream& stream);
     Ptr<LabelNode> parseModernLabel(Stream& stream);
     void parseModernAsm(Stream& stream, InteriorNode& body);
+    void passInitializers(Stream& stream, CtrlSubStmtHeadNode& head);
     bool parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head);
 
     void addClass(Stream& stream, InteriorNode& body, const ItemShape& shape);

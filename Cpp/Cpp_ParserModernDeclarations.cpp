@@ -169,7 +169,7 @@ void Parser::addFunction(Stream& stream, InteriorNode& body, const ItemShape& sh
 // With the member initializers, if there are any.
 FunctionDeclNode& Parser::addFunctionHead(Stream& stream, InteriorNode& body, const ItemShape& shape) {
     auto head = modernHead(shape);
-    if (shape.colon == 0) {
+    if (shape.colon == 0 || shape.tryWord != 0) {
         auto& declaration = addNew<FunctionDeclNode>(body);
         declaration.head = std::move(head);
         return declaration;
@@ -182,13 +182,12 @@ FunctionDeclNode& Parser::addFunctionHead(Stream& stream, InteriorNode& body, co
 
 // A body that is a `try` block follows as a statement of its own.
 void Parser::addFunctionEnd(Stream& stream, InteriorNode& body, const ItemShape& shape) {
-    At tryBlock = shapes_->next(shapes_->partner(shape.open));
-    while (tryBlock < shape.last && shapes_->kind(tryBlock) != Kind::Try) tryBlock = shapes_->behind(tryBlock);
-    if (tryBlock < shape.last && shapes_->kind(shapes_->next(tryBlock)) == Kind::OpenBrace) {
-        stream.seek(tryBlock);
+    if (shape.tryWord != 0 && (shape.colon == 0 || roles_)) {
+        stream.seek(shape.tryWord);
         return addControlStatement(stream, body, Frame::File);
     }
-    if (tryBlock < shape.last) body.addChild(heldBodies(stream, tryBlock, shape.last));
+    // The first edition copies one with member initializers as it stands.
+    if (shape.tryWord != 0) body.addChild(heldBodies(stream, shape.tryWord, shape.last));
     stream.seek(shape.last + 1);
 }
 
