@@ -67,7 +67,38 @@ TokenIndex ShapeScan::statementEnd(TokenIndex first) const {
         if (here == Kind::Semicolon) return at;
         if (isCloser(here)) return at == first ? first : last;
         last = isOpening(at) ? partner(at) : at;
-        if (isCall && at == next(first) && startsLine(next(last)) && startsItem(next(last))) return last;
+        if (isCall && at == next(first) && startsLine(next(last)) &&
+            (startsItem(next(last)) || startsSignedItem(first, next(last)))) {
+            return last;
+        }
+    }
+}
+
+// Whether the sign behind a call, at the start of a line no deeper than that of the call, begins a statement: `++x`, or
+// `*x = 1`, since a product is no place for a value.
+bool ShapeScan::startsSignedItem(TokenIndex call, TokenIndex sign) const {
+    const bool isStep = kind(sign) == Kind::PlusPlus || kind(sign) == Kind::MinusMinus;
+    if (!isForRoles() || (!isStep && kind(sign) != Kind::Star)) return false;
+    if (!startsLine(call) || lineColumn(sign) > lineColumn(call)) return false;
+    TokenIndex at = sign;
+    while (kind(at) == Kind::Star || kind(at) == Kind::PlusPlus || kind(at) == Kind::MinusMinus) at = next(at);
+    if (kind(at) != Kind::Identifier && kind(at) != Kind::This && kind(at) != Kind::OpenParen) return false;
+    if (isStep) return true;
+    for (at = behind(at);; at = behind(at)) {
+        switch (kind(at)) {
+            case Kind::Dot:
+            case Kind::Arrow:
+            case Kind::Identifier:
+            case Kind::OpenBracket:
+            case Kind::OpenParen:
+            case Kind::PlusPlus:
+            case Kind::MinusMinus:
+                continue;
+            case Kind::Assign:
+                return true;
+            default:
+                return kind(at) >= Kind::StarAssign && kind(at) <= Kind::PipeAssign;
+        }
     }
 }
 
