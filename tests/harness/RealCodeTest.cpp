@@ -133,14 +133,14 @@ std::vector<RealCode> allRealCode() {
     return all;
 }
 
-std::string testName(const testing::TestParamInfo<RealCode>& info) {
+std::string codeName(const testing::TestParamInfo<RealCode>& info) {
     std::string name = info.param.package + '_' + info.param.scheme;
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Packages, RealCodeTest, testing::ValuesIn(allRealCode()), testName);
+INSTANTIATE_TEST_SUITE_P(Packages, RealCodeTest, testing::ValuesIn(allRealCode()), codeName);
 
 }  // namespace
 }  // namespace Harness
