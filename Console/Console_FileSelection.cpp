@@ -161,6 +161,7 @@ void FileSelection::addTree(const std::string& directory) {
     BrevisUI::IgnoreRules rules(directory, ignoreOptions(options_));
     BrevisUI::TreeWalk::Hooks hooks;
     hooks.leaveOut = [&](const std::string& path, bool isDirectory) { return rules.isIgnored(path, isDirectory); };
+    hooks.onlyReads = !options_.inPlace;
     hooks.onFailure = [this](const std::string& path, const std::error_code& error) {
         fail(fillIn(notListed, path) + error.message());
     };

@@ -27,7 +27,7 @@ constexpr bool endsOperand(TokenKind kind) {
 }
 
 // Words that are operators in front of an expression.
-constexpr std::string_view operatorWords[] = {"co_return", "co_await", "co_yield", "requires"};
+constexpr std::string_view modernOperators[] = {"co_return", "co_await", "co_yield", "requires"};
 
 }  // namespace
 
@@ -116,7 +116,7 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     shape.sort = ItemShape::Sort::Statement;
     if (macros_ != nullptr && isNamedMacro(first, Frame::Block, shape)) return shape;
     const TokenIndex second = next(first);
-    const bool isName = kind(first) == Kind::Identifier && !isOneOf(operatorWords, text(first));
+    const bool isName = kind(first) == Kind::Identifier && !isOneOf(modernOperators, text(first));
     if (isName && kind(second) == Kind::Identifier && startsLine(second) && isMacroCase(text(first))) {
         shape.sort = ItemShape::Sort::Macro;
         shape.last = first;
@@ -205,7 +205,7 @@ bool ShapeScan::startsData(TokenIndex first) const {
         // `int(x)` is a value and `int (*p)` none.
         return kind(next(at)) != Kind::OpenParen || startsDeclarator(next(at));
     }
-    if (begin != Kind::Identifier || isOneOf(operatorWords, text(at))) return false;
+    if (begin != Kind::Identifier || isOneOf(modernOperators, text(at))) return false;
 
     // The name of a type, with template arguments and parts behind these.
     for (;;) {
@@ -327,7 +327,7 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
                 const TokenKind before = kind(previous(open));
                 const bool isSign = before == Kind::Amp || before == Kind::AmpAmp;
                 if (isSign && kind(previous(previous(open))) == Kind::Auto) return false;  // a structured binding
-                return !endsOperand(before) || isOneOf(operatorWords, text(previous(open)));
+                return !endsOperand(before) || isOneOf(modernOperators, text(previous(open)));
             }
             case Kind::CloseParen:
             case Kind::Greater:

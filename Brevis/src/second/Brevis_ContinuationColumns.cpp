@@ -77,8 +77,6 @@ bool isComma(Role role) {
     }
 }
 
-bool isBodyRole(Role role) { return role >= Role::Body && role <= Role::LinkageBody; }
-
 bool holdsExpression(Sort sort) {
     return sort == Sort::Statement || sort == Sort::Data || sort == Sort::Declarators || sort == Sort::Using;
 }
@@ -154,7 +152,7 @@ TokenIndex ContinuationColumns::firstDeclarator(const OutlineItem& item) const {
 
 void ContinuationColumns::openBracket(TokenIndex open) {
     Frame frame{.first = open, .last = text_.partner(open), .isBracket = true, .levels = levels_.size()};
-    frame.isBody = isBodyRole(text_.role(open)) && text_.kind(open) == Kind::OpenBrace;
+    frame.isBody = isBody(text_.role(open)) && text_.kind(open) == Kind::OpenBrace;
     frame.isExpression = !frame.isBody || text_.role(open) == Role::EnumBody;
     frame.hasBehind = !frame.isBody && alignsBracket(open) && isContinued(open);
     frame.inside = text_.next(open);

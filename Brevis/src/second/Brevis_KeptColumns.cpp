@@ -10,14 +10,11 @@ namespace Brevis {
 
 namespace Kind = Trn::Kind;
 using Cpp::Role;
-using Sort = Gap::Sort;
 
 namespace {
 
 // What may stand in one column.
 constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
-
-bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
 
 int sortOf(Trn::TokenKind kind, Role role) {
     switch (role) {
@@ -148,7 +145,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     here_.clear();
     if (gaps_.startsLine(first) && line.isBegun && !isTooLong(first, last)) {
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
-            if (gaps_[token].sort == Sort::Column) here_.clear();
+            if (gaps_[token].sort == Gap::Sort::Column) here_.clear();
             readCell(token, first);
         }
     }
@@ -181,8 +178,8 @@ bool KeptColumns::isPlaced(TokenIndex first) const {
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
-    const Sort sort = gaps_[token].sort;
-    if (sort == Sort::Fixed || sort == Sort::Column || readJoined(token, first)) return;
+    const Gap::Sort sort = gaps_[token].sort;
+    if (sort == Gap::Sort::Fixed || sort == Gap::Sort::Column || readJoined(token, first)) return;
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
     const std::string_view gap = text_.gap(token);
@@ -203,7 +200,7 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    if (!isNumber && !isSign(text_.role(sign))) return false;
+    if (!isNumber && !isPointerSign(text_.role(sign))) return false;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
         const std::string_view gap = text_.gap(token);
@@ -224,9 +221,9 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
         cell.token = token;
     } else if (!hasCell) {
         cell.token = sign;
-        while (cell.token > first && isJoined(cell.token) && isSign(text_.role(cell.token - 1))) --cell.token;
-        const Sort sort = gaps_[cell.token].sort;
-        if (cell.token == first || sort == Sort::Column || sort == Sort::Fixed) here_.pop_back();
+        while (cell.token > first && isJoined(cell.token) && isPointerSign(text_.role(cell.token - 1))) --cell.token;
+        const Gap::Sort sort = gaps_[cell.token].sort;
+        if (cell.token == first || sort == Gap::Sort::Column || sort == Gap::Sort::Fixed) here_.pop_back();
     }
     return true;
 }
@@ -308,9 +305,9 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     const auto reach = [&](const Cell& cell) { return chain.isRight ? lastColumn(cell) : 0; };
     for (const Cell* cell = first; cell != last; ++cell) {
         const Gap& gap = gaps_[cell->token];
-        int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
+        int width = gap.sort == Gap::Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
         if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
-        if (gap.sort == Sort::Keep && text_.gap(cell->token).empty()) width = 0;
+        if (gap.sort == Gap::Sort::Keep && text_.gap(cell->token).empty()) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
     }
     if (hasTabs) column = (column + tab - 1) / tab * tab;
@@ -328,7 +325,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         Line& own = lines_[places_[cell->token].line];
         if (from + widthBehind(cell->token, from) != target && from != target) {
             Gap& gap = gaps_.gap(cell->token);
-            gap = {.sort = Sort::Column,
+            gap = {.sort = Gap::Sort::Column,
                    .rule = ruleOf<&Scheme::keepAlignedColumns>(),
                    .column = static_cast<std::uint16_t>(target),
                    .scope = gap.scope};
@@ -359,8 +356,8 @@ int KeptColumns::gapColumn(TokenIndex token) {
 // How wide the gap in front of a token is if it begins in the column.
 int KeptColumns::widthBehind(TokenIndex token, int column) const {
     const Gap& gap = gaps_[token];
-    if (gap.sort == Sort::Column) return std::max<int>(gap.column - column, 1);
-    if (gap.sort != Sort::Keep && gap.sort != Sort::Fixed) return places_[token].column - places_[token].gap;
+    if (gap.sort == Gap::Sort::Column) return std::max<int>(gap.column - column, 1);
+    if (gap.sort != Gap::Sort::Keep && gap.sort != Gap::Sort::Fixed) return places_[token].column - places_[token].gap;
     int end = column;
     for (const char c : text_.gap(token)) {
         end = c == '\t' ? (end / scheme_.tabSize + 1) * scheme_.tabSize : end + 1;

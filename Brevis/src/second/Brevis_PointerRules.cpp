@@ -16,9 +16,6 @@ constexpr std::string_view qualifierWords[] = {"restrict",     "_Atomic",  "_Nul
                                                "__unaligned",  "__ptr32",  "__ptr64",   "__user",     "__iomem",
                                                "__rcu",        "__percpu", "__kernel",  "__force"};
 
-constexpr GapProperty nothing{nullptr, GapRule::Nothing};
-constexpr GapProperty blank{nullptr, GapRule::Blank};
-
 }  // namespace
 
 PointerRules::PointerRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
@@ -85,7 +82,7 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     const int anchor = isStar ? scheme_.asteriskAnchor : scheme_.ampersandAnchor;
     const GapProperty between =
         isStar ? gapProperty<&Scheme::wsBetweenAsteriskAnchor>() : gapProperty<&Scheme::wsBetweenAmpersandAnchor>();
-    const GapProperty inner = gaps_.isSet(between.rule) ? between : nothing;
+    const GapProperty inner = gaps_.isSet(between.rule) ? between : nothingThere;
     const TokenIndex end = behindRun(first);
     if (anchor != 0 && anchor != 1) {
         if (isName(end) && gaps_.lineFeeds(name.behindType.rule) > 0) gaps_.set(end, name.behindType);
@@ -97,13 +94,13 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     const bool isAtSign = !isQualifier(text_.previous(end));
     if (!isName(end)) {
         if (isFurther) return;
-        if (isWithName) return setBehindType(first, {blank});
+        if (isWithName) return setBehindType(first, {blankThere});
         return gaps_.set(first, inner);
     }
     if (!isFurther && isWithName && gaps_.lineFeeds(name.behindType.rule) == 0) {
         setBehindType(first, name);
     } else if (!isFurther) {
-        gaps_.set(first, isWithName ? blank : inner);
+        gaps_.set(first, isWithName ? blankThere : inner);
     }
     if (!isAtSign) return setBehindType(end, name);
     if (!isWithName || (!isFurther && gaps_.lineFeeds(name.behindType.rule) > 0)) return setBehindType(end, name);
@@ -115,15 +112,15 @@ void PointerRules::setInside(TokenIndex first, TokenIndex end, bool isWithName, 
     for (TokenIndex at = text_.next(first); at < end; at = text_.next(at)) {
         const bool isBehindSign = isSign(text_.previous(at));
         if (isSign(at) || text_.role(at) == Role::Pack) {
-            gaps_.setKeepingLines(at, isBehindSign || !isWithName ? nothing : blank);
+            gaps_.setKeepingLines(at, isBehindSign || !isWithName ? nothingThere : blankThere);
         } else if (isBehindSign) {
-            gaps_.setKeepingLines(at, isWithName ? between : blank);
+            gaps_.setKeepingLines(at, isWithName ? between : blankThere);
         }
     }
 }
 
 void PointerRules::setBehindType(TokenIndex token, const DeclaredName& name) {
-    if (!gaps_.isSet(name.behindType.rule)) return gaps_.setKeepingLines(token, blank);
+    if (!gaps_.isSet(name.behindType.rule)) return gaps_.setKeepingLines(token, blankThere);
     if (name.keepsLines) {
         gaps_.setKeepingLines(token, name.behindType);
     } else {

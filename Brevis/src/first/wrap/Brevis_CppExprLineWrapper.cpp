@@ -28,7 +28,7 @@ private:
 };
 
 // The column behind `text`, written from `column` on.
-int columnBehind(std::string_view text, int column, int tabSize) {
+int columnPast(std::string_view text, int column, int tabSize) {
     const std::size_t lineFeed = text.rfind('\n');
     if (lineFeed == std::string_view::npos) return columnAfter(text, column, tabSize);
     return columnAfter(text.substr(lineFeed + 1), 0, tabSize);
@@ -81,7 +81,7 @@ std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStr
     std::string result = text.substr(0, operandsBegin);
 
     WrapPlace place(settings);
-    place.column = columnBehind(result, place.column, settings.tabSize);
+    place.column = columnPast(result, place.column, settings.tabSize);
     place.behindBackslash = place.behindBackslash && operandsBegin == 0;
     result += placeDirectives(alignStrings(wrapOperands(LexedText(lexed, operandsBegin), place), settings), settings);
     return result;
