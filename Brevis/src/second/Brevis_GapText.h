@@ -56,6 +56,11 @@ public:
     }
     bool isTrivia(TokenIndex index) const { return Trn::isTrivia(kind(index)); }
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
+    // A comment that a tool reads: `///`, `//!`, `/**` or `/*!`.
+    bool isDocumentation(TokenIndex index) const {
+        const std::string_view text = this->text(index);
+        return isComment(index) && text.size() > 3 && (text[2] == '!' || text[2] == text[1]) && text[3] != text[2];
+    }
 
     // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
     TokenIndex partner(TokenIndex index) const { return tokens_[index].isBracket ? brackets_.partner(index) : 0; }

@@ -15,7 +15,7 @@ using Sort = Gap::Sort;
 namespace {
 
 // What may stand in one column.
-constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
+constexpr int comment = 1, operand = 2, number = 3, assignment = 4, binary = 5, others = 100;
 
 bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
 
@@ -30,6 +30,9 @@ int sortOf(Trn::TokenKind kind, Role role) {
         case Role::Assignment:
         case Role::Initializer:
             return assignment;
+        case Role::Binary:
+        case Role::Comparison:
+            return binary;
         default:
             return others + kind;
     }
