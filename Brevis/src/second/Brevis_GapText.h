@@ -59,7 +59,8 @@ public:
     // A comment that a tool reads: `///`, `//!`, `/**` or `/*!`.
     bool isDocumentation(TokenIndex index) const {
         const std::string_view text = this->text(index);
-        return isComment(index) && text.size() > 3 && (text[2] == '!' || text[2] == text[1]) && text[3] != text[2];
+        const bool isBegun = isComment(index) && text.size() > 2 && (text[2] == '!' || text[2] == text[1]);
+        return isBegun && (text.size() == 3 || (text[3] != text[2] && text != "/**/"));
     }
 
     // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
