@@ -528,6 +528,8 @@ void GapWriter::writeToken(TokenIndex token) {
     const GapToken& at = text_.token(token);
     if (at.holdsLines && movesWithLine(token)) {
         writeLaterLines(token, text_.text(token));
+    } else if (at.holdsLines && at.kind == Kind::Directive && writeBranch(token)) {
+        return;
     } else if (scheme_.removeTrailingWs && text_.isTrivia(token) && !gaps_.isFixed(token)) {
         const bool endsLine = text_.endsLine(token);
         const std::string_view trimmed = endsLine ? trimmedLine(text_.text(token)) : text_.text(token);
@@ -544,6 +546,44 @@ void GapWriter::writeToken(TokenIndex token) {
     if (runBegin_ <= sourceLine_) return beginLine(position() - (at.end - sourceLine_));
     flush();
     beginLine(out_.rfind('\n') + 1);
+}
+
+// What was read as one token with the lines of a branch: those move with the code round it that they stand below, their
+// first one if that does. False if nothing moves.
+bool GapWriter::writeBranch(TokenIndex token) {
+    const std::string_view text = text_.text(token);
+    if (gaps_.isFixed(token) || !holdsBranch(text)) return false;
+    for (const BranchMatch match : {BranchMatch::FirstLine, BranchMatch::AnyLine}) {
+        const TokenIndex code = neighbourOf(token, match);
+        if (code == 0) continue;
+        scratch_.clear();
+        addLead(code, {});
+        const int shift = scratchColumn() - text_.column(code, scheme_.tabSize);
+        if (shift == 0) return false;
+        replaceTo(text_.token(token).end, movedBranch(text, shift, scheme_.tabSize, scheme_.convertWs == 2));
+        countLines(text);
+        beginSourceLine(text_.token(token).begin + text.rfind('\n') + 1);
+        beginLine(out_.rfind('\n') + 1);
+        return true;
+    }
+    return false;
+}
+
+// The code behind a branch, or one of the lines in front of it, that begins in the column of a line of the branch.
+TokenIndex GapWriter::neighbourOf(TokenIndex branch, BranchMatch match) {
+    constexpr int linesAbove = 3;
+    const auto isBeside = [&](TokenIndex code) {
+        return gaps_.startsLine(code) &&
+               hasLineIn(text_.text(branch), text_.column(code, scheme_.tabSize), scheme_.tabSize, match);
+    };
+    if (startsBelow(branch) && text_.startsLine(nextCode_) && isBeside(nextCode_)) return nextCode_;
+    TokenIndex code = branch;
+    for (int line = 0; line < linesAbove && code > 1; ++line) {
+        do code = text_.previous(code);
+        while (code > 0 && !text_.startsLine(code));
+        if (code > 0 && isBeside(code)) return code;
+    }
+    return 0;
 }
 
 // Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "second/Brevis_BranchLines.h"
 #include "second/Brevis_GapTable.h"
 #include "second/Brevis_LineColumns.h"
 
@@ -106,6 +107,8 @@ private:
 
     // Tokens
     void writeToken(TokenIndex token);
+    bool writeBranch(TokenIndex token);
+    TokenIndex neighbourOf(TokenIndex branch, BranchMatch match);
     bool movesWithLine(TokenIndex token) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
     std::string_view trimmedLine(std::string_view line) const;
