@@ -374,6 +374,18 @@ void ItemWalk::readClosing(TokenIndex close) {
     const bool isDecided = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
     gaps_.setScope(close, sharing(frame.own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
     if (frame.isOneLine) bodies_.joinLines(frame.first);
+    goOnBehind(close);
+}
+
+// A declarator on the line behind that of a body's brace goes by the brace.
+void ItemWalk::goOnBehind(TokenIndex close) {
+    const TokenIndex next = text_.next(close);
+    if (frames_.size() < 2 || top().item == nullptr || !text_.startsLine(next) || !text_.startsLine(close)) return;
+    Frame& outer = frames_[frames_.size() - 2];
+    if (outer.sort != Frame::Sort::Item) return;
+    const Sort sort = outer.item->sort;
+    if (sort != Sort::Class && sort != Sort::Enum && sort != Sort::Data) return;
+    outer.inner = anchored(close, Mode::Distance, GapRule::None);
 }
 
 // The declarations of old-style parameters keep their place.

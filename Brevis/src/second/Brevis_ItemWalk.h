@@ -72,6 +72,7 @@ private:
     void readBracket(TokenIndex open);
     bool endsLine(TokenIndex token) const;
     void readClosing(TokenIndex close);
+    void goOnBehind(TokenIndex close);
     void leaveParameters(TokenIndex close);
     void beginElement(TokenIndex token);
 

@@ -33,6 +33,8 @@ int sortOf(Trn::TokenKind kind, Role role) {
         case Role::Binary:
         case Role::Comparison:
             return binary;
+        case Role::DeclaratorGroup:
+            return kind == Kind::OpenParen ? operand : others + kind;
         default:
             return others + kind;
     }

@@ -44,6 +44,7 @@ private:
     using Marks = std::array<bool, sizeCount>;
 
     void advance(Columns& columns, std::string_view text) const;
+    void addStop(Line& line, Columns columns, bool hasTab, std::string_view text) const;
     void readStops(Line& line, std::string_view text) const;
     void vote(const Marks& marks, int weight = 1);
     void voteByStops();
@@ -80,6 +81,15 @@ void TabVotes::read(std::string_view line) {
     above_ = here_;
 }
 
+// In front of `text`, and behind its signs: names may stand in one column with the signs in front of it.
+void TabVotes::addStop(Line& line, Columns columns, bool hasTab, std::string_view text) const {
+    if (line.stopCount < maxStops) line.stops[line.stopCount++] = {columns, hasTab};
+    const std::size_t signs = std::min(text.find_first_not_of('*'), text.size());
+    if (signs == 0 || line.stopCount == maxStops) return;
+    advance(columns, text.substr(0, signs));
+    line.stops[line.stopCount++] = {columns, hasTab};
+}
+
 void TabVotes::readStops(Line& line, std::string_view text) const {
     std::array<Columns, maxStops> open{};
     std::size_t depth = 0;
@@ -91,8 +101,8 @@ void TabVotes::readStops(Line& line, std::string_view text) const {
             const std::string_view gap = text.substr(at, end - at);
             const bool hasTab = gap.find('\t') != std::string_view::npos;
             advance(columns, gap);
-            if ((hasTab || gap.size() > 1) && line.stopCount < maxStops) {
-                line.stops[line.stopCount++] = {columns, hasTab};
+            if (hasTab || gap.size() > 1) {
+                addStop(line, columns, hasTab, text.substr(end));
             }
         } else {
             while (end < text.size() && !isBlank(text[end]) && text[end] != '(' && text[end] != ')') ++end;
