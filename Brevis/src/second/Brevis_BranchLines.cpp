@@ -37,14 +37,13 @@ bool holdsBranch(std::string_view directive) {
     return end != std::string_view::npos && end + 1 < directive.size();
 }
 
-bool hasLineIn(std::string_view branch, int column, int tabSize, BranchMatch match) {
-    bool isFound = false;
+int firstColumn(std::string_view branch, int tabSize) {
+    int column = -1;
     eachLine(branch, [&](std::string_view line, std::size_t lead) {
-        if (lead == std::string_view::npos) return true;
-        isFound = columnBehind(line.substr(0, lead), 0, tabSize) == column;
-        return !isFound && match == BranchMatch::AnyLine;
+        if (lead != std::string_view::npos) column = columnBehind(line.substr(0, lead), 0, tabSize);
+        return column < 0;
     });
-    return isFound;
+    return column;
 }
 
 std::string movedBranch(std::string_view branch, int shift, int tabSize, bool wantsTabs) {
@@ -55,7 +54,11 @@ std::string movedBranch(std::string_view branch, int shift, int tabSize, bool wa
             moved += line;
             return true;
         }
-        const int column = std::max(0, columnBehind(line.substr(0, lead), 0, tabSize) + shift);
+        const int column = columnBehind(line.substr(0, lead), 0, tabSize) + shift;
+        if (column < 0) {
+            moved = branch;
+            return false;
+        }
         const bool hasTabs = wantsTabs || line.starts_with('\t');
         const std::size_t tabs = hasTabs ? static_cast<std::size_t>(column / tabSize) : 0;
         moved.append(tabs, '\t');

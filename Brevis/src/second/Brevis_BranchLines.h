@@ -10,13 +10,12 @@ namespace Brevis {
 // backslash, and holds no raw literal.
 bool holdsBranch(std::string_view directive);
 
-enum class BranchMatch { FirstLine, AnyLine };
-
-// Whether a line of the branch, or its first one, begins in the column, without those of directives.
-bool hasLineIn(std::string_view branch, int column, int tabSize, BranchMatch match);
+// The column in which its first line begins that is no directive; -1 if there is none.
+int firstColumn(std::string_view branch, int tabSize);
 
 // The branch with all such lines moved to the right, or to the left if `shift` is negative. Directives stay, with the
-// lines that go on with them. Indents are made of tabs where that is wanted or a line begins with one.
+// lines that go on with them. Indents are made of tabs where that is wanted or a line begins with one. Nothing moves if
+// one of them can't.
 std::string movedBranch(std::string_view branch, int shift, int tabSize, bool wantsTabs);
 
 }  // namespace Brevis

@@ -407,7 +407,7 @@ void GapWriter::addDistance(TokenIndex token, const Base& base) {
         }
         scratch_ += to;
         padTo(columnIn(base, base.behind));
-    } else if (lead.starts_with(from)) {
+    } else if (lead.starts_with(from) && !losesTabs(lead)) {
         scratch_ += to;
         scratch_ += lead.substr(from.size());
     } else {
@@ -548,33 +548,29 @@ void GapWriter::writeToken(TokenIndex token) {
     beginLine(out_.rfind('\n') + 1);
 }
 
-// What was read as one token with the lines of a branch: those move with the code round it that they stand below, their
-// first one if that does. False if nothing moves.
+// What was read as one token with the lines of a branch: those move with the code round it that the first one stands
+// below. False if nothing moves.
 bool GapWriter::writeBranch(TokenIndex token) {
     const std::string_view text = text_.text(token);
     if (gaps_.isFixed(token) || !holdsBranch(text)) return false;
-    for (const BranchMatch match : {BranchMatch::FirstLine, BranchMatch::AnyLine}) {
-        const TokenIndex code = neighbourOf(token, match);
-        if (code == 0) continue;
-        scratch_.clear();
-        addLead(code, {});
-        const int shift = scratchColumn() - text_.column(code, scheme_.tabSize);
-        if (shift == 0) return false;
-        replaceTo(text_.token(token).end, movedBranch(text, shift, scheme_.tabSize, scheme_.convertWs == 2));
-        countLines(text);
-        beginSourceLine(text_.token(token).begin + text.rfind('\n') + 1);
-        beginLine(out_.rfind('\n') + 1);
-        return true;
-    }
-    return false;
+    const TokenIndex code = neighbourOf(token, firstColumn(text, scheme_.tabSize));
+    if (code == 0) return false;
+    scratch_.clear();
+    addLead(code, {});
+    const int shift = scratchColumn() - text_.column(code, scheme_.tabSize);
+    if (shift == 0) return false;
+    replaceTo(text_.token(token).end, movedBranch(text, shift, scheme_.tabSize, scheme_.convertWs == 2));
+    countLines(text);
+    beginSourceLine(text_.token(token).begin + text.rfind('\n') + 1);
+    beginLine(out_.rfind('\n') + 1);
+    return true;
 }
 
-// The code behind a branch, or one of the lines in front of it, that begins in the column of a line of the branch.
-TokenIndex GapWriter::neighbourOf(TokenIndex branch, BranchMatch match) {
+// The code behind a branch, or one of the lines in front of it, that begins in the column.
+TokenIndex GapWriter::neighbourOf(TokenIndex branch, int column) {
     constexpr int linesAbove = 3;
     const auto isBeside = [&](TokenIndex code) {
-        return gaps_.startsLine(code) &&
-               hasLineIn(text_.text(branch), text_.column(code, scheme_.tabSize), scheme_.tabSize, match);
+        return gaps_.startsLine(code) && text_.column(code, scheme_.tabSize) == column;
     };
     if (startsBelow(branch) && text_.startsLine(nextCode_) && isBeside(nextCode_)) return nextCode_;
     TokenIndex code = branch;
@@ -623,7 +619,7 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
             scratch_ += line;
             continue;
         }
-        if (goesByLine && lead.starts_with(from)) {
+        if (goesByLine && lead.starts_with(from) && !losesTabs(lead)) {
             scratch_ += to;
             scratch_ += lead.substr(from.size());
         } else {

@@ -80,6 +80,10 @@ private:
     bool goesWithCode(TokenIndex token) const;
     int sourceFeeds(TokenIndex token) const;
     int keptFeeds(TokenIndex token) const;
+    // Tabs that are to go are as wide as they are where they stand.
+    bool losesTabs(std::string_view lead) const {
+        return scheme_.convertWs == 1 && lead.find('\t') != std::string_view::npos;
+    }
 
     // The white space of a new line, in `scratch_`
     void addFeeds(TokenIndex token, int lineFeeds);
@@ -108,7 +112,7 @@ private:
     // Tokens
     void writeToken(TokenIndex token);
     bool writeBranch(TokenIndex token);
-    TokenIndex neighbourOf(TokenIndex branch, BranchMatch match);
+    TokenIndex neighbourOf(TokenIndex branch, int column);
     bool movesWithLine(TokenIndex token) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
     std::string_view trimmedLine(std::string_view line) const;
