@@ -555,8 +555,10 @@ bool GapWriter::writeBranch(TokenIndex token) {
     if (gaps_.isFixed(token) || !holdsBranch(text)) return false;
     const TokenIndex code = neighbourOf(token, firstColumn(text, scheme_.tabSize));
     if (code == 0) return false;
+    const Gap& gap = gaps_[code];
+    const bool isBegun = gap.sort == Sort::Lines || gap.sort == Sort::Break;
     scratch_.clear();
-    addLead(code, {});
+    addLead(code, isBegun ? gaps_.tail(gap.rule) : std::string_view());
     const int shift = scratchColumn() - text_.column(code, scheme_.tabSize);
     if (shift == 0) return false;
     replaceTo(text_.token(token).end, movedBranch(text, shift, scheme_.tabSize, scheme_.convertWs == 2));
