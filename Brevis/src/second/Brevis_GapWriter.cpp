@@ -574,7 +574,7 @@ TokenIndex GapWriter::neighbourOf(TokenIndex branch, int column) {
     const auto isBeside = [&](TokenIndex code) {
         return gaps_.startsLine(code) && text_.column(code, scheme_.tabSize) == column;
     };
-    if (startsBelow(branch) && text_.startsLine(nextCode_) && isBeside(nextCode_)) return nextCode_;
+    if (startsBelow(branch) && isBeside(nextCode_)) return nextCode_;
     TokenIndex code = branch;
     for (int line = 0; line < linesAbove && code > 1; ++line) {
         do code = text_.previous(code);

@@ -190,6 +190,9 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     if (sort == Sort::Fixed || sort == Sort::Column || readJoined(token, first)) return;
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
+    // The sign of a cast stands below a name by chance alone.
+    const TokenIndex close = isSign(text_.role(token)) ? text_.partner(token + 1) : 0;
+    if (close != 0 && close < token) return;
     const std::string_view gap = text_.gap(token);
     const bool isNumber = text_.kind(token) == Kind::Number;
     const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
