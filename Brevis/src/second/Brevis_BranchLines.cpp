@@ -47,6 +47,7 @@ int firstColumn(std::string_view branch, int tabSize) {
 }
 
 std::string movedBranch(std::string_view branch, int shift, int tabSize, bool wantsTabs) {
+    if (shift == 0) return std::string(branch);
     std::string moved;
     eachLine(branch, [&](std::string_view line, std::size_t lead) {
         if (!moved.empty()) moved += '\n';
@@ -67,6 +68,20 @@ std::string movedBranch(std::string_view branch, int shift, int tabSize, bool wa
         return true;
     });
     return moved;
+}
+
+std::string trimmedBranch(std::string_view branch) {
+    std::string trimmed;
+    trimmed.reserve(branch.size());
+    eachLine(branch, [&](std::string_view line, std::size_t) {
+        const std::size_t last = line.find_last_not_of(" \t");
+        const std::string_view text = line.substr(0, last == std::string_view::npos ? 0 : last + 1);
+        trimmed += goesOn(text) ? line : text;
+        trimmed += '\n';
+        return true;
+    });
+    trimmed.pop_back();
+    return trimmed;
 }
 
 }  // namespace Brevis

@@ -18,4 +18,7 @@ int firstColumn(std::string_view branch, int tabSize);
 // one of them can't.
 std::string movedBranch(std::string_view branch, int shift, int tabSize, bool wantsTabs);
 
+// Without white space at line ends, but for those that a backslash goes on with.
+std::string trimmedBranch(std::string_view branch);
+
 }  // namespace Brevis

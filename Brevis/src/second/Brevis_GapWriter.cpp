@@ -549,23 +549,28 @@ void GapWriter::writeToken(TokenIndex token) {
 }
 
 // What was read as one token with the lines of a branch: those move with the code round it that the first one stands
-// below. False if nothing moves.
+// below. False if it comes out as it stands.
 bool GapWriter::writeBranch(TokenIndex token) {
     const std::string_view text = text_.text(token);
     if (gaps_.isFixed(token) || !holdsBranch(text)) return false;
-    const TokenIndex code = neighbourOf(token, firstColumn(text, scheme_.tabSize));
-    if (code == 0) return false;
-    const Gap& gap = gaps_[code];
-    const bool isBegun = gap.sort == Sort::Lines || gap.sort == Sort::Break;
-    scratch_.clear();
-    addLead(code, isBegun ? gaps_.tail(gap.rule) : std::string_view());
-    const int shift = scratchColumn() - text_.column(code, scheme_.tabSize);
-    if (shift == 0) return false;
-    replaceTo(text_.token(token).end, movedBranch(text, shift, scheme_.tabSize, scheme_.convertWs == 2));
+    std::string branch = movedBranch(text, branchShift(token), scheme_.tabSize, scheme_.convertWs == 2);
+    if (scheme_.removeTrailingWs) branch = trimmedBranch(branch);
+    if (branch == text) return false;
+    replaceTo(text_.token(token).end, branch);
     countLines(text);
     beginSourceLine(text_.token(token).begin + text.rfind('\n') + 1);
     beginLine(out_.rfind('\n') + 1);
     return true;
+}
+
+int GapWriter::branchShift(TokenIndex branch) {
+    const TokenIndex code = neighbourOf(branch, firstColumn(text_.text(branch), scheme_.tabSize));
+    if (code == 0) return 0;
+    const Gap& gap = gaps_[code];
+    const bool isBegun = gap.sort == Sort::Lines || gap.sort == Sort::Break;
+    scratch_.clear();
+    addLead(code, isBegun ? gaps_.tail(gap.rule) : std::string_view());
+    return scratchColumn() - text_.column(code, scheme_.tabSize);
 }
 
 // The code behind a branch, or one of the lines in front of it, that begins in the column.

@@ -112,6 +112,7 @@ private:
     // Tokens
     void writeToken(TokenIndex token);
     bool writeBranch(TokenIndex token);
+    int branchShift(TokenIndex branch);
     TokenIndex neighbourOf(TokenIndex branch, int column);
     bool movesWithLine(TokenIndex token) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
