@@ -198,12 +198,27 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
     if (gap.empty() && !(isNumber && isFirst)) return;
 
-    Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
+    Cell cell{.token = token, .anchor = nameAt(token), .start = columns_[token - first]};
     cell.sort = isComment ? comment : sortOf(text_.kind(token), text_.role(token));
-    cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
+    cell.other = columns_[cell.anchor - first] +
+                 (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
     here_.push_back(cell);
+}
+
+// The name in the bracket of `(*name)`, or the token itself.
+TokenIndex KeptColumns::nameAt(TokenIndex token) const {
+    if (text_.role(token) != Role::DeclaratorGroup || text_.partner(token) < token) return token;
+    TokenIndex name = token;
+    for (TokenIndex at = token + 1; text_.lineFeeds(at) == 0 && places_[at].line == places_[token].line; ++at) {
+        if (text_.kind(at) == Kind::Identifier) {
+            name = at;
+        } else if (!isSign(text_.role(at))) {
+            break;
+        }
+    }
+    return name;
 }
 
 // A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
@@ -222,8 +237,8 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
                          .hasTab = gap.find('\t') != std::string_view::npos});
     }
     Cell& cell = here_.back();
-    cell.anchor = token;
-    cell.other = columns_[token - first];
+    cell.anchor = nameAt(token);
+    cell.other = columns_[cell.anchor - first];
     if (isNumber) {
         cell.sort = number;
         cell.other += static_cast<int>(text_.text(token).size()) - 1;

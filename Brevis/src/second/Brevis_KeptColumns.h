@@ -63,6 +63,7 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    TokenIndex nameAt(TokenIndex token) const;
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
