@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 #include "second/Brevis_LineColumns.h"
 
@@ -14,24 +15,33 @@ namespace {
 constexpr std::size_t sizeCount = 4, maxStops = 8;
 using Columns = std::array<int, sizeCount>;  // under each of the sizes
 
-// What the line votes by.
-struct Line {
-    struct Stop {
-        Columns columns{};  // behind a tab or several blanks
-        bool hasTab = false;
-    };
+// A place behind a tab or several blanks.
+struct Stop {
+    Columns columns{};
+    bool hasTab = false;
+};
+struct Stops {
+    std::array<Stop, maxStops> stops;
+    std::size_t count = 0;
+    bool isRead = false;
 
-    std::string_view text;  // without the white space round it
-    Columns lead{};
+    void add(const Columns& columns, bool hasTab) {
+        if (count < maxStops) stops[count++] = {columns, hasTab};
+    }
+};
+
+struct Line {
+    std::string_view text;  // without the white space behind it
+    std::size_t lead = 0;   // how much of it is white space
     bool hasTabLead = false;
-    bool hasBlanksLast = false;  // its indent ends with blanks
-    std::array<Stop, maxStops> stops{};
-    std::size_t stopCount = 0;
-    Columns bracket{};  // behind the last round bracket that stays open
-    bool hasBracket = false;
+    bool hasInnerTab = false;
+
+    std::string_view indent() const { return text.substr(0, lead); }
+    char first() const { return text[lead]; }
 };
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
+bool holdsTab(std::string_view text) { return text.find('\t') != std::string_view::npos; }
 
 class TabVotes {
 public:
@@ -44,8 +54,8 @@ private:
     using Marks = std::array<bool, sizeCount>;
 
     void advance(Columns& columns, std::string_view text) const;
-    void addStop(Line& line, Columns columns, bool hasTab, std::string_view text) const;
-    void readStops(Line& line, std::string_view text) const;
+    Columns columnsBehind(std::string_view text) const;
+    void readStops(const Line& line, Stops& stops) const;
     void vote(const Marks& marks, int weight = 1);
     void voteByStops();
     void voteByBracket();
@@ -53,8 +63,8 @@ private:
 
     const std::array<int, sizeCount> sizes_;
     std::array<int, sizeCount> votes_{};
-    Line above_;
-    Line here_;
+    Line above_, here_;
+    Stops aboveStops_, hereStops_;
 };
 
 void TabVotes::advance(Columns& columns, std::string_view text) const {
@@ -63,58 +73,49 @@ void TabVotes::advance(Columns& columns, std::string_view text) const {
     }
 }
 
+Columns TabVotes::columnsBehind(std::string_view text) const {
+    Columns columns{};
+    advance(columns, text);
+    return columns;
+}
+
 void TabVotes::read(std::string_view line) {
     const std::size_t lead = blankSize(line);
     while (line.size() > lead && isBlank(line.back())) line.remove_suffix(1);
     if (line.size() == lead) return;
-    here_ = {};
-    here_.text = line.substr(lead);
-    here_.hasTabLead = line.substr(0, lead).find('\t') != std::string_view::npos;
-    here_.hasBlanksLast = lead > 0 && line[lead - 1] == ' ';
-    advance(here_.lead, line.substr(0, lead));
-    readStops(here_, here_.text);
+    here_ = {line, lead, holdsTab(line.substr(0, lead)), holdsTab(line.substr(lead))};
+    hereStops_.count = 0;
+    hereStops_.isRead = false;
     if (!above_.text.empty()) {
         voteByStops();
         voteByBracket();
         voteByDepth();
     }
     above_ = here_;
+    if (hereStops_.isRead || aboveStops_.isRead) std::swap(aboveStops_, hereStops_);
 }
 
-// In front of `text`, and behind its signs: names may stand in one column with the signs in front of it.
-void TabVotes::addStop(Line& line, Columns columns, bool hasTab, std::string_view text) const {
-    if (line.stopCount < maxStops) line.stops[line.stopCount++] = {columns, hasTab};
-    const std::size_t signs = std::min(text.find_first_not_of('*'), text.size());
-    if (signs == 0 || line.stopCount == maxStops) return;
-    advance(columns, text.substr(0, signs));
-    line.stops[line.stopCount++] = {columns, hasTab};
-}
-
-void TabVotes::readStops(Line& line, std::string_view text) const {
-    std::array<Columns, maxStops> open{};
-    std::size_t depth = 0;
-    Columns columns = line.lead;
-    for (std::size_t at = 0; at < text.size();) {
+void TabVotes::readStops(const Line& line, Stops& stops) const {
+    if (stops.isRead) return;
+    stops.isRead = true;
+    const std::string_view text = line.text;
+    Columns columns = columnsBehind(line.indent());
+    for (std::size_t at = line.lead; at < text.size();) {
         std::size_t end = at;
-        if (isBlank(text[at])) {
-            while (isBlank(text[end])) ++end;
-            const std::string_view gap = text.substr(at, end - at);
-            const bool hasTab = gap.find('\t') != std::string_view::npos;
-            advance(columns, gap);
-            if (hasTab || gap.size() > 1) {
-                addStop(line, columns, hasTab, text.substr(end));
-            }
-        } else {
-            while (end < text.size() && !isBlank(text[end]) && text[end] != '(' && text[end] != ')') ++end;
-            if (end == at) ++end;
-            advance(columns, text.substr(at, end - at));
-            if (text[at] == '(' && depth < maxStops) open[depth++] = columns;
-            if (text[at] == ')' && depth > 0) --depth;
+        while (end < text.size() && isBlank(text[end]) == isBlank(text[at])) ++end;
+        const std::string_view part = text.substr(at, end - at);
+        advance(columns, part);
+        const bool hasTab = holdsTab(part);
+        if (hasTab || (isBlank(part[0]) && part.size() > 1)) {
+            stops.add(columns, hasTab);
+            // Names may stand in one column with the signs in front of them.
+            const std::size_t name = std::min(text.find_first_not_of('*', end), text.size());
+            Columns behind = columns;
+            advance(behind, text.substr(end, name - end));
+            if (name > end) stops.add(behind, hasTab);
         }
         at = end;
     }
-    line.hasBracket = depth > 0;
-    if (depth > 0) line.bracket = open[depth - 1];
 }
 
 void TabVotes::vote(const Marks& marks, int weight) {
@@ -122,37 +123,50 @@ void TabVotes::vote(const Marks& marks, int weight) {
 }
 
 void TabVotes::voteByStops() {
-    for (std::size_t stop = 0; stop < here_.stopCount; ++stop) {
+    if (!above_.hasInnerTab && !here_.hasInnerTab) return;
+    readStops(above_, aboveStops_);
+    readStops(here_, hereStops_);
+    for (std::size_t stop = 0; stop < hereStops_.count; ++stop) {
+        const Stop& here = hereStops_.stops[stop];
         Marks marks{};
-        for (std::size_t other = 0; other < above_.stopCount; ++other) {
-            if (!here_.stops[stop].hasTab && !above_.stops[other].hasTab) continue;
+        for (std::size_t other = 0; other < aboveStops_.count; ++other) {
+            const Stop& above = aboveStops_.stops[other];
+            if (!here.hasTab && !above.hasTab) continue;
             for (std::size_t size = 0; size < sizeCount; ++size) {
-                const bool isEqual = here_.stops[stop].columns[size] == above_.stops[other].columns[size];
-                marks[size] = marks[size] || isEqual;
+                marks[size] = marks[size] || here.columns[size] == above.columns[size];
             }
         }
         vote(marks);
     }
 }
 
-// A column that no step of tabs ends in is hardly met by chance.
+// Below what follows an open bracket: a column that no step of tabs ends in is hardly met by chance.
 void TabVotes::voteByBracket() {
-    if (!above_.hasBracket || !here_.hasTabLead || !here_.hasBlanksLast) return;
+    if (!here_.hasTabLead || !here_.indent().ends_with(' ')) return;
+    int depth = 0;
+    std::size_t open = above_.text.size();
+    while (open > above_.lead && depth <= 0) {
+        --open;
+        depth += above_.text[open] == '(' ? 1 : above_.text[open] == ')' ? -1 : 0;
+    }
+    if (depth <= 0) return;
+    const Columns bracket = columnsBehind(above_.text.substr(0, open + 1));
+    const Columns lead = columnsBehind(here_.indent());
     Marks marks{};
-    for (std::size_t size = 0; size < sizeCount; ++size) marks[size] = here_.lead[size] == above_.bracket[size];
+    for (std::size_t size = 0; size < sizeCount; ++size) marks[size] = lead[size] == bracket[size];
     vote(marks, 2);
 }
 
 // What a brace or a head has opened stands further to the right than that, and what a brace closes so too.
 void TabVotes::voteByDepth() {
-    if (here_.hasTabLead == above_.hasTabLead || here_.text[0] == '#' || above_.text[0] == '#') return;
-    const bool closes = here_.text[0] == '}';
-    const bool isHead = above_.text.back() == ')' &&
-                        (above_.text.starts_with("if ") || above_.text.starts_with("for "));
-    const bool opens = above_.text.back() == '{' || isHead;
-    if (opens == closes || here_.text[0] == '{' || here_.text.back() == ':') return;
-    const Columns& outer = opens ? above_.lead : here_.lead;
-    const Columns& inner = opens ? here_.lead : above_.lead;
+    if (here_.hasTabLead == above_.hasTabLead || here_.first() == '#' || above_.first() == '#') return;
+    const bool closes = here_.first() == '}';
+    const std::string_view head = above_.text.substr(above_.lead);
+    const bool isHead = head.back() == ')' && (head.starts_with("if ") || head.starts_with("for "));
+    const bool opens = head.back() == '{' || isHead;
+    if (opens == closes || here_.first() == '{' || here_.text.back() == ':') return;
+    const Columns outer = columnsBehind((opens ? above_ : here_).indent());
+    const Columns inner = columnsBehind((opens ? here_ : above_).indent());
     Marks marks{};
     for (std::size_t size = 0; size < sizeCount; ++size) marks[size] = inner[size] > outer[size];
     vote(marks);
