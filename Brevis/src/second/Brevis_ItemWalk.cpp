@@ -153,9 +153,10 @@ bool ItemWalk::isLabelMacro(const OutlineItem& item, const Frame& body) const {
            body.label == asIs && isSwitch(body);
 }
 
-// Whether a template head ends a line that the source goes on with.
+// Whether a template head begins a line that the source goes on with, in a body whose lines keep their distances.
 bool ItemWalk::isBehindTemplate(const OutlineItem& item, const Frame& body) const {
-    return body.before != nullptr && body.before->sort == Sort::Template && !text_.startsLine(item.first);
+    if (body.before == nullptr || body.before->sort != Sort::Template || text_.startsLine(item.first)) return false;
+    return text_.startsLine(body.before->first) && gaps_.scopes()[body.inner].mode == Mode::Distance;
 }
 
 ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& statement) {
