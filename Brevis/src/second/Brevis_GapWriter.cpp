@@ -407,11 +407,13 @@ void GapWriter::addDistance(TokenIndex token, const Base& base) {
         }
         scratch_ += to;
         padTo(columnIn(base, base.behind));
-    } else if (lead.starts_with(from) && !losesTabs(lead)) {
+        return;
+    }
+    const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
+    if (lead.starts_with(from) && !bendsTabs(lead.substr(from.size()), shift)) {
         scratch_ += to;
         scratch_ += lead.substr(from.size());
     } else {
-        const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
         addWidth(to, width + shift);
     }
 }
@@ -626,7 +628,7 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
             scratch_ += line;
             continue;
         }
-        if (goesByLine && lead.starts_with(from) && !losesTabs(lead)) {
+        if (goesByLine && lead.starts_with(from) && !bendsTabs(lead.substr(from.size()), shift)) {
             scratch_ += to;
             scratch_ += lead.substr(from.size());
         } else {

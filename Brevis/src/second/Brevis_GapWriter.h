@@ -80,9 +80,9 @@ private:
     bool goesWithCode(TokenIndex token) const;
     int sourceFeeds(TokenIndex token) const;
     int keptFeeds(TokenIndex token) const;
-    // Tabs that are to go are as wide as they are where they stand.
-    bool losesTabs(std::string_view lead) const {
-        return scheme_.convertWs == 1 && lead.find('\t') != std::string_view::npos;
+    // Whether tabs among the blanks get another width if these are moved.
+    bool bendsTabs(std::string_view blanks, int shift) const {
+        return shift % scheme_.tabSize != 0 && blanks.find('\t') != std::string_view::npos;
     }
 
     // The white space of a new line, in `scratch_`
