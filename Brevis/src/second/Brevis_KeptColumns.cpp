@@ -291,14 +291,14 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
             number = static_cast<std::uint32_t>(chains_.size());
             chains_.push_back({.column = cell.*column,
                                .size = 1,
-                               .isWide = above->isWide,
+                               .wide = above->isWide ? 1 : 0,
                                .hasTab = above->hasTab,
                                .isRight = isRight});
         }
         cell.*chain = number;
         Chain& found = chains_[number];
         ++found.size;
-        found.isWide = found.isWide || cell.isWide;
+        found.wide += cell.isWide ? 1 : 0;
         found.hasTab = found.hasTab || cell.hasTab;
     }
 }
@@ -311,13 +311,16 @@ void KeptColumns::keepLinked(std::vector<Cell>& cells) {
 
 // ---- Columns
 
-// The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
-// names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
+// The longer one of the two chains, if one of its tokens stands behind more than one blank: where there are several such
+// it isn't one that further lines have joined by chance. Of two as long as each other names with signs go on with names: a
+// sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
-    const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
-    const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
+    const std::uint32_t left = chains_[cell.left].wide > 0 ? cell.left : 0;
+    const std::uint32_t right = chains_[cell.right].wide > 0 ? cell.right : 0;
+    if (left == 0 || right == 0) return left + right;
     const int lead = cell.sort == number ? 1 : 0;
-    return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
+    const bool isSingle = chains_[left].wide == 1 && chains_[right].wide > 1;
+    return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {

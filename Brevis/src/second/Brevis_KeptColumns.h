@@ -41,7 +41,7 @@ private:
     struct Chain {
         int column = 0;
         int size = 0;
-        bool isWide = false;  // one of them is
+        int wide = 0;  // how many of them are
         bool hasTab = false;
         bool isRight = false;
     };
