@@ -56,6 +56,12 @@ public:
     }
     bool isTrivia(TokenIndex index) const { return Trn::isTrivia(kind(index)); }
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
+    // A comment that a tool reads: `///`, `//!`, `/**` or `/*!`.
+    bool isDocumentation(TokenIndex index) const {
+        const std::string_view text = this->text(index);
+        const bool isBegun = isComment(index) && text.size() > 2 && (text[2] == '!' || text[2] == text[1]);
+        return isBegun && (text.size() == 3 || (text[3] != text[2] && text != "/**/"));
+    }
 
     // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
     TokenIndex partner(TokenIndex index) const { return tokens_[index].isBracket ? brackets_.partner(index) : 0; }

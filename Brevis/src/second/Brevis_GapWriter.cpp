@@ -406,11 +406,13 @@ void GapWriter::addDistance(TokenIndex token, const Base& base) {
         }
         scratch_ += to;
         padTo(columnIn(base, base.behind));
-    } else if (lead.starts_with(from)) {
+        return;
+    }
+    const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
+    if (lead.starts_with(from) && !bendsTabs(lead.substr(from.size()), shift)) {
         scratch_ += to;
         scratch_ += lead.substr(from.size());
     } else {
-        const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
         addWidth(to, width + shift);
     }
 }
@@ -527,6 +529,8 @@ void GapWriter::writeToken(TokenIndex token) {
     const GapToken& at = text_.token(token);
     if (at.holdsLines && movesWithLine(token)) {
         writeLaterLines(token, text_.text(token));
+    } else if (at.holdsLines && at.kind == Kind::Directive && writeBranch(token)) {
+        return;
     } else if (scheme_.removeTrailingWs && text_.isTrivia(token) && !gaps_.isFixed(token)) {
         const bool endsLine = text_.endsLine(token);
         const std::string_view trimmed = endsLine ? trimmedLine(text_.text(token)) : text_.text(token);
@@ -543,6 +547,47 @@ void GapWriter::writeToken(TokenIndex token) {
     if (runBegin_ <= sourceLine_) return beginLine(position() - (at.end - sourceLine_));
     flush();
     beginLine(out_.rfind('\n') + 1);
+}
+
+// What was read as one token with the lines of a branch: those move with the code round it that the first one stands
+// below. False if it comes out as it stands.
+bool GapWriter::writeBranch(TokenIndex token) {
+    const std::string_view text = text_.text(token);
+    if (gaps_.isFixed(token) || !holdsBranch(text)) return false;
+    std::string branch = movedBranch(text, branchShift(token), scheme_.tabSize, scheme_.convertWs == 2);
+    if (scheme_.removeTrailingWs) branch = trimmedBranch(branch);
+    if (branch == text) return false;
+    replaceTo(text_.token(token).end, branch);
+    countLines(text);
+    beginSourceLine(text_.token(token).begin + text.rfind('\n') + 1);
+    beginLine(out_.rfind('\n') + 1);
+    return true;
+}
+
+int GapWriter::branchShift(TokenIndex branch) {
+    const TokenIndex code = neighbourOf(branch, firstColumn(text_.text(branch), scheme_.tabSize));
+    if (code == 0) return 0;
+    const Gap& gap = gaps_[code];
+    const bool isBegun = gap.sort == Sort::Lines || gap.sort == Sort::Break;
+    scratch_.clear();
+    addLead(code, isBegun ? gaps_.tail(gap.rule) : std::string_view());
+    return scratchColumn() - text_.column(code, scheme_.tabSize);
+}
+
+// The code behind a branch, or one of the lines in front of it, that begins in the column.
+TokenIndex GapWriter::neighbourOf(TokenIndex branch, int column) {
+    constexpr int linesAbove = 3;
+    const auto isBeside = [&](TokenIndex code) {
+        return gaps_.startsLine(code) && text_.column(code, scheme_.tabSize) == column;
+    };
+    if (startsBelow(branch) && isBeside(nextCode_)) return nextCode_;
+    TokenIndex code = branch;
+    for (int line = 0; line < linesAbove && code > 1; ++line) {
+        do code = text_.previous(code);
+        while (code > 0 && !text_.startsLine(code));
+        if (code > 0 && isBeside(code)) return code;
+    }
+    return 0;
 }
 
 // Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.
@@ -582,7 +627,7 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
             scratch_ += line;
             continue;
         }
-        if (goesByLine && lead.starts_with(from)) {
+        if (goesByLine && lead.starts_with(from) && !bendsTabs(lead.substr(from.size()), shift)) {
             scratch_ += to;
             scratch_ += lead.substr(from.size());
         } else {

@@ -51,8 +51,13 @@ private:
     bool holdsLabel(const Frame& part) const;
     bool isTryOf(const Cpp::OutlineItem& item, const Frame& parent) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
+    bool isLabelMacro(const Cpp::OutlineItem& item, const Frame& body) const;
+    bool isBehindTemplate(const Cpp::OutlineItem& item, const Frame& body) const;
+    bool goesOnBehindEndif(const Cpp::OutlineItem& item, const Frame& part) const;
+    GapProperty unbracedIndent() const;
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
     Scope scopeOfUnbraced(const Frame& holder);
+    void indentHeadNotes(TokenIndex brace, Scope inner);
     void indentComments(TokenIndex token, Scope scope);
     void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
@@ -60,12 +65,14 @@ private:
     void readSemicolon(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
+    bool isSwitch(const Frame& body) const;
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
     void readBracket(TokenIndex open);
     bool endsLine(TokenIndex token) const;
     void readClosing(TokenIndex close);
+    void goOnBehind(TokenIndex close);
     void leaveParameters(TokenIndex close);
     void beginElement(TokenIndex token);
 

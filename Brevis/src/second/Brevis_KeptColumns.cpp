@@ -14,7 +14,7 @@ using Cpp::Role;
 namespace {
 
 // What may stand in one column.
-constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
+constexpr int comment = 1, operand = 2, number = 3, assignment = 4, binary = 5, others = 100;
 
 int sortOf(Trn::TokenKind kind, Role role) {
     switch (role) {
@@ -27,6 +27,11 @@ int sortOf(Trn::TokenKind kind, Role role) {
         case Role::Assignment:
         case Role::Initializer:
             return assignment;
+        case Role::Binary:
+        case Role::Comparison:
+            return binary;
+        case Role::DeclaratorGroup:
+            return kind == Kind::OpenParen ? operand : others + kind;
         default:
             return others + kind;
     }
@@ -182,17 +187,35 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     if (sort == Gap::Sort::Fixed || sort == Gap::Sort::Column || readJoined(token, first)) return;
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
+    // The sign of a cast stands below a name by chance alone.
+    const TokenIndex close = isSign(text_.role(token)) ? text_.partner(token + 1) : 0;
+    if (close != 0 && close < token) return;
     const std::string_view gap = text_.gap(token);
     const bool isNumber = text_.kind(token) == Kind::Number;
     const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
     if (gap.empty() && !(isNumber && isFirst)) return;
 
-    Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
+    Cell cell{.token = token, .anchor = nameAt(token), .start = columns_[token - first]};
     cell.sort = isComment ? comment : sortOf(text_.kind(token), text_.role(token));
-    cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
+    cell.other = columns_[cell.anchor - first] +
+                 (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
     here_.push_back(cell);
+}
+
+// The name in the bracket of `(*name)`, or the token itself.
+TokenIndex KeptColumns::nameAt(TokenIndex token) const {
+    if (text_.role(token) != Role::DeclaratorGroup || text_.partner(token) < token) return token;
+    TokenIndex name = token;
+    for (TokenIndex at = token + 1; text_.lineFeeds(at) == 0 && places_[at].line == places_[token].line; ++at) {
+        if (text_.kind(at) == Kind::Identifier) {
+            name = at;
+        } else if (!isSign(text_.role(at))) {
+            break;
+        }
+    }
+    return name;
 }
 
 // A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
@@ -211,8 +234,8 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
                          .hasTab = gap.find('\t') != std::string_view::npos});
     }
     Cell& cell = here_.back();
-    cell.anchor = token;
-    cell.other = columns_[token - first];
+    cell.anchor = nameAt(token);
+    cell.other = columns_[cell.anchor - first];
     if (isNumber) {
         cell.sort = number;
         cell.other += static_cast<int>(text_.text(token).size()) - 1;
@@ -265,14 +288,14 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
             number = static_cast<std::uint32_t>(chains_.size());
             chains_.push_back({.column = cell.*column,
                                .size = 1,
-                               .isWide = above->isWide,
+                               .wide = above->isWide ? 1 : 0,
                                .hasTab = above->hasTab,
                                .isRight = isRight});
         }
         cell.*chain = number;
         Chain& found = chains_[number];
         ++found.size;
-        found.isWide = found.isWide || cell.isWide;
+        found.wide += cell.isWide ? 1 : 0;
         found.hasTab = found.hasTab || cell.hasTab;
     }
 }
@@ -285,13 +308,16 @@ void KeptColumns::keepLinked(std::vector<Cell>& cells) {
 
 // ---- Columns
 
-// The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
-// names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
+// The longer one of the two chains, if one of its tokens stands behind more than one blank: where there are several such
+// it isn't one that further lines have joined by chance. Of two as long as each other names with signs go on with names: a
+// sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
-    const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
-    const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
+    const std::uint32_t left = chains_[cell.left].wide > 0 ? cell.left : 0;
+    const std::uint32_t right = chains_[cell.right].wide > 0 ? cell.right : 0;
+    if (left == 0 || right == 0) return left + right;
     const int lead = cell.sort == number ? 1 : 0;
-    return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
+    const bool isSingle = chains_[left].wide == 1 && chains_[right].wide > 1;
+    return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {

@@ -41,7 +41,7 @@ private:
     struct Chain {
         int column = 0;
         int size = 0;
-        bool isWide = false;  // one of them is
+        int wide = 0;  // how many of them are
         bool hasTab = false;
         bool isRight = false;
     };
@@ -63,6 +63,7 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    TokenIndex nameAt(TokenIndex token) const;
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);

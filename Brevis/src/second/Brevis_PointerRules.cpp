@@ -38,16 +38,20 @@ bool PointerRules::isName(TokenIndex token) const {
     const Role role = text_.role(token);
     const Trn::TokenKind kind = text_.kind(token);
     // `(name)` keeps its form.
-    const bool isOpenGroup = role == Role::DeclaratorGroup && kind == Kind::OpenParen && isSign(text_.next(token));
+    const bool isOpenGroup = opensGroup(token) && isSign(text_.next(token));
     return kind == Kind::Identifier || kind == Kind::Operator || kind == Kind::This || isOpenGroup ||
            role == Role::StructuredBinding;
+}
+
+bool PointerRules::opensGroup(TokenIndex token) const {
+    return text_.role(token) == Role::DeclaratorGroup && text_.kind(token) == Kind::OpenParen;
 }
 
 bool PointerRules::beginsRun(TokenIndex sign) const {
     const TokenIndex before = text_.previous(sign);
     if (before == 0 || isSign(before)) return false;
     const Role role = text_.role(before);
-    if (role == Role::DeclaratorComma) return true;
+    if (role == Role::DeclaratorComma || opensGroup(before)) return true;
     switch (text_.kind(before)) {
         case Kind::Const:
         case Kind::Volatile:
@@ -86,6 +90,12 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     const TokenIndex end = behindRun(first);
     if (anchor != 0 && anchor != 1) {
         if (isName(end) && gaps_.lineFeeds(name.behindType.rule) > 0) gaps_.set(end, name.behindType);
+        return;
+    }
+    // `(*name)`: the bracket tells what the signs belong to.
+    if (opensGroup(text_.previous(first))) {
+        setInside(first, end, true, inner);
+        if (isName(end) && !isQualifier(text_.previous(end))) gaps_.setKeepingLines(end, inner);
         return;
     }
     const bool isFurther = text_.role(text_.previous(first)) == Role::DeclaratorComma;
