@@ -93,12 +93,18 @@ bool TypeShapes::isTemplateBracket(TokenIndex less, bool isInDeclaration) const 
         case Kind::Star:
         case Kind::Amp:
             return true;
-        case Kind::Plus:
-        case Kind::Minus:
-            return false;
+        case Kind::Identifier:
+            // `MACRO(A<B> name, ...)`; with a comma in the bracket, `f(a < b, c > d)` looks the same.
+            return !holdsComma(less, greater);
         default:
             return false;
     }
+}
+
+bool TypeShapes::holdsComma(TokenIndex open, TokenIndex close) const {
+    TokenIndex at = next(open);
+    while (at < close && kind(at) != Kind::Comma) at = shapes_->behind(at);
+    return at < close;
 }
 
 // Whether the `>>` that ends the bracket closes another `<` inside or outside of it.
@@ -404,7 +410,7 @@ Guess TypeShapes::isParameter(TokenIndex& at) const {
     }
     if (kind(at) != Kind::Identifier) return Guess::No;
     // `T *restrict name`
-    if (isTypeWord(buffer_->text(at))) return Guess::Yes;
+    if (isTypeWord(buffer_->text(at)) || shapes_->isQualifierMacro(at)) return Guess::Yes;
     at = next(at);
     if (kind(at) == Kind::Assign || kind(at) == Kind::OpenBracket) return Guess::Yes;
     return kind(at) == Kind::Comma || kind(at) == Kind::CloseParen ? Guess::Unknown : Guess::No;

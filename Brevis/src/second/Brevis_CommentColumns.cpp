@@ -89,10 +89,11 @@ bool CommentColumns::goesOn(TokenIndex comment) {
     return code_ == text_.size() || column != text_.column(code_, scheme_.tabSize);
 }
 
-// Several blanks are for line comments: a block comment has one.
+// Several blanks are for line comments: a block comment has one, unless the author has given it as many.
 GapRule CommentColumns::distanceOf(TokenIndex comment) const {
     if (text_.kind(comment) == Kind::LineComment || !gaps_.isSet(distance_)) return distance_;
-    return gaps_.text(distance_).starts_with("  ") ? GapRule::Blank : distance_;
+    const std::string_view distance = gaps_.text(distance_);
+    return distance.starts_with("  ") && text_.gap(comment) != distance ? GapRule::Blank : distance_;
 }
 
 void CommentColumns::add(TokenIndex comment) {

@@ -1,6 +1,8 @@
 // One pass over the tokens with a stack of what is open.
 #include "second/Brevis_ItemWalk.h"
 
+#include <algorithm>
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -77,9 +79,17 @@ void ItemWalk::openItem(const OutlineItem& item, bool isOutermost) {
         const OutlineItem* holder = parent.sort == Frame::Sort::Item ? parent.item : nullptr;
         if (parent.sort != Frame::Sort::Bracket) statements_.item(item, {.holder = holder, .before = parent.before});
     }
-    if (isOutermost) indentItem(item, parent);
+    const bool isLabels = isOutermost && standsForLabels(item, parent);
+    if (isLabels) {
+        const Scope scope = indented(parent.own, gapProperty<&Scheme::indentCsCaseLabels>());
+        gaps_.setScope(item.first, scope);
+        indentCommentsOfLabel(item.first, scope, parent);
+    } else if (isOutermost) {
+        indentItem(item, parent);
+    }
     const Frame frame = frameOf(item, parent);
     parent.before = &item;
+    parent.isBehindLabels = isLabels;
     if (item.sort == Sort::CaseLabel) parent.label = frame.own;
     frames_.push_back(frame);
 }
@@ -111,6 +121,28 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
 // Whether the item is the body of a function as a `try` with its parts.
 bool ItemWalk::isTryOf(const OutlineItem& item, const Frame& parent) const {
     return parent.sort == Frame::Sort::Item && parent.item->sort == Sort::Function && item.sort == Sort::Control;
+}
+
+// Whether the item is the call of a macro that no label leads to: `switch (sort) { HANDLE_SORT(A); ...`.
+bool ItemWalk::standsForLabels(const OutlineItem& item, const Frame& parent) const {
+    const bool isInSwitch = parent.sort == Frame::Sort::Body && parent.item != nullptr &&
+                            parent.item->sort == Sort::Part && text_.kind(parent.item->first) == Kind::Switch;
+    if (!isInSwitch || text_.kind(item.first) != Kind::Identifier) return false;
+    const TokenIndex open = text_.next(item.first);
+    if (text_.kind(open) != Kind::OpenParen) return false;
+    const TokenIndex close = text_.partner(open);
+    const bool hasSemicolon = text_.kind(item.last) == Kind::Semicolon && text_.previous(item.last) == close;
+    if (item.last != close && !hasSemicolon) return false;
+    if (parent.before == nullptr || parent.isBehindLabels) return true;
+    return !hasSemicolon && endsInJump(*parent.before);
+}
+
+// Of the item that has been opened last at its level: whether nothing goes on behind it.
+bool ItemWalk::endsInJump(const OutlineItem& before) const {
+    const OutlineItem& last = text_.items()[next_ - 1];
+    const bool isLast = &last == &before || (before.sort == Sort::Block && text_.next(last.last) == before.last);
+    const Trn::TokenKind kind = text_.kind(last.first);
+    return isLast && (kind == Kind::Break || kind == Kind::Return || kind == Kind::Continue || kind == Kind::Goto);
 }
 
 // Whether it is a `switch` with a label in place of its braces.
@@ -270,8 +302,20 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     }
     const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
     if (owner != nullptr && !hasOwnLine) return top().own;
-    if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;
+    if (top().lambda != 0 && keys.role == Role::LambdaBody) return lambdaBase(brace);
     return anchored(brace, Mode::Distance, GapRule::None);
+}
+
+// A lambda that begins a line goes by that, or by the statement that holds it if the author has closed it below that.
+ItemWalk::Scope ItemWalk::lambdaBase(TokenIndex brace) const {
+    const Scope own = frames_.back().lambda;
+    const TokenIndex close = text_.partner(brace);
+    if (!gaps_.startsLine(gaps_.scopes()[own].anchor) || !text_.startsLine(close)) return own;
+    const auto holder = std::find_if(frames_.rbegin(), frames_.rend(),
+                                     [](const Frame& frame) { return frame.sort == Frame::Sort::Item; });
+    if (holder == frames_.rend() || !text_.startsLine(holder->first) || !gaps_.startsLine(holder->first)) return own;
+    const int column = text_.column(holder->first, scheme_.tabSize);
+    return text_.column(close, scheme_.tabSize) == column ? holder->own : own;
 }
 
 GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {

@@ -43,6 +43,7 @@ private:
         bool isHead = false;                       // of a function, in front of its name
         bool isList = false;                       // of elements, each with its own later lines
         bool isOneLine = false;                    // of a Body: the outermost one that stays on one line
+        bool isBehindLabels = false;               // of a Body: `before` is a macro that stands for labels
     };
 
     void openItems(TokenIndex token);
@@ -50,6 +51,8 @@ private:
     Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);
     bool holdsLabel(const Frame& part) const;
     bool isTryOf(const Cpp::OutlineItem& item, const Frame& parent) const;
+    bool standsForLabels(const Cpp::OutlineItem& item, const Frame& parent) const;
+    bool endsInJump(const Cpp::OutlineItem& before) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
     Scope scopeOfUnbraced(const Frame& holder);
@@ -61,6 +64,7 @@ private:
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
+    Scope lambdaBase(TokenIndex brace) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
     void readBracket(TokenIndex open);
