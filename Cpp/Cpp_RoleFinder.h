@@ -96,6 +96,7 @@ private:
     // ---- Values (Cpp_RoleFinderValues.cpp)
 
     TokenIndex readValue(TokenIndex at);
+    bool endsName(TokenIndex at) const;
     void readValueWord(TokenIndex at);
     void readValueParen(TokenIndex at);
     void readOperandParen(TokenIndex at);

@@ -239,9 +239,10 @@ bool ShapeScan::isQualifierMacro(TokenIndex word) const {
 
 // Whether a macro with its bracket is the type of a pointer, as in `TYPE(x) *name;`. No statement multiplies for nothing.
 bool ShapeScan::startsPointerOfMacro(TokenIndex open) const {
-    if (kind(open) != Kind::OpenParen || kind(next(partner(open))) != Kind::Star) return false;
+    if (kind(open) != Kind::OpenParen) return false;
     TokenIndex at = next(partner(open));
-    while (kind(at) == Kind::Star || kind(at) == Kind::Const) at = next(at);
+    if (kind(at) != Kind::Star && kind(at) != Kind::Amp) return false;
+    while (kind(at) == Kind::Star || kind(at) == Kind::Amp || kind(at) == Kind::Const) at = next(at);
     if (kind(at) != Kind::Identifier) return false;
     return kind(next(at)) == Kind::Assign || kind(next(at)) == Kind::Semicolon;
 }

@@ -29,7 +29,7 @@ void CommentColumns::run() {
         }
         if (!isTrailing(token)) continue;
         if (!scheme_.alignTrailingComments) {
-            gaps_.set(token, distanceOf(token));
+            setDistance(token);
             continue;
         }
         if (!group_.isEmpty() && !followsOn(token)) close();
@@ -94,6 +94,16 @@ GapRule CommentColumns::distanceOf(TokenIndex comment) const {
     if (text_.kind(comment) == Kind::LineComment || !gaps_.isSet(distance_)) return distance_;
     const std::string_view distance = gaps_.text(distance_);
     return distance.starts_with("  ") && text_.gap(comment) != distance ? GapRule::Blank : distance_;
+}
+
+// Behind another comment on its line too.
+void CommentColumns::setDistance(TokenIndex comment) {
+    const GapRule distance = distanceOf(comment);
+    if (!text_.isComment(comment - 1)) return gaps_.set(comment, distance);
+    if (!gaps_.isSet(distance)) return;
+    Gap& gap = gaps_.gap(comment);
+    gap.sort = Gap::Sort::Blanks;
+    gap.rule = distance;
 }
 
 void CommentColumns::add(TokenIndex comment) {

@@ -194,7 +194,8 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
             break;
     }
     constexpr GapProperty property = gapProperty<&Scheme::indentLabel>();
-    if (!scheme_.alignLabelsLeftMost) return indented(body.gotoLabel, property);
+    // Behind the labels of a `switch` it goes by those.
+    if (!scheme_.alignLabelsLeftMost) return indented(body.label != 0 ? body.label : body.gotoLabel, property);
     return gaps_.isSet(property.rule) ? sharing(0, Mode::Indent, property.rule) : margin_;
 }
 

@@ -72,11 +72,9 @@ void KeptColumns::run() {
 
 void KeptColumns::passSource(TokenIndex token) {
     const auto pass = [&](std::string_view text) {
-        for (const char c : text) {
-            sourceColumn_ = c == '\n'   ? 0
-                            : c == '\t' ? (sourceColumn_ / scheme_.tabSize + 1) * scheme_.tabSize
-                                        : sourceColumn_ + 1;
-        }
+        const std::size_t feed = text.rfind('\n');
+        if (feed != std::string_view::npos) sourceColumn_ = 0;
+        sourceColumn_ = columnBehind(text.substr(feed + 1), sourceColumn_, scheme_.tabSize);
     };
     pass(text_.gap(token));
     columns_.push_back(sourceColumn_);
@@ -99,6 +97,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
 
     here_.clear();
     if (gaps_.startsLine(first) && line.isBegun && !isTooLong(first, last)) {
+        readFirst(first);
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
@@ -138,16 +137,40 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
     const std::string_view gap = text_.gap(token);
-    const bool isNumber = text_.kind(token) == Kind::Number;
+    const bool hasSign = text_.role(token) == Role::Prefix && text_.kind(token + 1) == Kind::Number;
+    const bool isNumber = hasSign || text_.kind(token) == Kind::Number;
     const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
-    if (gap.empty() && !(isNumber && isFirst)) return;
+    if (gap.empty() && !(isNumber && isFirst) && !isComment) return;
+    // A body of several lines is no element of a column.
+    if (text_.kind(token) == Kind::OpenBrace && gaps_.startsLine(text_.next(token))) return;
 
     Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
     cell.sort = isComment ? comment : sortOf(text_.kind(token), text_.role(token));
     cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
-    cell.isWide = gap.size() > 1 || cell.hasTab;
+    cell.isWide = gap.size() > (isPadded(token) ? 0 : 1) || cell.hasTab;
+    cell.gap = cell.start - static_cast<int>(gap.size());
     here_.push_back(cell);
+}
+
+// Whether any blank in front of the token is there for a column: `{ 1, ...` above `{10, ...`.
+bool KeptColumns::isPadded(TokenIndex token) const {
+    const Gap& gap = gaps_[token];
+    return text_.isOpening(token - 1) && gap.sort == Sort::Blanks && gaps_.text(gap.rule).empty();
+}
+
+// The number that a row of a table begins with.
+void KeptColumns::readFirst(TokenIndex first) {
+    TokenIndex token = first;
+    if (text_.role(first) == Role::Prefix && isJoined(first + 1)) ++token;
+    if (text_.kind(token) != Kind::Number) return;
+    const int size = columns_[token - first] - columns_[0] + static_cast<int>(text_.text(token).size());
+    here_.push_back({.token = first,
+                     .anchor = token,
+                     .start = columns_[0],
+                     .other = columns_[0] + size - 1,
+                     .sort = number,
+                     .isFixed = true});
 }
 
 // A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
@@ -156,6 +179,7 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
     if (!isNumber && !isSign(text_.role(sign))) return false;
+    if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
         const std::string_view gap = text_.gap(token);
@@ -178,8 +202,12 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
         cell.token = sign;
         while (cell.token > first && isJoined(cell.token) && isSign(text_.role(cell.token - 1))) --cell.token;
         const Sort sort = gaps_[cell.token].sort;
-        if (cell.token == first || sort == Sort::Column || sort == Sort::Fixed) here_.pop_back();
+        if (cell.token == first || sort == Sort::Column || sort == Sort::Fixed) {
+            here_.pop_back();
+            return true;
+        }
     }
+    cell.gap = columns_[cell.token - first] - static_cast<int>(text_.gap(cell.token).size());
     return true;
 }
 
@@ -201,8 +229,37 @@ void KeptColumns::link(Line& line) {
         firstAbove = std::min(firstAbove, cell.token);
         break;
     }
+    passCells(line.first);
     keepLinked(above_);
     above_.swap(here_);
+}
+
+// Columns are seen through one line that is blank where they stand: it is shorter, or lacks an element or a comment.
+void KeptColumns::passCells(TokenIndex first) {
+    const auto isEdge = [&](const Cell& cell) {
+        const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others;
+        return isSort && !cell.isPassed && (cell.isWide || chainOf(cell) != 0);
+    };
+    if (std::ranges::none_of(above_, isEdge)) return;
+    passed_.clear();
+    TokenIndex token = first;
+    const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
+    std::erase_if(above_, [&](Cell& cell) {
+        if (!isEdge(cell)) return false;
+        // Nothing may stand in the line where the cell stands, and nothing to the right of a comment.
+        const int last = cell.sort == comment ? std::numeric_limits<int>::max() : std::max(cell.start, cell.other);
+        while (token < end &&
+               text_.columnBehind(token, columns_[token - first], scheme_.tabSize) <= cell.start) ++token;
+        if (token < end && columns_[token - first] <= last) return false;
+        passed_.push_back(cell);
+        passed_.back().isPassed = true;
+        return true;
+    });
+    if (passed_.empty()) return;
+    const auto middle = static_cast<std::ptrdiff_t>(here_.size());
+    here_.insert(here_.end(), passed_.begin(), passed_.end());
+    std::inplace_merge(here_.begin(), here_.begin() + middle, here_.end(),
+                       [](const Cell& a, const Cell& b) { return a.start < b.start; });
 }
 
 // Both lines have their cells in the order of their columns.
@@ -214,7 +271,8 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         const auto sortHere = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
         if ((*above).*column != cell.*column || sortHere(*above) != sortHere(cell)) continue;
         // In one column with what follows an open bracket at once: only the ends of numbers.
-        if (!isRight && (text_.gap(cell.token).empty() || text_.gap(above->token).empty())) continue;
+        const bool isTight = text_.gap(cell.token).empty() || text_.gap(above->token).empty();
+        if (!isRight && isTight && cell.sort != comment) continue;
         std::uint32_t& number = (*above).*chain;
         if (number == 0) {
             number = static_cast<std::uint32_t>(chains_.size());
@@ -254,40 +312,78 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lines_[places_[first->token].line];
-    int column = std::max(0, chain.column + line.shift);
+    int column = std::max(0,
+                          chain.column + (hasTabs ? line.shift : std::min(line.shift, moved(first, last, line.shift))));
     if (hasTabs) column = (column + tab / 2) / tab * tab;
     // How far the token stands in front of the column that it shares.
     const auto reach = [&](const Cell& cell) { return chain.isRight ? lastColumn(cell) : 0; };
+    int fixed = -1;
     for (const Cell* cell = first; cell != last; ++cell) {
+        if (!cell->isFixed) continue;
+        const int place = places_[cell->token].column + reach(*cell);
+        if (fixed >= 0 && place != fixed) return;
+        column = fixed = place;
+    }
+    const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
+        return cell.sort == number && !cell.isFixed && isPadded(cell.token);
+    });
+    if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
+    for (const Cell* cell = first; cell != last; ++cell) {
+        if (cell->isFixed) continue;
         const Gap& gap = gaps_[cell->token];
         int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
         if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
-        if (gap.sort == Sort::Keep && text_.gap(cell->token).empty()) width = 0;
+        const bool isTight = gap.sort == Sort::Keep && text_.gap(cell->token).empty();
+        if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
     }
     if (hasTabs) column = (column + tab - 1) / tab * tab;
-    if (column > std::numeric_limits<std::uint16_t>::max()) return;
+    if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
 
     // If nothing stands behind more than one blank, it isn't seen as a column again.
     bool isWide = hasTabs && scheme_.convertWs != 1;
     for (const Cell* cell = first; cell != last && !isWide; ++cell) {
-        isWide = column - reach(*cell) - gapColumn(cell->token) > 1;
+        isWide = !cell->isFixed && column - reach(*cell) - gapColumn(cell->token) > (arePadded ? 0 : 1);
     }
     if (!isWide) return;
     for (const Cell* cell = first; cell != last; ++cell) {
-        const int target = column - reach(*cell);
-        const int from = gapColumn(cell->token);
-        Line& own = lines_[places_[cell->token].line];
-        if (from + widthBehind(cell->token, from) != target && from != target) {
-            Gap& gap = gaps_.gap(cell->token);
-            gap = {.sort = Sort::Column,
-                   .rule = ruleOf<&Scheme::keepAlignedColumns>(),
-                   .column = static_cast<std::uint16_t>(target),
-                   .scope = gap.scope};
-        }
-        own.token = cell->token;
-        own.column = target;
+        if (!cell->isFixed) moveTo(cell->token, column - reach(*cell));
     }
+}
+
+void KeptColumns::moveTo(TokenIndex token, int column) {
+    const int from = gapColumn(token);
+    Line& own = lines_[places_[token].line];
+    if (from + widthBehind(token, from) != column && from != column) {
+        Gap& gap = gaps_.gap(token);
+        gap = {.sort = Sort::Column,
+               .rule = ruleOf<&Scheme::keepAlignedColumns>(),
+               .column = static_cast<std::uint16_t>(column),
+               .scope = gap.scope};
+    }
+    own.token = token;
+    own.column = column;
+}
+
+// How far what stands in front of the cells has moved, if that is alike for all. Comments stay where they are.
+int KeptColumns::moved(const Cell* first, const Cell* last, int otherwise) {
+    if (first->sort == comment || std::any_of(first, last, [](const Cell& cell) { return cell.isFixed; })) {
+        return otherwise;
+    }
+    const int moved = gapColumn(first->token) - first->gap;
+    const auto isAlike = [&](const Cell& cell) { return gapColumn(cell.token) - cell.gap == moved; };
+    return std::all_of(first + 1, last, isAlike) ? moved : otherwise;
+}
+
+// Whether they are comments that stand as near to the code as they may: behind the longest line at their distance.
+bool KeptColumns::areTight(const Cell* first, const Cell* last) const {
+    int least = std::numeric_limits<int>::max();
+    for (const Cell* cell = first; cell != last; ++cell) {
+        if (text_.kind(cell->token) != Kind::LineComment) return false;
+        least = std::min(least, cell->start - cell->gap);
+    }
+    const auto& distance = scheme_.wsBeforeTrailingComment;
+    return distance.isSet && least == static_cast<int>(distance.text.size());
 }
 
 // From the cell's first column to the one that it shares with others.

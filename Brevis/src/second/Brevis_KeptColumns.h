@@ -23,9 +23,12 @@ private:
         TokenIndex anchor = 0;  // the name behind the signs
         int start = 0;
         int other = 0;        // of the name, or the last one of a number or an assignment
+        int gap = 0;          // at which the white space in front of it begins
         int sort = 0;         // cells of a column have the same
         bool isWide = false;  // behind more than one blank
         bool hasTab = false;
+        bool isFixed = false;     // it begins a line, and so has a place
+        bool isPassed = false;    // it was seen through a line that is blank there
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
@@ -52,10 +55,16 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    bool isPadded(TokenIndex token) const;
+    void readFirst(TokenIndex first);
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(std::vector<Cell>& cells);
+    void passCells(TokenIndex first);
+    int moved(const Cell* first, const Cell* last, int otherwise);
+    bool areTight(const Cell* first, const Cell* last) const;
+    void moveTo(TokenIndex token, int column);
     void passSource(TokenIndex token);
 
     std::uint32_t chainOf(const Cell& cell) const;
@@ -74,6 +83,7 @@ private:
     int sourceColumn_ = 0;
     std::vector<Cell> above_;  // the cells of the last line with code
     std::vector<Cell> here_;
+    std::vector<Cell> passed_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
 };
