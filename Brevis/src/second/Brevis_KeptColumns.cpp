@@ -67,7 +67,6 @@ void KeptColumns::run() {
         begin = first;
         hasWide = false;
     }
-    keepLinked(above_);
     for (Cell& cell : linked_) cell.left = chainOf(cell);
     std::erase_if(linked_, [](const Cell& cell) { return cell.left == 0; });
     std::stable_sort(linked_.begin(), linked_.end(), [&](const Cell& a, const Cell& b) {
@@ -99,7 +98,9 @@ KeptColumns::Stretch KeptColumns::stretchFrom(TokenIndex first) const {
 KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
     const std::string_view gap = text.gap(token);
     if (gap.size() > 1 || gap == "\t") return Gaps::Wide;
-    return gap.empty() && text.kind(token) != Kind::Number ? Gaps::OfNone : Gaps::Narrow;
+    const bool isNumber = text.kind(token) == Kind::Number;
+    if (gap.empty()) return isNumber || text.isComment(token) ? Gaps::Narrow : Gaps::OfNone;
+    return (isNumber || text.role(token) == Role::Prefix) && text.isOpening(token - 1) ? Gaps::Wide : Gaps::Narrow;
 }
 
 // No column goes beyond a block. In one without wide gaps there is none.
@@ -116,6 +117,8 @@ void KeptColumns::readBlock(TokenIndex begin, TokenIndex end, bool hasWide) {
         }
         first = last + 1;
     }
+    keepLinked(above_);
+    above_.clear();
 }
 
 void KeptColumns::passSource(TokenIndex token) {
@@ -199,8 +202,15 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > (isPadded(token) ? 0 : 1) || cell.hasTab;
-    cell.gap = cell.start - static_cast<int>(gap.size());
+    cell.gap = gapBegin(token, first);
     here_.push_back(cell);
+}
+
+// The column of the source at which the gap begins, of a token that does not begin the line.
+int KeptColumns::gapBegin(TokenIndex token, TokenIndex first) const {
+    const TokenIndex before = token - 1;
+    if (!text_.token(before).holdsLines) return text_.columnBehind(before, columns_[before - first], scheme_.tabSize);
+    return columns_[token - first] - static_cast<int>(text_.gap(token).size());
 }
 
 // Whether any blank in front of the token is there for a column: `{ 1, ...` above `{10, ...`.
@@ -257,15 +267,16 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
             return true;
         }
     }
-    cell.gap = columns_[cell.token - first] - static_cast<int>(text_.gap(cell.token).size());
+    cell.gap = gapBegin(cell.token, first);
     return true;
 }
 
 // What the line begins below doesn't share a column with it: it would take the line along.
 void KeptColumns::link(Line& line) {
     const TokenIndex basis = basisOf(line.first);
+    const bool isBegun = line.first == 1 || text_.lineFeeds(line.first) > 0;
     std::erase_if(above_, [&](const Cell& cell) {
-        if (cell.token > basis) return false;
+        if (cell.token > basis && (isBegun || !cell.isPassed)) return false;
         if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
         return true;
     });
@@ -279,7 +290,7 @@ void KeptColumns::link(Line& line) {
         firstAbove = std::min(firstAbove, cell.token);
         break;
     }
-    passCells(line.first);
+    if (isBegun) passCells(line.first);
     keepLinked(above_);
     above_.swap(here_);
 }
@@ -291,7 +302,7 @@ void KeptColumns::passCells(TokenIndex first) {
         return isSort && !cell.isPassed && (cell.isWide || chainOf(cell) != 0);
     };
     if (std::ranges::none_of(above_, isEdge)) return;
-    passed_.clear();
+    through_.clear();
     TokenIndex token = first;
     const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
     std::erase_if(above_, [&](Cell& cell) {
@@ -301,15 +312,24 @@ void KeptColumns::passCells(TokenIndex first) {
         while (token < end &&
                text_.columnBehind(token, columns_[token - first], scheme_.tabSize) <= cell.start) ++token;
         if (token < end && columns_[token - first] <= last) return false;
-        passed_.push_back(cell);
-        passed_.back().isPassed = true;
+        through_.push_back(cell);
+        through_.back().isPassed = true;
         return true;
     });
-    if (passed_.empty()) return;
+    if (through_.empty()) return;
     const auto middle = static_cast<std::ptrdiff_t>(here_.size());
-    here_.insert(here_.end(), passed_.begin(), passed_.end());
+    here_.insert(here_.end(), through_.begin(), through_.end());
     std::inplace_merge(here_.begin(), here_.begin() + middle, here_.end(),
                        [](const Cell& a, const Cell& b) { return a.start < b.start; });
+}
+
+// Whether the line is blank there in the result too, as far as that is known. Behind the cell it goes on with `token`.
+bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const {
+    const Line& line = lines_[places_[cell.token].line];
+    if (text_.lineFeeds(line.first) == 0 && line.first > 1) return false;
+    if (token == first) return places_[first].column > std::max(cell.start, cell.other) + std::max(0, line.shift);
+    const int end = text_.columnBehind(token - 1, places_[token - 1].column, scheme_.tabSize);
+    return end <= cell.start + std::min(0, line.shift);
 }
 
 // Both lines have their cells in the order of their columns.

@@ -66,6 +66,7 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    int gapBegin(TokenIndex token, TokenIndex first) const;
     bool isPadded(TokenIndex token) const;
     void readFirst(TokenIndex first);
     bool readJoined(TokenIndex token, TokenIndex first);
@@ -73,6 +74,7 @@ private:
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(std::vector<Cell>& cells);
     void passCells(TokenIndex first);
+    bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
     int moved(const Cell* first, const Cell* last, int otherwise);
     bool areTight(const Cell* first, const Cell* last) const;
     void moveTo(TokenIndex token, int column);
@@ -95,7 +97,7 @@ private:
     TokenIndex passed_ = 0;
     std::vector<Cell> above_;  // the cells of the last line with code
     std::vector<Cell> here_;
-    std::vector<Cell> passed_;
+    std::vector<Cell> through_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
 };
