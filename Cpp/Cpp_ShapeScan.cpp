@@ -95,9 +95,10 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     // A macro in front of a block, with or without a bracket.
     if (isName && kind(second) == Kind::OpenBrace) {
         const TokenIndex inner = next(second);
-        const bool isValue = kind(next(partner(second))) == Kind::Semicolon && !brackets_->holdsSemicolon(second) &&
-                             kind(inner) != Kind::If;
-        if (!isValue) {
+        const TokenKind after = kind(next(partner(second)));
+        const bool isValue = after == Kind::Semicolon && !brackets_->holdsSemicolon(second) && kind(inner) != Kind::If;
+        const bool isTemporary = isForRoles() && (after == Kind::Dot || after == Kind::Arrow);
+        if (!isValue && !isTemporary) {
             shape.sort = ItemShape::Sort::Head;
             shape.last = first;
             return shape;
@@ -242,7 +243,9 @@ bool ShapeScan::startsPointerOfMacro(TokenIndex open) const {
     if (kind(open) != Kind::OpenParen) return false;
     TokenIndex at = next(partner(open));
     if (kind(at) != Kind::Star && kind(at) != Kind::Amp) return false;
-    while (kind(at) == Kind::Star || kind(at) == Kind::Amp || kind(at) == Kind::Const) at = next(at);
+    while (kind(at) == Kind::Star || kind(at) == Kind::Amp || kind(at) == Kind::Const || isQualifierMacro(at)) {
+        at = next(at);
+    }
     if (kind(at) != Kind::Identifier) return false;
     return kind(next(at)) == Kind::Assign || kind(next(at)) == Kind::Semicolon;
 }

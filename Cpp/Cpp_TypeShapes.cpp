@@ -364,6 +364,8 @@ bool TypeShapes::endsType(TokenIndex sign) const {
             case Kind::CloseBrace:
             case Kind::Assign:
                 return true;
+            case Kind::OpenBracket:
+                return next(at) == partner(at) && kind(next(next(at))) == Kind::Greater;
             default:
                 return false;
         }
@@ -410,10 +412,18 @@ Guess TypeShapes::isParameter(TokenIndex& at) const {
     }
     if (kind(at) != Kind::Identifier) return Guess::No;
     // `T *restrict name`
-    if (isTypeWord(buffer_->text(at)) || shapes_->isQualifierMacro(at)) return Guess::Yes;
+    if (isTypeWord(buffer_->text(at)) || shapes_->isQualifierMacro(at) || isQualifiedSign(at)) return Guess::Yes;
     at = next(at);
     if (kind(at) == Kind::Assign || kind(at) == Kind::OpenBracket) return Guess::Yes;
     return kind(at) == Kind::Comma || kind(at) == Kind::CloseParen ? Guess::Unknown : Guess::No;
+}
+
+// `T* MY_RESTRICT* MY_RESTRICT name`, from the first macro on
+bool TypeShapes::isQualifiedSign(TokenIndex macro) const {
+    if (!isMacroCase(buffer_->text(macro)) || !isDeclaratorSign(kind(next(macro)))) return false;
+    TokenIndex at = next(macro);
+    while (isDeclaratorSign(kind(at))) at = next(at);
+    return shapes_->isQualifierMacro(at);
 }
 
 Guess TypeShapes::holdsParameters(TokenIndex open) const {

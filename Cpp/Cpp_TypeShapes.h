@@ -41,6 +41,7 @@ private:
     Evidence evidenceOfArguments(TokenIndex less, TokenIndex greater) const;
     bool closesTwo(TokenIndex less, TokenIndex shift) const;
     bool holdsComma(TokenIndex open, TokenIndex close) const;
+    bool isQualifiedSign(TokenIndex macro) const;
     Guess isParameter(TokenIndex& at) const;
     TokenIndex passName(TokenIndex at) const;
     bool isKnownType(TokenIndex first);

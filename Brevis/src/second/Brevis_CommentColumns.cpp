@@ -96,8 +96,14 @@ GapRule CommentColumns::distanceOf(TokenIndex comment) const {
     return distance.starts_with("  ") && text_.gap(comment) != distance ? GapRule::Blank : distance_;
 }
 
+// `{// What the elements are`: the author has put it as the first of what the bracket holds.
+bool CommentColumns::clingsToBracket(TokenIndex comment) const {
+    return text_.gap(comment).empty() && text_.isOpening(comment - 1);
+}
+
 // Behind another comment on its line too.
 void CommentColumns::setDistance(TokenIndex comment) {
+    if (clingsToBracket(comment)) return;
     const GapRule distance = distanceOf(comment);
     if (!text_.isComment(comment - 1)) return gaps_.set(comment, distance);
     if (!gaps_.isSet(distance)) return;

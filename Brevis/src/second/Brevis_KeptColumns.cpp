@@ -193,7 +193,7 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     const bool hasSign = text_.role(token) == Role::Prefix && text_.kind(token + 1) == Kind::Number;
     const bool isNumber = hasSign || text_.kind(token) == Kind::Number;
     const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
-    if (gap.empty() && !(isNumber && isFirst) && !isComment) return;
+    if (gap.empty() && !(isNumber && isFirst) && !(isComment && !text_.isOpening(token - 1))) return;
     // A body of several lines is no element of a column.
     if (text_.kind(token) == Kind::OpenBrace && gaps_.startsLine(text_.next(token))) return;
 
