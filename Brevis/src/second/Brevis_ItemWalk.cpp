@@ -285,8 +285,13 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     const bool isOwned = outer.sort == Frame::Sort::Item && (outer.item->body == brace || outer.item->first == brace);
     Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
     frame.item = isOwned ? outer.item : nullptr;
-    frame.own = baseOf(brace, keys, frame.item);
-    frame.inner = indented(frame.own, indentOf(keys, frame));
+    if (const TokenIndex bracket = bracketAbove(brace, keys)) {
+        frame.isBelowBracket = true;
+        frame.own = frame.inner = anchored(bracket, Mode::Distance, GapRule::None);
+    } else {
+        frame.own = baseOf(brace, keys, frame.item);
+        frame.inner = indented(frame.own, indentOf(keys, frame));
+    }
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
@@ -303,20 +308,51 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     }
     const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
     if (owner != nullptr && !hasOwnLine) return top().own;
-    if (top().lambda != 0 && keys.role == Role::LambdaBody) return lambdaBase(brace);
-    return anchored(brace, Mode::Distance, GapRule::None);
+    if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, top().lambda);
+    const Scope own = anchored(brace, Mode::Distance, GapRule::None);
+    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, own) : own;
 }
 
-// A lambda that begins a line goes by that, or by the statement that holds it if the author has closed it below that.
-ItemWalk::Scope ItemWalk::lambdaBase(TokenIndex brace) const {
-    const Scope own = frames_.back().lambda;
+// A body in a bracket goes by the line of its head, or by what the author has closed it below: the statement that holds
+// it, or the line of its brace.
+ItemWalk::Scope ItemWalk::baseInBracket(TokenIndex brace, Scope own) {
     const TokenIndex close = text_.partner(brace);
-    if (!gaps_.startsLine(gaps_.scopes()[own].anchor) || !text_.startsLine(close)) return own;
+    if (gaps_.startsLine(brace) || !text_.startsLine(close)) return own;
+    const int column = text_.column(close, scheme_.tabSize);
     const auto holder = std::find_if(frames_.rbegin(), frames_.rend(),
                                      [](const Frame& frame) { return frame.sort == Frame::Sort::Item; });
-    if (holder == frames_.rend() || !text_.startsLine(holder->first) || !gaps_.startsLine(holder->first)) return own;
-    const int column = text_.column(holder->first, scheme_.tabSize);
-    return text_.column(close, scheme_.tabSize) == column ? holder->own : own;
+    if (holder != frames_.rend() && text_.startsLine(holder->first) && gaps_.startsLine(holder->first) &&
+        text_.column(holder->first, scheme_.tabSize) == column) {
+        return holder->own;
+    }
+    const TokenIndex head = gaps_.scopes()[own].anchor;
+    TokenIndex first = brace;
+    while (first > head && !text_.startsLine(first)) --first;
+    const bool isBelow = first > head &&
+                         first < brace &&
+                         gaps_.startsLine(first) &&
+                         text_.column(first, scheme_.tabSize) == column;
+    return isBelow ? anchored(brace, Mode::Distance, GapRule::None) : own;
+}
+
+// The open bracket of a call below whose first argument the author has closed the body of a lambda, or 0.
+TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const {
+    const TokenIndex close = text_.partner(brace);
+    const TokenIndex content = text_.next(brace);
+    if (keys.role != Role::LambdaBody || !text_.startsLine(close) || !text_.startsLine(content)) return 0;
+    if (text_.startsLine(gaps_.scopes()[frames_.back().lambda].anchor)) return 0;
+    const int column = text_.column(close, scheme_.tabSize);
+    const int indent = columnBehind(gaps_.text(keys.indent.rule), 0, scheme_.tabSize);
+    if (!gaps_.isSet(keys.indent.rule) || text_.column(content, scheme_.tabSize) != column + indent) return 0;
+    constexpr int deepest = 8;  // no more brackets stand on one line of good sense
+    auto frame = frames_.rbegin();
+    for (int depth = 0; depth < deepest && frame->sort == Frame::Sort::Bracket; ++frame, ++depth) {
+        const TokenIndex first = text_.next(frame->first);
+        if (first < brace && !text_.startsLine(first) && text_.column(first, scheme_.tabSize) == column) {
+            return frame->first;
+        }
+    }
+    return 0;
 }
 
 GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
@@ -377,7 +413,8 @@ void ItemWalk::readClosing(TokenIndex close) {
     if (text_.kind(close) == Kind::CloseParen) return leaveParameters(close);
     if (text_.kind(close) != Kind::CloseBrace) return;
     const Gap::Sort sort = gaps_[close].sort;
-    const bool isDecided = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    const bool hasLine = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    const bool isDecided = hasLine && !frame.isBelowBracket;
     gaps_.setScope(close, sharing(frame.own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
     if (frame.isOneLine) bodies_.joinLines(frame.first);
 }

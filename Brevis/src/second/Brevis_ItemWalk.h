@@ -43,6 +43,7 @@ private:
         bool isHead = false;                       // of a function, in front of its name
         bool isList = false;                       // of elements, each with its own later lines
         bool isOneLine = false;                    // of a Body: the outermost one that stays on one line
+        bool isBelowBracket = false;               // of a Body: its lines keep their distance to an open bracket
         bool isBehindLabels = false;               // of a Body: `before` is a macro that stands for labels
     };
 
@@ -64,7 +65,8 @@ private:
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
-    Scope lambdaBase(TokenIndex brace) const;
+    Scope baseInBracket(TokenIndex brace, Scope own);
+    TokenIndex bracketAbove(TokenIndex brace, const BodyKeys& keys) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
     void readBracket(TokenIndex open);
