@@ -73,6 +73,27 @@ private:
     TokenIndex tableStart_ = 0;
 };
 
+// `@` is no token, so it stands in the gap in front of its word.
+bool isObjectiveC(const GapText& text, TokenIndex token, std::string_view word) {
+    return text.token(token).isFixed && text.gap(token).ends_with('@') && text.text(token) == word;
+}
+
+// Interfaces and the like of Objective-C, which headers of other languages hold too, through their `@end`.
+void fixObjectiveC(const GapText& text, GapTable& gaps) {
+    TokenIndex start = 0;
+    for (TokenIndex token = 1; token < text.size(); ++token) {
+        if (!text.token(token).isFixed) continue;
+        const bool isBegin = isObjectiveC(text, token, "interface") || isObjectiveC(text, token, "implementation") ||
+                             isObjectiveC(text, token, "protocol");
+        const Trn::TokenKind after = text.kind(text.next(text.next(token)));
+        const bool isNamedOnly = after == Trn::Kind::Semicolon || after == Trn::Kind::Comma;
+        if (start == 0 && isBegin && !isNamedOnly) start = token;
+        if (start == 0 || !isObjectiveC(text, token, "end")) continue;
+        for (; start <= token; ++start) gaps.fix(start);
+        start = 0;
+    }
+}
+
 }  // namespace
 
 void fixRegions(const GapText& text, const RegionTable& regions, GapTable& gaps) {
@@ -81,6 +102,7 @@ void fixRegions(const GapText& text, const RegionTable& regions, GapTable& gaps)
         if (text.isComment(token)) scan.read(token, Cpp::markerOf(text.text(token)));
     }
     scan.end(text.size());
+    if (text.hasFixed()) fixObjectiveC(text, gaps);
 }
 
 }  // namespace Brevis

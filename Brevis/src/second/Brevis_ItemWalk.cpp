@@ -308,17 +308,20 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     }
     const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
     if (owner != nullptr && !hasOwnLine) return top().own;
-    if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, top().lambda);
+    if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, keys, top().lambda);
     const Scope own = anchored(brace, Mode::Distance, GapRule::None);
-    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, own) : own;
+    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, keys, own) : own;
 }
 
 // A body in a bracket goes by the line of its head, or by what the author has closed it below: the statement that holds
 // it, or the line of its brace.
-ItemWalk::Scope ItemWalk::baseInBracket(TokenIndex brace, Scope own) {
+ItemWalk::Scope ItemWalk::baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own) {
     const TokenIndex close = text_.partner(brace);
-    if (gaps_.startsLine(brace) || !text_.startsLine(close)) return own;
+    if (!text_.startsLine(close)) return own;
     const int column = text_.column(close, scheme_.tabSize);
+    const bool hasOwnLine = gaps_.startsLine(brace);
+    if (hasOwnLine && (!text_.startsLine(brace) || text_.column(brace, scheme_.tabSize) != column)) return own;
+    if (gaps_.isSet(keys.beforeOpen.rule) && !gaps_.tail(keys.beforeOpen.rule).empty() && hasOwnLine) return own;
     const auto holder = std::find_if(frames_.rbegin(), frames_.rend(),
                                      [](const Frame& frame) { return frame.sort == Frame::Sort::Item; });
     if (holder != frames_.rend() && text_.startsLine(holder->first) && gaps_.startsLine(holder->first) &&

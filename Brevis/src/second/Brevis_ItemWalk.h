@@ -65,7 +65,7 @@ private:
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
-    Scope baseInBracket(TokenIndex brace, Scope own);
+    Scope baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own);
     TokenIndex bracketAbove(TokenIndex brace, const BodyKeys& keys) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);

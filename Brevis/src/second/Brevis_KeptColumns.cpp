@@ -15,7 +15,7 @@ using Sort = Gap::Sort;
 namespace {
 
 // What may stand in one column.
-constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
+constexpr int comment = 1, operand = 2, number = 3, assignment = 4, anyElement = 5, others = 100;
 
 bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
 
@@ -155,6 +155,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
         }
+        readEnd(first, last);
     }
     link(line);
 }
@@ -198,12 +199,32 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     if (text_.kind(token) == Kind::OpenBrace && gaps_.startsLine(text_.next(token))) return;
 
     Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
-    cell.sort = isComment ? comment : sortOf(text_.kind(token), text_.role(token));
+    const bool isElement = isComment && !gaps_.startsLine(token + 1);
+    cell.sort = isElement ? operand : isComment ? comment : sortOf(text_.kind(token), text_.role(token));
     cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > (isPadded(token) ? 0 : 1) || cell.hasTab;
     cell.gap = gapBegin(token, first);
     here_.push_back(cell);
+}
+
+// From the sign that ends a row to the next element.
+int KeptColumns::reachOfEnd(TokenIndex sign) const { return text_.kind(sign) == Kind::Comma ? 2 : 1; }
+
+// Behind the last element of a row and its comma the next one would stand, and longer rows of the list may have one there.
+void KeptColumns::readEnd(TokenIndex first, TokenIndex last) {
+    const auto closesList = [&](TokenIndex token) {
+        return text_.kind(token) == Kind::CloseBrace && text_.role(token) == Role::BracedInitializer &&
+               text_.partner(token) < first && isJoined(token);
+    };
+    TokenIndex end = first + 1;
+    while (end < last && !closesList(end)) ++end;
+    const bool isEnd = end <= last && (closesList(end) || text_.role(end) == Role::ElementComma);
+    if (!isEnd || text_.lineFeeds(end) > 0) return;
+    const int start = columns_[end - first] + reachOfEnd(end);
+    const auto place = std::ranges::find_if(here_, [&](const Cell& cell) { return cell.start >= start; });
+    here_.insert(place,
+                 {.token = end, .anchor = end, .start = start, .other = start, .sort = anyElement, .isEnd = true});
 }
 
 // The column of the source at which the gap begins, of a token that does not begin the line.
@@ -339,10 +360,16 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         while (above != above_.end() && (*above).*column < cell.*column) ++above;
         if (above == above_.end()) return;
         const auto sortHere = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
-        if ((*above).*column != cell.*column || sortHere(*above) != sortHere(cell)) continue;
+        if ((*above).*column != cell.*column) continue;
+        if (above->isEnd || cell.isEnd) {
+            const Cell& other = above->isEnd ? cell : *above;
+            if (isRight || other.isEnd || text_.role(other.token - 1) != Role::ElementComma) continue;
+        } else if (sortHere(*above) != sortHere(cell)) {
+            continue;
+        }
         // In one column with what follows an open bracket at once: only the ends of numbers.
-        const bool isTight = text_.gap(cell.token).empty() || text_.gap(above->token).empty();
-        if (!isRight && isTight && cell.sort != comment) continue;
+        const auto isTight = [&](const Cell& c) { return text_.gap(c.token).empty() && !c.isEnd; };
+        if (!isRight && (isTight(cell) || isTight(*above)) && cell.sort != comment) continue;
         std::uint32_t& number = (*above).*chain;
         if (number == 0) {
             number = static_cast<std::uint32_t>(chains_.size());
@@ -400,6 +427,10 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
     for (const Cell* cell = first; cell != last; ++cell) {
         if (cell->isFixed) continue;
+        if (cell->isEnd) {
+            column = std::max(column, columnBehindEnd(cell->token));
+            continue;
+        }
         const Gap& gap = gaps_[cell->token];
         int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
         if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
@@ -413,11 +444,11 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     // If nothing stands behind more than one blank, it isn't seen as a column again.
     bool isWide = hasTabs && scheme_.convertWs != 1;
     for (const Cell* cell = first; cell != last && !isWide; ++cell) {
-        isWide = !cell->isFixed && column - reach(*cell) - gapColumn(cell->token) > (arePadded ? 0 : 1);
+        isWide = !cell->isFixed && !cell->isEnd && column - reach(*cell) - gapColumn(cell->token) > (arePadded ? 0 : 1);
     }
     if (!isWide) return;
     for (const Cell* cell = first; cell != last; ++cell) {
-        if (!cell->isFixed) moveTo(cell->token, column - reach(*cell));
+        if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell));
     }
 }
 
@@ -472,6 +503,12 @@ int KeptColumns::gapColumn(TokenIndex token) {
         line.token = next;
     }
     return line.column + places_[token].gap - places_[line.token].column;
+}
+
+// Where the next element would stand, now that what stands in front of it is placed.
+int KeptColumns::columnBehindEnd(TokenIndex sign) {
+    const int begin = gapColumn(sign);
+    return begin + widthBehind(sign, begin) + reachOfEnd(sign);
 }
 
 // How wide the gap in front of a token is if it begins in the column.

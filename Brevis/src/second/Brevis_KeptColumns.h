@@ -36,6 +36,7 @@ private:
         bool isWide = false;  // behind more than one blank
         bool hasTab = false;
         bool isFixed = false;     // it begins a line, and so has a place
+        bool isEnd = false;       // no token, but the place behind `token`, which ends a row
         bool isPassed = false;    // it was seen through a line that is blank there
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
@@ -66,6 +67,8 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    int reachOfEnd(TokenIndex sign) const;
+    void readEnd(TokenIndex first, TokenIndex last);
     int gapBegin(TokenIndex token, TokenIndex first) const;
     bool isPadded(TokenIndex token) const;
     void readFirst(TokenIndex first);
@@ -84,6 +87,7 @@ private:
     void place(const Cell* first, const Cell* last, const Chain& chain);
     int lastColumn(const Cell& cell) const;
     bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
+    int columnBehindEnd(TokenIndex sign);
     int gapColumn(TokenIndex token);
     int widthBehind(TokenIndex token, int column) const;
 
