@@ -59,7 +59,7 @@ void KeptColumns::run() {
     TokenIndex begin = 1;
     for (TokenIndex first = 1; first < text_.size();) {
         const Stretch line = stretchFrom(first);
-        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first);
+        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1);
         hasWide = hasWide || line.gaps == Gaps::Wide;
         first = line.end;
         if (!endsBlock && first < text_.size()) continue;
@@ -93,6 +93,12 @@ KeptColumns::Stretch KeptColumns::stretchFrom(TokenIndex first) const {
     }
     line.end = token;
     return line;
+}
+
+// Whether no expression goes on behind the token.
+bool KeptColumns::endsItem(TokenIndex token) const {
+    const Trn::TokenKind kind = text_.kind(token);
+    return kind == Kind::Semicolon || kind == Kind::OpenBrace || kind == Kind::CloseBrace || kind == Kind::Colon;
 }
 
 KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {

@@ -61,6 +61,7 @@ private:
 
     static Gaps gapsBefore(const GapText& text, TokenIndex token);
     Stretch stretchFrom(TokenIndex first) const;
+    bool endsItem(TokenIndex token) const;
     void readBlock(TokenIndex begin, TokenIndex end, bool hasWide);
     void readLine(TokenIndex first, TokenIndex last);
     bool isTooLong(TokenIndex first, TokenIndex last) const;
