@@ -67,7 +67,10 @@ void KeptColumns::run() {
         begin = first;
         hasWide = false;
     }
-    for (Cell& cell : linked_) cell.left = chainOf(cell);
+    for (Cell& cell : linked_) {
+        cell.left = chainOf(cell);
+        if (isInTable(cell)) gaps_.gap(cell.token).sort = Sort::Keep;
+    }
     std::erase_if(linked_, [](const Cell& cell) { return cell.left == 0; });
     std::stable_sort(linked_.begin(), linked_.end(), [&](const Cell& a, const Cell& b) {
         const int left = chains_[a.left].column, right = chains_[b.left].column;
@@ -123,7 +126,7 @@ void KeptColumns::readBlock(TokenIndex begin, TokenIndex end, bool hasWide) {
         }
         first = last + 1;
     }
-    keepLinked(above_);
+    for (const Cell& cell : above_) keepLinked(cell);
     above_.clear();
 }
 
@@ -160,6 +163,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
             if (gaps_[token].sort == Sort::Column) here_.clear();
             readCell(token, first);
+            if (text_.kind(token) == Kind::Number) ++line.numbers;
         }
         readEnd(first, last);
     }
@@ -304,7 +308,7 @@ void KeptColumns::link(Line& line) {
     const bool isBegun = line.first == 1 || text_.lineFeeds(line.first) > 0;
     std::erase_if(above_, [&](const Cell& cell) {
         if (cell.token > basis && (isBegun || !cell.isPassed)) return false;
-        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
+        keepLinked(cell);
         return true;
     });
     linkBy(&Cell::start, &Cell::left, false);
@@ -318,7 +322,7 @@ void KeptColumns::link(Line& line) {
         break;
     }
     if (isBegun) passCells(line.first);
-    keepLinked(above_);
+    for (const Cell& cell : above_) keepLinked(cell);
     above_.swap(here_);
 }
 
@@ -393,10 +397,20 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
     }
 }
 
-void KeptColumns::keepLinked(std::vector<Cell>& cells) {
-    for (const Cell& cell : cells) {
-        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
-    }
+void KeptColumns::keepLinked(const Cell& cell) {
+    const bool mayStay = cell.sort == number && cell.isWide && !cell.hasTab && !cell.isFixed;
+    if (cell.left != 0 || cell.right != 0 || mayStay) linked_.push_back(cell);
+}
+
+// A number in one of several rows of numbers, which stays where no column takes it along. Rows that the author has set by hand
+// don't come out ragged where a column of theirs is not exact.
+bool KeptColumns::isInTable(const Cell& cell) const {
+    if (cell.sort != number || !cell.isWide || cell.hasTab || cell.isFixed || cell.isEnd) return false;
+    if (gaps_[cell.token].sort != Sort::Blanks || text_.role(cell.token - 1) != Role::ElementComma) return false;
+    constexpr int least = 4;
+    const auto isRow = [&](std::size_t line) { return line < lines_.size() && lines_[line].numbers >= least; };
+    const std::size_t line = places_[cell.token].line;
+    return isRow(line) && (isRow(line + 1) || (line > 0 && isRow(line - 1)));
 }
 
 // ---- Columns

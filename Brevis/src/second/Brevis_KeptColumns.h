@@ -54,7 +54,8 @@ private:
         TokenIndex first = 0;
         TokenIndex token = 0;  // comes to stand in `column`
         int column = 0;
-        int shift = 0;                                                    // from the source to the result, of its first token
+        int shift = 0;  // from the source to the result, of its first token
+        int numbers = 0;
         bool isBegun = true;                                              // its first token is where it comes to stand
         TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
     };
@@ -76,7 +77,8 @@ private:
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
-    void keepLinked(std::vector<Cell>& cells);
+    void keepLinked(const Cell& cell);
+    bool isInTable(const Cell& cell) const;
     void passCells(TokenIndex first);
     bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
     int moved(const Cell* first, const Cell* last, int otherwise);
