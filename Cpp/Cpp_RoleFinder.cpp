@@ -90,7 +90,9 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
 // A second bracket behind that of a macro has parameters: `FIXTURE(Name, test)(State& state) {`.
 void RoleFinder::head(TokenIndex first, TokenIndex last) {
     const TokenIndex open = kind(last) == Kind::CloseParen ? partner(last) : last;
-    const bool isSecond = open > first && kind(shapes_->previous(open)) == Kind::CloseParen && next(next(open)) < last &&
+    const bool isSecond = open > first &&
+                          kind(shapes_->previous(open)) == Kind::CloseParen &&
+                          next(next(open)) < last &&
                           types_.holdsParameters(open) != TypeShapes::Guess::No;
     run(first, isSecond ? open - 1 : last, values(Role::CommaOperator));
     if (isSecond) run(open, last, declaration(Role::DeclaratorComma));
@@ -166,9 +168,10 @@ std::vector<Role> RoleFinder::take() {
         } else if (kind(at) == Kind::Semicolon) {
             set(at, Role::StatementEnd);
         } else if (kind(at) < Kind::Class && kind(at) >= Kind::Semicolon) {
-            TokenIndex last = at;
+            TokenIndex first = at, last = at;
+            while (first > 1 && isOpen(first - 1)) --first;
             while (isOpen(last + 1)) ++last;
-            run(at, last, values(Role::CommaOperator));
+            run(first, last, values(Role::CommaOperator));
             at = last;
         }
     }

@@ -131,6 +131,7 @@ TypeShapes::Evidence TypeShapes::evidenceOfArguments(TokenIndex less, TokenIndex
             case Kind::Dot:
             case Kind::Arrow:
             case Kind::Semicolon:
+            case Kind::Colon:
             case Kind::Return:
                 return Evidence::None;
             case Kind::Const:

@@ -352,10 +352,19 @@ TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const 
     for (int depth = 0; depth < deepest && frame->sort == Frame::Sort::Bracket; ++frame, ++depth) {
         const TokenIndex first = text_.next(frame->first);
         if (first < brace && !text_.startsLine(first) && text_.column(first, scheme_.tabSize) == column) {
-            return frame->first;
+            return staysInLine(first) ? frame->first : 0;
         }
     }
     return 0;
+}
+
+// Whether nothing changes between the begin of the token's line and the token.
+bool ItemWalk::staysInLine(TokenIndex token) const {
+    for (; !text_.startsLine(token); --token) {
+        const Gap& gap = gaps_[token];
+        if (gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule) != text_.gap(token)) return false;
+    }
+    return gaps_.startsLine(token);
 }
 
 GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {

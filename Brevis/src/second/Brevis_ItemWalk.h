@@ -66,6 +66,7 @@ private:
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own);
+    bool staysInLine(TokenIndex token) const;
     TokenIndex bracketAbove(TokenIndex brace, const BodyKeys& keys) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);

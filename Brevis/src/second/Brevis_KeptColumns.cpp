@@ -211,9 +211,12 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
     const bool isElement = isComment && !gaps_.startsLine(token + 1);
     cell.sort = isElement ? operand : isComment ? comment : sortOf(text_.kind(token), text_.role(token));
+    // Of a list any element.
+    if (cell.sort >= others && text_.role(token - 1) == Role::ElementComma) cell.sort = operand;
     cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
-    cell.isWide = gap.size() > (isPadded(token) ? 0 : 1) || cell.hasTab;
+    cell.isWide = gap.size() > 1 || cell.hasTab;
+    cell.isPadded = gap.size() == 1 && isPadded(token);
     cell.gap = gapBegin(token, first);
     here_.push_back(cell);
 }
@@ -386,6 +389,7 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
             chains_.push_back({.column = cell.*column,
                                .size = 1,
                                .isWide = above->isWide,
+                               .isPadded = above->isPadded,
                                .hasTab = above->hasTab,
                                .isRight = isRight});
         }
@@ -393,6 +397,7 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         Chain& found = chains_[number];
         ++found.size;
         found.isWide = found.isWide || cell.isWide;
+        found.isPadded = found.isPadded || cell.isPadded;
         found.hasTab = found.hasTab || cell.hasTab;
     }
 }
@@ -418,8 +423,9 @@ bool KeptColumns::isInTable(const Cell& cell) const {
 // The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
 // names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
-    const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
-    const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
+    const auto isColumn = [&](std::uint32_t chain) { return chains_[chain].isWide || chains_[chain].isPadded; };
+    const std::uint32_t left = isColumn(cell.left) ? cell.left : 0;
+    const std::uint32_t right = isColumn(cell.right) ? cell.right : 0;
     const int lead = cell.sort == number ? 1 : 0;
     return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
 }
@@ -441,9 +447,10 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         if (fixed >= 0 && place != fixed) return;
         column = fixed = place;
     }
-    const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
-        return cell.sort == number && !cell.isFixed && isPadded(cell.token);
+    const bool arePadded = std::all_of(first, last, [&](const Cell& cell) {
+        return !cell.isFixed && !cell.isEnd && isPadded(cell.token);
     });
+    if (!chain.isWide && !(arePadded && chain.isRight)) return;
     if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
     for (const Cell* cell = first; cell != last; ++cell) {
         if (cell->isFixed) continue;
@@ -453,7 +460,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         }
         const Gap& gap = gaps_[cell->token];
         int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
-        if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
+        if (!(cell->sort == number && chain.isRight) && !arePadded) width = std::max(width, 1);
         const bool isTight = gap.sort == Sort::Keep && text_.gap(cell->token).empty();
         if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));

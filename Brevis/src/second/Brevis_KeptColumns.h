@@ -30,10 +30,11 @@ private:
         TokenIndex token = 0;
         TokenIndex anchor = 0;  // the name behind the signs
         int start = 0;
-        int other = 0;        // of the name, or the last one of a number or an assignment
-        int gap = 0;          // at which the white space in front of it begins
-        int sort = 0;         // cells of a column have the same
-        bool isWide = false;  // behind more than one blank
+        int other = 0;          // of the name, or the last one of a number or an assignment
+        int gap = 0;            // at which the white space in front of it begins
+        int sort = 0;           // cells of a column have the same
+        bool isWide = false;    // behind more than one blank
+        bool isPadded = false;  // behind one where the scheme has none
         bool hasTab = false;
         bool isFixed = false;     // it begins a line, and so has a place
         bool isEnd = false;       // no token, but the place behind `token`, which ends a row
@@ -46,6 +47,7 @@ private:
         int column = 0;
         int size = 0;
         bool isWide = false;  // one of them is
+        bool isPadded = false;
         bool hasTab = false;
         bool isRight = false;
     };
