@@ -372,7 +372,7 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             const At open = shapes_->next(at);
             if (shapes_->kind(open) != Kind::Less) {
                 const At last = shapes_->statementEnd(first);
-                if (roles_) roles_->declarators(first, last);
+                if (roles_) roles_->instantiation(first, last);
                 const Recorded item(*this, stream, OutlineItem::Sort::Statement);
                 addExpression(stream, body, first, last);
                 return true;

@@ -121,7 +121,8 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
     }
     const bool isDeclarator = shapes_->kind(first) == Kind::Identifier || shapes_->kind(first) == Kind::OpenParen ||
                               isDeclaratorSign(shapes_->kind(first)) || shapes_->startsAttribute(first) ||
-                              isCvQualifier(shapes_->kind(first)) || shapes_->kind(first) == Kind::OpenBracket;
+                              isCvQualifier(shapes_->kind(first)) || shapes_->kind(first) == Kind::OpenBracket ||
+                              (roles_ && shapes_->kind(first) == Kind::Static && !shapes_->startsLine(first));
     const At last = shapes_->statementEnd(first);
     if (!isDeclarator || shapes_->kind(last) != Kind::Semicolon) return;
     if (shapes_->startsLine(first) && shapes_->next(first) < last &&

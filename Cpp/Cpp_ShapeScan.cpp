@@ -126,9 +126,10 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     // A macro in front of a block, with or without a bracket.
     if (isName && kind(second) == Kind::OpenBrace) {
         const TokenIndex inner = next(second);
-        const bool isValue = kind(next(partner(second))) == Kind::Semicolon && !brackets_->holdsSemicolon(second) &&
-                             kind(inner) != Kind::If;
-        if (!isValue) {
+        const TokenKind after = kind(next(partner(second)));
+        const bool isValue = after == Kind::Semicolon && !brackets_->holdsSemicolon(second) && kind(inner) != Kind::If;
+        const bool isTemporary = isForRoles() && (after == Kind::Dot || after == Kind::Arrow);
+        if (!isValue && !isTemporary) {
             shape.sort = ItemShape::Sort::Head;
             shape.last = first;
             return shape;
@@ -223,6 +224,8 @@ bool ShapeScan::startsData(TokenIndex first) const {
     if (kind(at) == Kind::Const || kind(at) == Kind::Volatile) return true;
     if (kind(at) == Kind::Identifier) return !text(at).starts_with("::") && !startsAttribute(at);
     if (isTypeKeyword(kind(at))) return true;
+    if (isForRoles() && isDeclarationKeyword(kind(at))) return !startsLine(at);  // behind a macro
+    if (isForRoles() && startsPointerOfMacro(at)) return true;
     if (!isDeclaratorSign(kind(at)) || kind(at) == Kind::Caret) {
         // A structured binding has `auto`, a pointer to a function a bracket with a sign.
         return kind(at) == Kind::OpenParen && startsDeclarator(at) && kind(next(partner(at))) == Kind::OpenParen &&
@@ -231,10 +234,17 @@ bool ShapeScan::startsData(TokenIndex first) const {
     }
     const bool isLogic = kind(at) == Kind::AmpAmp;
     while (isDeclaratorSign(kind(at)) || kind(at) == Kind::Const || kind(at) == Kind::Volatile ||
-           isWord(at, "restrict") || isWord(at, "__restrict")) {
+           isWord(at, "restrict") || isWord(at, "__restrict") || isQualifierMacro(at)) {
         at = next(at);
     }
     if (kind(at) == Kind::OpenBracket) return isLogic;
+    // `T *(*name)[2];`
+    if (isForRoles() && kind(at) == Kind::OpenParen && !isLogic && startsDeclarator(at)) {
+        const TokenIndex more = next(partner(at));
+        const bool isMore = kind(more) == Kind::OpenBracket || kind(more) == Kind::OpenParen;
+        const TokenKind end = isMore ? kind(next(partner(more))) : TokenKind{Kind::EndOfInput};
+        return end == Kind::Semicolon || end == Kind::Assign;
+    }
     if (kind(at) != Kind::Identifier) return false;
     switch (kind(next(at))) {
         case Kind::Assign:
@@ -251,6 +261,24 @@ bool ShapeScan::startsData(TokenIndex first) const {
         default:
             return false;
     }
+}
+
+// Whether a word between a sign and a name stands for `restrict` or the like: `T* MY_RESTRICT name`.
+bool ShapeScan::isQualifierMacro(TokenIndex word) const {
+    return isForRoles() && kind(word) == Kind::Identifier && kind(next(word)) == Kind::Identifier &&
+           isMacroCase(text(word));
+}
+
+// Whether a macro with its bracket is the type of a pointer, as in `TYPE(x) *name;`. No statement multiplies for nothing.
+bool ShapeScan::startsPointerOfMacro(TokenIndex open) const {
+    if (kind(open) != Kind::OpenParen) return false;
+    TokenIndex at = next(partner(open));
+    if (kind(at) != Kind::Star && kind(at) != Kind::Amp) return false;
+    while (kind(at) == Kind::Star || kind(at) == Kind::Amp || kind(at) == Kind::Const || isQualifierMacro(at)) {
+        at = next(at);
+    }
+    if (kind(at) != Kind::Identifier) return false;
+    return kind(next(at)) == Kind::Assign || kind(next(at)) == Kind::Semicolon;
 }
 
 // ---- Labels

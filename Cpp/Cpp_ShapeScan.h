@@ -74,6 +74,7 @@ public:
         return kind(token) == Trn::Kind::OpenBracket &&
                kind(buffer_->clamped(token + std::size_t{1})) == Trn::Kind::OpenBracket;
     }
+    bool isQualifierMacro(TokenIndex word) const;
     // Behind attributes, in all their spellings.
     TokenIndex passAttributes(TokenIndex token) const;
 
@@ -111,6 +112,8 @@ private:
     bool startsLoop(TokenIndex call) const;
     int lineColumn(TokenIndex token) const;
     bool startsDeclarator(TokenIndex paren) const;
+    bool startsPointerOfMacro(TokenIndex open) const;
+    bool startsClass(const Declaration& scan) const;
     bool isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const;
     TokenIndex macroRowEnd(TokenIndex first, Frame frame) const;
     bool isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const;

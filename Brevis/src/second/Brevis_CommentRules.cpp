@@ -150,6 +150,7 @@ void CommentRules::belowDeclaration(TokenIndex first, TokenIndex behind) {
 void CommentRules::beforeDirectives(TokenIndex first, TokenIndex behind) {
     for (TokenIndex token = first + 1; token < behind; ++token) {
         if (text_.kind(token) != Trn::Kind::Directive || !text_.isComment(token - 1)) continue;
+        if (gaps_[token].sort == Gap::Sort::Fixed) continue;
         const int column = text_.column(token, scheme_.tabSize);
         if (column == 0 && isAboveName(token)) gaps_.setScope(token - 1, asIs);
         for (TokenIndex at = token; at > first && text_.lineFeeds(at) == 1; --at) {

@@ -335,7 +335,7 @@ void DeclarationRules::setMemberInitializer(TokenIndex token, GapProperty proper
 // ---- Gaps
 
 void DeclarationRules::aroundComma(TokenIndex comma, GapProperty before, GapProperty behind) {
-    setInList(comma, before);
+    if (!text_.isEmptyArgument(comma)) setInList(comma, before);
     const TokenIndex next = text_.next(comma);
     if (!text_.isEmptyArgument(next)) setInList(next, behind);
 }

@@ -568,7 +568,7 @@ int GapWriter::branchShift(TokenIndex branch) {
     const TokenIndex code = neighbourOf(branch, firstColumn(text_.text(branch), scheme_.tabSize));
     if (code == 0) return 0;
     const Gap& gap = gaps_[code];
-    const bool isBegun = gap.sort == Sort::Lines || gap.sort == Sort::Break;
+    const bool isBegun = gap.sort == Gap::Sort::Lines || gap.sort == Gap::Sort::Break;
     scratch_.clear();
     addLead(code, isBegun ? gaps_.tail(gap.rule) : std::string_view());
     return scratchColumn() - text_.column(code, scheme_.tabSize);

@@ -1,6 +1,8 @@
 // One pass over the tokens with a stack of what is open.
 #include "second/Brevis_ItemWalk.h"
 
+#include <algorithm>
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -77,9 +79,17 @@ void ItemWalk::openItem(const OutlineItem& item, bool isOutermost) {
         const OutlineItem* holder = parent.sort == Frame::Sort::Item ? parent.item : nullptr;
         if (parent.sort != Frame::Sort::Bracket) statements_.item(item, {.holder = holder, .before = parent.before});
     }
-    if (isOutermost) indentItem(item, parent);
+    const bool isLabels = isOutermost && standsForLabels(item, parent);
+    if (isLabels) {
+        const Scope scope = indented(parent.own, gapProperty<&Scheme::indentCsCaseLabels>());
+        gaps_.setScope(item.first, scope);
+        indentCommentsOfLabel(item.first, scope, parent);
+    } else if (isOutermost) {
+        indentItem(item, parent);
+    }
     const Frame frame = frameOf(item, parent);
     parent.before = &item;
+    parent.isBehindLabels = isLabels;
     if (item.sort == Sort::CaseLabel) parent.label = frame.own;
     frames_.push_back(frame);
 }
@@ -111,6 +121,28 @@ ItemWalk::Frame ItemWalk::frameOf(const OutlineItem& item, const Frame& parent) 
 // Whether the item is the body of a function as a `try` with its parts.
 bool ItemWalk::isTryOf(const OutlineItem& item, const Frame& parent) const {
     return parent.sort == Frame::Sort::Item && parent.item->sort == Sort::Function && item.sort == Sort::Control;
+}
+
+// Whether the item is the call of a macro that no label leads to: `switch (sort) { HANDLE_SORT(A); ...`.
+bool ItemWalk::standsForLabels(const OutlineItem& item, const Frame& parent) const {
+    const bool isInSwitch = parent.sort == Frame::Sort::Body && parent.item != nullptr &&
+                            parent.item->sort == Sort::Part && text_.kind(parent.item->first) == Kind::Switch;
+    if (!isInSwitch || text_.kind(item.first) != Kind::Identifier) return false;
+    const TokenIndex open = text_.next(item.first);
+    if (text_.kind(open) != Kind::OpenParen) return false;
+    const TokenIndex close = text_.partner(open);
+    const bool hasSemicolon = text_.kind(item.last) == Kind::Semicolon && text_.previous(item.last) == close;
+    if (item.last != close && !hasSemicolon) return false;
+    if (parent.before == nullptr || parent.isBehindLabels) return true;
+    return !hasSemicolon && endsInJump(*parent.before);
+}
+
+// Of the item that has been opened last at its level: whether nothing goes on behind it.
+bool ItemWalk::endsInJump(const OutlineItem& before) const {
+    const OutlineItem& last = text_.items()[next_ - 1];
+    const bool isLast = &last == &before || (before.sort == Sort::Block && text_.next(last.last) == before.last);
+    const Trn::TokenKind kind = text_.kind(last.first);
+    return isLast && (kind == Kind::Break || kind == Kind::Return || kind == Kind::Continue || kind == Kind::Goto);
 }
 
 // Whether it is a `switch` with a label in place of its braces.
@@ -190,7 +222,8 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
             break;
     }
     constexpr GapProperty property = gapProperty<&Scheme::indentLabel>();
-    if (!scheme_.alignLabelsLeftMost) return indented(body.gotoLabel, property);
+    // Behind the labels of a `switch` it goes by those.
+    if (!scheme_.alignLabelsLeftMost) return indented(body.label != 0 ? body.label : body.gotoLabel, property);
     return gaps_.isSet(property.rule) ? sharing(0, Mode::Indent, property.rule) : margin_;
 }
 
@@ -280,8 +313,13 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     const bool isOwned = outer.sort == Frame::Sort::Item && (outer.item->body == brace || outer.item->first == brace);
     Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
     frame.item = isOwned ? outer.item : nullptr;
-    frame.own = baseOf(brace, keys, frame.item);
-    frame.inner = indented(frame.own, indentOf(keys, frame));
+    if (const TokenIndex bracket = bracketAbove(brace, keys)) {
+        frame.isBelowBracket = true;
+        frame.own = frame.inner = anchored(bracket, Mode::Distance, GapRule::None);
+    } else {
+        frame.own = baseOf(brace, keys, frame.item);
+        frame.inner = indented(frame.own, indentOf(keys, frame));
+    }
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
@@ -298,8 +336,63 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     }
     const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
     if (owner != nullptr && !hasOwnLine) return top().own;
-    if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;
-    return anchored(brace, Mode::Distance, GapRule::None);
+    if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, keys, top().lambda);
+    const Scope own = anchored(brace, Mode::Distance, GapRule::None);
+    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, keys, own) : own;
+}
+
+// A body in a bracket goes by the line of its head, or by what the author has closed it below: the statement that holds
+// it, or the line of its brace.
+ItemWalk::Scope ItemWalk::baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own) {
+    const TokenIndex close = text_.partner(brace);
+    if (!text_.startsLine(close)) return own;
+    const int column = text_.column(close, scheme_.tabSize);
+    const bool hasOwnLine = gaps_.startsLine(brace);
+    if (hasOwnLine && (!text_.startsLine(brace) || text_.column(brace, scheme_.tabSize) != column)) return own;
+    if (gaps_.isSet(keys.beforeOpen.rule) && !gaps_.tail(keys.beforeOpen.rule).empty() && hasOwnLine) return own;
+    const auto holder = std::find_if(frames_.rbegin(), frames_.rend(),
+                                     [](const Frame& frame) { return frame.sort == Frame::Sort::Item; });
+    if (holder != frames_.rend() && text_.startsLine(holder->first) && gaps_.startsLine(holder->first) &&
+        text_.column(holder->first, scheme_.tabSize) == column) {
+        return holder->own;
+    }
+    const TokenIndex head = gaps_.scopes()[own].anchor;
+    TokenIndex first = brace;
+    while (first > head && !text_.startsLine(first)) --first;
+    const bool isBelow = first > head &&
+                         first < brace &&
+                         gaps_.startsLine(first) &&
+                         text_.column(first, scheme_.tabSize) == column;
+    return isBelow ? anchored(brace, Mode::Distance, GapRule::None) : own;
+}
+
+// The open bracket of a call below whose first argument the author has closed the body of a lambda, or 0.
+TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const {
+    const TokenIndex close = text_.partner(brace);
+    const TokenIndex content = text_.next(brace);
+    if (keys.role != Role::LambdaBody || !text_.startsLine(close) || !text_.startsLine(content)) return 0;
+    if (text_.startsLine(gaps_.scopes()[frames_.back().lambda].anchor)) return 0;
+    const int column = text_.column(close, scheme_.tabSize);
+    const int indent = columnBehind(gaps_.text(keys.indent.rule), 0, scheme_.tabSize);
+    if (!gaps_.isSet(keys.indent.rule) || text_.column(content, scheme_.tabSize) != column + indent) return 0;
+    constexpr int deepest = 8;  // no more brackets stand on one line of good sense
+    auto frame = frames_.rbegin();
+    for (int depth = 0; depth < deepest && frame->sort == Frame::Sort::Bracket; ++frame, ++depth) {
+        const TokenIndex first = text_.next(frame->first);
+        if (first < brace && !text_.startsLine(first) && text_.column(first, scheme_.tabSize) == column) {
+            return staysInLine(first) ? frame->first : 0;
+        }
+    }
+    return 0;
+}
+
+// Whether nothing changes between the begin of the token's line and the token.
+bool ItemWalk::staysInLine(TokenIndex token) const {
+    for (; !text_.startsLine(token); --token) {
+        const Gap& gap = gaps_[token];
+        if (gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule) != text_.gap(token)) return false;
+    }
+    return gaps_.startsLine(token);
 }
 
 bool ItemWalk::isSwitch(const Frame& body) const {
@@ -372,7 +465,8 @@ void ItemWalk::readClosing(TokenIndex close) {
     if (text_.kind(close) == Kind::CloseParen) return leaveParameters(close);
     if (text_.kind(close) != Kind::CloseBrace) return;
     const Gap::Sort sort = gaps_[close].sort;
-    const bool isDecided = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    const bool hasLine = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    const bool isDecided = hasLine && !frame.isBelowBracket;
     gaps_.setScope(close, sharing(frame.own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
     if (frame.isOneLine) bodies_.joinLines(frame.first);
     goOnBehind(close);
