@@ -158,7 +158,7 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
         const std::string_view gap = laid.substr(place[0], place[1] - place[0]);
         const std::string_view body = laid.substr(place[1], end - place[1]);
         const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;
-        if (isFixed) {
+        if (isFixed || gaps[token].sort == Gap::Sort::OwnColumn) {
             converter.copy(gap);
         } else if (text.hasBlanksBeforeOperator(token) && gap.find('\n') == std::string_view::npos) {
             converter.copy(gap);

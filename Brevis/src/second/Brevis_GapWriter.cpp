@@ -168,7 +168,8 @@ void GapWriter::writeGap(TokenIndex token) {
     const Sort sort = gap.sort;
     isLineStart_ = token == 1;
     if (token == text_.size()) return writeEnd();
-    if ((sort == Sort::Blanks || sort == Sort::Column) && needsFeed(token)) {
+    const bool isInLine = sort == Sort::Blanks || sort == Sort::Column || sort == Sort::OwnColumn;
+    if (isInLine && needsFeed(token)) {
         return writeLines(token, std::max(1, keptFeeds(token)), {});
     }
     switch (sort) {
@@ -178,6 +179,7 @@ void GapWriter::writeGap(TokenIndex token) {
         case Sort::Blanks:
             return putGap(token, gaps_.text(gap.rule));
         case Sort::Column:
+        case Sort::OwnColumn:
             return writeColumn(token);
         case Sort::LineColumn:
         case Sort::Lines:
@@ -239,6 +241,9 @@ void GapWriter::writeEnd() {
 void GapWriter::writeColumn(TokenIndex token) {
     int at = column();
     const int target = std::max(static_cast<int>(gaps_[token].column), at + 1);
+    if (gaps_[token].sort == Sort::OwnColumn && columnBehind(text_.gap(token), at, scheme_.tabSize) == target) {
+        return copyTo(text_.token(token).begin);
+    }
     scratch_.clear();
     const bool wantsTabs = scheme_.convertWs == 2 && !text_.hasBlanksBeforeOperator(token);
     const bool hasTabs = wantsTabs || text_.gap(token).find('\t') != std::string_view::npos;

@@ -147,7 +147,23 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
+    if (isLone(cell)) {
+        cell.left = static_cast<std::uint32_t>(chains_.size());
+        chains_.push_back({.column = cell.start, .size = 1, .isWide = true, .hasTab = true});
+    }
     here_.push_back(cell);
+}
+
+// A value or a declared name that a tab has led to a tab stop is a column even if no other line shares it: its neighbours
+// are further away, or on other lines of what it belongs to.
+bool KeptColumns::isLone(const Cell& cell) const {
+    if (scheme_.convertWs == 1 || !cell.hasTab || cell.start % scheme_.tabSize != 0) return false;
+    if (cell.sort == assignment) return true;
+    const Role role = text_.role(cell.token);
+    if (!isSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
+    const Trn::TokenKind before = text_.kind(cell.token - 1);
+    const bool isBasic = before >= Kind::Class && before <= Kind::Void;
+    return text_.role(cell.token - 1) == Role::None && (before == Kind::Identifier || isBasic);
 }
 
 // A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
@@ -250,7 +266,7 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
-    if (last - first < 2) return;
+    if (last - first < 2 && !isLone(*first)) return;
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lines_[places_[first->token].line];
@@ -278,9 +294,10 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         const int target = column - reach(*cell);
         const int from = gapColumn(cell->token);
         Line& own = lines_[places_[cell->token].line];
-        if (from + widthBehind(cell->token, from) != target && from != target) {
+        const bool isOwn = staysAsItIs(cell->token, from, target, hasTabs);
+        if (from != target && (isOwn || from + widthBehind(cell->token, from) != target)) {
             Gap& gap = gaps_.gap(cell->token);
-            gap = {.sort = Sort::Column,
+            gap = {.sort = isOwn ? Sort::OwnColumn : Sort::Column,
                    .rule = ruleOf<&Scheme::keepAlignedColumns>(),
                    .column = static_cast<std::uint16_t>(target),
                    .scope = gap.scope};
@@ -288,6 +305,12 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         own.token = cell->token;
         own.column = target;
     }
+}
+
+// Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
+bool KeptColumns::staysAsItIs(TokenIndex token, int from, int target, bool hasTabs) const {
+    if (scheme_.convertWs == 1 || (hasTabs && target - from > 1)) return false;
+    return columnBehind(text_.gap(token), from, scheme_.tabSize) == target;
 }
 
 // From the cell's first column to the one that it shares with others.
@@ -311,7 +334,7 @@ int KeptColumns::gapColumn(TokenIndex token) {
 // How wide the gap in front of a token is if it begins in the column.
 int KeptColumns::widthBehind(TokenIndex token, int column) const {
     const Gap& gap = gaps_[token];
-    if (gap.sort == Sort::Column) return std::max<int>(gap.column - column, 1);
+    if (gap.sort == Sort::Column || gap.sort == Sort::OwnColumn) return std::max<int>(gap.column - column, 1);
     if (gap.sort != Sort::Keep && gap.sort != Sort::Fixed) return places_[token].column - places_[token].gap;
     int end = column;
     for (const char c : text_.gap(token)) {

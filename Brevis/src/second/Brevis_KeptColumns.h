@@ -52,6 +52,7 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    bool isLone(const Cell& cell) const;
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
@@ -60,6 +61,7 @@ private:
 
     std::uint32_t chainOf(const Cell& cell) const;
     void place(const Cell* first, const Cell* last, const Chain& chain);
+    bool staysAsItIs(TokenIndex token, int from, int target, bool hasTabs) const;
     int lastColumn(const Cell& cell) const;
     bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
     int gapColumn(TokenIndex token);
