@@ -21,6 +21,7 @@ private:
     bool goesOn(TokenIndex comment) const;
     void farRight(TokenIndex first, TokenIndex behind);
     void beforeDirectives(TokenIndex first, TokenIndex behind);
+    void keepIndented(TokenIndex directive);
     bool isLabel(TokenIndex token);
 
     const GapText& text_;

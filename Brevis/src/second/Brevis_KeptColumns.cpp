@@ -17,6 +17,10 @@ namespace {
 // What may stand in one column.
 constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
 
+// What makes a call a row of a table.
+constexpr TokenIndex longestRow = 64;
+constexpr std::size_t rowBlanks = 4;
+
 bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
 
 int sortOf(Trn::TokenKind kind, Role role) {
@@ -68,6 +72,23 @@ void KeptColumns::run() {
     }
 }
 
+void KeptColumns::keepRows(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+    if (scheme.convertWs == 1) return;
+    const auto isWide = [&](TokenIndex token) {
+        const std::string_view gap = text.gap(token);
+        return text.lineFeeds(token) == 0 && (gap.size() >= rowBlanks || gap.find('\t') != std::string_view::npos);
+    };
+    for (TokenIndex open = 1; open < text.size(); ++open) {
+        if (text.role(open) != Role::Call || text.kind(open) != Kind::OpenParen) continue;
+        const TokenIndex close = text.partner(open);
+        if (close <= open || close - open > longestRow || (!isWide(open + 1) && !isWide(close))) continue;
+        TokenIndex token = open + 1;
+        while (token <= close && text.lineFeeds(token) == 0 && !text.isTrivia(token)) ++token;
+        if (token <= close) continue;
+        for (token = open + 1; token <= close; ++token) gaps.keep(token);
+    }
+}
+
 // ---- Chains
 
 void KeptColumns::passSource(TokenIndex token) {
@@ -87,6 +108,7 @@ void KeptColumns::passSource(TokenIndex token) {
 // its columns mean nothing here; and so is what stands in front of a column that another key has made.
 void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     columns_.clear();
+    lastOfLine_ = last;
     for (TokenIndex token = first; token <= last; ++token) passSource(token);
     columns_.push_back(sourceColumn_);
     Line& line = lines_[places_[first].line];
@@ -147,7 +169,8 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
-    if (isLone(cell)) {
+    cell.isLone = isLone(cell);
+    if (cell.isLone) {
         cell.left = static_cast<std::uint32_t>(chains_.size());
         chains_.push_back({.column = cell.start, .size = 1, .isWide = true, .hasTab = true});
     }
@@ -160,10 +183,16 @@ bool KeptColumns::isLone(const Cell& cell) const {
     if (scheme_.convertWs == 1 || !cell.hasTab || cell.start % scheme_.tabSize != 0) return false;
     if (cell.sort == assignment) return true;
     const Role role = text_.role(cell.token);
+    const Role roleBefore = text_.role(cell.token - 1);
+    // A value with its next line below it.
+    if (roleBefore == Role::Assignment || roleBefore == Role::Initializer) {
+        const TokenIndex below = lastOfLine_ + 1;
+        return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
+    }
     if (!isSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
     const Trn::TokenKind before = text_.kind(cell.token - 1);
-    const bool isBasic = before >= Kind::Class && before <= Kind::Void;
-    return text_.role(cell.token - 1) == Role::None && (before == Kind::Identifier || isBasic);
+    const bool isBasic = (before >= Kind::Char && before <= Kind::Void) || before == Kind::Unsigned;
+    return roleBefore == Role::None && (before == Kind::Identifier || isBasic);
 }
 
 // A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
@@ -266,7 +295,7 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
-    if (last - first < 2 && !isLone(*first)) return;
+    if (last - first < 2 && !first->isLone) return;
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lines_[places_[first->token].line];
@@ -290,11 +319,17 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         isWide = column - reach(*cell) - gapColumn(cell->token) > 1;
     }
     if (!isWide) return;
+    // Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
+    const auto leads = [&](const Cell& cell) {
+        const int from = gapColumn(cell.token);
+        return columnBehind(text_.gap(cell.token), from, tab) == column - reach(cell);
+    };
+    const bool areOwn = scheme_.convertWs != 1 && !hasTabs && std::all_of(first, last, leads);
     for (const Cell* cell = first; cell != last; ++cell) {
         const int target = column - reach(*cell);
         const int from = gapColumn(cell->token);
         Line& own = lines_[places_[cell->token].line];
-        const bool isOwn = staysAsItIs(cell->token, from, target, hasTabs);
+        const bool isOwn = areOwn || (hasTabs && scheme_.convertWs != 1 && target - from == 1 && leads(*cell));
         if (from != target && (isOwn || from + widthBehind(cell->token, from) != target)) {
             Gap& gap = gaps_.gap(cell->token);
             gap = {.sort = isOwn ? Sort::OwnColumn : Sort::Column,
@@ -305,12 +340,6 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         own.token = cell->token;
         own.column = target;
     }
-}
-
-// Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
-bool KeptColumns::staysAsItIs(TokenIndex token, int from, int target, bool hasTabs) const {
-    if (scheme_.convertWs == 1 || (hasTabs && target - from > 1)) return false;
-    return columnBehind(text_.gap(token), from, scheme_.tabSize) == target;
 }
 
 // From the cell's first column to the one that it shares with others.

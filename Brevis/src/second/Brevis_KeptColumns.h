@@ -16,6 +16,10 @@ public:
 
     void run();
 
+    // A call on one line with a tab or many blanks beside one of its brackets is a row of a table, in which no gap changes. To be known
+    // before places are measured.
+    static void keepRows(const GapText& text, const Scheme& scheme, GapTable& gaps);
+
 private:
     // What may belong to a column: a token, with the signs in front of it. Columns are those of the source.
     struct Cell {
@@ -26,6 +30,7 @@ private:
         int sort = 0;         // cells of a column have the same
         bool isWide = false;  // behind more than one blank
         bool hasTab = false;
+        bool isLone = false;      // a column by itself
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
@@ -61,7 +66,6 @@ private:
 
     std::uint32_t chainOf(const Cell& cell) const;
     void place(const Cell* first, const Cell* last, const Chain& chain);
-    bool staysAsItIs(TokenIndex token, int from, int target, bool hasTabs) const;
     int lastColumn(const Cell& cell) const;
     bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
     int gapColumn(TokenIndex token);
@@ -74,7 +78,8 @@ private:
     std::vector<Line> lines_;
     std::vector<int> columns_;  // of the tokens of the line at hand
     int sourceColumn_ = 0;
-    std::vector<Cell> above_;  // the cells of the last line with code
+    TokenIndex lastOfLine_ = 0;  // at hand
+    std::vector<Cell> above_;    // the cells of the last line with code
     std::vector<Cell> here_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
