@@ -34,6 +34,7 @@ GapTable::GapTable(const GapText& text, const Scheme& scheme) : text_(&text), ga
 
 void GapTable::add(GapRule rule, std::string_view text) {
     const std::size_t feed = text.rfind('\n');
+    holdsTabs_ = holdsTabs_ || text.find('\t') != std::string_view::npos;
     values_[index(rule)] = {true, text, feed == std::string_view::npos ? text : text.substr(feed + 1),
                             static_cast<int>(std::count(text.begin(), text.end(), '\n'))};
 }

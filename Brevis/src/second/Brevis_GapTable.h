@@ -88,6 +88,9 @@ public:
     // What stands behind its last line feed.
     std::string_view tail(GapRule rule) const { return values_[index(rule)].tail; }
 
+    // Whether the text of a rule does.
+    bool holdsTabs() const { return holdsTabs_; }
+
     // Whether a line begins at the token as the decisions stand.
     bool startsLine(TokenIndex token) const {
         switch (gaps_[token].sort) {
@@ -122,6 +125,7 @@ private:
 
     const GapText* text_;
     std::array<Value, 256> values_{};
+    bool holdsTabs_ = false;
     std::vector<Gap> gaps_;
     std::vector<IndentScope> scopes_;
 };

@@ -74,7 +74,7 @@ bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
 
 template <GapWriter::Columns columns>
 void GapWriter::run() {
-    const bool isMarking = scheme_.convertWs != 0 && columns == Columns::OfNone;
+    const bool isMarking = converts_ && columns == Columns::OfNone;
     const bool isTrimming = scheme_.removeTrailingWs;
     const TokenIndex end = text_.size();
     findAnchors();
@@ -114,11 +114,18 @@ void GapWriter::run() {
 
 std::string GapWriter::write() {
     out_.reserve(text_.source().size() + text_.source().size() / 8);
-    if (scheme_.convertWs != 0) marks_.reserve(2 * std::size_t{text_.size()});
+    converts_ = scheme_.convertWs == 2 || (scheme_.convertWs == 1 && mayHoldTabs());
+    if (converts_) marks_.reserve(2 * std::size_t{text_.size()});
     run<Columns::OfNone>();
     flush();
-    if (scheme_.convertWs == 0) return std::move(out_);
+    if (!converts_) return std::move(out_);
     return convertBlanks(text_, gaps_, scheme_, out_, marks_);
+}
+
+// Beside the tabs of the source only texts of the scheme bring some.
+bool GapWriter::mayHoldTabs() const {
+    const auto holdsTab = [](std::string_view text) { return text.find('\t') != std::string_view::npos; };
+    return holdsTab(text_.source()) || holdsTab(scheme_.leftMargin.text) || gaps_.holdsTabs();
 }
 
 std::string GapWriter::writeDraft(std::vector<DraftPlace>& places) {

@@ -55,6 +55,8 @@ private:
         std::uint32_t sourceBehind = 0;
     };
 
+    bool mayHoldTabs() const;
+
     enum class Columns { OfNone, OfComments, OfAll };
 
     void findAnchors();
@@ -129,6 +131,7 @@ private:
     std::size_t runBegin_ = 0, runEnd_ = 0;
     std::string scratch_;
     TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
+    bool converts_ = false;             // white space, behind the writing
     std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
     // Only if places are asked for
     std::vector<LaidPlace>* places_ = nullptr;

@@ -44,6 +44,14 @@ bool endsColumn(int sort) { return sort == number || sort == assignment; }
 
 }  // namespace
 
+bool KeptColumns::isWanted(const GapText& text, const Scheme& scheme) {
+    if (!scheme.keepAlignedColumns) return false;
+    for (TokenIndex token = 2; token < text.size(); ++token) {
+        if (text.lineFeeds(token) == 0 && gapsBefore(text, token) == Gaps::Wide) return true;
+    }
+    return false;
+}
+
 KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
     : text_(text), scheme_(scheme), gaps_(gaps), places_(std::move(places)) {
     chains_.emplace_back();
@@ -51,12 +59,17 @@ KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& ga
 
 void KeptColumns::run() {
     lines_.resize(places_[text_.size()].line + 1);
-    columns_.assign(1, 0);
+    bool hasWide = false;
+    TokenIndex begin = 1;
     for (TokenIndex first = 1; first < text_.size();) {
-        TokenIndex last = first;
-        while (last + 1 < text_.size() && places_[last + 1].line == places_[first].line) ++last;
-        readLine(first, last);
-        first = last + 1;
+        const Stretch line = stretchFrom(first);
+        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first);
+        hasWide = hasWide || line.gaps == Gaps::Wide;
+        first = line.end;
+        if (!endsBlock && first < text_.size()) continue;
+        readBlock(begin, first, hasWide);
+        begin = first;
+        hasWide = false;
     }
     keepLinked(above_);
     for (Cell& cell : linked_) cell.left = chainOf(cell);
@@ -91,17 +104,52 @@ void KeptColumns::keepRows(const GapText& text, const Scheme& scheme, GapTable& 
 
 // ---- Chains
 
+// The line of the result that begins at `first`.
+KeptColumns::Stretch KeptColumns::stretchFrom(TokenIndex first) const {
+    Stretch line;
+    const std::uint32_t number = places_[first].line;
+    TokenIndex token = first + 1;
+    for (; token < text_.size() && places_[token].line == number; ++token) {
+        if (text_.lineFeeds(token) > 0) continue;
+        line.gaps = std::max(line.gaps, gapsBefore(text_, token));
+    }
+    line.end = token;
+    return line;
+}
+
+KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
+    const std::string_view gap = text.gap(token);
+    if (gap.size() > 1 || gap == "\t") return Gaps::Wide;
+    return gap.empty() && text.kind(token) != Kind::Number ? Gaps::OfNone : Gaps::Narrow;
+}
+
+// No column goes beyond a block. In one without wide gaps there is none.
+void KeptColumns::readBlock(TokenIndex begin, TokenIndex end, bool hasWide) {
+    // Where the line of the source goes on, its columns have to be known.
+    while (hasWide && text_.lineFeeds(begin) == 0 && passed_ + 1 < begin) passSource(passed_ + 1);
+    for (TokenIndex first = begin; first < end;) {
+        TokenIndex last = first;
+        while (last + 1 < end && places_[last + 1].line == places_[first].line) ++last;
+        if (hasWide) {
+            readLine(first, last);
+        } else {
+            lines_[places_[first].line] = {.first = first, .token = first, .isBegun = isPlaced(first)};
+        }
+        first = last + 1;
+    }
+}
+
 void KeptColumns::passSource(TokenIndex token) {
     const auto pass = [&](std::string_view text) {
-        for (const char c : text) {
-            sourceColumn_ = c == '\n'   ? 0
-                            : c == '\t' ? (sourceColumn_ / scheme_.tabSize + 1) * scheme_.tabSize
-                                        : sourceColumn_ + 1;
-        }
+        const std::size_t feed = text.rfind('\n');
+        if (feed != std::string_view::npos) sourceColumn_ = 0;
+        sourceColumn_ = columnBehind(text.substr(feed + 1), sourceColumn_, scheme_.tabSize);
     };
+    passed_ = token;
     pass(text_.gap(token));
     columns_.push_back(sourceColumn_);
-    pass(text_.text(token));
+    if (text_.token(token).holdsLines) return pass(text_.text(token));
+    sourceColumn_ = text_.columnBehind(token, sourceColumn_, scheme_.tabSize);
 }
 
 // The tokens of a line of the result. What comes from another line of the source than its first one is left alone, for

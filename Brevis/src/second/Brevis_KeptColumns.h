@@ -14,13 +14,21 @@ class KeptColumns {
 public:
     KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places);
 
+    // False if no gap of the text may belong to a column.
+    static bool isWanted(const GapText& text, const Scheme& scheme);
+
     void run();
 
-    // A call on one line with a tab or many blanks beside one of its brackets is a row of a table, in which no gap changes. To be known
-    // before places are measured.
+    // A call on one line with a tab or many blanks beside one of its brackets is a row of a table, in which no gap
+    // changes. To be known before places are measured.
     static void keepRows(const GapText& text, const Scheme& scheme, GapTable& gaps);
 
 private:
+    enum class Gaps { OfNone, Narrow, Wide };
+    struct Stretch {
+        TokenIndex end = 0;
+        Gaps gaps = Gaps::OfNone;  // the widest one within
+    };
     // What may belong to a column: a token, with the signs in front of it. Columns are those of the source.
     struct Cell {
         TokenIndex token = 0;
@@ -52,6 +60,9 @@ private:
         TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
     };
 
+    static Gaps gapsBefore(const GapText& text, TokenIndex token);
+    Stretch stretchFrom(TokenIndex first) const;
+    void readBlock(TokenIndex begin, TokenIndex end, bool hasWide);
     void readLine(TokenIndex first, TokenIndex last);
     bool isTooLong(TokenIndex first, TokenIndex last) const;
     TokenIndex basisOf(TokenIndex first) const;
@@ -77,7 +88,8 @@ private:
     std::vector<LaidPlace> places_;
     std::vector<Line> lines_;
     std::vector<int> columns_;  // of the tokens of the line at hand
-    int sourceColumn_ = 0;
+    int sourceColumn_ = 0;      // behind the token
+    TokenIndex passed_ = 0;
     TokenIndex lastOfLine_ = 0;  // at hand
     std::vector<Cell> above_;    // the cells of the last line with code
     std::vector<Cell> here_;
