@@ -92,12 +92,13 @@ std::string printRoles(const Cpp::TokenTable& table) {
     return out;
 }
 
-int showRoles(const SourceText& source, Cpp::Language language, std::string& out) {
+int showRoles(const SourceText& source, Cpp::Language language, const Cpp::MacroNames& macros, std::string& out) {
     Cpp::Lexer lexer(source.text, Cpp::Dialect::modern, language);
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
-    Cpp::Parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found)
-        .parse(lexer, root, messages);
+    Cpp::Parser parser(Cpp::Parser::Sketches::LeftOut, Cpp::Dialect::modern, Cpp::Parser::Roles::Found);
+    parser.know(macros);
+    parser.parse(lexer, root, messages);
     writeMessages(source, messages);
     if (!root.tokens()) return inspectTrouble;
     out = printRoles(*root.tokens());
@@ -109,13 +110,20 @@ int showRoles(const SourceText& source, Cpp::Language language, std::string& out
 int showTree(const InspectOptions& options, std::string& out) {
     const std::optional<SourceText> source = readSource(options.file);
     if (!source) return inspectTrouble;
+    Cpp::MacroNames macros;
+    if (!options.scheme.empty()) {
+        const LoadedScheme loaded = loadAndRemark(schemePath(options));
+        if (!loaded.good) return inspectTrouble;
+        macros = Brevis::FormatterProperties(loaded.scheme).macros;
+    }
     if (options.roles) {
         const bool isC = readingOf(source->name, options.reading).language == Brevis::LanguageChoice::c;
-        return showRoles(*source, isC ? Cpp::Language::c : Cpp::Language::cpp, out);
+        return showRoles(*source, isC ? Cpp::Language::c : Cpp::Language::cpp, macros, out);
     }
     Cpp::RootNode root;
     Trn::ParseMessageList messages;
     Brevis::SourceReader reader(readingOf(source->name, options.reading), Cpp::Parser::Sketches::Made);
+    reader.know(macros);
     reader.read(source->text, root, messages);
     writeMessages(*source, messages);
     if (options.preformat) {

@@ -46,9 +46,9 @@ constexpr OptionRow inspectOptions[] = {
      "with tree: one token a line: its first position, its text and what it is to the text around it, such as prefix, "
      "pointer or cast, between tabs; the text is read in the modern dialect"},
     {"-s", "--scheme", "SCHEME",
-     "with wrap, gaps and scheme: the path or the name of the scheme; without one, gaps and scheme take the scheme "
+     "with tree, wrap, gaps and scheme: the path or the name of the scheme; without one, gaps and scheme take the scheme "
      "that "
-     "corvane-format would take for FILE, which the command scheme doesn't read",
+     "corvane-format would take for FILE, which the command scheme doesn't read; tree takes the names of macros from it",
      Completion::Schemes},
     {"", "--help", "", "show this help and exit"},
     {"", "--version", "", "show the version and exit"},

@@ -52,6 +52,7 @@ Request parseArguments(int argc, char** argv, Console::StandardOutput& output) {
     addReading(tree, request.options.reading);
     CLI::Option* preformat = tree.add_flag("--preformat", request.options.preformat);
     tree.add_flag("--roles", request.options.roles)->excludes(preformat);
+    tree.add_option("-s,--scheme", request.options.scheme);
     addCommand(app, "wrap", Console::showWrapped, request)
         .add_option("-s,--scheme", request.options.scheme)
         ->required();

@@ -76,6 +76,15 @@ TEST_F(CorvaneInspectTest, EveryAttributeOfANodeIsShown) {
     }
 }
 
+TEST_F(CorvaneInspectTest, TreeKnowsTheMacrosOfAScheme) {
+    dir.file("a.c", "void f(void) { guard(x) *p = 1; }\n");
+    dir.file("loops.fsc", "Brevis::PropertySet\n1\n\"\"\n2 EDITION 2\n3 MACROS_LOOP \"guard\"\n");
+    run("$I tree --roles a.c");
+    EXPECT_NE(out.find("\t*\tbinary"), std::string::npos) << out;
+    run("$I tree --roles -s loops.fsc a.c");
+    EXPECT_NE(out.find("\t*\tprefix"), std::string::npos) << out;
+}
+
 // The scheme is the one that corvane-format would take.
 TEST_F(CorvaneInspectTest, ShowsTheSchemeInForce) {
     const std::string path =

@@ -24,6 +24,7 @@ bool SourceReader::readAs(Cpp::Dialect dialect, Cpp::Language language, std::str
     language_ = language;
     Cpp::Lexer lexer(text, dialect, language);
     Cpp::Parser parser(sketches_, dialect);
+    if (macros_ != nullptr) parser.know(*macros_);
     reports_.clear();
     parser.parse(lexer, root, reports_);
     return settleReports(reports_, reading_.isStrict);

@@ -17,6 +17,9 @@ public:
     explicit SourceReader(const Reading& reading, Cpp::Parser::Sketches sketches = Cpp::Parser::Sketches::LeftOut)
         : reading_(reading), sketches_(sketches) {}
 
+    // Macros to be taken for what they are told to be; they must outlive the reader. None otherwise.
+    void know(const Cpp::MacroNames& macros) { macros_ = &macros; }
+
     // Parses `text`, whose lines end with line feeds, into `root`, and appends to `messages` what the last attempt
     // reported: why the text can't be formatted, or warnings of what is left alone. Gives false if it can't be
     // formatted; the tree is then that of the last attempt.
@@ -32,6 +35,7 @@ private:
     const Reading reading_;
     const Cpp::Parser::Sketches sketches_;
 
+    const Cpp::MacroNames* macros_ = nullptr;
     Cpp::Dialect dialect_ = Cpp::Dialect::classic;
     Cpp::Language language_ = Cpp::Language::cpp;
     Trn::ParseMessageList reports_;  // of the last attempt

@@ -222,7 +222,7 @@ std::string convertBlanks(const GapText& text, const GapTable& gaps, const Schem
             continue;
         }
         const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;
-        if (isFixed) {
+        if (isFixed || gaps[token].sort == Gap::Sort::OwnColumn) {
             converter.copy(gap);
         } else if (text.hasBlanksBeforeOperator(token) && gap.find('\n') == std::string_view::npos) {
             converter.copy(gap);

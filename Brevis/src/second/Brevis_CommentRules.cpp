@@ -1,6 +1,8 @@
 // One operation a rule, for each row of comments and directives between two tokens of code.
 #include "second/Brevis_CommentRules.h"
 
+#include <utility>
+
 #include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
@@ -145,14 +147,18 @@ void CommentRules::belowDeclaration(TokenIndex first, TokenIndex behind) {
     for (TokenIndex token = first; token <= last; ++token) gaps_.setScope(token, scope);
 }
 
-// A comment that stands right above a directive and in its column is about the directive. One between two directives in
-// the column of a name, as that of `#  define`, stays there.
+// A comment that stands right above a directive and in its column is about the directive. Among directives outside of
+// all bodies it stays where it is, and so does one between two directives in the column of a name, as that of
+// `#  define`.
 void CommentRules::beforeDirectives(TokenIndex first, TokenIndex behind) {
-    for (TokenIndex token = first + 1; token < behind; ++token) {
-        if (text_.kind(token) != Trn::Kind::Directive || !text_.isComment(token - 1)) continue;
-        if (gaps_[token].sort == Gap::Sort::Fixed) continue;
+    bool isAmongDirectives = false;
+    for (TokenIndex token = first; token < behind; ++token) {
+        if (text_.kind(token) != Trn::Kind::Directive) continue;
+        const bool isFirst = !std::exchange(isAmongDirectives, true);
+        if (token == first || !text_.isComment(token - 1) || gaps_[token].sort == Gap::Sort::Fixed) continue;
         const int column = text_.column(token, scheme_.tabSize);
         if (column == 0 && isAboveName(token)) gaps_.setScope(token - 1, asIs);
+        if (!isFirst && column == 0) keepIndented(token);
         for (TokenIndex at = token; at > first && text_.lineFeeds(at) == 1; --at) {
             const TokenIndex comment = at - 1;
             if (!text_.isComment(comment) || !text_.startsLine(comment)) break;
@@ -172,6 +178,16 @@ bool CommentRules::isAboveName(TokenIndex directive) const {
     const int name = columnBehind(text.substr(0, blanks), 1, scheme_.tabSize);
     const int column = text_.column(comment, scheme_.tabSize);
     return column == name || column == name + 1;
+}
+
+// The comments right above the directive.
+void CommentRules::keepIndented(TokenIndex directive) {
+    for (TokenIndex at = directive; text_.lineFeeds(at) == 1 && text_.isComment(at - 1); --at) {
+        const TokenIndex comment = at - 1;
+        const bool isInBody = gaps_.scopes()[gaps_[comment].scope].isAnchored;
+        if (isInBody || !text_.startsLine(comment) || text_.column(comment, scheme_.tabSize) == 0) return;
+        gaps_.setScope(comment, asIs);
+    }
 }
 
 // For tokens in ascending order.

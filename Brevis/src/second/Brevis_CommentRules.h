@@ -23,6 +23,7 @@ private:
     void belowDeclaration(TokenIndex first, TokenIndex behind);
     bool isAboveName(TokenIndex directive) const;
     void beforeDirectives(TokenIndex first, TokenIndex behind);
+    void keepIndented(TokenIndex directive);
     bool isLabel(TokenIndex token);
 
     const GapText& text_;

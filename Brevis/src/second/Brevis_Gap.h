@@ -25,6 +25,7 @@ struct Gap {
                      // the indent
         Break,       // at least one line feed: the source's line feeds if it has any, else those of the rule
         Column,      // blanks up to a column, at least one
+        OwnColumn,   // the same, but the source's own white space if it leads there
         LineColumn,  // the line feeds of the source, and blanks up to a column
     };
 

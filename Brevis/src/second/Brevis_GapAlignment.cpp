@@ -15,7 +15,10 @@ std::optional<std::string> alignGaps(const GapText& text, const Scheme& scheme, 
     // Where comments are not aligned, the author's columns of them come before their distance.
     const bool alignsComments = scheme.alignTrailingComments;
     if (CommentColumns::isWanted(scheme) && !alignsComments) CommentColumns(text, scheme, gaps).run();
-    if (KeptColumns::isWanted(text, scheme)) KeptColumns(text, scheme, gaps, places()).run();
+    if (KeptColumns::isWanted(text, scheme)) {
+        KeptColumns::keepRows(text, scheme, gaps);
+        KeptColumns(text, scheme, gaps, places()).run();
+    }
     if (!alignsComments) return std::nullopt;
     CommentDraft draft(text, scheme, gaps);
     CommentColumns(text, scheme, gaps, &draft).run();

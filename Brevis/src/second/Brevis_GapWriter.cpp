@@ -174,7 +174,8 @@ void GapWriter::writeGap(TokenIndex token) {
     const Gap::Sort sort = gap.sort;
     isLineStart_ = token == 1;
     if (token == text_.size()) return writeEnd();
-    if ((sort == Gap::Sort::Blanks || sort == Gap::Sort::Column) && needsFeed(token)) {
+    const bool isInLine = sort == Gap::Sort::Blanks || sort == Gap::Sort::Column || sort == Gap::Sort::OwnColumn;
+    if (isInLine && needsFeed(token)) {
         return writeLines(token, std::max(1, keptFeeds(token)), {});
     }
     switch (sort) {
@@ -184,6 +185,7 @@ void GapWriter::writeGap(TokenIndex token) {
         case Gap::Sort::Blanks:
             return putGap(token, gaps_.text(gap.rule));
         case Gap::Sort::Column:
+        case Gap::Sort::OwnColumn:
             return writeColumn(token);
         case Gap::Sort::LineColumn:
         case Gap::Sort::Lines:
@@ -245,6 +247,9 @@ void GapWriter::writeEnd() {
 void GapWriter::writeColumn(TokenIndex token) {
     int at = column();
     const int target = std::max(static_cast<int>(gaps_[token].column), at + 1);
+    if (gaps_[token].sort == Gap::Sort::OwnColumn && columnBehind(text_.gap(token), at, scheme_.tabSize) == target) {
+        return copyTo(text_.token(token).begin);
+    }
     scratch_.clear();
     const bool wantsTabs = scheme_.convertWs == 2 && !text_.hasBlanksBeforeOperator(token);
     const bool hasTabs = wantsTabs || text_.gap(token).find('\t') != std::string_view::npos;

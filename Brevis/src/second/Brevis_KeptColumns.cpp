@@ -16,6 +16,10 @@ namespace {
 // What may stand in one column.
 constexpr int comment = 1, operand = 2, number = 3, assignment = 4, binary = 5, anyElement = 6, others = 100;
 
+// What makes a call a row of a table.
+constexpr TokenIndex longestRow = 64;
+constexpr std::size_t rowBlanks = 4;
+
 int sortOf(Trn::TokenKind kind, Role role) {
     switch (role) {
         case Role::None:
@@ -85,6 +89,23 @@ void KeptColumns::run() {
     }
 }
 
+void KeptColumns::keepRows(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+    if (scheme.convertWs == 1) return;
+    const auto isWide = [&](TokenIndex token) {
+        const std::string_view gap = text.gap(token);
+        return text.lineFeeds(token) == 0 && (gap.size() >= rowBlanks || gap.find('\t') != std::string_view::npos);
+    };
+    for (TokenIndex open = 1; open < text.size(); ++open) {
+        if (text.role(open) != Role::Call || text.kind(open) != Kind::OpenParen) continue;
+        const TokenIndex close = text.partner(open);
+        if (close <= open || close - open > longestRow || (!isWide(open + 1) && !isWide(close))) continue;
+        TokenIndex token = open + 1;
+        while (token <= close && text.lineFeeds(token) == 0 && !text.isTrivia(token)) ++token;
+        if (token <= close) continue;
+        for (token = open + 1; token <= close; ++token) gaps.keep(token);
+    }
+}
+
 // ---- Chains
 
 // The line of the result that begins at `first`.
@@ -149,6 +170,7 @@ void KeptColumns::passSource(TokenIndex token) {
 // its columns mean nothing here; and so is what stands in front of a column that another key has made.
 void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     columns_.clear();
+    lastOfLine_ = last;
     for (TokenIndex token = first; token <= last; ++token) passSource(token);
     columns_.push_back(sourceColumn_);
     Line& line = lines_[places_[first].line];
@@ -224,7 +246,30 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     cell.isWide = gap.size() > 1 || cell.hasTab;
     cell.isPadded = gap.size() == 1 && isPadded(token);
     cell.gap = gapBegin(token, first);
+    cell.isLone = isLone(cell);
+    if (cell.isLone) {
+        cell.left = static_cast<std::uint32_t>(chains_.size());
+        chains_.push_back({.column = cell.start, .size = 1, .wide = 1, .hasTab = true});
+    }
     here_.push_back(cell);
+}
+
+// A value or a declared name that a tab has led to a tab stop is a column even if no other line shares it: its neighbours
+// are further away, or on other lines of what it belongs to.
+bool KeptColumns::isLone(const Cell& cell) const {
+    if (scheme_.convertWs == 1 || !cell.hasTab || cell.start % scheme_.tabSize != 0) return false;
+    if (cell.sort == assignment) return true;
+    const Role role = text_.role(cell.token);
+    const Role roleBefore = text_.role(cell.token - 1);
+    // A value with its next line below it.
+    if (roleBefore == Role::Assignment || roleBefore == Role::Initializer) {
+        const TokenIndex below = lastOfLine_ + 1;
+        return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
+    }
+    if (!isPointerSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
+    const Trn::TokenKind before = text_.kind(cell.token - 1);
+    const bool isBasic = (before >= Kind::Char && before <= Kind::Void) || before == Kind::Unsigned;
+    return roleBefore == Role::None && (before == Kind::Identifier || isBasic);
 }
 
 // The name in the bracket of `(*name)`, or the token itself.
@@ -270,7 +315,7 @@ int KeptColumns::gapBegin(TokenIndex token, TokenIndex first) const {
 // Whether any blank in front of the token is there for a column: `{ 1, ...` above `{10, ...`.
 bool KeptColumns::isPadded(TokenIndex token) const {
     const Gap& gap = gaps_[token];
-    return text_.isOpening(token - 1) && gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule).empty();
+    return text_.kind(token - 1) == Kind::OpenBrace && gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule).empty();
 }
 
 // The number that a row of a table begins with.
@@ -292,7 +337,9 @@ void KeptColumns::readFirst(TokenIndex first) {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    if (!isNumber && !isPointerSign(text_.role(sign))) return false;
+    const TokenIndex open = text_.partner(token);
+    const bool isName = open == 0 || open > token;
+    if (!isNumber && !(isPointerSign(text_.role(sign)) && isName)) return false;
     if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
@@ -365,7 +412,7 @@ void KeptColumns::passCells(TokenIndex first) {
         const int last = cell.sort == comment ? std::numeric_limits<int>::max() : std::max(cell.start, cell.other);
         while (token < end &&
                text_.columnBehind(token, columns_[token - first], scheme_.tabSize) <= cell.start) ++token;
-        if (token < end && columns_[token - first] <= last) return false;
+        if ((token < end && columns_[token - first] <= last) || !staysClear(token, first, cell)) return false;
         through_.push_back(cell);
         through_.back().isPassed = true;
         return true;
@@ -454,7 +501,7 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
-    if (last - first < 2) return;
+    if (last - first < 2 && !first->isLone) return;
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lines_[places_[first->token].line];
@@ -470,10 +517,10 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         if (fixed >= 0 && place != fixed) return;
         column = fixed = place;
     }
-    const bool arePadded = std::all_of(first, last, [&](const Cell& cell) {
-        return !cell.isFixed && !cell.isEnd && isPadded(cell.token);
+    const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
+        return cell.sort == number && !cell.isFixed && isPadded(cell.token);
     });
-    if (chain.wide == 0 && !(arePadded && chain.isRight)) return;
+    if (chain.wide == 0 && !arePadded) return;
     if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
     for (const Cell* cell = first; cell != last; ++cell) {
         if (cell->isFixed) continue;
@@ -483,7 +530,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         }
         const Gap& gap = gaps_[cell->token];
         int width = gap.sort == Gap::Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
-        if (!(cell->sort == number && chain.isRight) && !arePadded) width = std::max(width, 1);
+        if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
         const bool isTight = gap.sort == Gap::Sort::Keep && text_.gap(cell->token).empty();
         if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
@@ -491,23 +538,38 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     if (hasTabs) column = (column + tab - 1) / tab * tab;
     if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
 
+    // Blanks in brackets make a column of what stands close together, and not more of it.
+    if (chain.wide == 0 && std::any_of(first, last, [&](const Cell& cell) {
+            return column - reach(cell) - gapColumn(cell.token) > cell.start - cell.gap;
+        })) {
+        return;
+    }
     // If nothing stands behind more than one blank, it isn't seen as a column again.
     bool isWide = hasTabs && scheme_.convertWs != 1;
     for (const Cell* cell = first; cell != last && !isWide; ++cell) {
         isWide = !cell->isFixed && !cell->isEnd && column - reach(*cell) - gapColumn(cell->token) > (arePadded ? 0 : 1);
     }
     if (!isWide) return;
+    // Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
+    const auto leads = [&](const Cell& cell) {
+        if (cell.isFixed || cell.isEnd) return true;
+        const int from = gapColumn(cell.token);
+        return columnBehind(text_.gap(cell.token), from, tab) == column - reach(cell);
+    };
+    const bool areOwn = scheme_.convertWs != 1 && !hasTabs && std::all_of(first, last, leads);
     for (const Cell* cell = first; cell != last; ++cell) {
-        if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell));
+        const bool isOwn = areOwn || (hasTabs && scheme_.convertWs != 1 && leads(*cell) &&
+                                      column - reach(*cell) - gapColumn(cell->token) == 1);
+        if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell), isOwn);
     }
 }
 
-void KeptColumns::moveTo(TokenIndex token, int column) {
+void KeptColumns::moveTo(TokenIndex token, int column, bool isOwn) {
     const int from = gapColumn(token);
     Line& own = lines_[places_[token].line];
-    if (from + widthBehind(token, from) != column && from != column) {
+    if (from != column && (isOwn || from + widthBehind(token, from) != column)) {
         Gap& gap = gaps_.gap(token);
-        gap = {.sort = Gap::Sort::Column,
+        gap = {.sort = isOwn ? Gap::Sort::OwnColumn : Gap::Sort::Column,
                .rule = ruleOf<&Scheme::keepAlignedColumns>(),
                .column = static_cast<std::uint16_t>(column),
                .scope = gap.scope};
@@ -564,7 +626,7 @@ int KeptColumns::columnBehindEnd(TokenIndex sign) {
 // How wide the gap in front of a token is if it begins in the column.
 int KeptColumns::widthBehind(TokenIndex token, int column) const {
     const Gap& gap = gaps_[token];
-    if (gap.sort == Gap::Sort::Column) return std::max<int>(gap.column - column, 1);
+    if (gap.sort == Gap::Sort::Column || gap.sort == Gap::Sort::OwnColumn) return std::max<int>(gap.column - column, 1);
     if (gap.sort != Gap::Sort::Keep && gap.sort != Gap::Sort::Fixed) return places_[token].column - places_[token].gap;
     int end = column;
     for (const char c : text_.gap(token)) {

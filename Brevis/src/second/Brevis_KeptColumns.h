@@ -19,6 +19,10 @@ public:
 
     void run();
 
+    // A call on one line with a tab or many blanks beside one of its brackets is a row of a table, in which no gap
+    // changes. To be known before places are measured.
+    static void keepRows(const GapText& text, const Scheme& scheme, GapTable& gaps);
+
 private:
     enum class Gaps { OfNone, Narrow, Wide };
     struct Stretch {
@@ -39,6 +43,7 @@ private:
         bool isFixed = false;     // it begins a line, and so has a place
         bool isEnd = false;       // no token, but the place behind `token`, which ends a row
         bool isPassed = false;    // it was seen through a line that is blank there
+        bool isLone = false;      // a column by itself
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
@@ -77,6 +82,7 @@ private:
     int gapBegin(TokenIndex token, TokenIndex first) const;
     bool isPadded(TokenIndex token) const;
     void readFirst(TokenIndex first);
+    bool isLone(const Cell& cell) const;
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
@@ -86,7 +92,7 @@ private:
     bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
     int moved(const Cell* first, const Cell* last, int otherwise);
     bool areTight(const Cell* first, const Cell* last) const;
-    void moveTo(TokenIndex token, int column);
+    void moveTo(TokenIndex token, int column, bool isOwn);
     void passSource(TokenIndex token);
 
     std::uint32_t chainOf(const Cell& cell) const;
@@ -105,7 +111,8 @@ private:
     std::vector<int> columns_;  // of the tokens of the line at hand
     int sourceColumn_ = 0;      // behind the token
     TokenIndex passed_ = 0;
-    std::vector<Cell> above_;  // the cells of the last line with code
+    TokenIndex lastOfLine_ = 0;  // at hand
+    std::vector<Cell> above_;    // the cells of the last line with code
     std::vector<Cell> here_;
     std::vector<Cell> through_;
     std::vector<Cell> linked_;

@@ -100,7 +100,7 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     }
     const bool isFurther = text_.role(text_.previous(first)) == Role::DeclaratorComma;
     const bool isWithName = anchor == 1 || name.isOneOfSeveral || isFurther;
-    setInside(first, end, isWithName, inner);
+    setInside(first, end, isWithName, between);
     const bool isAtSign = !isQualifier(text_.previous(end));
     if (!isName(end)) {
         if (isFurther) return;
@@ -117,7 +117,7 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     setAtName(first, end, inner, name);
 }
 
-// Signs keep together, with the dots of a pack, and a qualifier with the sign in front of it.
+// Signs keep together, with the dots of a pack, and a qualifier with the sign in front of it if there is a value.
 void PointerRules::setInside(TokenIndex first, TokenIndex end, bool isWithName, GapProperty between) {
     for (TokenIndex at = text_.next(first); at < end; at = text_.next(at)) {
         const bool isBehindSign = isSign(text_.previous(at));
@@ -140,6 +140,9 @@ void PointerRules::setBehindType(TokenIndex token, const DeclaredName& name) {
 
 // A line end between sign and name stays if the scheme doesn't tell what stands behind a type.
 void PointerRules::setAtName(TokenIndex first, TokenIndex name, GapProperty between, const DeclaredName& declared) {
+    // In `char * __init name` the author's blanks stay, as in front of a qualifier.
+    const bool isWord = text_.kind(name) == Kind::Identifier && text_.kind(text_.next(name)) == Kind::Identifier;
+    if (isWord && between.rule == GapRule::Nothing) return;
     const bool isDecided = gaps_.isSet(declared.behindType.rule) && !declared.keepsLines;
     if (isDecided && text_.role(text_.previous(first)) != Role::DeclaratorComma) {
         gaps_.set(name, between);
