@@ -447,10 +447,10 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         if (fixed >= 0 && place != fixed) return;
         column = fixed = place;
     }
-    const bool arePadded = std::all_of(first, last, [&](const Cell& cell) {
-        return !cell.isFixed && !cell.isEnd && isPadded(cell.token);
+    const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
+        return cell.sort == number && !cell.isFixed && isPadded(cell.token);
     });
-    if (!chain.isWide && !(arePadded && chain.isRight)) return;
+    if (!chain.isWide && !arePadded) return;
     if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
     for (const Cell* cell = first; cell != last; ++cell) {
         if (cell->isFixed) continue;
@@ -460,7 +460,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         }
         const Gap& gap = gaps_[cell->token];
         int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
-        if (!(cell->sort == number && chain.isRight) && !arePadded) width = std::max(width, 1);
+        if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
         const bool isTight = gap.sort == Sort::Keep && text_.gap(cell->token).empty();
         if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
@@ -468,6 +468,12 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     if (hasTabs) column = (column + tab - 1) / tab * tab;
     if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
 
+    // Blanks in brackets make a column of what stands close together, and not more of it.
+    if (!chain.isWide && std::any_of(first, last, [&](const Cell& cell) {
+            return column - reach(cell) - gapColumn(cell.token) > cell.start - cell.gap;
+        })) {
+        return;
+    }
     // If nothing stands behind more than one blank, it isn't seen as a column again.
     bool isWide = hasTabs && scheme_.convertWs != 1;
     for (const Cell* cell = first; cell != last && !isWide; ++cell) {
