@@ -50,13 +50,15 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
             break;
         }
         case Sort::Function: {
-            const TokenIndex end = shape.colon != 0 ? shape.colon : shape.body != 0 ? shape.body : shape.last + 1;
+            const TokenIndex body = shape.body != 0 ? shape.body : shape.tryWord;
+            const TokenIndex end = shape.colon != 0 ? shape.colon : body != 0 ? body : shape.last + 1;
             run(shape.first, end - 1, declaration(Role::DeclaratorComma));
             if (shape.colon != 0) {
                 set(shape.colon, Role::MemberInitializerColon);
                 Scope initializers = values(Role::MemberInitializerComma);
                 initializers.bracket = Role::MemberInitializer;
-                run(shape.colon + 1, shape.body - 1, initializers);
+                const TokenIndex brace = shape.body != 0 ? shape.body : shapes_->initializersEnd(shape.colon);
+                run(shape.colon + 1, brace - 1, initializers);
             }
             if (shape.body != 0) {
                 set(shape.body, Role::FunctionBody);

@@ -405,8 +405,11 @@ Guess TypeShapes::isParameter(TokenIndex& at) const {
     if (kind(at) == Kind::OpenParen && isDeclaratorGroup(at)) return Guess::Unknown;
     if (!isDeclaratorSign(kind(at))) return Guess::No;
     if (endsType(at)) return Guess::Yes;
+    const bool isPointer = kind(at) == Kind::Star;
     while (isDeclaratorSign(kind(at))) at = next(at);
     if (kind(at) == Kind::Ellipsis) return Guess::Yes;
+    // The name of a parameter in C.
+    if (kind(at) == Kind::This && isPointer) return Guess::Yes;
     // `T *(*name)(int)`
     if (kind(at) == Kind::OpenParen && kind(next(partner(at))) == Kind::OpenParen && isDeclaratorGroup(at)) {
         return Guess::Unknown;

@@ -18,8 +18,8 @@ CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTab
 }
 
 void CommentColumns::run() {
-    for (TokenIndex token = 2; token < text_.size(); ++token) {
-        if (!text_.isComment(token)) continue;
+    for (const TokenIndex token : text_.trivia()) {
+        if (!text_.isComment(token) || token == 1) continue;
         if (gaps_.startsLine(token)) {
             if (scheme_.alignTrailingComments && goesOn(token)) {
                 group_.add(token, 0);

@@ -98,7 +98,7 @@ void fixObjectiveC(const GapText& text, GapTable& gaps) {
 
 void fixRegions(const GapText& text, const RegionTable& regions, GapTable& gaps) {
     RegionScan scan(regions, gaps);
-    for (TokenIndex token = 1; token < text.size(); ++token) {
+    for (const TokenIndex token : text.trivia()) {
         if (text.isComment(token)) scan.read(token, Cpp::markerOf(text.text(token)));
     }
     scan.end(text.size());

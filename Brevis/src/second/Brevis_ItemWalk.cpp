@@ -164,14 +164,31 @@ void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
             scope = anchored(parent.first, Mode::Distance, GapRule::None);
         } else if (parent.item->body == item.first) {
             if (statements_.isElseIf(item, parent.item)) return;
-            scope = scopeOfUnbraced(parent);
+            scope = goesOnBehindEndif(item, parent) ? below(parent.own, unbracedIndent()) : scopeOfUnbraced(parent);
             indentComments(item.first, scope);
         }
     } else if (item.sort == Sort::CaseLabel || item.sort == Sort::AccessLabel || item.sort == Sort::GotoLabel) {
         scope = labelScope(item, parent);
         indentCommentsOfLabel(item.first, scope, parent);
+    } else if (isLabelMacro(item, parent)) {
+        scope = indented(parent.own, gapProperty<&Scheme::indentCsCaseLabels>());
+    } else if (isBehindTemplate(item, parent)) {
+        scope = anchored(parent.before->first, Mode::Indent, GapRule::None);
     }
     gaps_.setScope(item.first, scope);
+}
+
+// Whether it is a macro in a `switch` in front of all labels, which can't be anything but labels itself.
+bool ItemWalk::isLabelMacro(const OutlineItem& item, const Frame& body) const {
+    const bool isMacro = item.sort == Sort::Macro || item.sort == Sort::Statement || item.sort == Sort::Unread;
+    return isMacro && text_.kind(item.last) == Kind::CloseParen && body.sort == Frame::Sort::Body &&
+           body.label == asIs && isSwitch(body);
+}
+
+// Whether a template head begins a line that the source goes on with, in a body whose lines keep their distances.
+bool ItemWalk::isBehindTemplate(const OutlineItem& item, const Frame& body) const {
+    if (body.before == nullptr || body.before->sort != Sort::Template || text_.startsLine(item.first)) return false;
+    return text_.startsLine(body.before->first) && gaps_.scopes()[body.inner].mode == Mode::Distance;
 }
 
 ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& statement) {
@@ -179,9 +196,20 @@ ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& stat
     return below(statement.own, statements_.inFrontOf(part));
 }
 
-ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) {
+GapProperty ItemWalk::unbracedIndent() const {
     constexpr GapProperty own = gapProperty<&Scheme::indentCsUnbracedContent>();
-    return indented(holder.own, gaps_.isSet(own.rule) ? own : gapProperty<&Scheme::indentCsContent>());
+    return gaps_.isSet(own.rule) ? own : gapProperty<&Scheme::indentCsContent>();
+}
+
+ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) { return indented(holder.own, unbracedIndent()); }
+
+// Whether it is a statement with parts behind `else` and `#endif`: without the branch it is one of its own.
+bool ItemWalk::goesOnBehindEndif(const OutlineItem& item, const Frame& part) const {
+    if (item.sort != Sort::Control || text_.kind(part.first) != Kind::Else) return false;
+    const TokenIndex directive = item.first - 1;
+    if (text_.kind(directive) != Kind::Directive) return false;
+    std::string_view text = text_.text(directive).substr(1);
+    return text.substr(blankSize(text)).starts_with("endif");
 }
 
 ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body) {
@@ -367,11 +395,13 @@ bool ItemWalk::staysInLine(TokenIndex token) const {
     return gaps_.startsLine(token);
 }
 
+bool ItemWalk::isSwitch(const Frame& body) const {
+    return body.item != nullptr && body.item->sort == Sort::Part && text_.kind(body.item->first) == Kind::Switch;
+}
+
 GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
     if (body.item == nullptr) return keys.indent;
-    if (body.item->sort == Sort::Part && text_.kind(body.item->first) == Kind::Switch) {
-        return gapProperty<&Scheme::indentCsCaseContent>();
-    }
+    if (isSwitch(body)) return gapProperty<&Scheme::indentCsCaseContent>();
     constexpr GapProperty nested = gapProperty<&Scheme::indentNestedNsContent>();
     const bool isNested = keys.role == Role::NamespaceBody && frames_.size() > 1 &&
                           text_.role(frames_[frames_.size() - 2].first) == Role::NamespaceBody;
@@ -387,6 +417,16 @@ void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& b
         keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
+    if (gaps_.isSet(keys.beforeOpen.rule) && gaps_.isSet(keys.indent.rule)) indentHeadNotes(brace, body.inner);
+}
+
+// A comment for documentation that stands further to the right than the brace behind it goes with the body.
+void ItemWalk::indentHeadNotes(TokenIndex brace, Scope inner) {
+    if (!text_.isComment(brace - 1) || !text_.startsLine(brace)) return;
+    const int column = text_.column(brace, scheme_.tabSize);
+    for (TokenIndex at = brace - 1; at > 0 && text_.isDocumentation(at) && text_.startsLine(at); --at) {
+        if (text_.column(at, scheme_.tabSize) > column) gaps_.setScope(at, inner);
+    }
 }
 
 void ItemWalk::readBracket(TokenIndex open) {
@@ -429,6 +469,18 @@ void ItemWalk::readClosing(TokenIndex close) {
     const bool isDecided = hasLine && !frame.isBelowBracket;
     gaps_.setScope(close, sharing(frame.own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
     if (frame.isOneLine) bodies_.joinLines(frame.first);
+    goOnBehind(close);
+}
+
+// A declarator on the line behind that of a body's brace goes by the brace.
+void ItemWalk::goOnBehind(TokenIndex close) {
+    const TokenIndex next = text_.next(close);
+    if (frames_.size() < 2 || top().item == nullptr || !text_.startsLine(next) || !text_.startsLine(close)) return;
+    Frame& outer = frames_[frames_.size() - 2];
+    if (outer.sort != Frame::Sort::Item) return;
+    const Sort sort = outer.item->sort;
+    if (sort != Sort::Class && sort != Sort::Enum && sort != Sort::Data) return;
+    outer.inner = anchored(close, Mode::Distance, GapRule::None);
 }
 
 // The declarations of old-style parameters keep their place.

@@ -55,8 +55,13 @@ private:
     bool standsForLabels(const Cpp::OutlineItem& item, const Frame& parent) const;
     bool endsInJump(const Cpp::OutlineItem& before) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
+    bool isLabelMacro(const Cpp::OutlineItem& item, const Frame& body) const;
+    bool isBehindTemplate(const Cpp::OutlineItem& item, const Frame& body) const;
+    bool goesOnBehindEndif(const Cpp::OutlineItem& item, const Frame& part) const;
+    GapProperty unbracedIndent() const;
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
     Scope scopeOfUnbraced(const Frame& holder);
+    void indentHeadNotes(TokenIndex brace, Scope inner);
     void indentComments(TokenIndex token, Scope scope);
     void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
@@ -64,6 +69,7 @@ private:
     void readSemicolon(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
+    bool isSwitch(const Frame& body) const;
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
     Scope baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own);
     bool staysInLine(TokenIndex token) const;
@@ -73,6 +79,7 @@ private:
     void readBracket(TokenIndex open);
     bool endsLine(TokenIndex token) const;
     void readClosing(TokenIndex close);
+    void goOnBehind(TokenIndex close);
     void leaveParameters(TokenIndex close);
     void beginElement(TokenIndex token);
 

@@ -10,14 +10,11 @@ namespace Brevis {
 
 namespace Kind = Trn::Kind;
 using Cpp::Role;
-using Sort = Gap::Sort;
 
 namespace {
 
 // What may stand in one column.
-constexpr int comment = 1, operand = 2, number = 3, assignment = 4, anyElement = 5, others = 100;
-
-bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
+constexpr int comment = 1, operand = 2, number = 3, assignment = 4, binary = 5, anyElement = 6, others = 100;
 
 int sortOf(Trn::TokenKind kind, Role role) {
     switch (role) {
@@ -30,6 +27,11 @@ int sortOf(Trn::TokenKind kind, Role role) {
         case Role::Assignment:
         case Role::Initializer:
             return assignment;
+        case Role::Binary:
+        case Role::Comparison:
+            return binary;
+        case Role::DeclaratorGroup:
+            return kind == Kind::OpenParen ? operand : others + kind;
         default:
             return others + kind;
     }
@@ -69,7 +71,7 @@ void KeptColumns::run() {
     }
     for (Cell& cell : linked_) {
         cell.left = chainOf(cell);
-        if (isInTable(cell)) gaps_.gap(cell.token).sort = Sort::Keep;
+        if (isInTable(cell)) gaps_.gap(cell.token).sort = Gap::Sort::Keep;
     }
     std::erase_if(linked_, [](const Cell& cell) { return cell.left == 0; });
     std::stable_sort(linked_.begin(), linked_.end(), [&](const Cell& a, const Cell& b) {
@@ -161,7 +163,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     if (gaps_.startsLine(first) && line.isBegun && !isTooLong(first, last)) {
         readFirst(first);
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
-            if (gaps_[token].sort == Sort::Column) here_.clear();
+            if (gaps_[token].sort == Gap::Sort::Column) here_.clear();
             readCell(token, first);
             if (text_.kind(token) == Kind::Number) ++line.numbers;
         }
@@ -196,10 +198,13 @@ bool KeptColumns::isPlaced(TokenIndex first) const {
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
-    const Sort sort = gaps_[token].sort;
-    if (sort == Sort::Fixed || sort == Sort::Column || readJoined(token, first)) return;
+    const Gap::Sort sort = gaps_[token].sort;
+    if (sort == Gap::Sort::Fixed || sort == Gap::Sort::Column || readJoined(token, first)) return;
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
+    // The sign of a cast stands below a name by chance alone.
+    const TokenIndex close = isPointerSign(text_.role(token)) ? text_.partner(token + 1) : 0;
+    if (close != 0 && close < token) return;
     const std::string_view gap = text_.gap(token);
     const bool hasSign = text_.role(token) == Role::Prefix && text_.kind(token + 1) == Kind::Number;
     const bool isNumber = hasSign || text_.kind(token) == Kind::Number;
@@ -208,17 +213,32 @@ void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
     // A body of several lines is no element of a column.
     if (text_.kind(token) == Kind::OpenBrace && gaps_.startsLine(text_.next(token))) return;
 
-    Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
+    Cell cell{.token = token, .anchor = nameAt(token), .start = columns_[token - first]};
     const bool isElement = isComment && !gaps_.startsLine(token + 1);
     cell.sort = isElement ? operand : isComment ? comment : sortOf(text_.kind(token), text_.role(token));
     // Of a list any element.
     if (cell.sort >= others && text_.role(token - 1) == Role::ElementComma) cell.sort = operand;
-    cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
+    cell.other = columns_[cell.anchor - first] +
+                 (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
     cell.isPadded = gap.size() == 1 && isPadded(token);
     cell.gap = gapBegin(token, first);
     here_.push_back(cell);
+}
+
+// The name in the bracket of `(*name)`, or the token itself.
+TokenIndex KeptColumns::nameAt(TokenIndex token) const {
+    if (text_.role(token) != Role::DeclaratorGroup || text_.partner(token) < token) return token;
+    TokenIndex name = token;
+    for (TokenIndex at = token + 1; text_.lineFeeds(at) == 0 && places_[at].line == places_[token].line; ++at) {
+        if (text_.kind(at) == Kind::Identifier) {
+            name = at;
+        } else if (!isPointerSign(text_.role(at))) {
+            break;
+        }
+    }
+    return name;
 }
 
 // From the sign that ends a row to the next element.
@@ -250,7 +270,7 @@ int KeptColumns::gapBegin(TokenIndex token, TokenIndex first) const {
 // Whether any blank in front of the token is there for a column: `{ 1, ...` above `{10, ...`.
 bool KeptColumns::isPadded(TokenIndex token) const {
     const Gap& gap = gaps_[token];
-    return text_.isOpening(token - 1) && gap.sort == Sort::Blanks && gaps_.text(gap.rule).empty();
+    return text_.isOpening(token - 1) && gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule).empty();
 }
 
 // The number that a row of a table begins with.
@@ -272,7 +292,7 @@ void KeptColumns::readFirst(TokenIndex first) {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    if (!isNumber && !isSign(text_.role(sign))) return false;
+    if (!isNumber && !isPointerSign(text_.role(sign))) return false;
     if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
@@ -284,8 +304,8 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
                          .hasTab = gap.find('\t') != std::string_view::npos});
     }
     Cell& cell = here_.back();
-    cell.anchor = token;
-    cell.other = columns_[token - first];
+    cell.anchor = nameAt(token);
+    cell.other = columns_[cell.anchor - first];
     if (isNumber) {
         cell.sort = number;
         cell.other += static_cast<int>(text_.text(token).size()) - 1;
@@ -294,9 +314,9 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
         cell.token = token;
     } else if (!hasCell) {
         cell.token = sign;
-        while (cell.token > first && isJoined(cell.token) && isSign(text_.role(cell.token - 1))) --cell.token;
-        const Sort sort = gaps_[cell.token].sort;
-        if (cell.token == first || sort == Sort::Column || sort == Sort::Fixed) {
+        while (cell.token > first && isJoined(cell.token) && isPointerSign(text_.role(cell.token - 1))) --cell.token;
+        const Gap::Sort sort = gaps_[cell.token].sort;
+        if (cell.token == first || sort == Gap::Sort::Column || sort == Gap::Sort::Fixed) {
             here_.pop_back();
             return true;
         }
@@ -388,7 +408,7 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
             number = static_cast<std::uint32_t>(chains_.size());
             chains_.push_back({.column = cell.*column,
                                .size = 1,
-                               .isWide = above->isWide,
+                               .wide = above->isWide ? 1 : 0,
                                .isPadded = above->isPadded,
                                .hasTab = above->hasTab,
                                .isRight = isRight});
@@ -396,7 +416,7 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         cell.*chain = number;
         Chain& found = chains_[number];
         ++found.size;
-        found.isWide = found.isWide || cell.isWide;
+        found.wide += cell.isWide ? 1 : 0;
         found.isPadded = found.isPadded || cell.isPadded;
         found.hasTab = found.hasTab || cell.hasTab;
     }
@@ -411,7 +431,7 @@ void KeptColumns::keepLinked(const Cell& cell) {
 // don't come out ragged where a column of theirs is not exact.
 bool KeptColumns::isInTable(const Cell& cell) const {
     if (cell.sort != number || !cell.isWide || cell.hasTab || cell.isFixed || cell.isEnd) return false;
-    if (gaps_[cell.token].sort != Sort::Blanks || text_.role(cell.token - 1) != Role::ElementComma) return false;
+    if (gaps_[cell.token].sort != Gap::Sort::Blanks || text_.role(cell.token - 1) != Role::ElementComma) return false;
     constexpr int least = 4;
     const auto isRow = [&](std::size_t line) { return line < lines_.size() && lines_[line].numbers >= least; };
     const std::size_t line = places_[cell.token].line;
@@ -420,14 +440,17 @@ bool KeptColumns::isInTable(const Cell& cell) const {
 
 // ---- Columns
 
-// The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
-// names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
+// The longer one of the two chains, if one of its tokens stands behind more than one blank: where there are several such
+// it isn't one that further lines have joined by chance. Of two as long as each other names with signs go on with names: a
+// sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
-    const auto isColumn = [&](std::uint32_t chain) { return chains_[chain].isWide || chains_[chain].isPadded; };
+    const auto isColumn = [&](std::uint32_t chain) { return chains_[chain].wide > 0 || chains_[chain].isPadded; };
     const std::uint32_t left = isColumn(cell.left) ? cell.left : 0;
     const std::uint32_t right = isColumn(cell.right) ? cell.right : 0;
+    if (left == 0 || right == 0) return left + right;
     const int lead = cell.sort == number ? 1 : 0;
-    return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
+    const bool isSingle = chains_[left].wide == 1 && chains_[right].wide > 1;
+    return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
@@ -450,7 +473,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
         return cell.sort == number && !cell.isFixed && isPadded(cell.token);
     });
-    if (!chain.isWide && !arePadded) return;
+    if (chain.wide == 0 && !arePadded) return;
     if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
     for (const Cell* cell = first; cell != last; ++cell) {
         if (cell->isFixed) continue;
@@ -459,9 +482,9 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
             continue;
         }
         const Gap& gap = gaps_[cell->token];
-        int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
+        int width = gap.sort == Gap::Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
         if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
-        const bool isTight = gap.sort == Sort::Keep && text_.gap(cell->token).empty();
+        const bool isTight = gap.sort == Gap::Sort::Keep && text_.gap(cell->token).empty();
         if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
     }
@@ -469,7 +492,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
 
     // Blanks in brackets make a column of what stands close together, and not more of it.
-    if (!chain.isWide && std::any_of(first, last, [&](const Cell& cell) {
+    if (chain.wide == 0 && std::any_of(first, last, [&](const Cell& cell) {
             return column - reach(cell) - gapColumn(cell.token) > cell.start - cell.gap;
         })) {
         return;
@@ -490,7 +513,7 @@ void KeptColumns::moveTo(TokenIndex token, int column) {
     Line& own = lines_[places_[token].line];
     if (from + widthBehind(token, from) != column && from != column) {
         Gap& gap = gaps_.gap(token);
-        gap = {.sort = Sort::Column,
+        gap = {.sort = Gap::Sort::Column,
                .rule = ruleOf<&Scheme::keepAlignedColumns>(),
                .column = static_cast<std::uint16_t>(column),
                .scope = gap.scope};
@@ -547,8 +570,8 @@ int KeptColumns::columnBehindEnd(TokenIndex sign) {
 // How wide the gap in front of a token is if it begins in the column.
 int KeptColumns::widthBehind(TokenIndex token, int column) const {
     const Gap& gap = gaps_[token];
-    if (gap.sort == Sort::Column) return std::max<int>(gap.column - column, 1);
-    if (gap.sort != Sort::Keep && gap.sort != Sort::Fixed) return places_[token].column - places_[token].gap;
+    if (gap.sort == Gap::Sort::Column) return std::max<int>(gap.column - column, 1);
+    if (gap.sort != Gap::Sort::Keep && gap.sort != Gap::Sort::Fixed) return places_[token].column - places_[token].gap;
     int end = column;
     for (const char c : text_.gap(token)) {
         end = c == '\t' ? (end / scheme_.tabSize + 1) * scheme_.tabSize : end + 1;

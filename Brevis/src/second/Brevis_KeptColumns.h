@@ -46,7 +46,7 @@ private:
     struct Chain {
         int column = 0;
         int size = 0;
-        bool isWide = false;  // one of them is
+        int wide = 0;  // how many of them are
         bool isPadded = false;
         bool hasTab = false;
         bool isRight = false;
@@ -71,6 +71,7 @@ private:
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    TokenIndex nameAt(TokenIndex token) const;
     int reachOfEnd(TokenIndex sign) const;
     void readEnd(TokenIndex first, TokenIndex last);
     int gapBegin(TokenIndex token, TokenIndex first) const;
