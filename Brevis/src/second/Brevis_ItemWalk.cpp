@@ -338,7 +338,8 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     if (owner != nullptr && !hasOwnLine) return top().own;
     if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, keys, top().lambda);
     const Scope own = anchored(brace, Mode::Distance, GapRule::None);
-    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, keys, own) : own;
+    const bool isInParens = top().sort == Frame::Sort::Bracket && text_.kind(top().first) == Kind::OpenParen;
+    return isInParens ? baseInBracket(brace, keys, own) : own;
 }
 
 // A body in a bracket goes by the line of its head, or by what the author has closed it below: the statement that holds
