@@ -418,7 +418,9 @@ void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& b
         keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
-    if (gaps_.isSet(keys.beforeOpen.rule) && gaps_.isSet(keys.indent.rule)) indentHeadNotes(brace, body.inner);
+    if (!gaps_.isSet(keys.beforeOpen.rule) || !gaps_.isSet(keys.indent.rule)) return;
+    const bool isIndented = gaps_.lineFeeds(keys.beforeOpen.rule) > 0 && !gaps_.tail(keys.beforeOpen.rule).empty();
+    if (!isIndented) indentHeadNotes(brace, body.inner);
 }
 
 // A comment for documentation that stands further to the right than the brace behind it goes with the body.
