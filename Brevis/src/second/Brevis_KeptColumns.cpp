@@ -17,6 +17,9 @@ namespace {
 // What may stand in one column.
 constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
 
+// So far may two lines be from each other if both tokens stand behind more than one blank.
+constexpr std::uint32_t farthest = 4;
+
 // What makes a call a row of a table.
 constexpr TokenIndex longestRow = 64;
 constexpr std::size_t rowBlanks = 4;
@@ -71,7 +74,7 @@ void KeptColumns::run() {
         begin = first;
         hasWide = false;
     }
-    keepLinked(above_);
+    leave(above_);
     for (Cell& cell : linked_) cell.left = chainOf(cell);
     std::erase_if(linked_, [](const Cell& cell) { return cell.left == 0; });
     std::stable_sort(linked_.begin(), linked_.end(), [&](const Cell& a, const Cell& b) {
@@ -133,7 +136,7 @@ void KeptColumns::readBlock(TokenIndex begin, TokenIndex end, bool hasWide) {
         if (hasWide) {
             readLine(first, last);
         } else {
-            lines_[places_[first].line] = {.first = first, .token = first, .isBegun = isPlaced(first)};
+            lines_[places_[first].line] = {.first = first, .token = first, .isBegun = begins(first)};
         }
         first = last + 1;
     }
@@ -164,7 +167,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
             .token = first,
             .column = places_[first].column,
             .shift = places_[first].column - columns_[0],
-            .isBegun = isPlaced(first)};
+            .isBegun = begins(first)};
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
@@ -200,6 +203,22 @@ bool KeptColumns::isPlaced(TokenIndex first) const {
     if (!scope.isAnchored || scope.anchor >= first) return !isBelowToken;
     const Line& line = lines_[places_[scope.anchor].line];
     return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
+}
+
+// A line below a token that may still come to share a column with a line further down can't have columns itself.
+bool KeptColumns::begins(TokenIndex first) {
+    if (!isPlaced(first)) return false;
+    const TokenIndex basis = basisOf(first);
+    if (basis == 0) return true;
+    const auto isInFront = [&](const Cell& cell) {
+        return cell.token <= basis && mayBeFar(cell) && places_[cell.token].line == places_[basis].line;
+    };
+    joinFar();
+    if (std::ranges::none_of(above_, isInFront) && std::ranges::none_of(far_, isInFront)) return true;
+    if (stretchFrom(first).gaps == Gaps::OfNone) return false;
+    std::erase_if(far_, isInFront);
+    for (Cell& cell : above_) cell.isKeptNear = cell.isKeptNear || isInFront(cell);
+    return true;
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
@@ -279,11 +298,9 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
 // What the line begins below doesn't share a column with it: it would take the line along.
 void KeptColumns::link(Line& line) {
     const TokenIndex basis = basisOf(line.first);
-    std::erase_if(above_, [&](const Cell& cell) {
-        if (cell.token > basis) return false;
-        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
-        return true;
-    });
+    const auto behind = std::ranges::find_if(above_, [&](const Cell& cell) { return cell.token > basis; });
+    leave({above_.begin(), behind});
+    above_.erase(above_.begin(), behind);
     linkBy(&Cell::start, &Cell::left, false);
     linkBy(&Cell::other, &Cell::right, true);
     const auto linked = std::ranges::find_if(here_, [&](const Cell& cell) { return chainOf(cell) != 0; });
@@ -294,7 +311,7 @@ void KeptColumns::link(Line& line) {
         firstAbove = std::min(firstAbove, cell.token);
         break;
     }
-    keepLinked(above_);
+    leave(above_);
     above_.swap(here_);
 }
 
@@ -325,10 +342,54 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
     }
 }
 
-void KeptColumns::keepLinked(std::vector<Cell>& cells) {
+// Cells of one line, whose neighbours are known now.
+void KeptColumns::leave(const std::vector<Cell>& cells) {
+    joinFar();
     for (const Cell& cell : cells) {
         if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
+        if (!mayBeFar(cell)) continue;
+        linkFar(cell);
+        left_.push_back(cell);
     }
+}
+
+bool KeptColumns::mayBeFar(const Cell& cell) const {
+    const bool hasOther = cell.right != 0 && chains_[cell.right].column != cell.start;
+    const bool isFirst = text_.startsLine(lines_[places_[cell.token].line].first);
+    return isFirst && cell.isWide && cell.sort != comment && !hasOther && !cell.isKeptNear;
+}
+
+// With a line further up in the same scope, past some without the column.
+void KeptColumns::linkFar(const Cell& cell) {
+    const auto firstOf = [&](const Cell& of) { return lines_[places_[of.token].line].first; };
+    const TokenIndex first = firstOf(cell);
+    const auto isLike = [&](const Cell& other) {
+        return other.sort == cell.sort && gaps_[firstOf(other)].scope == gaps_[first].scope;
+    };
+    std::erase_if(far_, [&](const Cell& other) { return places_[first].line - places_[other.token].line > farthest; });
+    const auto isLess = [](int column, const Cell& other) { return column < other.start; };
+    auto found = std::upper_bound(far_.begin(), far_.end(), cell.start, isLess);
+    while (found != far_.begin() && (found - 1)->start == cell.start && !isLike(*(found - 1))) --found;
+    if (found == far_.begin() || (--found)->start != cell.start) return;
+    if (cell.left != 0 && cell.left == found->left) return;
+    const auto number = static_cast<std::uint32_t>(chains_.size());
+    chains_.push_back({.column = cell.start, .size = 2, .isWide = true, .isFar = true});
+    for (Cell one : {*found, cell}) {
+        one.left = number;
+        one.right = 0;
+        linked_.push_back(one);
+        TokenIndex& firstLinked = lines_[places_[one.token].line].firstLinked;
+        firstLinked = std::min(firstLinked, one.token);
+    }
+}
+
+// Those of the last line too, now that it isn't the last one any more.
+void KeptColumns::joinFar() {
+    const auto middle = static_cast<std::ptrdiff_t>(far_.size());
+    far_.insert(far_.end(), left_.begin(), left_.end());
+    left_.clear();
+    const auto isLess = [](const Cell& a, const Cell& b) { return a.start < b.start; };
+    std::inplace_merge(far_.begin(), far_.begin() + middle, far_.end(), isLess);
 }
 
 // ---- Columns
@@ -343,6 +404,7 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
+    if (chain.isFar) return placeFar(*first, *(first + 1));
     if (last - first < 2 && !first->isLone) return;
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
@@ -367,17 +429,15 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         isWide = column - reach(*cell) - gapColumn(cell->token) > 1;
     }
     if (!isWide) return;
-    // Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
-    const auto leads = [&](const Cell& cell) {
-        const int from = gapColumn(cell.token);
-        return columnBehind(text_.gap(cell.token), from, tab) == column - reach(cell);
+    // Where the author's own white space leads to the column, nothing else is written.
+    const auto leads = [&](const Cell& cell, int from, int target) {
+        return scheme_.convertWs != 1 && columnBehind(text_.gap(cell.token), from, tab) == target;
     };
-    const bool areOwn = scheme_.convertWs != 1 && !hasTabs && std::all_of(first, last, leads);
     for (const Cell* cell = first; cell != last; ++cell) {
         const int target = column - reach(*cell);
         const int from = gapColumn(cell->token);
         Line& own = lines_[places_[cell->token].line];
-        const bool isOwn = areOwn || (hasTabs && scheme_.convertWs != 1 && target - from == 1 && leads(*cell));
+        const bool isOwn = leads(*cell, from, target);
         if (from != target && (isOwn || from + widthBehind(cell->token, from) != target)) {
             Gap& gap = gaps_.gap(cell->token);
             gap = {.sort = isOwn ? Sort::OwnColumn : Sort::Column,
@@ -387,7 +447,38 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         }
         own.token = cell->token;
         own.column = target;
+        own.from = from;
     }
+}
+
+// They stay in one column if their own white space leads there.
+void KeptColumns::placeFar(const Cell& one, const Cell& other) {
+    const int column = ownColumn(one);
+    if (column < 0 || column != ownColumn(other) || column > std::numeric_limits<std::uint16_t>::max()) return;
+    for (const Cell& cell : {one, other}) {
+        Line& line = lines_[places_[cell.token].line];
+        if (line.token == cell.token) continue;
+        line.from = gapColumn(cell.token);
+        Gap& gap = gaps_.gap(cell.token);
+        gap = {.sort = scheme_.convertWs == 1 ? Sort::Column : Sort::OwnColumn,
+               .rule = ruleOf<&Scheme::keepAlignedColumns>(),
+               .column = static_cast<std::uint16_t>(column),
+               .scope = gap.scope};
+        line.token = cell.token;
+        line.column = column;
+    }
+}
+
+// Where a cell is placed already or would be by its own white space, or -1 if it isn't seen behind more than one blank
+// there.
+int KeptColumns::ownColumn(const Cell& cell) {
+    const Line& line = lines_[places_[cell.token].line];
+    const bool isPlaced = line.token == cell.token;
+    if (line.token > cell.token) return -1;
+    const int from = isPlaced ? line.from : gapColumn(cell.token);
+    const int column = isPlaced ? line.column : columnBehind(text_.gap(cell.token), from, scheme_.tabSize);
+    const bool hasTab = scheme_.convertWs != 1 && text_.gap(cell.token) == "\t";
+    return column - from > 1 || hasTab ? column : -1;
 }
 
 // From the cell's first column to the one that it shares with others.

@@ -39,22 +39,25 @@ private:
         bool isWide = false;  // behind more than one blank
         bool hasTab = false;
         bool isLone = false;      // a column by itself
+        bool isKeptNear = false;  // has no more to do with lines further away
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
-    // Cells of lines that follow each other.
+    // Cells of lines that follow each other, or two of lines that nearly do.
     struct Chain {
         int column = 0;
         int size = 0;
         bool isWide = false;  // one of them is
         bool hasTab = false;
         bool isRight = false;
+        bool isFar = false;
     };
     // A line of the result, as far as its columns are known.
     struct Line {
         TokenIndex first = 0;
         TokenIndex token = 0;  // comes to stand in `column`
         int column = 0;
+        int from = 0;                                                     // where the gap in front of it begins, if it is of a column
         int shift = 0;                                                    // from the source to the result, of its first token
         bool isBegun = true;                                              // its first token is where it comes to stand
         TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
@@ -72,11 +75,17 @@ private:
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
-    void keepLinked(std::vector<Cell>& cells);
+    void leave(const std::vector<Cell>& cells);
+    void linkFar(const Cell& cell);
+    void joinFar();
+    bool mayBeFar(const Cell& cell) const;
+    bool begins(TokenIndex first);
     void passSource(TokenIndex token);
 
     std::uint32_t chainOf(const Cell& cell) const;
     void place(const Cell* first, const Cell* last, const Chain& chain);
+    void placeFar(const Cell& one, const Cell& other);
+    int ownColumn(const Cell& cell);
     int lastColumn(const Cell& cell) const;
     bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
     int gapColumn(TokenIndex token);
@@ -92,6 +101,8 @@ private:
     TokenIndex passed_ = 0;
     TokenIndex lastOfLine_ = 0;  // at hand
     std::vector<Cell> above_;    // the cells of the last line with code
+    std::vector<Cell> far_;      // wide ones of lines before that, by their columns
+    std::vector<Cell> left_;     // of the last such line
     std::vector<Cell> here_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
