@@ -354,9 +354,8 @@ void KeptColumns::leave(const std::vector<Cell>& cells) {
 }
 
 bool KeptColumns::mayBeFar(const Cell& cell) const {
-    const bool hasOther = cell.right != 0 && chains_[cell.right].column != cell.start;
     const bool isFirst = text_.startsLine(lines_[places_[cell.token].line].first);
-    return isFirst && cell.isWide && cell.sort != comment && !hasOther && !cell.isKeptNear;
+    return isFirst && cell.isWide && cell.sort != comment && !cell.isKeptNear;
 }
 
 // With a line further up in the same scope, past some without the column.
@@ -373,7 +372,9 @@ void KeptColumns::linkFar(const Cell& cell) {
     if (found == far_.begin() || (--found)->start != cell.start) return;
     if (cell.left != 0 && cell.left == found->left) return;
     const auto number = static_cast<std::uint32_t>(chains_.size());
-    chains_.push_back({.column = cell.start, .size = 2, .isWide = true, .isFar = true});
+    // Its turn comes behind that of the columns in which they end.
+    const int column = std::max(cell.other, found->other);
+    chains_.push_back({.column = column, .size = 2, .isWide = true, .isFar = true});
     for (Cell one : {*found, cell}) {
         one.left = number;
         one.right = 0;
