@@ -40,7 +40,7 @@ public:
         : host_(host), path_(path), progress_(progress), showPhase_(progress, path) {}
 
     // Fills in all but the result.
-    FileResult prepare(const Brevis::PropertySet& scheme, PreparedFile& file);
+    FileResult prepare(const Brevis::FormatterProperties& scheme, PreparedFile& file);
     // Without a writer, the file is a run of its own.
     FileResult write(const PreparedFile& file, FileWriter* runWriter);
 
@@ -50,7 +50,7 @@ private:
     bool isCancelled() const;
     // The reason why the file can't be formatted in place, or null.
     const std::string_view* obstacle() const;
-    std::optional<Brevis::FormatResult> format(const Brevis::PropertySet& scheme, const std::string& source);
+    std::optional<Brevis::FormatResult> format(const Brevis::FormatterProperties& scheme, const std::string& source);
     // Takes the backup and writes. Sends the messages.
     bool replace(const PreparedFile& file, FileWriter* runWriter);
     bool replaceBy(FileWriter& writer, bool isLast, const PreparedFile& file);
@@ -61,7 +61,7 @@ private:
     FileProgressDlg::UpdateFunction showPhase_;
 };
 
-FileResult FileJob::prepare(const Brevis::PropertySet& scheme, PreparedFile& file) {
+FileResult FileJob::prepare(const Brevis::FormatterProperties& scheme, PreparedFile& file) {
     if (isCancelled()) return FileResult::Cancelled;
     if (progress_) progress_->resetBar();
     showPhase_(Phase::open);
@@ -110,7 +110,8 @@ const std::string_view* FileJob::obstacle() const {
     return nullptr;
 }
 
-std::optional<Brevis::FormatResult> FileJob::format(const Brevis::PropertySet& scheme, const std::string& source) {
+std::optional<Brevis::FormatResult> FileJob::format(const Brevis::FormatterProperties& scheme,
+                                                    const std::string& source) {
     const TextJob job(host_, path_, scheme);
     if (progress_) return job.run(source, showPhase_);
     // The functor of the dialog would stop the run, having no dialog.
@@ -167,7 +168,7 @@ void tellFailure(FormatHost& host, const WriteFailure& failure) {
 
 }  // namespace
 
-FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::FormatterProperties& scheme,
                       FileProgressDlg* progress, FileWriter* writer) {
     const auto work = [&] {
         FileJob job(host, path, progress);
@@ -178,7 +179,7 @@ FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::P
     return guarded(host, path, work, FileResult::Refused);
 }
 
-PreparedFile prepareFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme) {
+PreparedFile prepareFile(FormatHost& host, const std::string& path, const Brevis::FormatterProperties& scheme) {
     PreparedFile file;
     const auto work = [&] { return FileJob(host, path, nullptr).prepare(scheme, file); };
     file.result = guarded(host, path, work, FileResult::Refused);
@@ -197,7 +198,8 @@ void tellFailures(FormatHost& host, const WriteFailures& failures) {
     }
 }
 
-std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+std::optional<std::string> formatText(FormatHost& host, const std::string& path,
+                                      const Brevis::FormatterProperties& scheme,
                                       const std::string& source) {
     const auto work = [&]() -> std::optional<std::string> {
         Brevis::UpdateFunctor neverCancels;

@@ -9,7 +9,7 @@
 #include "BrevisUI_FileProgressDlg.h"
 #include "BrevisUI_FormatHost.h"
 #include "disk/BrevisUI_FileWriter.h"
-#include "scheme/Brevis_PropertySet.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace BrevisUI {
 
@@ -22,10 +22,10 @@ enum class FileResult {
     Cancelled,  // before the pipeline ran
 };
 
-// `progress` may be null; then nothing can cancel the run. `writer` is that of a run over several files, whose finish()
+// `scheme` is read in the way that the host tells. `progress` may be null; then nothing can cancel the run. `writer` is that of a run over several files, whose finish()
 // the caller calls behind the last; if it is null, the file is a run of its own. No exception of the pipeline comes
 // out. For a file that was refused or has failed, messages tell why.
-FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+FileResult formatFile(FormatHost& host, const std::string& path, const Brevis::FormatterProperties& scheme,
                       FileProgressDlg* progress = nullptr, FileWriter* writer = nullptr);
 
 // The two halves of formatFile. The first changes nothing on the disk, so that a host may run it for several files at
@@ -35,7 +35,7 @@ struct PreparedFile {
     std::string source;
     Brevis::FormatResult formatted;  // for Formatted and Unchanged
 };
-PreparedFile prepareFile(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme);
+PreparedFile prepareFile(FormatHost& host, const std::string& path, const Brevis::FormatterProperties& scheme);
 FileResult writePrepared(FormatHost& host, FileWriter& writer, const std::string& path, const PreparedFile& file);
 
 // Sends the messages about files that haven't got their new text.
@@ -43,7 +43,8 @@ void tellFailures(FormatHost& host, const WriteFailures& failures);
 
 // The job's middle part for a host that reads and writes by itself: the formatted text, or nothing once the messages of
 // the failure have been sent. `path` names the text in them.
-std::optional<std::string> formatText(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme,
+std::optional<std::string> formatText(FormatHost& host, const std::string& path,
+                                      const Brevis::FormatterProperties& scheme,
                                       const std::string& source);
 
 }  // namespace BrevisUI

@@ -1,12 +1,14 @@
 // Disk access of the file job, on a POSIX system.
 #include "BrevisUI_Files.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 
 namespace BrevisUI {
 
@@ -14,13 +16,38 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+class Descriptor {
+public:
+    explicit Descriptor(const char* path) : number_(open(path, O_RDONLY | O_CLOEXEC)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ >= 0) close(number_);
+    }
+
+    int number() const { return number_; }
+
+private:
+    const int number_;
 };
-using File = std::unique_ptr<std::FILE, CloseFile>;
 
 constexpr std::size_t readChunk = 1 << 16;
-constexpr std::uintmax_t largestRoom = 1 << 28;
+constexpr std::size_t largestRoom = 1 << 28;
+
+// Adds up to `size` bytes, fewer only at the end. False if reading failed.
+bool addBytes(int file, std::size_t size, std::string& text) {
+    std::size_t done = text.size();
+    const std::size_t end = done + size;
+    text.resize(end);
+    ssize_t count = 1;
+    while (done < end && count != 0) {
+        count = read(file, text.data() + done, end - done);
+        if (count < 0 && errno != EINTR) break;
+        done += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    }
+    text.resize(done);
+    return count >= 0;
+}
 
 }  // namespace
 
@@ -47,26 +74,24 @@ bool hasNoContents(const std::string& path) {
     return error || size == 0;
 }
 
-bool readStream(std::FILE* stream, std::string& text) {
+bool readStream(int file, std::string& text) {
+    struct stat status {};
+    // Room for the whole file at once, and for the byte that shows its end, unless its size is beyond belief.
+    const bool isKnown = fstat(file, &status) == 0 && status.st_size > 0;
+    std::size_t room = isKnown ? std::min(static_cast<std::size_t>(status.st_size), largestRoom) + 1 : readChunk;
     text.clear();
-    std::size_t count = 0;
+    std::size_t full = 0;
     do {
-        const std::size_t old = text.size();
-        if (text.capacity() < old + readChunk) text.reserve(2 * old + readChunk);
-        text.resize(old + readChunk);
-        count = std::fread(text.data() + old, 1, readChunk, stream);
-        text.resize(old + count);
-    } while (count == readChunk);
-    return std::ferror(stream) == 0;
+        full = text.size() + room;
+        if (!addBytes(file, room, text)) return false;
+        room = std::max(readChunk, full);
+    } while (text.size() == full);
+    return true;
 }
 
 bool readFile(const std::string& path, std::string& text) {
-    const File file(std::fopen(path.c_str(), "rb"));
-    std::error_code error;
-    // Room for the whole file at once, unless its size is beyond belief.
-    const std::uintmax_t size = fs::file_size(path, error);
-    if (!error) text.reserve(static_cast<std::size_t>(std::min(size, largestRoom)) + readChunk);
-    return file && readStream(file.get(), text);
+    const Descriptor file(path.c_str());
+    return file.number() >= 0 && readStream(file.number(), text);
 }
 
 }  // namespace BrevisUI

@@ -2,7 +2,6 @@
 // by their result.
 #pragma once
 
-#include <cstdio>
 #include <string>
 
 namespace BrevisUI {
@@ -15,8 +14,9 @@ bool isDirectory(const std::string& path);
 // True for a file without contents, and for one whose size can't be told.
 bool hasNoContents(const std::string& path);
 
-// All bytes that are left of a stream. False if reading failed; `text` then holds what came before.
-bool readStream(std::FILE* stream, std::string& text);
+// All bytes that are left of a file that is open, given by its number. False if reading failed; `text` then holds what
+// came before.
+bool readStream(int file, std::string& text);
 bool readFile(const std::string& path, std::string& text);
 
 }  // namespace BrevisUI

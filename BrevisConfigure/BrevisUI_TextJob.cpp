@@ -44,7 +44,7 @@ const std::string_view* TextJob::obstacleIn(std::string_view source) {
 }
 
 Brevis::FormatterProperties TextJob::properties() const {
-    Brevis::FormatterProperties properties(scheme_);
+    Brevis::FormatterProperties properties = scheme_;
     properties.reading = host_.reading();
     if (properties.reading.language == Brevis::LanguageChoice::automatic && path_.ends_with(".c")) {
         properties.reading.language = Brevis::LanguageChoice::c;

@@ -8,14 +8,14 @@
 
 #include "BrevisUI_FormatHost.h"
 #include "Brevis_Formatter.h"
-#include "scheme/Brevis_PropertySet.h"
+#include "scheme/Brevis_FormatterProperties.h"
 
 namespace BrevisUI {
 
 class TextJob {
 public:
     // All must outlive the job. `path` names the text in messages.
-    TextJob(FormatHost& host, const std::string& path, const Brevis::PropertySet& scheme)
+    TextJob(FormatHost& host, const std::string& path, const Brevis::FormatterProperties& scheme)
         : host_(host), path_(path), scheme_(scheme) {}
 
     // Nothing once the messages of a failure have been sent. Exceptions of the pipeline pass through.
@@ -39,7 +39,7 @@ private:
 
     FormatHost& host_;
     const std::string& path_;
-    const Brevis::PropertySet& scheme_;
+    const Brevis::FormatterProperties& scheme_;
 };
 
 }  // namespace BrevisUI

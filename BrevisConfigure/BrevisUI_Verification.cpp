@@ -51,7 +51,7 @@ std::string_view wholeCharacters(std::string_view text) {
 
 // One line for a stretch that may hold several and break off anywhere; a carriage return must not move a terminal's
 // cursor.
-std::string quoted(std::string_view text) {
+std::string shownText(std::string_view text) {
     constexpr std::string_view common = "\t\n\r", letters = "tnr", hexDigits = "0123456789abcdef";
     std::string result = "\"";
     for (const char character : wholeCharacters(text)) {
@@ -67,7 +67,7 @@ std::string quoted(std::string_view text) {
     return result += '"';
 }
 
-std::string nameOf(const std::string& token) { return token.empty() ? "the end of the file" : quoted(token); }
+std::string nameOf(const std::string& token) { return token.empty() ? "the end of the file" : shownText(token); }
 
 std::string describe(const Brevis::TokenDifference& difference) {
     const std::string before = nameOf(difference.before);
@@ -90,7 +90,7 @@ std::optional<Trn::ParseMessage> findOtherLine(std::string_view text, std::strin
     const Trn::Position position{static_cast<std::int32_t>(1 + std::count(text.begin(), place, '\n')),
                                  static_cast<std::int32_t>(1 + offset - lineBegin)};
     return Trn::ParseMessage{Severity::warning, position, 0,
-                             "Another run would change this line of the result: " + quoted(lineAt(text, lineBegin))};
+                             "Another run would change this line of the result: " + shownText(lineAt(text, lineBegin))};
 }
 
 std::optional<Trn::ParseMessage> refusedAgain(const Trn::Position& place, const std::string& reason) {

@@ -67,7 +67,7 @@ int explainFile(const FormatOptions& options, StandardOutput& output) {
     for (const Remark& remark : choice.scheme->remarks) writeErrorLine(remark.text);
     std::string schemeText;
     if (!choice.scheme->good || !BrevisUI::readFile(choice.path, schemeText)) return exitTrouble;
-    Brevis::FormatterProperties properties(choice.scheme->scheme);
+    Brevis::FormatterProperties properties = choice.scheme->properties;
     if (!Brevis::hasGapReport(properties.scheme)) return fail(noDecisionsMessage(choice.path));
     properties.reading = readingOf(source->name, options.reading);
 

@@ -1,6 +1,8 @@
 // Reads what names files, sorts what directories hold, and remembers what has been taken.
 #include "Console_FileSelection.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -41,13 +43,6 @@ BrevisUI::IgnoreRules::Options ignoreOptions(const FormatOptions& options) {
     return ignore;
 }
 
-// The same for every name of a file, be it by a symbolic link.
-std::string identityOf(const std::string& file) {
-    std::error_code error;
-    const std::string path = std::filesystem::canonical(file, error).string();
-    return error ? BrevisUI::fullPath(file) : path;
-}
-
 // How a file is named in a directory, with slashes between the parts; the same wherever both stand together.
 std::string nameFrom(const std::string& directory, const std::string& file) {
     const std::filesystem::path path = BrevisUI::fullPath(file);
@@ -55,7 +50,7 @@ std::string nameFrom(const std::string& directory, const std::string& file) {
 }
 
 bool readList(const std::string& name, std::string& text) {
-    if (name == standardInput) return BrevisUI::readStream(stdin, text);
+    if (name == standardInput) return BrevisUI::readStream(STDIN_FILENO, text);
     return BrevisUI::fileExists(name) && !BrevisUI::isDirectory(name) && BrevisUI::readFile(name, text);
 }
 
@@ -166,6 +161,7 @@ void FileSelection::addTree(const std::string& directory) {
     BrevisUI::IgnoreRules rules(directory, ignoreOptions(options_));
     BrevisUI::TreeWalk::Hooks hooks;
     hooks.leaveOut = [&](const std::string& path, bool isDirectory) { return rules.isIgnored(path, isDirectory); };
+    hooks.onlyReads = !options_.inPlace;
     hooks.onFailure = [this](const std::string& path, const std::error_code& error) {
         fail(fillIn(notListed, path) + error.message());
     };
@@ -177,7 +173,7 @@ void FileSelection::addTree(const std::string& directory) {
 }
 
 void FileSelection::add(const std::string& file, const std::string& directory) {
-    if (!known_.insert(identityOf(file)).second) return;
+    if (!known_.insert(identities_.of(file)).second) return;
     if (!options_.shard || options_.shard->holds(nameFrom(directory, file))) files_.push_back(file);
 }
 

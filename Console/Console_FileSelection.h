@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "Console_FileIdentity.h"
 #include "Console_FormatOptions.h"
 #include "Console_LineChoice.h"
 #include "files/BrevisUI_IgnoreRules.h"
@@ -49,7 +50,8 @@ private:
     LineChoice& lines_;
     const Tell tell_;
     std::vector<std::string> files_;
-    std::unordered_set<std::string> known_;  // by full path
+    FileIdentity identities_;
+    std::unordered_set<std::string> known_;  // by identity
     bool failed_ = false;
     bool gaveUp_ = false;
 };

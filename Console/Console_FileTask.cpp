@@ -104,7 +104,7 @@ std::string FileTask::displayName(const std::string& file) const {
 
 void FileTask::formatInPlace(const std::string& file, Host& host) const {
     FileOutcome& outcome = host.outcome;
-    outcome.prepared = BrevisUI::prepareFile(host, file, outcome.scheme.scheme->scheme);
+    outcome.prepared = BrevisUI::prepareFile(host, file, outcome.scheme.scheme->properties);
     outcome.bytes = outcome.prepared.source.size();
     outcome.fate = fateOf(outcome.prepared.result);
     // It may wait with many others: no more is held than what is to be written.
@@ -118,12 +118,12 @@ void FileTask::formatInPlace(const std::string& file, Host& host) const {
 std::optional<std::string> FileTask::readSource(const std::string& file, Host& host) const {
     std::string text;
     if (file == standardInput) {
-        if (BrevisUI::readStream(stdin, text)) return text;
+        if (BrevisUI::readStream(STDIN_FILENO, text)) return text;
+    } else if (BrevisUI::readFile(file, text)) {
+        return text;
     } else if (!BrevisUI::fileExists(file)) {
         host.send(fillIn(Message::missing, file), Severity::error);
         return std::nullopt;
-    } else if (BrevisUI::readFile(file, text)) {
-        return text;
     }
     host.send(fillIn(Message::unreadable, host.outcome.name), Severity::error);
     return std::nullopt;
@@ -139,7 +139,7 @@ void FileTask::formatToOutput(const std::string& file, Host& host) const {
     outcome.fate = FileFate::Unchanged;
     if (source->empty()) return;
 
-    std::optional<std::string> formatted = BrevisUI::formatText(host, name, outcome.scheme.scheme->scheme, *source);
+    std::optional<std::string> formatted = BrevisUI::formatText(host, name, outcome.scheme.scheme->properties, *source);
     if (!formatted) {
         outcome.fate = FileFate::Refused;
         return;

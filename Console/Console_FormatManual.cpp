@@ -5,9 +5,9 @@ namespace Console {
 
 namespace {
 
-constexpr std::string_view usages[] = {"[OPTION]... [FILE|DIR]..."};
+constexpr std::string_view formatUsages[] = {"[OPTION]... [FILE|DIR]..."};
 
-constexpr std::string_view description =
+constexpr std::string_view formatDescription =
     R"(Format C and C++ source files under a scheme file. Only white space changes.
 
 Without FILE, or where FILE is -, standard input is read. The formatted text goes to standard output, unless one of -i,
@@ -50,7 +50,8 @@ constexpr OptionRow modeOptions[] = {
      "how lines end: keep, as in the source, which is the default; lf; crlf; native, as on this system",
      Completion::Words, "keep lf crlf native"},
     {"", "--undo", "",
-     "give every file that the last run with -i has changed its old text back, unless it has changed since"},
+     "give every file that the last run with -i has changed its old text back, unless it has changed since; "
+     "where a signal stopped this, go on with the rest"},
     {"", "--recover", "",
      "look for what an interrupted run has left beside each FILE, in the current directory without FILE, and in the "
      "cache: give half-written files their old text back and remove temporary files"},
@@ -139,12 +140,12 @@ constexpr OptionRow outputOptions[] = {
     {"", "--version", "", "show the version and exit"},
 };
 
-constexpr OptionGroup groups[] = {
+constexpr OptionGroup formatGroups[] = {
     {"Scheme", schemeOptions},   {"What to do", modeOptions}, {"Files", fileOptions}, {"Changed lines", lineOptions},
     {"Reading", readingOptions}, {"Safety", checkOptions},    {"Output", outputOptions},
 };
 
-constexpr ManualSection sections[] = {
+constexpr ManualSection formatSections[] = {
     {"",
      R"(Messages go to standard error. A file that can't be read or parsed gives its messages and no output, and is left as
 it is; the other files are still done.
@@ -184,8 +185,9 @@ Warnings don't change it.)"},
 }  // namespace
 
 constinit const ProgramManual formatManual = {
-    "corvane-format", "format C and C++ source code by changing white space only", usages, description, {}, groups,
-    sections,
+    "corvane-format", "format C and C++ source code by changing white space only", formatUsages, formatDescription, {},
+    formatGroups,
+    formatSections,
 };
 
 }  // namespace Console

@@ -44,11 +44,6 @@ std::uint64_t sizeOf(const std::string& file) {
 
 std::size_t threadCount(unsigned jobs) { return jobs > 0 ? jobs : std::max(1u, std::thread::hardware_concurrency()); }
 
-std::string nameOf(int signal) {
-    if (signal == SIGINT) return "SIGINT";
-    return signal == SIGTERM ? "SIGTERM" : "SIGHUP";
-}
-
 }  // namespace
 
 FormatRun::FormatRun(const FormatOptions& options, StandardOutput& output)
@@ -178,7 +173,7 @@ void FormatRun::endReport(bool isStopped) {
 
 void FormatRun::tellEnd(int signal, std::size_t count) {
     if (signal != 0) {
-        writeError("Stopped by " + nameOf(signal) + " after " + std::to_string(summary_.total()) + " of " +
+        writeError("Stopped by " + SignalWatch::nameOf(signal) + " after " + std::to_string(summary_.total()) + " of " +
                    std::to_string(count) + (options_.inPlace ? " files; the others are as they were." : " files."));
     }
     const bool isWanted = isTerminal(STDERR_FILENO) && !(printsTexts() && isTerminal(STDOUT_FILENO));

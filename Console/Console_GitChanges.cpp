@@ -1,7 +1,9 @@
 // The commands that git is given, and what is made of their output.
 #include "Console_GitChanges.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <map>
 #include <string_view>
 
 #include "BrevisUI_Messages.h"
@@ -28,7 +30,7 @@ const Arguments diffCommand = {
     "--text", "-M",  "--ignore-submodules=all", "--src-prefix=a/", "--dst-prefix=b/"};
 
 ChildResult askGit(const std::string& directory, const Arguments& arguments, bool quiet = false) {
-    Arguments all = {"git", "--no-pager", "--no-optional-locks", "-C", directory};
+    Arguments all = {"git", "--no-pager", "--no-optional-locks", "--literal-pathspecs", "-C", directory};
     all.insert(all.end(), arguments.begin(), arguments.end());
     return runProgram(all, quiet);
 }
@@ -39,11 +41,27 @@ std::string runGit(const std::string& directory, const Arguments& arguments) {
     return std::move(result.output);
 }
 
-std::vector<GitFileDiff> diff(const std::string& top, const Arguments& what) {
+// Of the files named, or below the directories named; of all if there are none.
+std::vector<GitFileDiff> diff(const std::string& top, const Arguments& what, const Arguments& names) {
     Arguments arguments = diffCommand;
     arguments.insert(arguments.end(), what.begin(), what.end());
     arguments.emplace_back("--");
+    arguments.insert(arguments.end(), names.begin(), names.end());
     return parseGitDiff(runGit(top, arguments));
+}
+
+// More names than a command line should have give way to the directory that holds them all.
+Arguments fewNames(const Arguments& names) {
+    constexpr std::size_t most = 256;
+    if (names.size() <= most) return names;
+    std::string_view common = names.front();
+    for (const std::string& name : names) {
+        const auto end = std::ranges::mismatch(common, name).in1;
+        common = common.substr(0, static_cast<std::size_t>(end - common.begin()));
+    }
+    const std::size_t slash = common.rfind('/');
+    if (slash == std::string_view::npos) return {};
+    return {std::string(common.substr(0, slash))};
 }
 
 // One line of output, whatever the line holds.
@@ -78,56 +96,71 @@ bool isNested(const std::string& directory, const std::string& top) {
 
 }  // namespace
 
-BrevisUI::LineSet GitChanges::linesOf(const std::string& file) {
-    const std::string path = canonical(file);
-    const WorkTree& tree = workTreeOf(fs::path(path).parent_path().string());
-    const std::string name = path.substr(tree.top.size());
-    if (const auto found = tree.changed.find(name); found != tree.changed.end()) return found->second;
-    return stagedOnly_ || tree.known.contains(name) ? BrevisUI::LineSet() : BrevisUI::LineSet::all();
+BrevisUI::LineSet GitChanges::WorkTree::linesOf(const std::string& name) const {
+    if (const auto found = changed.find(name); found != changed.end()) return found->second;
+    return isOfIndex || known.contains(name) ? BrevisUI::LineSet() : BrevisUI::LineSet::all();
+}
+
+std::vector<BrevisUI::LineSet> GitChanges::linesOf(const std::vector<std::string>& files) {
+    std::vector<std::pair<std::string, std::string>> places;  // top and name
+    std::map<std::string, Names> names;
+    for (const std::string& file : files) {
+        const std::string path = canonical(file);
+        const std::string top = topOf(fs::path(path).parent_path().string());
+        places.emplace_back(top, path.substr(top.size()));
+        names[top].push_back(places.back().second);
+    }
+    std::map<std::string, WorkTree> trees;
+    for (const auto& [top, all] : names) trees.emplace(top, readWorkTree(top, fewNames(all)));
+
+    std::vector<BrevisUI::LineSet> lines;
+    for (const auto& [top, name] : places) lines.push_back(trees.at(top).linesOf(name));
+    return lines;
 }
 
 std::vector<std::string> GitChanges::changedFiles() {
     const fs::path here = canonical(".");
-    const WorkTree& tree = workTreeOf(here.string());
+    const std::string top = topOf(here.string());
     std::vector<std::string> files;
     const auto add = [&](const std::string& name) {
-        const fs::path path = tree.top + name;
+        const fs::path path = top + name;
         std::error_code error;
         if (fs::symlink_status(path, error).type() == fs::file_type::regular) {
             files.push_back(path.lexically_relative(here).string());
         }
     };
-    for (const auto& [name, lines] : tree.changed) add(name);
+    for (const auto& [name, lines] : readWorkTree(top, {}).changed) add(name);
     if (!stagedOnly_) {
-        forEachName(runGit(tree.top, {"ls-files", "--others", "--exclude-standard", "--full-name", "-z"}), add);
+        forEachName(runGit(top, {"ls-files", "--others", "--exclude-standard", "--full-name", "-z"}), add);
     }
     return files;
 }
 
-const GitChanges::WorkTree& GitChanges::workTreeOf(const std::string& directory) {
-    const std::string top = topOf(directory);
-    std::unique_ptr<WorkTree>& tree = workTrees_[top];
-    if (!tree) tree = std::make_unique<WorkTree>(readWorkTree(top));
-    return *tree;
-}
-
 std::string GitChanges::topOf(const std::string& directory) {
-    if (const auto found = tops_.find(directory); found != tops_.end()) return found->second;
+    if (const auto found = topsOfDirectories_.find(directory); found != topsOfDirectories_.end()) return found->second;
     // Most directories lie in a work tree that is known, and need no process.
-    for (const auto& [top, tree] : workTrees_) {
-        if ((directory + "/").starts_with(top) && !isNested(directory, top)) return tops_[directory] = top;
+    const auto holds = [&](const std::string& known) {
+        return (directory + "/").starts_with(known) && !isNested(directory, known);
+    };
+    if (const auto known = std::ranges::find_if(tops_, holds); known != tops_.end()) {
+        return topsOfDirectories_[directory] = *known;
     }
     const ChildResult result = askGit(directory, {"rev-parse", "--show-toplevel"}, true);
-    const std::string top = withoutLineEnd(result.output);
+    std::string top = withoutLineEnd(result.output);
     if (result.status != 0 || top.empty()) throw Trn::Exception(fillIn(noWorkTree, directory));
-    return tops_[directory] = top.ends_with('/') ? top : top + "/";
+    if (!top.ends_with('/')) top += '/';
+    tops_.insert(top);
+    return topsOfDirectories_[directory] = top;
 }
 
-GitChanges::WorkTree GitChanges::readWorkTree(const std::string& top) const {
-    const std::string object = resolveRevision(top);
-    WorkTree tree{top, stagedOnly_ ? readStagedDiff(top, object) : readDiff(top, object), {}};
-    forEachName(runGit(top, {"ls-files", "--full-name", "-z"}),
-                [&](std::string name) { tree.known.insert(std::move(name)); });
+GitChanges::WorkTree GitChanges::readWorkTree(const std::string& top, const Names& names) const {
+    WorkTree tree{readDiff(top, resolveRevision(top), names), {}, stagedOnly_};
+    if (stagedOnly_) mapToWorkTree(top, names, tree.changed);
+    std::erase_if(tree.changed, [](const auto& entry) { return entry.second.empty(); });
+    if (stagedOnly_) return tree;
+    Arguments list = {"ls-files", "--full-name", "-z", "--"};
+    list.insert(list.end(), names.begin(), names.end());
+    forEachName(runGit(top, list), [&](std::string name) { tree.known.insert(std::move(name)); });
     return tree;
 }
 
@@ -143,25 +176,32 @@ std::string GitChanges::resolveRevision(const std::string& top) const {
     return withoutLineEnd(result.output);
 }
 
-GitChanges::FileLines GitChanges::readDiff(const std::string& top, const std::string& object) {
+GitChanges::FileLines GitChanges::readDiff(const std::string& top, const std::string& object,
+                                           const Names& names) const {
+    Arguments what = {object};
+    if (stagedOnly_) what.insert(what.begin(), "--cached");
     FileLines files;
-    for (const GitFileDiff& file : diff(top, {object})) {
-        if (BrevisUI::LineSet lines = newLines(file.hunks); !lines.empty()) files[file.name] = std::move(lines);
+    bool mayBeRenamed = false;
+    for (const GitFileDiff& file : diff(top, what, names)) {
+        files[file.name] = newLines(file.hunks);
+        mayBeRenamed = mayBeRenamed || (file.isNew && !names.empty());
+    }
+    if (!mayBeRenamed) return files;
+    // What it was called before is not among the names.
+    what.insert(what.begin(), "--diff-filter=R");
+    for (const GitFileDiff& file : diff(top, what, {})) {
+        if (const auto found = files.find(file.name); found != files.end()) found->second = newLines(file.hunks);
     }
     return files;
 }
 
-GitChanges::FileLines GitChanges::readStagedDiff(const std::string& top, const std::string& object) {
-    FileLines files;
-    for (const GitFileDiff& file : diff(top, {"--cached", object})) files[file.name] = newLines(file.hunks);
-    // From the index to the work tree.
-    for (const GitFileDiff& file : diff(top, {"--no-renames"})) {
+// From the lines of the index.
+void GitChanges::mapToWorkTree(const std::string& top, const Names& names, FileLines& files) {
+    for (const GitFileDiff& file : diff(top, {"--no-renames"}, names)) {
         if (const auto staged = files.find(file.name); staged != files.end()) {
             staged->second = mapLines(staged->second, file.hunks);
         }
     }
-    std::erase_if(files, [](const auto& entry) { return entry.second.empty(); });
-    return files;
 }
 
 }  // namespace Console

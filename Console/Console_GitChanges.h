@@ -1,7 +1,6 @@
 // Asks git which lines of files have changed. Runs git as a child process; never changes anything.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -19,34 +18,39 @@ class GitChanges {
 public:
     GitChanges(std::string revision, bool stagedOnly) : revision_(std::move(revision)), stagedOnly_(stagedOnly) {}
 
-    // The changed lines of a file, in the work tree that holds it.
-    BrevisUI::LineSet linesOf(const std::string& file);
+    // The changed lines of each of the files, in the work tree that holds it. git is asked about these files alone or,
+    // if they are many, about the directory that they have in common.
+    std::vector<BrevisUI::LineSet> linesOf(const std::vector<std::string>& files);
     // The files with changed lines in the work tree that holds the current directory, in no order. Files that git
     // doesn't know are among them unless it ignores them. Paths are relative to the current directory.
     std::vector<std::string> changedFiles();
 
 private:
     using FileLines = std::unordered_map<std::string, BrevisUI::LineSet>;
+    using Names = std::vector<std::string>;
 
-    // Names are relative to the top.
+    // What git has told of files in a work tree. Names are relative to the top.
     struct WorkTree {
-        std::string top;  // with a slash at its end
         FileLines changed;
         std::unordered_set<std::string> known;  // to git
+        bool isOfIndex = false;                 // which holds no files that git doesn't know
+
+        BrevisUI::LineSet linesOf(const std::string& name) const;
     };
 
-    const WorkTree& workTreeOf(const std::string& directory);
+    // With a slash at its end.
     std::string topOf(const std::string& directory);
-    WorkTree readWorkTree(const std::string& top) const;
+    // `names` are files or directories below the top; none: the whole tree.
+    WorkTree readWorkTree(const std::string& top, const Names& names) const;
     // The object that the changes are counted from.
     std::string resolveRevision(const std::string& top) const;
-    static FileLines readDiff(const std::string& top, const std::string& object);
-    static FileLines readStagedDiff(const std::string& top, const std::string& object);
+    FileLines readDiff(const std::string& top, const std::string& object, const Names& names) const;
+    static void mapToWorkTree(const std::string& top, const Names& names, FileLines& files);
 
     const std::string revision_;
     const bool stagedOnly_;
-    std::unordered_map<std::string, std::string> tops_;                     // by directory
-    std::unordered_map<std::string, std::unique_ptr<WorkTree>> workTrees_;  // by top
+    std::unordered_map<std::string, std::string> topsOfDirectories_;
+    std::unordered_set<std::string> tops_;
 };
 
 }  // namespace Console

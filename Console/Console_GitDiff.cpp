@@ -99,14 +99,21 @@ void Parser::skip(const GitHunk& hunk) {
 std::vector<GitFileDiff> Parser::run() {
     std::vector<GitFileDiff> files;
     bool isWanted = false;
+    bool isNew = false;
+    bool isRenamed = false;
     while (!rest_.empty()) {
         std::string_view line = takeLine();
         if (line.starts_with("diff --git ")) {
-            isWanted = false;
-        } else if (takeText(line, "+++ ")) {
+            isWanted = isNew = isRenamed = false;
+        } else if (line.starts_with("new file mode ")) {
+            isNew = true;
+        } else if (takeText(line, "rename to ")) {
+            isWanted = isRenamed = true;
+            files.push_back({readName(line), {}});
+        } else if (takeText(line, "+++ ") && !isRenamed) {
             const std::string name = readName(line);
             isWanted = name.starts_with(newPrefix);
-            if (isWanted) files.push_back({name.substr(newPrefix.size()), {}});
+            if (isWanted) files.push_back({name.substr(newPrefix.size()), {}, isNew});
         } else if (line.starts_with("@@ ")) {
             const GitHunk hunk = readHunk(line);
             skip(hunk);

@@ -19,9 +19,10 @@ struct GitHunk {
 struct GitFileDiff {
     std::string name;  // of the new file, from the top of the work tree
     std::vector<GitHunk> hunks;
+    bool isNew = false;  // under any name, as far as git has looked
 };
 
-// The files that are there afterwards and have changed lines. The prefix of new files is "b/".
+// The files that are there afterwards and have changed lines or a new name. The prefix of new files is "b/".
 std::vector<GitFileDiff> parseGitDiff(std::string_view text);
 
 // The lines of the new file.

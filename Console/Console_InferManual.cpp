@@ -5,9 +5,9 @@ namespace Console {
 
 namespace {
 
-constexpr std::string_view usages[] = {"[OPTION]... PATH..."};
+constexpr std::string_view inferUsages[] = {"[OPTION]... PATH..."};
 
-constexpr std::string_view description =
+constexpr std::string_view inferDescription =
     R"(Find the scheme under which the least of a code base changes, and write it to a scheme file.
 
 Each PATH is a source file or a directory, which stands for the source files below it. The places of each property of
@@ -15,7 +15,7 @@ white space vote for its value; flags and anchors are tried on a part of the fil
 two minds stays unset: corvane-format then leaves its places as they are. The report tells how many lines would change
 under the scheme all the same, and why. No source file is written.)";
 
-constexpr OptionRow options[] = {
+constexpr OptionRow inferOptions[] = {
     {"-o", "--output", "FILE",
      "the scheme file to write, .corvane.fsc in the current directory unless given; - is standard output, and the "
      "report "
@@ -38,9 +38,9 @@ constexpr OptionRow options[] = {
     {"", "--version", "", "show the version and exit"},
 };
 
-constexpr OptionGroup groups[] = {{"Options", options}};
+constexpr OptionGroup inferGroups[] = {{"Options", inferOptions}};
 
-constexpr ManualSection sections[] = {
+constexpr ManualSection inferSections[] = {
     {"",
      R"(Long lines are not looked at: the scheme has no LINE_WRAP. Names of macros are not found either: FOR_EACH_MACROS and
 its kin can be added to the file by hand.)"},
@@ -54,7 +54,8 @@ its kin can be added to the file by hand.)"},
 }  // namespace
 
 constinit const ProgramManual inferManual = {
-    "corvane-infer", "find the scheme that a code base is written in", usages, description, {}, groups, sections,
+    "corvane-infer", "find the scheme that a code base is written in", inferUsages, inferDescription, {}, inferGroups,
+    inferSections,
 };
 
 }  // namespace Console

@@ -12,27 +12,27 @@ namespace Console {
 
 namespace {
 
-constexpr const char* versionText = "corvane-infer (Corvane C++) " CORVANE_VERSION_TEXT
+constexpr const char* inferVersion = "corvane-infer (Corvane C++) " CORVANE_VERSION_TEXT
                                     "\n"
                                     "Copyright (C) Vellum Software\n";
 
-std::string namesOf(std::string_view name) {
+std::string namesOfRow(std::string_view name) {
     const OptionRow& row = optionRow(inferManual, name);
     return row.letter.empty() ? std::string(row.name) : std::string(row.letter) + ',' + std::string(row.name);
 }
 
 void addOptions(CLI::App& app, InferOptions& options, std::string& extensions) {
     const auto value = [&app](std::string_view name, auto& target) {
-        return app.add_option(namesOf(name), target)
+        return app.add_option(namesOfRow(name), target)
             ->type_name(std::string(optionRow(inferManual, name).argument))
             ->allow_extra_args(false);
     };
     const auto flag = [&app](std::string_view name, bool& target) {
-        app.add_flag(namesOf(name), target)->disable_flag_override();
+        app.add_flag(namesOfRow(name), target)->disable_flag_override();
     };
     constexpr int leastAgreement = 51, mostAgreement = 100, mostJobs = 1024;
     app.set_help_flag("--help");
-    app.set_version_flag("--version", versionText);
+    app.set_version_flag("--version", inferVersion);
     value("--output", options.output);
     flag("--force", options.force);
     flag("--show", options.show);
@@ -40,7 +40,7 @@ void addOptions(CLI::App& app, InferOptions& options, std::string& extensions) {
     value("--agreement", options.agreement)->check(CLI::Range(leastAgreement, mostAgreement).description(""));
     value("--extensions", extensions);
     value("--exclude", options.selection.excludes);
-    app.add_flag(namesOf("--no-ignore"))->disable_flag_override();
+    app.add_flag(namesOfRow("--no-ignore"))->disable_flag_override();
     value("--jobs", options.selection.jobs)->check(CLI::Range(1, mostJobs).description(""));
     app.add_option("PATH", options.selection.files);
 }
@@ -67,7 +67,7 @@ std::variant<InferOptions, InferText, InferFailure> parseInferArguments(int argc
     } catch (const CLI::CallForHelp&) {
         return InferText{helpText(inferManual)};
     } catch (const CLI::CallForVersion&) {
-        return InferText{versionText};
+        return InferText{inferVersion};
     } catch (const CLI::ParseError& error) {
         return InferFailure{error.what()};
     }

@@ -25,7 +25,7 @@ namespace {
 using BrevisUI::InferenceText;
 
 // More than this tells no more of a style, and would not fit into the memory of every machine.
-constexpr std::size_t mostBytes = std::size_t{64} << 20;
+constexpr std::size_t mostTextBytes = std::size_t{64} << 20;
 
 void complain(const std::string& text) { complainOf(inferProgram, text); }
 
@@ -41,7 +41,7 @@ std::vector<InferenceText> readTexts(const std::vector<std::string>& files) {
     constexpr std::size_t steps = 16;
     for (std::size_t step = 0; step < steps; ++step) {
         for (std::size_t i = step; i < files.size(); i += steps) {
-            if (bytes >= mostBytes) return texts;
+            if (bytes >= mostTextBytes) return texts;
             std::string complaint;
             std::optional<SourceText> source = readSourceText(files[i], complaint);
             if (!source) {

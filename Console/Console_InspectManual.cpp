@@ -5,18 +5,18 @@ namespace Console {
 
 namespace {
 
-constexpr std::string_view usages[] = {
+constexpr std::string_view inspectUsages[] = {
     "tokens [OPTION]... [FILE]", "tree [OPTION]... [FILE]", "wrap --scheme SCHEME [FILE]",
     "gaps [OPTION]... [FILE]",   "scheme [--scheme SCHEME] [FILE]",
 };
 
-constexpr std::string_view description =
+constexpr std::string_view inspectDescription =
     R"(Show what the stages of the formatter make of a C or C++ source text, or of a scheme.
 
 Without FILE, or where FILE is -, standard input is read; to the command scheme it stands for a file in the current
 directory.)";
 
-constexpr CommandRow commands[] = {
+constexpr CommandRow inspectCommands[] = {
     {"tokens",
      "one token a line: its number, its first and last position and its text, between tabs; the end of the text comes "
      "last"},
@@ -33,7 +33,7 @@ constexpr CommandRow commands[] = {
      "comes first"},
 };
 
-constexpr OptionRow options[] = {
+constexpr OptionRow inspectOptions[] = {
     {"", "--dialect", "NAME",
      "how the text is read: classic, the language of the late nineties; modern, that of today; auto, which is the "
      "default: classic for tokens, for tree the first that takes the text",
@@ -54,9 +54,9 @@ constexpr OptionRow options[] = {
     {"", "--version", "", "show the version and exit"},
 };
 
-constexpr OptionGroup groups[] = {{"Options", options}};
+constexpr OptionGroup inspectGroups[] = {{"Options", inspectOptions}};
 
-constexpr ManualSection sections[] = {
+constexpr ManualSection inspectSections[] = {
     {"",
      R"(Rules without a key are named too. indent: a line moves with the line that it belongs to; guard: tokens have to stay
 as they are; nothing, blank, line-feed, column, comment: what a rule puts there; comment-line: a later line of a comment
@@ -73,7 +73,8 @@ parser reports goes to standard error; the tree is shown even so.)"},
 }  // namespace
 
 constinit const ProgramManual inspectManual = {
-    "corvane-inspect", "show how a source text or a scheme is read", usages, description, commands, groups, sections,
+    "corvane-inspect", "show how a source text or a scheme is read", inspectUsages, inspectDescription, inspectCommands,
+    inspectGroups, inspectSections,
 };
 
 }  // namespace Console

@@ -5,12 +5,14 @@ namespace Console {
 
 void LineChoice::narrow(std::vector<std::string>& files) {
     if (!options_.git) return;
-    std::erase_if(files, [this](const std::string& file) {
-        BrevisUI::LineSet lines = changes_.linesOf(file);
-        const bool isUnchanged = lines.empty();
-        if (!isUnchanged) lines_.insert_or_assign(file, std::move(lines));
-        return isUnchanged;
-    });
+    std::vector<BrevisUI::LineSet> lines = changes_.linesOf(files);
+    std::vector<std::string> changed;
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        if (lines[index].empty()) continue;
+        lines_.insert_or_assign(files[index], std::move(lines[index]));
+        changed.push_back(std::move(files[index]));
+    }
+    files = std::move(changed);
 }
 
 const BrevisUI::LineSet* LineChoice::linesOf(const std::string& file) const {

@@ -64,7 +64,7 @@ void appendParagraphs(std::string& out, std::string_view text) {
 }
 
 // In single quotes of a POSIX shell.
-std::string quoted(std::string_view text) { return "'" + replaced(text, '\'', "'\\''") + "'"; }
+std::string inQuotes(std::string_view text) { return "'" + replaced(text, '\'', "'\\''") + "'"; }
 
 // In single quotes of fish, which knows escapes there.
 std::string fishQuoted(std::string_view text) {
@@ -91,7 +91,7 @@ std::string bashNames(const OptionRow& row) {
 std::string bashReply(const OptionRow& row) {
     switch (row.completion) {
         case Completion::Words:
-            return "mapfile -t COMPREPLY < <(compgen -W " + quoted(row.words) + " -- \"$cur\")";
+            return "mapfile -t COMPREPLY < <(compgen -W " + inQuotes(row.words) + " -- \"$cur\")";
         case Completion::Files:
             return "compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- \"$cur\")";
         case Completion::Schemes:
@@ -129,8 +129,8 @@ std::string zshArgument(const OptionRow& row) {
     const std::string sign = row.argument.empty() ? "" : row.isArgumentOptional ? "=-" : "=";
     std::string line;
     if (!row.letter.empty())
-        line += "    '*" + std::string(row.letter) + (row.argument.empty() ? "" : "+") + "'" + quoted(tail) + " \\\n";
-    if (!row.name.empty()) line += "    '*" + std::string(row.name) + sign + "'" + quoted(tail) + " \\\n";
+        line += "    '*" + std::string(row.letter) + (row.argument.empty() ? "" : "+") + "'" + inQuotes(tail) + " \\\n";
+    if (!row.name.empty()) line += "    '*" + std::string(row.name) + sign + "'" + inQuotes(tail) + " \\\n";
     return line;
 }
 

@@ -29,7 +29,7 @@ std::size_t terminalWidth() {
 }
 
 template <class... Numbers>
-std::string print(const char* pattern, Numbers... numbers) {
+std::string printed(const char* pattern, Numbers... numbers) {
     std::array<char, 80> text{};
     std::snprintf(text.data(), text.size(), pattern, numbers...);
     return text.data();
@@ -37,14 +37,14 @@ std::string print(const char* pattern, Numbers... numbers) {
 
 std::string speedText(double speed) {
     constexpr double kilo = 1e3, mega = 1e6;
-    return speed < mega ? print(", %.0f kB/s", speed / kilo) : print(", %.1f MB/s", speed / mega);
+    return speed < mega ? printed(", %.0f kB/s", speed / kilo) : printed(", %.1f MB/s", speed / mega);
 }
 
 std::string timeText(double seconds) {
     const auto whole = static_cast<long>(seconds + 0.5);
     constexpr long minute = 60, hour = 3600;
-    if (whole < hour) return print(", %ld:%02ld left", whole / minute, whole % minute);
-    return print(", %ld:%02ld:%02ld left", whole / hour, whole % hour / minute, whole % minute);
+    if (whole < hour) return printed(", %ld:%02ld left", whole / minute, whole % minute);
+    return printed(", %ld:%02ld:%02ld left", whole / hour, whole % hour / minute, whole % minute);
 }
 
 }  // namespace

@@ -7,25 +7,31 @@
 #include "BrevisUI_Files.h"
 #include "BrevisUI_UserPlaces.h"
 #include "Console_FormatRun.h"
+#include "Console_SignalWatch.h"
 #include "disk/BrevisUI_Restorer.h"
 #include "disk/BrevisUI_SiblingFile.h"
-#include "disk/BrevisUI_SignalPause.h"
 
 namespace Console {
 
 namespace {
 
-// Calls `work` with a restorer over the user's journals.
+// Calls `work` with a restorer over the user's journals. A signal stops it behind the file in work.
 template <class Work>
-int restore(StandardOutput& output, Work work) {
-    const BrevisUI::SignalPause pause;
+int restore(StandardOutput& output, std::string_view option, Work work) {
+    const SignalWatch watch(SignalWatch::Again::Nothing);
     BrevisUI::FileSystem system;
     const BrevisUI::RunStore store(system, BrevisUI::userCacheDirectory());
     const auto tell = [&](const std::string& text, BrevisUI::Restorer::News news) {
         if (news == BrevisUI::Restorer::News::Done) return output.write(text + "\n");
         writeErrorLine(text);
     };
-    return work(BrevisUI::Restorer(system, store, tell)) ? exitGood : exitTrouble;
+    BrevisUI::Restorer restorer(system, store, tell, [&] { return watch.signal() != 0; });
+    const bool good = work(restorer);
+    if (!restorer.hasLeft()) return good ? exitGood : exitTrouble;
+    output.flush();
+    writeErrorLine("Stopped by " + SignalWatch::nameOf(watch.signal()) + ". Another " + std::string(option) +
+                   " goes on with the files that are left.");
+    return SignalWatch::statusFor(watch.signal());
 }
 
 std::set<std::string> directoriesOf(const std::vector<std::string>& files) {
@@ -44,11 +50,12 @@ std::set<std::string> directoriesOf(const std::vector<std::string>& files) {
 }  // namespace
 
 int undoLastRun(StandardOutput& output) {
-    return restore(output, [](BrevisUI::Restorer restorer) { return restorer.undo(); });
+    return restore(output, "--undo", [](BrevisUI::Restorer& restorer) { return restorer.undo(); });
 }
 
 int recoverFiles(const std::vector<std::string>& files, StandardOutput& output) {
-    return restore(output, [&](BrevisUI::Restorer restorer) { return restorer.recover(directoriesOf(files)); });
+    return restore(output, "--recover",
+                   [&](BrevisUI::Restorer& restorer) { return restorer.recover(directoriesOf(files)); });
 }
 
 }  // namespace Console

@@ -35,7 +35,9 @@ void readScheme(const std::string& path, const std::string& text, LoadedScheme& 
     Trn::ParseMessageList messages;
     loaded.good = Brevis::readSchemeText(text, loaded.scheme, messages);
     for (const Trn::ParseMessage& message : messages) loaded.remarks.push_back(remarkOf(path, message));
-    if (loaded.good) remarkOnKeys(path, loaded);
+    if (!loaded.good) return;
+    remarkOnKeys(path, loaded);
+    loaded.properties = Brevis::FormatterProperties(loaded.scheme);
 }
 
 // The directory in which a search begins, the current one for an empty path. Links and dots are resolved, so that its

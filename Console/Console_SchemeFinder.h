@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "scheme/Brevis_FormatterProperties.h"
 #include "scheme/Brevis_PropertySet.h"
 #include "store/BrevisUI_SchemeRemarks.h"
 
@@ -15,6 +16,7 @@ using Remark = BrevisUI::SchemeRemark;
 // A scheme file and what there is to say about it. It is of no use if one of the remarks is an error.
 struct LoadedScheme {
     Brevis::PropertySet scheme;
+    Brevis::FormatterProperties properties{scheme};  // what a run needs of it
     bool good = false;
     std::vector<Remark> remarks;
 };

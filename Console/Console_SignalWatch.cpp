@@ -45,6 +45,11 @@ int SignalWatch::signal() const {
     return signal_;
 }
 
+std::string SignalWatch::nameOf(int signal) {
+    if (signal == SIGINT) return "SIGINT";
+    return signal == SIGTERM ? "SIGTERM" : "SIGHUP";
+}
+
 void SignalWatch::watch(sigset_t awaited) {
     while (!ends_) {
         int signal = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <string>
 #include <thread>
 
 #include "disk/BrevisUI_SignalPause.h"
@@ -25,6 +26,7 @@ public:
 
     // The exit status that tells of the signal.
     static int statusFor(int signal) { return 128 + signal; }
+    static std::string nameOf(int signal);
 
 private:
     void watch(sigset_t awaited);

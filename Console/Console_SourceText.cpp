@@ -1,6 +1,8 @@
 // The reading of the one text.
 #include "Console_SourceText.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -17,7 +19,9 @@ std::optional<SourceText> readSourceText(const std::string& file, std::string& c
     const bool isInput = isStandardInput(file);
     SourceText source;
     source.name = isInput ? "<stdin>" : file;
-    const bool isRead = isInput ? BrevisUI::readStream(stdin, source.text) : BrevisUI::readFile(file, source.text);
+    const bool isRead = isInput ?
+                        BrevisUI::readStream(STDIN_FILENO, source.text) :
+                        BrevisUI::readFile(file, source.text);
     if (!isRead) {
         complaint = "cannot read '" + source.name + "': " + std::strerror(errno);
         return std::nullopt;

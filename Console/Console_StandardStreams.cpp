@@ -23,6 +23,12 @@ void prepareStandardStreams() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+// Whole texts go out, so there is room for those of many small files at once. A terminal sees each line.
+StandardOutput::StandardOutput() {
+    constexpr std::size_t room = 1 << 16;
+    if (!isTerminal(STDOUT_FILENO)) std::setvbuf(stdout, nullptr, _IOFBF, room);
+}
+
 void StandardOutput::noteFailure() {
     if (error_ == 0) error_ = errno == 0 ? EIO : errno;
 }

@@ -13,6 +13,7 @@ void prepareStandardStreams();
 // Standard output. It remembers the first failure, so that it can be told at the end.
 class StandardOutput {
 public:
+    StandardOutput();
     void write(std::string_view text);
     // False once a write has failed.
     bool good() const { return error_ == 0; }

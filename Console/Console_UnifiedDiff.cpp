@@ -19,7 +19,7 @@ constexpr std::string_view bold = "\x1b[1m";
 constexpr std::string_view red = "\x1b[31m";
 constexpr std::string_view green = "\x1b[32m";
 constexpr std::string_view cyan = "\x1b[36m";
-constexpr std::string_view plain = "\x1b[m";
+constexpr std::string_view plainAgain = "\x1b[m";
 
 struct Line {
     std::string_view text;  // with its line feed, which only the last line may lack
@@ -116,7 +116,7 @@ void Writer::writeLine(std::string_view colour, std::string_view mark, std::stri
     const bool paint = coloured_ && !colour.empty();
     if (paint) text_.append(colour);
     text_.append(mark).append(line.substr(0, line.size() - (ended ? 1 : 0)));
-    if (paint) text_.append(plain);
+    if (paint) text_.append(plainAgain);
     text_.append(ended ? "\n" : "\n\\ No newline at end of file\n");
 }
 

@@ -77,6 +77,12 @@ struct Group {
     }
 };
 
+// Words, literals and operators: only the last one in front of a directive counts.
+constexpr bool isQuiet(TokenKind kind) { return kind > Kind::CloseBracket; }
+static_assert(!isQuiet(Kind::Directive) && !isQuiet(Kind::Semicolon) && !isQuiet(Kind::OpenParen) &&
+              !isQuiet(Kind::CloseParen) && !isQuiet(Kind::OpenBrace) && !isQuiet(Kind::CloseBrace) &&
+              !isQuiet(Kind::OpenBracket));
+
 int stepOf(TokenKind kind) {
     switch (kind) {
         case Kind::OpenParen:
@@ -104,11 +110,15 @@ public:
     BranchChoice(const Trn::TokenBuffer& buffer, Preference preference) : buffer_(buffer), preference_(preference) {
         for (TokenIndex token = 1; token < buffer_.size(); ++token) {
             const TokenKind kind = buffer_.kind(token);
+            if (isQuiet(kind)) continue;
             if (kind == Kind::Directive) {
+                noteLastKind(token);
                 onDirective(token);
                 branch_ = groups_.empty() ? &whole_ : &groups_.back().branches.back();
-            } else if (!Trn::isComment(kind)) {
-                onToken(kind);
+            } else if (kind == Kind::Semicolon) {
+                ++branch_->semicolons;
+            } else if (const int step = stepOf(kind); step != 0) {
+                branch_->balance.step(step);
             }
         }
     }
@@ -130,10 +140,11 @@ public:
 private:
     Branch& branch() { return groups_.empty() ? whole_ : groups_.back().branches.back(); }
 
-    void onToken(TokenKind kind) {
-        if (const int step = stepOf(kind); step != 0) branch_->balance.step(step);
-        branch_->lastKind = kind;
-        if (kind == Kind::Semicolon) ++branch_->semicolons;
+    // Of the tokens between this directive and the one in front.
+    void noteLastKind(TokenIndex directive) {
+        TokenIndex last = directive - 1;
+        while (last > 0 && Trn::isComment(buffer_.kind(last))) --last;
+        if (last > 0 && buffer_.kind(last) != Kind::Directive) branch_->lastKind = buffer_.kind(last);
     }
 
     void onDirective(TokenIndex token) {

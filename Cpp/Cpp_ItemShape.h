@@ -34,6 +34,7 @@ struct ItemShape {
     TokenIndex open = 0;         // the `(` of a function's parameters
     TokenIndex colon = 0;        // in front of member initializers or base clauses
     TokenIndex body = 0;         // the `{`
+    TokenIndex tryWord = 0;      // of a function whose body is a `try` block, which has no `{` of its own
     TokenIndex initializer = 0;  // the `=`, `{`, `(` or `:` of data
 };
 

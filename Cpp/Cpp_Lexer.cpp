@@ -112,20 +112,20 @@ namespace {
 
 // What a token may be that begins with a character: one of the sorts below, or the kind of an operator that no
 // character extends.
-namespace Sort {
+namespace LeadSort {
 
 constexpr std::int8_t none = -1, word = -2, number = -3, slash = -4, colon = -5, tilde = -6, quote = -7,
                       apostrophe = -8, hash = -9, longOperator = -10;
 
-}  // namespace Sort
+}  // namespace LeadSort
 
 constexpr std::array<std::int8_t, 256> makeSorts() {
     std::array<std::int8_t, 256> sorts{};
     for (unsigned c = 0; c < sorts.size(); ++c) {
         const char character = static_cast<char>(c);
-        sorts[c] = isAny(character, CharClass::alpha | CharClass::underscore) ? Sort::word
-                   : isAny(character, CharClass::digit)                       ? Sort::number
-                                                                              : Sort::none;
+        sorts[c] = isAny(character, CharClass::alpha | CharClass::underscore) ? LeadSort::word
+                   : isAny(character, CharClass::digit)                       ? LeadSort::number
+                                                                              : LeadSort::none;
     }
     constexpr std::pair<char, TokenKind> singles[] = {
         {'(', Kind::OpenParen},  {')', Kind::CloseParen},  {'{', Kind::OpenBrace},
@@ -134,10 +134,12 @@ constexpr std::array<std::int8_t, 256> makeSorts() {
     };
     for (const auto& [c, kind] : singles) sorts[static_cast<unsigned char>(c)] = static_cast<std::int8_t>(kind);
     for (const char c : {'!', '%', '&', '*', '+', '-', '.', '<', '=', '>', '^', '|'}) {
-        sorts[static_cast<unsigned char>(c)] = Sort::longOperator;
+        sorts[static_cast<unsigned char>(c)] = LeadSort::longOperator;
     }
-    constexpr std::pair<char, std::int8_t> others[] = {{'/', Sort::slash}, {':', Sort::colon},       {'~', Sort::tilde},
-                                                       {'"', Sort::quote}, {'\'', Sort::apostrophe}, {'#', Sort::hash}};
+    constexpr std::pair<char, std::int8_t> others[] = {{'/', LeadSort::slash}, {':', LeadSort::colon},
+                                                       {'~', LeadSort::tilde},
+                                                       {'"', LeadSort::quote}, {'\'', LeadSort::apostrophe},
+                                                       {'#', LeadSort::hash}};
     for (const auto& [c, sort] : others) sorts[static_cast<unsigned char>(c)] = sort;
     return sorts;
 }
@@ -151,23 +153,23 @@ inline TokenKind Lexer::recognize(std::size_t begin) {
     if (sort >= 0) return single(sort);
     if (dialect_ == Dialect::modern) return modernToken(begin);
     switch (sort) {
-        case Sort::word:
+        case LeadSort::word:
             return word(begin);
-        case Sort::number:
+        case LeadSort::number:
             return number();
-        case Sort::longOperator:
+        case LeadSort::longOperator:
             return longOperator();
-        case Sort::slash:
+        case LeadSort::slash:
             return slash();
-        case Sort::colon:
+        case LeadSort::colon:
             return colon(begin);
-        case Sort::tilde:
+        case LeadSort::tilde:
             return tilde(begin);
-        case Sort::quote:
+        case LeadSort::quote:
             return stringLiteral();
-        case Sort::apostrophe:
+        case LeadSort::apostrophe:
             return charLiteral(begin);
-        case Sort::hash:
+        case LeadSort::hash:
             return directive(begin);
         default:
             return single(nothing);

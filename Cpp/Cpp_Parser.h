@@ -265,6 +265,8 @@ private:
     struct Expression;
 
     Ptr<BlockNode> parseBlock(Stream& stream);
+    void parseClassicBlock(Stream& stream, BlockNode& block);
+    void parseModernBlock(Stream& stream, BlockNode& block);
     void parseUnbraced(Stream& stream, BlockNode& block);
     void parseSingleStatement(Stream& stream, TokenKind kind, BlockNode& block);
     Step parseBlockItem(Stream& stream, BlockNode& block);
@@ -292,6 +294,14 @@ private:
     Ptr<Node> make(Args&&... args) {
         return storage_->make<Node>(kept(args)...);
     }
+    // The same, at the end of a body.
+    template <class Node>
+    Node& addNew(InteriorNode& body) {
+        auto node = make<Node>();
+        Node& made = *node;
+        body.addChild(std::move(node));
+        return made;
+    }
     std::string_view kept(std::string_view text) { return storage_->keep(text); }
     std::string_view kept(JoinedText& text) { return storage_->keep(text); }
     template <class Value>
@@ -308,7 +318,9 @@ private:
     Step parseModernItem(Stream& stream, InteriorNode& body, Frame frame);
     bool parseFrameItem(Stream& stream, InteriorNode& body, Frame frame);
     bool parseModernStatement(Stream& stream, InteriorNode& body);
-    void parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame);
+    void passEmptyItem(Stream& stream, Frame frame);
+    void addBlock(Stream& stream, InteriorNode& body, Frame frame);
+    void addControlStatement(Stream& stream, InteriorNode& body, Frame frame);
     void addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame);
 
     void passUsing(Stream& stream, InteriorNode& body);
@@ -323,13 +335,18 @@ private:
     Ptr<CaseNode> parseModernCase(Stream& stream);
     Ptr<LabelNode> parseModernLabel(Stream& stream);
     void parseModernAsm(Stream& stream, InteriorNode& body);
+    void passInitializers(Stream& stream, CtrlSubStmtHeadNode& head);
     bool parseModernCondition(Stream& stream, CtrlSubStmtHeadNode& head);
 
     void addClass(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    ClassDeclNode& addClassHead(InteriorNode& body, const ItemShape& shape);
     void addEnum(Stream& stream, InteriorNode& body, const ItemShape& shape);
     void addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, At brace);
     void addFunction(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    FunctionDeclNode& addFunctionHead(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    void addFunctionEnd(Stream& stream, InteriorNode& body, const ItemShape& shape);
     void addData(Stream& stream, InteriorNode& body, const ItemShape& shape);
+    void addDataNode(InteriorNode& body, const ItemShape& shape);
     Ptr<BaseClauseListNode> modernBases(At first, At end);
     Ptr<ParameterListNode> modernParameters(At open, At close);
     Ptr<InitializerListNode> modernInitializers(Stream& stream, At first, At end);

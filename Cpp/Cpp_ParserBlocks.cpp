@@ -27,25 +27,41 @@ bool followsType(TokenKind kind) {
 std::unique_ptr<BlockNode> Parser::parseBlock(Stream& stream) {
     const Trn::NestingGuard guard(depth_);
     auto block = make<BlockNode>();
+    if (isModern_)
+        parseModernBlock(stream, *block);
+    else
+        parseClassicBlock(stream, *block);
+    return block;
+}
+
+void Parser::parseClassicBlock(Stream& stream, BlockNode& block) {
     const Token token = getSignificant(stream);
     if (token.kind() == Kind::Semicolon) {
-        block->setFirstPosition(token.first());
-        block->setLastPosition(token.last());
+        block.setFirstPosition(token.first());
+        block.setLastPosition(token.last());
     } else if (token.kind() == Kind::OpenBrace) {
-        block->setFirstPosition(token.first());
-        if (isModern_)
-            parseModernItems(stream, *block, Frame::Block);
-        else
-            repeat(stream, [&] { return parseBlockItem(stream, *block); });
+        block.setFirstPosition(token.first());
+        repeat(stream, [&] { return parseBlockItem(stream, block); });
     } else {
-        if (isModern_) {
-            stream.seek(token.index());
-            if (token.kind() != Kind::CloseBrace) parseUnbraced(stream, *block);
-        } else {
-            parseSingleStatement(stream, token.kind(), *block);
-        }
+        parseSingleStatement(stream, token.kind(), block);
     }
-    return block;
+}
+
+void Parser::parseModernBlock(Stream& stream, BlockNode& block) {
+    dropTrivia(stream);
+    const At first = stream.index();
+    const TokenKind kind = buffer_->kind(first);
+    if (kind == Kind::Semicolon || kind == Kind::OpenBrace) {
+        stream.seek(first + 1);
+        block.setFirstPosition(buffer_->first(first));
+    }
+    if (kind == Kind::Semicolon) {
+        block.setLastPosition(buffer_->last(first));
+    } else if (kind == Kind::OpenBrace) {
+        parseModernItems(stream, block, Frame::Block);
+    } else if (kind != Kind::CloseBrace) {
+        parseUnbraced(stream, block);
+    }
 }
 
 // For the outline the labels of a `switch` without braces have their statement in it.

@@ -82,9 +82,20 @@ std::unique_ptr<CtrlSubStmtHeadNode> Parser::parseSubStatementHead(Stream& strea
     }
     auto head = make<CtrlSubStmtHeadNode>();
     head->keyword = make<KeywordNode>(keyword.kind(), keyword.first(), keyword.last());
+    if (isModern_ && keyword.kind() == Kind::Try) passInitializers(stream, *head);
     const bool hasCondition = keyword.kind() != Kind::Else && keyword.kind() != Kind::Do && keyword.kind() != Kind::Try;
     if (hasCondition && !parseCondition(stream, *head)) return nullptr;
     return head;
+}
+
+// Between a `try` that is the body of a constructor and its `{`.
+void Parser::passInitializers(Stream& stream, CtrlSubStmtHeadNode& head) {
+    const At colon = shapes_->next(stream.index() - 1);
+    if (shapes_->kind(colon) != Kind::Colon) return;
+    const At brace = shapes_->initializersEnd(colon);
+    if (brace == 0) return;
+    head.setLastPosition(buffer_->last(shapes_->previous(brace)));
+    stream.seek(brace);
 }
 
 // The condition has positions and no text. Without a bracket there is none; false for a bracket that isn't closed.

@@ -48,39 +48,51 @@ bool Parser::parseModernItems(Stream& stream, InteriorNode& body, Frame frame) {
     return repeat(stream, [&] { return parseModernItem(stream, body, frame); }) != Step::Fail;
 }
 
+// This and what it calls stand on the stack once a level of nesting, so the nodes are made in routines of their own,
+// whose frames are gone by then.
 Parser::Step Parser::parseModernItem(Stream& stream, InteriorNode& body, Frame frame) {
     attachTrivia(stream, body);
-    const Token token = stream.peek();
-    switch (token.kind()) {
+    const At first = stream.index();
+    const TokenKind kind = buffer_->kind(first);
+    switch (kind) {
         case Kind::EndOfInput:
             return Step::Stop;
         case Kind::CloseBrace:
             stream.get();
-            body.setLastPosition(token.last());
+            body.setLastPosition(buffer_->last(first));
             return Step::Stop;
-        case Kind::Semicolon: {
-            const Recorded item(*this, stream, OutlineItem::Sort::Empty, frame);
-            stream.get();
+        case Kind::Semicolon:
+            passEmptyItem(stream, frame);
             return Step::GoOn;
-        }
-        case Kind::OpenBrace: {
-            const Recorded item(*this, stream, OutlineItem::Sort::Block, frame);
-            body.addChild(parseBlock(stream));
+        case Kind::OpenBrace:
+            addBlock(stream, body, frame);
             return Step::GoOn;
-        }
         default:
             break;
     }
     if (parseFrameItem(stream, body, frame)) return Step::GoOn;
-    if (isControlKeyword(token.kind()) && token.kind() != Kind::Else && token.kind() != Kind::Catch) {
-        const Recorded item(*this, stream, OutlineItem::Sort::Control, frame);
-        body.addChild(parseControlStatement(stream));
-    } else if (frame != Frame::Block) {
-        parseModernDeclaration(stream, body, frame);
-    } else if (!parseModernStatement(stream, body)) {
-        addShape(stream, body, shapes_->statement(token.index()), frame);
+    if (isControlKeyword(kind) && kind != Kind::Else && kind != Kind::Catch) {
+        addControlStatement(stream, body, frame);
+    } else if (frame != Frame::Block || !parseModernStatement(stream, body)) {
+        const bool isStatement = frame == Frame::Block;
+        addShape(stream, body, isStatement ? shapes_->statement(first) : shapes_->declaration(first, frame), frame);
     }
     return Step::GoOn;
+}
+
+void Parser::passEmptyItem(Stream& stream, Frame frame) {
+    const Recorded item(*this, stream, OutlineItem::Sort::Empty, frame);
+    stream.get();
+}
+
+void Parser::addBlock(Stream& stream, InteriorNode& body, Frame frame) {
+    const Recorded item(*this, stream, OutlineItem::Sort::Block, frame);
+    body.addChild(parseBlock(stream));
+}
+
+void Parser::addControlStatement(Stream& stream, InteriorNode& body, Frame frame) {
+    const Recorded item(*this, stream, OutlineItem::Sort::Control, frame);
+    body.addChild(parseControlStatement(stream));
 }
 
 // The items that a word of their own begins. False for any other.
@@ -137,10 +149,6 @@ bool Parser::parseModernStatement(Stream& stream, InteriorNode& body) {
         return true;
     }
     return false;
-}
-
-void Parser::parseModernDeclaration(Stream& stream, InteriorNode& body, Frame frame) {
-    addShape(stream, body, shapes_->declaration(stream.index(), frame), frame);
 }
 
 void Parser::addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame) {
@@ -229,11 +237,9 @@ std::string_view Parser::sourceText(At first, At last) const {
 }
 
 void Parser::addExpression(Stream& stream, InteriorNode& body, At first, At last) {
-    if (auto held = heldBodies(stream, first, last)) {
-        body.addChild(std::move(held));
-    } else {
-        body.addChild(makeLeaf<ExprNode>(first, last));
-    }
+    std::unique_ptr<SyntaxNode> node = heldBodies(stream, first, last);
+    if (!node) node = makeLeaf<ExprNode>(first, last);
+    body.addChild(std::move(node));
     stream.seek(last + 1);
 }
 
@@ -366,7 +372,7 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
             const At open = shapes_->next(at);
             if (shapes_->kind(open) != Kind::Less) {
                 const At last = shapes_->statementEnd(first);
-                if (roles_) roles_->declarators(first, last);
+                if (roles_) roles_->instantiation(first, last);
                 const Recorded item(*this, stream, OutlineItem::Sort::Statement);
                 addExpression(stream, body, first, last);
                 return true;

@@ -31,8 +31,15 @@ void Parser::forEachPart(At first, At end, F f) {
 
 void Parser::addClass(Stream& stream, InteriorNode& body, const ItemShape& shape) {
     const Trn::NestingGuard guard(depth_);
-    auto declaration = make<ClassDeclNode>();
-    declaration->head = make<ClassHeadNode>();
+    ClassDeclNode& declaration = addClassHead(body, shape);
+    stream.seek(shape.body + 1);
+    parseModernItems(stream, *declaration.body, Frame::Class);
+    addTail(stream, body, declaration, shape.last);
+}
+
+ClassDeclNode& Parser::addClassHead(InteriorNode& body, const ItemShape& shape) {
+    ClassDeclNode& declaration = addNew<ClassDeclNode>(body);
+    declaration.head = make<ClassHeadNode>();
     const At behindName = shape.colon != 0 ? shape.colon : shape.body;
     const At nameLast = shapes_->previous(behindName);
     int classKey = 0;
@@ -40,16 +47,12 @@ void Parser::addClass(Stream& stream, InteriorNode& body, const ItemShape& shape
         if (shapes_->kind(at) == Kind::Struct) classKey = 1;
         if (shapes_->kind(at) == Kind::Union) classKey = 2;
     }
-    declaration->head->name = make<ClassNameNode>(classKey, sourceText(shape.first, nameLast),
-                                                  buffer_->first(shape.first), buffer_->last(nameLast));
-    if (shape.colon != 0) declaration->head->bases = modernBases(shape.colon + 1, shape.body);
-    declaration->body = make<ClassBodyNode>();
-    declaration->body->setFirstPosition(buffer_->first(shape.body));
-    stream.seek(shape.body + 1);
-    parseModernItems(stream, *declaration->body, Frame::Class);
-    DeclNode& node = *declaration;
-    body.addChild(std::move(declaration));
-    addTail(stream, body, node, shape.last);
+    declaration.head->name = make<ClassNameNode>(classKey, sourceText(shape.first, nameLast),
+                                                 buffer_->first(shape.first), buffer_->last(nameLast));
+    if (shape.colon != 0) declaration.head->bases = modernBases(shape.colon + 1, shape.body);
+    declaration.body = make<ClassBodyNode>();
+    declaration.body->setFirstPosition(buffer_->first(shape.body));
+    return declaration;
 }
 
 std::unique_ptr<BaseClauseListNode> Parser::modernBases(At first, At end) {
@@ -118,7 +121,8 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
     }
     const bool isDeclarator = shapes_->kind(first) == Kind::Identifier || shapes_->kind(first) == Kind::OpenParen ||
                               isDeclaratorSign(shapes_->kind(first)) || shapes_->startsAttribute(first) ||
-                              isCvQualifier(shapes_->kind(first)) || shapes_->kind(first) == Kind::OpenBracket;
+                              isCvQualifier(shapes_->kind(first)) || shapes_->kind(first) == Kind::OpenBracket ||
+                              (roles_ && shapes_->kind(first) == Kind::Static && !shapes_->startsLine(first));
     const At last = shapes_->statementEnd(first);
     if (!isDeclarator || shapes_->kind(last) != Kind::Semicolon) return;
     if (shapes_->startsLine(first) && shapes_->next(first) < last &&
@@ -150,49 +154,42 @@ void Parser::addTail(Stream& stream, InteriorNode& body, DeclNode& declaration, 
 
 void Parser::addFunction(Stream& stream, InteriorNode& body, const ItemShape& shape) {
     const At headEnd = shape.colon != 0 ? shape.colon : shapes_->partner(shape.open);
-    if (shapes_->holdsBody(shape.first, headEnd)) {
-        body.addChild(heldBodies(stream, shape.first, shape.last));
-        stream.seek(shape.last + 1);
-        return;
-    }
+    if (shapes_->holdsBody(shape.first, headEnd)) return addVerbatim(stream, body, shape.first, shape.last);
+    FunctionDeclNode& declaration = addFunctionHead(stream, body, shape);
+    if (shape.body == 0) return addFunctionEnd(stream, body, shape);
+    stream.seek(shape.body);
+    // Behind old-style parameters the body is a block of its own, whose brace isn't put behind the last of them.
+    const bool isApart = shape.colon == 0 && shapes_->kind(shapes_->previous(shape.body)) == Kind::Semicolon;
+    auto block = parseBlock(stream);
+    if (isApart)
+        body.addChild(std::move(block));
+    else
+        declaration.body = std::move(block);
+}
+
+// With the member initializers, if there are any.
+FunctionDeclNode& Parser::addFunctionHead(Stream& stream, InteriorNode& body, const ItemShape& shape) {
     auto head = modernHead(shape);
-    if (shape.colon != 0) {
-        auto declaration = make<CtorDeclNode>();
-        declaration->head = std::move(head);
-        declaration->initializers = modernInitializers(stream, shape.colon + 1, shape.body);
-        stream.seek(shape.body);
-        declaration->body = parseBlock(stream);
-        body.addChild(std::move(declaration));
-        return;
+    if (shape.colon == 0 || shape.tryWord != 0) {
+        auto& declaration = addNew<FunctionDeclNode>(body);
+        declaration.head = std::move(head);
+        return declaration;
     }
-    auto declaration = make<FunctionDeclNode>();
-    declaration->head = std::move(head);
-    At end = shape.last;
-    if (shape.body != 0) {
-        stream.seek(shape.body);
-        // Behind old-style parameters the body is a block of its own, whose brace isn't put behind the last of them.
-        if (shapes_->kind(shapes_->previous(shape.body)) == Kind::Semicolon) {
-            body.addChild(std::move(declaration));
-            return body.addChild(parseBlock(stream));
-        }
-        declaration->body = parseBlock(stream);
-        body.addChild(std::move(declaration));
-        return;
+    auto& declaration = addNew<CtorDeclNode>(body);
+    declaration.head = std::move(head);
+    declaration.initializers = modernInitializers(stream, shape.colon + 1, shape.body);
+    return declaration;
+}
+
+// A body that is a `try` block follows as a statement of its own.
+void Parser::addFunctionEnd(Stream& stream, InteriorNode& body, const ItemShape& shape) {
+    if (shape.tryWord != 0 && (shape.colon == 0 || roles_)) {
+        stream.seek(shape.tryWord);
+        return addControlStatement(stream, body, Frame::File);
     }
-    body.addChild(std::move(declaration));
-    // A body that is a `try` block follows as a statement of its own.
-    At tryBlock = shapes_->next(shapes_->partner(shape.open));
-    while (tryBlock < shape.last && shapes_->kind(tryBlock) != Kind::Try) tryBlock = shapes_->behind(tryBlock);
-    if (tryBlock < shape.last && shapes_->kind(shapes_->next(tryBlock)) == Kind::OpenBrace) {
-        stream.seek(tryBlock);
-        const Recorded item(*this, stream, OutlineItem::Sort::Control);
-        body.addChild(parseControlStatement(stream));
-    } else if (tryBlock < shape.last) {
-        if (auto held = heldBodies(stream, tryBlock, shape.last)) body.addChild(std::move(held));
-        stream.seek(end + 1);
-    } else {
-        stream.seek(end + 1);
-    }
+    // The first edition copies one with member initializers as it stands.
+    if (shape.tryWord != 0) body.addChild(heldBodies(stream, shape.tryWord, shape.last));
+    stream.seek(shape.last + 1);
 }
 
 std::unique_ptr<FunctionHeadNode> Parser::modernHead(const ItemShape& shape) {
@@ -248,26 +245,27 @@ std::unique_ptr<InitializerListNode> Parser::modernInitializers(Stream& stream, 
 // A braced value behind `=` is laid out as such, unless it holds bodies; any other brace leaves the declaration as it
 // stands.
 void Parser::addData(Stream& stream, InteriorNode& body, const ItemShape& shape) {
-    const At valueLast = shapes_->previous(shape.last);
     const bool isPlainBrace = shape.initializer != 0 && shapes_->kind(shape.initializer) == Kind::Assign &&
                               shapes_->kind(shapes_->next(shape.initializer)) == Kind::OpenBrace &&
                               !shapes_->holdsBrace(shape.first, shape.initializer) &&
                               !shapes_->holdsNoCode(shape.first, shape.last);
-    if (auto held = heldBodies(stream, shape.first, shape.last)) {
-        if (held->childCount() > 0 || !isPlainBrace) {
-            body.addChild(std::move(held));
-            stream.seek(shape.last + 1);
-            return;
-        }
+    auto held = heldBodies(stream, shape.first, shape.last);
+    if (held && (held->childCount() > 0 || !isPlainBrace)) {
+        body.addChild(std::move(held));
+    } else if (makesLeaves_) {
+        addDataNode(body, shape);
     }
-    if (!makesLeaves_) return stream.seek(shape.last + 1);
-    auto data = make<DataDeclNode>();
-    data->type = makeLeaf<TypeNode>(shape.first, shapes_->previous(shape.nameFirst));
-    data->name = makeLeaf<IdNode>(shape.nameFirst, shape.nameLast);
-    if (shape.initializer != 0) data->initializer = makeLeaf<ExprNode>(shape.initializer, valueLast);
-    data->setLastPosition(buffer_->first(shape.last));
-    body.addChild(std::move(data));
     stream.seek(shape.last + 1);
+}
+
+void Parser::addDataNode(InteriorNode& body, const ItemShape& shape) {
+    auto& data = addNew<DataDeclNode>(body);
+    data.type = makeLeaf<TypeNode>(shape.first, shapes_->previous(shape.nameFirst));
+    data.name = makeLeaf<IdNode>(shape.nameFirst, shape.nameLast);
+    if (shape.initializer != 0) {
+        data.initializer = makeLeaf<ExprNode>(shape.initializer, shapes_->previous(shape.last));
+    }
+    data.setLastPosition(buffer_->first(shape.last));
 }
 
 }  // namespace Cpp

@@ -96,6 +96,9 @@ enum class Role : std::uint8_t {
     LinkageBody,
 };
 
+constexpr bool isBody(Role role) { return role >= Role::Body && role <= Role::LinkageBody; }
+constexpr bool isPointerSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
+
 // As `corvane-inspect` and the tests write it.
 std::string_view nameOf(Role role);
 

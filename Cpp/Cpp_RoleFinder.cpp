@@ -50,13 +50,15 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
             break;
         }
         case Sort::Function: {
-            const TokenIndex end = shape.colon != 0 ? shape.colon : shape.body != 0 ? shape.body : shape.last + 1;
+            const TokenIndex body = shape.body != 0 ? shape.body : shape.tryWord;
+            const TokenIndex end = shape.colon != 0 ? shape.colon : body != 0 ? body : shape.last + 1;
             run(shape.first, end - 1, declaration(Role::DeclaratorComma));
             if (shape.colon != 0) {
                 set(shape.colon, Role::MemberInitializerColon);
                 Scope initializers = values(Role::MemberInitializerComma);
                 initializers.bracket = Role::MemberInitializer;
-                run(shape.colon + 1, shape.body - 1, initializers);
+                const TokenIndex brace = shape.body != 0 ? shape.body : shapes_->initializersEnd(shape.colon);
+                run(shape.colon + 1, brace - 1, initializers);
             }
             if (shape.body != 0) {
                 set(shape.body, Role::FunctionBody);
@@ -77,12 +79,25 @@ void RoleFinder::item(const ItemShape& shape, Frame frame) {
             macroRow(shape.first, shape.last);
             break;
         case Sort::Head:
+            head(shape.first, shape.last);
+            break;
         case Sort::Loop:
         case Sort::Unread:
             run(shape.first, shape.last, values(Role::CommaOperator));
             break;
     }
     shape_ = {};
+}
+
+// A second bracket behind that of a macro has parameters: `FIXTURE(Name, test)(State& state) {`.
+void RoleFinder::head(TokenIndex first, TokenIndex last) {
+    const TokenIndex open = kind(last) == Kind::CloseParen ? partner(last) : last;
+    const bool isSecond = open > first &&
+                          kind(shapes_->previous(open)) == Kind::CloseParen &&
+                          next(next(open)) < last &&
+                          types_.holdsParameters(open) != TypeShapes::Guess::No;
+    run(first, isSecond ? open - 1 : last, values(Role::CommaOperator));
+    if (isSecond) run(open, last, declaration(Role::DeclaratorComma));
 }
 
 // Behind the call of a macro that begins a row stands a part of a declaration.
@@ -98,6 +113,13 @@ void RoleFinder::macroRow(TokenIndex first, TokenIndex last) {
 
 void RoleFinder::declarators(TokenIndex first, TokenIndex last) {
     run(first, last, declaration(Role::DeclaratorComma));
+}
+
+// `template T* f<int>(T* t);`
+void RoleFinder::instantiation(TokenIndex first, TokenIndex last) {
+    shape_ = shapes_->declaration(next(first), Frame::Class);
+    declarators(first, last);
+    shape_ = {};
 }
 
 void RoleFinder::templateHead(TokenIndex first, TokenIndex last) { run(first, last, declaration(Role::TemplateComma)); }
@@ -148,9 +170,10 @@ std::vector<Role> RoleFinder::take() {
         } else if (kind(at) == Kind::Semicolon) {
             set(at, Role::StatementEnd);
         } else if (kind(at) < Kind::Class && kind(at) >= Kind::Semicolon) {
-            TokenIndex last = at;
+            TokenIndex first = at, last = at;
+            while (first > 1 && isOpen(first - 1)) --first;
             while (isOpen(last + 1)) ++last;
-            run(at, last, values(Role::CommaOperator));
+            run(first, last, values(Role::CommaOperator));
             at = last;
         }
     }

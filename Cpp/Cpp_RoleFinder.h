@@ -20,6 +20,7 @@ public:
     // The declarators behind the `}` of a class or enum, through their `;`.
     void declarators(TokenIndex first, TokenIndex last);
     // `template <...>`, with clauses behind it.
+    void instantiation(TokenIndex first, TokenIndex last);
     void templateHead(TokenIndex first, TokenIndex last);
     void usingItem(TokenIndex first, TokenIndex last);
     // The head of a namespace or a linkage block, and the `{` behind it.
@@ -59,6 +60,7 @@ private:
         int questions = 0;        // that wait for their colon
     };
 
+    void head(TokenIndex first, TokenIndex last);
     void macroRow(TokenIndex first, TokenIndex last);
     void run(TokenIndex first, TokenIndex last, Scope scope);
     // Gives the last token that it has read.
@@ -96,6 +98,7 @@ private:
     // ---- Values (Cpp_RoleFinderValues.cpp)
 
     TokenIndex readValue(TokenIndex at);
+    bool endsName(TokenIndex at) const;
     void readValueWord(TokenIndex at);
     void readValueParen(TokenIndex at);
     void readOperandParen(TokenIndex at);

@@ -87,7 +87,7 @@ TokenIndex RoleFinder::readValue(TokenIndex at) {
         case Kind::Arrow:
             if (here == Kind::Dot && !scope.hasOperand && scope.bracket == Role::BracedInitializer) {
                 set(at, Role::Designator);
-            } else if (here == Kind::Arrow && previous_ == 0) {
+            } else if (here == Kind::Arrow && previous_ == 0 && !endsName(shapes_->previous(at))) {
                 set(at, Role::TrailingReturn);
                 scope.declares = true;
             } else {
@@ -143,6 +143,8 @@ TokenIndex RoleFinder::readValue(TokenIndex at) {
     beginOperand();
     return at;
 }
+
+bool RoleFinder::endsName(TokenIndex at) const { return kind(at) == Kind::Identifier && !isWord(at, "noexcept"); }
 
 void RoleFinder::readValueWord(TokenIndex at) {
     Scope& scope = top();

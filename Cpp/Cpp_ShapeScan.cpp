@@ -27,7 +27,7 @@ constexpr bool endsOperand(TokenKind kind) {
 }
 
 // Words that are operators in front of an expression.
-constexpr std::string_view operatorWords[] = {"co_return", "co_await", "co_yield", "requires"};
+constexpr std::string_view modernOperators[] = {"co_return", "co_await", "co_yield", "requires"};
 
 }  // namespace
 
@@ -67,7 +67,38 @@ TokenIndex ShapeScan::statementEnd(TokenIndex first) const {
         if (here == Kind::Semicolon) return at;
         if (isCloser(here)) return at == first ? first : last;
         last = isOpening(at) ? partner(at) : at;
-        if (isCall && at == next(first) && startsLine(next(last)) && startsItem(next(last))) return last;
+        if (isCall && at == next(first) && startsLine(next(last)) &&
+            (startsItem(next(last)) || startsSignedItem(first, next(last)))) {
+            return last;
+        }
+    }
+}
+
+// Whether the sign behind a call, at the start of a line no deeper than that of the call, begins a statement: `++x`, or
+// `*x = 1`, since a product is no place for a value.
+bool ShapeScan::startsSignedItem(TokenIndex call, TokenIndex sign) const {
+    const bool isStep = kind(sign) == Kind::PlusPlus || kind(sign) == Kind::MinusMinus;
+    if (!isForRoles() || (!isStep && kind(sign) != Kind::Star)) return false;
+    if (!startsLine(call) || lineColumn(sign) > lineColumn(call)) return false;
+    TokenIndex at = sign;
+    while (kind(at) == Kind::Star || kind(at) == Kind::PlusPlus || kind(at) == Kind::MinusMinus) at = next(at);
+    if (kind(at) != Kind::Identifier && kind(at) != Kind::This && kind(at) != Kind::OpenParen) return false;
+    if (isStep) return true;
+    for (at = behind(at);; at = behind(at)) {
+        switch (kind(at)) {
+            case Kind::Dot:
+            case Kind::Arrow:
+            case Kind::Identifier:
+            case Kind::OpenBracket:
+            case Kind::OpenParen:
+            case Kind::PlusPlus:
+            case Kind::MinusMinus:
+                continue;
+            case Kind::Assign:
+                return true;
+            default:
+                return kind(at) >= Kind::StarAssign && kind(at) <= Kind::PipeAssign;
+        }
     }
 }
 
@@ -85,7 +116,7 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     shape.sort = ItemShape::Sort::Statement;
     if (macros_ != nullptr && isNamedMacro(first, Frame::Block, shape)) return shape;
     const TokenIndex second = next(first);
-    const bool isName = kind(first) == Kind::Identifier && !isOneOf(operatorWords, text(first));
+    const bool isName = kind(first) == Kind::Identifier && !isOneOf(modernOperators, text(first));
     if (isName && kind(second) == Kind::Identifier && startsLine(second) && isMacroCase(text(first))) {
         shape.sort = ItemShape::Sort::Macro;
         shape.last = first;
@@ -95,9 +126,10 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     // A macro in front of a block, with or without a bracket.
     if (isName && kind(second) == Kind::OpenBrace) {
         const TokenIndex inner = next(second);
-        const bool isValue = kind(next(partner(second))) == Kind::Semicolon && !brackets_->holdsSemicolon(second) &&
-                             kind(inner) != Kind::If;
-        if (!isValue) {
+        const TokenKind after = kind(next(partner(second)));
+        const bool isValue = after == Kind::Semicolon && !brackets_->holdsSemicolon(second) && kind(inner) != Kind::If;
+        const bool isTemporary = isForRoles() && (after == Kind::Dot || after == Kind::Arrow);
+        if (!isValue && !isTemporary) {
             shape.sort = ItemShape::Sort::Head;
             shape.last = first;
             return shape;
@@ -174,7 +206,7 @@ bool ShapeScan::startsData(TokenIndex first) const {
         // `int(x)` is a value and `int (*p)` none.
         return kind(next(at)) != Kind::OpenParen || startsDeclarator(next(at));
     }
-    if (begin != Kind::Identifier || isOneOf(operatorWords, text(at))) return false;
+    if (begin != Kind::Identifier || isOneOf(modernOperators, text(at))) return false;
 
     // The name of a type, with template arguments and parts behind these.
     for (;;) {
@@ -192,6 +224,8 @@ bool ShapeScan::startsData(TokenIndex first) const {
     if (kind(at) == Kind::Const || kind(at) == Kind::Volatile) return true;
     if (kind(at) == Kind::Identifier) return !text(at).starts_with("::") && !startsAttribute(at);
     if (isTypeKeyword(kind(at))) return true;
+    if (isForRoles() && isDeclarationKeyword(kind(at))) return !startsLine(at);  // behind a macro
+    if (isForRoles() && startsPointerOfMacro(at)) return true;
     if (!isDeclaratorSign(kind(at)) || kind(at) == Kind::Caret) {
         // A structured binding has `auto`, a pointer to a function a bracket with a sign.
         return kind(at) == Kind::OpenParen && startsDeclarator(at) && kind(next(partner(at))) == Kind::OpenParen &&
@@ -200,10 +234,17 @@ bool ShapeScan::startsData(TokenIndex first) const {
     }
     const bool isLogic = kind(at) == Kind::AmpAmp;
     while (isDeclaratorSign(kind(at)) || kind(at) == Kind::Const || kind(at) == Kind::Volatile ||
-           isWord(at, "restrict") || isWord(at, "__restrict")) {
+           isWord(at, "restrict") || isWord(at, "__restrict") || isQualifierMacro(at)) {
         at = next(at);
     }
     if (kind(at) == Kind::OpenBracket) return isLogic;
+    // `T *(*name)[2];`
+    if (isForRoles() && kind(at) == Kind::OpenParen && !isLogic && startsDeclarator(at)) {
+        const TokenIndex more = next(partner(at));
+        const bool isMore = kind(more) == Kind::OpenBracket || kind(more) == Kind::OpenParen;
+        const TokenKind end = isMore ? kind(next(partner(more))) : TokenKind{Kind::EndOfInput};
+        return end == Kind::Semicolon || end == Kind::Assign;
+    }
     if (kind(at) != Kind::Identifier) return false;
     switch (kind(next(at))) {
         case Kind::Assign:
@@ -220,6 +261,24 @@ bool ShapeScan::startsData(TokenIndex first) const {
         default:
             return false;
     }
+}
+
+// Whether a word between a sign and a name stands for `restrict` or the like: `T* MY_RESTRICT name`.
+bool ShapeScan::isQualifierMacro(TokenIndex word) const {
+    return isForRoles() && kind(word) == Kind::Identifier && kind(next(word)) == Kind::Identifier &&
+           isMacroCase(text(word));
+}
+
+// Whether a macro with its bracket is the type of a pointer, as in `TYPE(x) *name;`. No statement multiplies for nothing.
+bool ShapeScan::startsPointerOfMacro(TokenIndex open) const {
+    if (kind(open) != Kind::OpenParen) return false;
+    TokenIndex at = next(partner(open));
+    if (kind(at) != Kind::Star && kind(at) != Kind::Amp) return false;
+    while (kind(at) == Kind::Star || kind(at) == Kind::Amp || kind(at) == Kind::Const || isQualifierMacro(at)) {
+        at = next(at);
+    }
+    if (kind(at) != Kind::Identifier) return false;
+    return kind(next(at)) == Kind::Assign || kind(next(at)) == Kind::Semicolon;
 }
 
 // ---- Labels
@@ -296,7 +355,7 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
                 const TokenKind before = kind(previous(open));
                 const bool isSign = before == Kind::Amp || before == Kind::AmpAmp;
                 if (isSign && kind(previous(previous(open))) == Kind::Auto) return false;  // a structured binding
-                return !endsOperand(before) || isOneOf(operatorWords, text(previous(open)));
+                return !endsOperand(before) || isOneOf(modernOperators, text(previous(open)));
             }
             case Kind::CloseParen:
             case Kind::Greater:

@@ -31,6 +31,8 @@ public:
     // Whether an access label, or a word that stands as one, begins here.
     bool startsAccessLabel(TokenIndex first) const;
     bool startsGotoLabel(TokenIndex first) const;
+    // The `{` behind the member initializers that begin behind `colon`, or 0.
+    TokenIndex initializersEnd(TokenIndex colon) const;
     // The last token of the requires clause that begins here.
     TokenIndex requiresClauseEnd(TokenIndex first) const;
     // Whether the `{` opens a body: that of a lambda, or one that holds statements.
@@ -72,6 +74,7 @@ public:
         return kind(token) == Trn::Kind::OpenBracket &&
                kind(buffer_->clamped(token + std::size_t{1})) == Trn::Kind::OpenBracket;
     }
+    bool isQualifierMacro(TokenIndex word) const;
     // Behind attributes, in all their spellings.
     TokenIndex passAttributes(TokenIndex token) const;
 
@@ -92,6 +95,7 @@ private:
     bool namesFunction(TokenIndex key, TokenIndex close) const;
     bool isAnnotation(const Declaration& scan) const;
     bool scanFunctionTail(Declaration& scan, TokenIndex tail) const;
+    bool scanTryBlock(ItemShape& shape, TokenIndex tryWord) const;
     TokenIndex passTailWord(Declaration& scan, TokenIndex at) const;
     bool isMacroType(const Declaration& scan, TokenIndex behindMacro) const;
     Step endAsData(Declaration& scan, TokenIndex initializer) const;
@@ -99,15 +103,17 @@ private:
     Step endUnterminated(Declaration& scan) const;
 
     TokenIndex operatorParen(TokenIndex keyword) const;
-    TokenIndex initializersEnd(TokenIndex colon) const;
     TokenIndex oldStyleBody(TokenIndex first) const;
     TokenIndex passReturnType(TokenIndex arrow) const;
     TokenIndex passRequires(TokenIndex keyword) const;
     bool isLambdaBody(TokenIndex brace) const;
     bool startsItem(TokenIndex token) const;
+    bool startsSignedItem(TokenIndex call, TokenIndex sign) const;
     bool startsLoop(TokenIndex call) const;
     int lineColumn(TokenIndex token) const;
     bool startsDeclarator(TokenIndex paren) const;
+    bool startsPointerOfMacro(TokenIndex open) const;
+    bool startsClass(const Declaration& scan) const;
     bool isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const;
     TokenIndex macroRowEnd(TokenIndex first, Frame frame) const;
     bool isNamedMacro(TokenIndex first, Frame frame, ItemShape& shape) const;

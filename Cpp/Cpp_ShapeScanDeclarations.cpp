@@ -247,7 +247,7 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                     return false;
                 }
                 if (colon == 0 && kind(next(at)) == Kind::OpenBrace &&
-                    (scan.at != scan.shape.first || namesFunction(scan.at, at))) {
+                    (!startsClass(scan) || namesFunction(scan.at, at))) {
                     return false;
                 }
                 break;
@@ -267,6 +267,12 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                 return false;
         }
     }
+}
+
+// Whether nothing stands in front of the class key that may be part of a function's.
+bool ShapeScan::startsClass(const Declaration& scan) const {
+    const TokenIndex first = scan.shape.first;
+    return scan.at == first || (isForRoles() && kind(first) == Kind::Typedef && next(first) == scan.at);
 }
 
 // `struct S f(int a) {`

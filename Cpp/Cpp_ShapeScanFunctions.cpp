@@ -111,7 +111,7 @@ ShapeScan::Step ShapeScan::scanDeclaratorParen(Declaration& scan) const {
             scan.shape.nameLast = scan.nameLast;
             return Step::Done;
         }
-        scan.shape.open = scan.shape.colon = scan.shape.body = 0;
+        scan.shape.open = scan.shape.colon = scan.shape.body = scan.shape.tryWord = 0;
         scan.advance(partner(tail), behind(tail));
         return Step::GoOn;
     }
@@ -148,16 +148,7 @@ bool ShapeScan::scanFunctionTail(Declaration& scan, TokenIndex tail) const {
                 shape.last = partner(shape.body);
                 return true;
             case Kind::Try:
-                shape.body = 0;
-                at = next(at);
-                if (kind(at) == Kind::Colon) at = initializersEnd(at);
-                if (at == 0 || kind(at) != Kind::OpenBrace) return false;
-                for (shape.last = partner(at); kind(next(shape.last)) == Kind::Catch;) {
-                    const TokenIndex block = behind(next(next(shape.last)));
-                    if (kind(block) != Kind::OpenBrace) return false;
-                    shape.last = partner(block);
-                }
-                return true;
+                return scanTryBlock(shape, at);
             case Kind::Assign: {
                 const TokenIndex value = next(at);
                 if (kind(value) != Kind::Default && kind(value) != Kind::Delete && kind(value) != Kind::Number)
@@ -200,6 +191,23 @@ bool ShapeScan::scanFunctionTail(Declaration& scan, TokenIndex tail) const {
         return true;
     }
     return false;
+}
+
+// From the `try` in the place of a body through the last `catch`.
+bool ShapeScan::scanTryBlock(ItemShape& shape, TokenIndex tryWord) const {
+    const TokenIndex first = next(tryWord);
+    const bool hasInitializers = kind(first) == Kind::Colon;
+    const TokenIndex brace = hasInitializers ? initializersEnd(first) : first;
+    if (brace == 0 || kind(brace) != Kind::OpenBrace) return false;
+    for (shape.last = partner(brace); kind(next(shape.last)) == Kind::Catch;) {
+        const TokenIndex block = behind(next(next(shape.last)));
+        if (kind(block) != Kind::OpenBrace) return false;
+        shape.last = partner(block);
+    }
+    shape.body = 0;
+    shape.tryWord = tryWord;
+    if (hasInitializers) shape.colon = first;
+    return true;
 }
 
 // Behind a word that may follow the parameters, with its bracket: one of the language or a macro. 0 for a word that
@@ -271,7 +279,6 @@ TokenIndex ShapeScan::passReturnType(TokenIndex arrow) const {
     }
 }
 
-// The `{` behind member initializers, or 0.
 TokenIndex ShapeScan::initializersEnd(TokenIndex colon) const {
     for (TokenIndex at = next(colon);;) {
         if (kind(at) != Kind::Identifier && kind(at) != Kind::Typename && kind(at) != Kind::Template) return 0;

@@ -93,12 +93,18 @@ bool TypeShapes::isTemplateBracket(TokenIndex less, bool isInDeclaration) const 
         case Kind::Star:
         case Kind::Amp:
             return true;
-        case Kind::Plus:
-        case Kind::Minus:
-            return false;
+        case Kind::Identifier:
+            // `MACRO(A<B> name, ...)`; with a comma in the bracket, `f(a < b, c > d)` looks the same.
+            return !holdsComma(less, greater);
         default:
             return false;
     }
+}
+
+bool TypeShapes::holdsComma(TokenIndex open, TokenIndex close) const {
+    TokenIndex at = next(open);
+    while (at < close && kind(at) != Kind::Comma) at = shapes_->behind(at);
+    return at < close;
 }
 
 // Whether the `>>` that ends the bracket closes another `<` inside or outside of it.
@@ -125,6 +131,7 @@ TypeShapes::Evidence TypeShapes::evidenceOfArguments(TokenIndex less, TokenIndex
             case Kind::Dot:
             case Kind::Arrow:
             case Kind::Semicolon:
+            case Kind::Colon:
             case Kind::Return:
                 return Evidence::None;
             case Kind::Const:
@@ -358,6 +365,8 @@ bool TypeShapes::endsType(TokenIndex sign) const {
             case Kind::CloseBrace:
             case Kind::Assign:
                 return true;
+            case Kind::OpenBracket:
+                return next(at) == partner(at) && kind(next(next(at))) == Kind::Greater;
             default:
                 return false;
         }
@@ -396,18 +405,29 @@ Guess TypeShapes::isParameter(TokenIndex& at) const {
     if (kind(at) == Kind::OpenParen && isDeclaratorGroup(at)) return Guess::Unknown;
     if (!isDeclaratorSign(kind(at))) return Guess::No;
     if (endsType(at)) return Guess::Yes;
+    const bool isPointer = kind(at) == Kind::Star;
     while (isDeclaratorSign(kind(at))) at = next(at);
     if (kind(at) == Kind::Ellipsis) return Guess::Yes;
+    // The name of a parameter in C.
+    if (kind(at) == Kind::This && isPointer) return Guess::Yes;
     // `T *(*name)(int)`
     if (kind(at) == Kind::OpenParen && kind(next(partner(at))) == Kind::OpenParen && isDeclaratorGroup(at)) {
         return Guess::Unknown;
     }
     if (kind(at) != Kind::Identifier) return Guess::No;
     // `T *restrict name`
-    if (isTypeWord(buffer_->text(at))) return Guess::Yes;
+    if (isTypeWord(buffer_->text(at)) || shapes_->isQualifierMacro(at) || isQualifiedSign(at)) return Guess::Yes;
     at = next(at);
     if (kind(at) == Kind::Assign || kind(at) == Kind::OpenBracket) return Guess::Yes;
     return kind(at) == Kind::Comma || kind(at) == Kind::CloseParen ? Guess::Unknown : Guess::No;
+}
+
+// `T* MY_RESTRICT* MY_RESTRICT name`, from the first macro on
+bool TypeShapes::isQualifiedSign(TokenIndex macro) const {
+    if (!isMacroCase(buffer_->text(macro)) || !isDeclaratorSign(kind(next(macro)))) return false;
+    TokenIndex at = next(macro);
+    while (isDeclaratorSign(kind(at))) at = next(at);
+    return shapes_->isQualifierMacro(at);
 }
 
 Guess TypeShapes::holdsParameters(TokenIndex open) const {

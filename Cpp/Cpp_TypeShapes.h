@@ -40,6 +40,8 @@ private:
     Evidence evidenceOfType(TokenIndex first, TokenIndex end) const;
     Evidence evidenceOfArguments(TokenIndex less, TokenIndex greater) const;
     bool closesTwo(TokenIndex less, TokenIndex shift) const;
+    bool holdsComma(TokenIndex open, TokenIndex close) const;
+    bool isQualifiedSign(TokenIndex macro) const;
     Guess isParameter(TokenIndex& at) const;
     TokenIndex passName(TokenIndex at) const;
     bool isKnownType(TokenIndex first);

@@ -13,7 +13,7 @@ namespace {
 
 // For each state the characters that can change it, and those that are looked back at. A stretch without them is passed
 // over in one step.
-constexpr std::array<CharSet, 6> stops = {
+constexpr std::array<CharSet, 6> stateStops = {
     CharSet("/*\"'#\\\n"),  // Normal
     CharSet("\n"),          // LineComment
     CharSet("*/\n"),        // BlockComment
@@ -26,8 +26,9 @@ constexpr std::array<CharSet, 6> stops = {
 
 void LiteralTracker::feed(std::string_view text) {
     while (true) {
-        const std::size_t length = state_ == State::LineComment ? std::min(text.find('\n'), text.size())
-                                                                : stops[static_cast<std::size_t>(state_)].findIn(text);
+        const CharSet& stops = stateStops[static_cast<std::size_t>(state_)];
+        const bool isByLine = state_ == State::LineComment;
+        const std::size_t length = isByLine ? std::min(text.find('\n'), text.size()) : stops.findIn(text);
         pass(text.substr(0, length));
         if (length == text.size()) return;
         feed(text[length]);

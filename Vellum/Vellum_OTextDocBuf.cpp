@@ -15,7 +15,7 @@ namespace {
 
 // The characters at which a run ends, by convert mode. With conversion nothing has to stay as it is on a line without
 // quotes and backslashes.
-constexpr std::array<CharSet, 3> stops = {
+constexpr std::array<CharSet, 3> modeStops = {
     CharSet("\n\t"),
     CharSet("\n\t\"'\\"),
     CharSet("\n\t \"'\\"),
@@ -90,7 +90,7 @@ std::size_t OTextDocBuf::putLine(std::string_view text) {
         if (followsClosely_ && tracker_.followsBackslash()) {
             putFollowed(text[at]);
         } else {
-            const std::size_t end = stops[static_cast<std::size_t>(convertMode_)].findIn(text, at);
+            const std::size_t end = modeStops[static_cast<std::size_t>(convertMode_)].findIn(text, at);
             if (end > at) putRun(text.substr(at, end - at));
             if (end == text.size()) return end;
             at = end;

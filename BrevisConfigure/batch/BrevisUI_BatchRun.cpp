@@ -101,7 +101,7 @@ int countTree(BatchHost& host, BatchSweep& sweep, const std::string& directory) 
 void BatchRun::formatFiles() {
     if (!mayStart()) return;
     const BusyFlag busy(busy_);
-    const Brevis::PropertySet scheme = *host_.scheme();
+    const Brevis::FormatterProperties properties(*host_.scheme());
     const std::vector<std::string> extensions = host_.extensions();
     const ExtensionList target(extensions);
     const std::vector<std::string> paths =
@@ -115,7 +115,7 @@ void BatchRun::formatFiles() {
     const auto end = std::ranges::find_if_not(paths, [&](const std::string& path) {
         if (!isAccepted(path)) return false;
         status.begin();
-        formatFile(host_, path, scheme, nullptr, &writer.writer());
+        formatFile(host_, path, properties, nullptr, &writer.writer());
         return true;
     });
     writer.finish();

@@ -15,7 +15,7 @@ namespace BrevisUI {
 
 class BatchSweep {
 public:
-    // The host and the scheme must outlive the object.
+    // The host must outlive the object.
     BatchSweep(BatchHost& host, const Brevis::PropertySet& scheme)
         : host_(host), scheme_(scheme), extensions_(host.extensions()), dialog_(host.createProgress()), writer_(host) {}
 
@@ -42,7 +42,7 @@ private:
     void formatNumbered(const std::string& path);
 
     BatchHost& host_;
-    const Brevis::PropertySet& scheme_;
+    const Brevis::FormatterProperties scheme_;
     const ExtensionList extensions_;
     const std::unique_ptr<BatchProgressDlg> dialog_;
     BatchWriter writer_;

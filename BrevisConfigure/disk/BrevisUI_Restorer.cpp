@@ -50,6 +50,11 @@ bool Restorer::fail(const std::string& text) {
     return false;
 }
 
+bool Restorer::leavesRest() {
+    hasLeft_ = hasLeft_ || isStopped_();
+    return hasLeft_;
+}
+
 std::error_code Restorer::read(const std::string& path, std::string& text) {
     OpenFile file(system_, path, O_RDONLY);
     return file.openError() ? file.openError() : file.read(text);
@@ -77,6 +82,7 @@ bool Restorer::undoRun(RunJournal& journal) {
     Entry entry;
     for (std::size_t index = journal.count(); index-- > 0;) {
         if (!isUndoable(journal.state(index))) continue;
+        if (leavesRest()) break;
         if (const std::error_code error = journal.readEntry(index, entry)) {
             good = fail("A part of the journal cannot be read: " + error.message() + ".");
             continue;
@@ -151,11 +157,13 @@ bool Restorer::recover(std::set<std::string> directories) {
     for (const std::string& run : store_.runs()) good = recoverRun(run, directories) && good;
     for (const std::string& directory : given) {
         for (const std::string& run : findSavedTexts(directory)) {
+            if (leavesRest()) return good;
             good = recoverSavedTexts(run) && good;
             if (!holdsFoundText(run)) removeSettledRun(system_, run);
         }
     }
     for (const std::string& directory : directories) {
+        if (leavesRest()) return good;
         for (const std::string& path : removeStaleSiblings(system_, directory)) {
             tell_("The temporary file \"" + path + "\" has been removed.", News::Done);
         }
@@ -185,6 +193,7 @@ bool Restorer::recoverEntries(RunJournal& journal, const Change& change) {
     Entry entry;
     for (std::size_t index = 0; index < journal.count(); ++index) {
         if (!RunJournal::isOpen(journal.state(index))) continue;
+        if (leavesRest()) break;
         if (const std::error_code error = journal.readEntry(index, entry)) {
             good = fail("A part of the journal cannot be read: " + error.message() + ".");
             continue;

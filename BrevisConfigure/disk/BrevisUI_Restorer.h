@@ -16,17 +16,21 @@ public:
     // Shows one line to the user: what has been done, or what failed.
     enum class News { Done, Failed };
     using Tell = std::function<void(const std::string& text, News news)>;
+    // Asked in front of each file: whether it and the rest are to be left for the next time.
+    using IsStopped = std::function<bool()>;
 
-    Restorer(FileSystem& system, const RunStore& store, Tell tell)
-        : system_(system), store_(store), tell_(std::move(tell)) {}
+    Restorer(FileSystem& system, const RunStore& store, Tell tell, IsStopped isStopped)
+        : system_(system), store_(store), tell_(std::move(tell)), isStopped_(std::move(isStopped)) {}
 
-    // Takes back the last run that has changed a file and has not been taken back. False if a file could not be brought
-    // back or there is no such run.
+    // Takes back the last run that has changed a file and has not been taken back, or what is left of it. False if a
+    // file could not be brought back or there is no such run.
     bool undo();
 
     // Looks after what interrupted runs have left in the store and in these directories. False if that failed for a
     // file.
     bool recover(std::set<std::string> directories);
+    // Whether anything has been left because it was stopped.
+    bool hasLeft() const { return hasLeft_; }
 
 private:
     using Entry = RunJournal::Entry;
@@ -59,10 +63,13 @@ private:
 
     std::error_code read(const std::string& path, std::string& text);
     bool fail(const std::string& text);
+    bool leavesRest();
 
     FileSystem& system_;
     const RunStore& store_;
     const Tell tell_;
+    const IsStopped isStopped_;
+    bool hasLeft_ = false;
 };
 
 }  // namespace BrevisUI

@@ -55,7 +55,7 @@ bool readFingerprint(LineReader& reader, Fingerprint& fingerprint) {
     return reader.readNumber(fingerprint.size) && reader.readNumber(fingerprint.hash);
 }
 
-bool readFile(LineReader& reader, RunJournal::Entry& entry) {
+bool readEntryLine(LineReader& reader, RunJournal::Entry& entry) {
     std::size_t length = 0;
     std::string_view path;
     const bool whole = reader.readNumber(entry.place) && readFingerprint(reader, entry.old) &&
@@ -172,7 +172,7 @@ bool RunJournal::scanLine(std::string_view line, off_t begin, std::size_t& lengt
     std::size_t number = places_.size();
     const auto* const state = std::find(std::begin(stateWords), std::end(stateWords), word);
     if (word == fileWord) {
-        if (!readFile(reader, entry)) return false;
+        if (!readEntryLine(reader, entry)) return false;
         places_.push_back({begin, State::Begun});
     } else {
         if (state == std::end(stateWords) || !reader.readNumber(number) || number >= places_.size()) return false;
@@ -188,7 +188,7 @@ std::error_code RunJournal::readEntry(std::size_t entry, Entry& found) {
     LineReader reader(line);
     std::string_view word;
     found.state = state(entry);
-    const bool isWhole = reader.readWord(word) && readFile(reader, found);
+    const bool isWhole = reader.readWord(word) && readEntryLine(reader, found);
     return isWhole ? std::error_code() : std::make_error_code(std::errc::io_error);
 }
 

@@ -1,7 +1,7 @@
 // Three radio buttons and their two keys, and the names of macros, which are fields like those of other pages.
 #include "editor/BrevisUI_PreprocessorPage.h"
 
-#include <ranges>
+#include <span>
 #include <vector>
 
 #include "editor/BrevisUI_FieldStorage.h"
@@ -30,7 +30,7 @@ PreprocessorPage::PreprocessorPage(StylesSheet& sheet)
 std::string_view PreprocessorPage::fieldKey(std::string_view key) const { return key == leaveKey ? alignKey : key; }
 
 void PreprocessorPage::load() {
-    for (PageField& field : fields_ | std::views::drop(1)) loadField(field);
+    for (PageField& field : std::span(fields_).subspan(1)) loadField(field);
     loadButtons();
 }
 
@@ -47,7 +47,7 @@ void PreprocessorPage::loadButtons() {
 
 void PreprocessorPage::store() {
     storeButtons();
-    for (PageField& field : fields_ | std::views::drop(1)) storeField(field);
+    for (PageField& field : std::span(fields_).subspan(1)) storeField(field);
 }
 
 void PreprocessorPage::storeButtons() {

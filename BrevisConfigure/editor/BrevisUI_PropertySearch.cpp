@@ -12,10 +12,10 @@ namespace {
 
 using Brevis::PropertyInfo;
 
-constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::string lowered(std::string text) {
-    std::ranges::transform(text, text.begin(), lower);
+    std::ranges::transform(text, text.begin(), asciiLower);
     return text;
 }
 

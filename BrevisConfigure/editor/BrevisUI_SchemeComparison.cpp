@@ -17,12 +17,12 @@ using Brevis::PropertyInfo;
 using Brevis::PropertySet;
 using Brevis::PropertyType;
 
-std::string quoted(std::string_view value) { return '"' + showWhiteSpace(value) + '"'; }
+std::string shownValue(std::string_view value) { return '"' + showWhiteSpace(value) + '"'; }
 
 // An indent of both blanks and tabs has no number that would tell it.
 std::string indentText(const std::string& value) {
     const IndentEntry entry = showIndent(value);
-    if (readIndent(entry) != value) return quoted(value);
+    if (readIndent(entry) != value) return shownValue(value);
     return std::to_string(entry.number) + ' ' + std::string(indentUnitLabels[static_cast<std::size_t>(entry.unit)]);
 }
 
@@ -46,7 +46,7 @@ std::optional<std::string> valueText(const PropertySet& scheme, std::string_view
         if (property && property->type == PropertyType::Indent) {
             add(indentText(text));
         } else {
-            add(property && property->type == PropertyType::Names ? text : quoted(text));
+            add(property && property->type == PropertyType::Names ? text : shownValue(text));
         }
     }
     if (scheme.getInt(key, number)) add(numberText(property, number));

@@ -19,9 +19,7 @@ namespace BrevisUI {
 
 namespace {
 
-using Answer = StylesDlgHost::Answer;
-
-std::string linesOf(const Trn::ParseMessageList& messages) {
+std::string textOf(const Trn::ParseMessageList& messages) {
     std::string text;
     for (const Trn::ParseMessage& message : messages) {
         text += "\nLine " + std::to_string(message.position.line) + ": " + message.text;
@@ -136,8 +134,8 @@ void StylesDlgModel::deleteCurrent() {
 
 bool StylesDlgModel::saveChanges() {
     if (isCurrentBuiltIn()) {
-        const Answer answer = host_.askYesNoCancel(EditorMessage::askSaveBuiltIn);
-        if (answer != Answer::Yes) return answer == Answer::No;
+        const StylesDlgHost::Answer answer = host_.askYesNoCancel(EditorMessage::askSaveBuiltIn);
+        if (answer != StylesDlgHost::Answer::Yes) return answer == StylesDlgHost::Answer::No;
         // Without a name the changes would be lost, which is not what the user has chosen.
         if (!saveAs()) return false;
     }
@@ -162,7 +160,7 @@ bool StylesDlgModel::importScheme(const std::string& path) {
     Trn::ParseMessageList messages;
     const bool isRead = readFile(path, text) && Brevis::readSchemeText(text, scheme, messages);
     if (!isRead) {
-        host_.showWarning(fillIn(EditorMessage::notImported, path) + linesOf(messages));
+        host_.showWarning(fillIn(EditorMessage::notImported, path) + textOf(messages));
         return false;
     }
     if (isOldScheme(scheme)) convertOldScheme(scheme);
@@ -175,7 +173,7 @@ bool StylesDlgModel::importScheme(const std::string& path) {
     }
     insertAs(std::move(scheme), name);
     makeCurrent(name);
-    if (!messages.empty()) host_.showWarning(fillIn(EditorMessage::importedInPart, path) + linesOf(messages));
+    if (!messages.empty()) host_.showWarning(fillIn(EditorMessage::importedInPart, path) + textOf(messages));
     return true;
 }
 

@@ -28,9 +28,9 @@ void add(std::vector<TextRange>& ranges, TextRange range) {
 
 // The lines of a text, each with the number of characters in front of it that aren't white space. In two forms of one
 // text that number tells which lines can be the same one.
-class LineReader {
+class PlacedLines {
 public:
-    explicit LineReader(std::string_view text) : rest_(text) { next(); }
+    explicit PlacedLines(std::string_view text) : rest_(text) { next(); }
 
     bool isAtEnd() const { return isAtEnd_; }
     std::string_view line() const { return line_; }
@@ -53,7 +53,7 @@ private:
 };
 
 // Whether `after`, brought to the place of the line that `before` stands on, has the same line there.
-bool standsIn(const LineReader& before, LineReader& after) {
+bool standsIn(const PlacedLines& before, PlacedLines& after) {
     const auto isBehind = [&] {
         return after.place() < before.place() ||
                (after.place() == before.place() && after.isBlank() && !before.isBlank());
@@ -85,8 +85,8 @@ std::vector<TextRange> movedRanges(std::string_view before, std::string_view aft
 
 std::size_t countChangedLines(std::string_view before, std::string_view after) {
     std::size_t count = 0;
-    LineReader now(after);
-    for (LineReader old(before); !old.isAtEnd(); old.next()) count += standsIn(old, now) ? 0 : 1;
+    PlacedLines now(after);
+    for (PlacedLines old(before); !old.isAtEnd(); old.next()) count += standsIn(old, now) ? 0 : 1;
     return count;
 }
 

@@ -1,6 +1,8 @@
 // Byte order marks and lines.
 #include "files/BrevisUI_TextLines.h"
 
+#include "BrevisUI_Encoding.h"
+
 #include <algorithm>
 #include <cstdint>
 
@@ -8,7 +10,7 @@ namespace BrevisUI {
 
 namespace {
 
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF", littleEndianMark = "\xFF\xFE", bigEndianMark = "\xFE\xFF";
+constexpr std::string_view littleEndianMark = "\xFF\xFE", bigEndianMark = "\xFE\xFF";
 constexpr std::uint32_t replacement = 0xFFFD;
 
 void appendUtf8(std::string& text, std::uint32_t c) {
@@ -71,10 +73,9 @@ std::string decodeUtf16(std::string_view bytes, bool bigEndian) {
 }  // namespace
 
 std::string decodeText(std::string_view bytes) {
-    if (bytes.starts_with(utf8Mark)) return std::string(bytes.substr(utf8Mark.size()));
     if (bytes.starts_with(littleEndianMark)) return decodeUtf16(bytes.substr(2), false);
     if (bytes.starts_with(bigEndianMark)) return decodeUtf16(bytes.substr(2), true);
-    return std::string(bytes);
+    return std::string(bytes.substr(byteOrderMarkOf(bytes).size()));
 }
 
 std::vector<std::string_view> linesOf(std::string_view text) {

@@ -1,9 +1,10 @@
 // The walk, on a system with permission bits and hidden names.
 #include "files/BrevisUI_TreeWalk.h"
 
-#include <vector>
+#include <unistd.h>
 
-#include "BrevisUI_Files.h"
+#include <cerrno>
+#include <vector>
 
 namespace BrevisUI {
 
@@ -17,6 +18,13 @@ std::vector<fs::path> list(const std::string& directory, std::error_code& error)
         names.push_back(at->path().filename());
     }
     return names;
+}
+
+bool mayWrite(const std::string& path, bool onlyReads) {
+    constexpr fs::perms writeBits = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code error;
+    if ((fs::status(path, error).permissions() & writeBits) == fs::perms::none || error) return false;
+    return onlyReads || access(path.c_str(), W_OK) == 0 || errno == EROFS;
 }
 
 bool isHidden(const std::string& path) { return path[path.rfind('/') + 1] == '.'; }
@@ -43,7 +51,7 @@ void TreeWalk::walk(const std::string& directory, const FileAction& action) cons
 
 bool TreeWalk::isLeftOut(const std::string& path, fs::file_type type) const {
     if (type != fs::file_type::regular && type != fs::file_type::directory) return true;
-    if (isHidden(path) || !fileIsWritable(path)) return true;
+    if (isHidden(path) || !mayWrite(path, hooks_.onlyReads)) return true;
     return hooks_.leaveOut && hooks_.leaveOut(path, type == fs::file_type::directory);
 }
 

@@ -13,7 +13,7 @@ namespace BrevisUI {
 
 // Depth first, in the order of the system's listings, a subdirectory at the place where it is listed. Entries that are
 // write-protected, hidden, symbolic links, or neither plain files nor directories stay out, so that no walk can go
-// round in a circle. The directory that the walk begins with may be anything that can be listed.
+// round in a circle. A file is not write-protected because all of its file system is. The directory that the walk begins with may be anything that can be listed.
 class TreeWalk {
 public:
     struct Hooks {
@@ -23,6 +23,8 @@ public:
         std::function<bool()> isCancelled;
         // A directory that couldn't be listed, or not to its end. What was listed is walked all the same.
         std::function<void(const std::string& directory, const std::error_code& error)> onFailure;
+        // No file will be written. Only what nobody may write counts as write-protected then.
+        bool onlyReads = false;
     };
     using FileAction = std::function<void(const std::string& path)>;
 

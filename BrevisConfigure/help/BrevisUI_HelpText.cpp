@@ -50,7 +50,7 @@ std::string fieldText(std::string_view value) {
     return text;
 }
 
-std::string indentText(std::string_view value) {
+std::string sizeText(std::string_view value) {
     const bool isTabs = value.find('\t') != std::string_view::npos;
     std::string text = std::to_string(value.size()) + (isTabs ? " tab" : " space");
     return value.size() == 1 ? text : text.append("s");
@@ -78,7 +78,7 @@ std::string valueText(const PropertyInfo& row, const Brevis::PropertySet& scheme
             return row.type == PropertyType::Choice ? choiceText(row, number) : std::to_string(number);
         case PropertyType::Indent:
             scheme.getString(row.key, text);
-            return indentText(text);
+            return sizeText(text);
         case PropertyType::Names:
             scheme.getString(row.key, text);
             return "<code>" + toHtml(text) + "</code>";

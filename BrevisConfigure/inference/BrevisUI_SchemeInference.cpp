@@ -96,7 +96,7 @@ PropertySet without(PropertySet scheme, std::string_view key) {
     return scheme;
 }
 
-std::string quoted(std::string_view value) { return '"' + Brevis::escapeText(value) + '"'; }
+std::string escapedText(std::string_view value) { return '"' + Brevis::escapeText(value) + '"'; }
 
 }  // namespace
 
@@ -271,7 +271,7 @@ void SchemeInference::noteVotes(std::size_t row, const ValueVotes& votes) {
         key.places = votes.places();
         key.agreeing = winner != nullptr ? winner->count : 0;
         if (winner == nullptr) return;
-        key.value = quoted(winner->value);
+        key.value = escapedText(winner->value);
         scheme_.setString(property.key, winner->value);
     } else if (votes.places() > 0) {
         key.places = votes.places();
@@ -447,8 +447,8 @@ TextMeasure measureGaps(const Brevis::FormatterProperties& properties, const Inf
         if (!cause.file.empty()) continue;
         cause.file = text.name;
         cause.line = change.place.line;
-        cause.before = quoted(source.substr(change.begin, change.end - change.begin));
-        cause.after = quoted(change.text);
+        cause.before = escapedText(source.substr(change.begin, change.end - change.begin));
+        cause.after = escapedText(change.text);
     }
     result += source.substr(at);
     measure.difference = compareLines(source, result);

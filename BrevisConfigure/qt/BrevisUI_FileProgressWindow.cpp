@@ -13,7 +13,7 @@ namespace BrevisUI {
 
 namespace {
 
-constexpr int widthInCharacters = 60;
+constexpr int progressWidth = 60;
 constexpr int textLines = 2;
 
 }  // namespace
@@ -41,7 +41,7 @@ FileProgressWindow::FileProgressWindow(QWidget* parent)
     layout->addWidget(text_);
     layout->addWidget(bar_);
     layout->addWidget(buttons);
-    resize(fontMetrics().averageCharWidth() * widthInCharacters, sizeHint().height());
+    resize(fontMetrics().averageCharWidth() * progressWidth, sizeHint().height());
 }
 
 void FileProgressWindow::resetBar() { bar_->setValue(0); }

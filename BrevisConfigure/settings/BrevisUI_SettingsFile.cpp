@@ -16,7 +16,7 @@ namespace BrevisUI {
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 // Paths and names of schemes may hold bytes that are no UTF-8, which no JSON text can. Such a value is an object with
 // its bytes in hexadecimal digits.
@@ -42,13 +42,13 @@ const char* objectName(SettingsFile::Section section) {
 
 bool isUtf8(const std::string& text) {
     try {
-        return !Json(text).dump().empty();
-    } catch (const Json::type_error&) {
+        return !OrderedJson(text).dump().empty();
+    } catch (const OrderedJson::type_error&) {
         return false;
     }
 }
 
-Json encoded(std::string_view value) {
+OrderedJson encoded(std::string_view value) {
     std::string text(value);
     if (isUtf8(text)) return text;
     std::string hexadecimal;
@@ -68,7 +68,7 @@ std::optional<std::string> bytesOf(const std::string& hexadecimal) {
     return text;
 }
 
-std::optional<std::string> decoded(const Json& value) {
+std::optional<std::string> decoded(const OrderedJson& value) {
     if (value.is_string()) return value.get<std::string>();
     const auto bytes = value.is_object() ? value.find(bytesKey) : value.end();
     if (bytes == value.end() || !bytes->is_string()) return std::nullopt;
@@ -76,21 +76,21 @@ std::optional<std::string> decoded(const Json& value) {
 }
 
 // Nothing for a text that is no object. A file without anything in it is one without values.
-std::optional<Json> parse(const std::string& text) {
-    if (text.find_first_not_of(" \t\r\n") == std::string::npos) return Json::object();
+std::optional<OrderedJson> parse(const std::string& text) {
+    if (text.find_first_not_of(" \t\r\n") == std::string::npos) return OrderedJson::object();
     bool isTooDeep = false;
-    const auto watchDepth = [&](int depth, Json::parse_event_t, const Json&) {
+    const auto watchDepth = [&](int depth, OrderedJson::parse_event_t, const OrderedJson&) {
         isTooDeep = isTooDeep || depth > deepest;
         return !isTooDeep;
     };
-    Json json = Json::parse(text, watchDepth, false);
+    OrderedJson json = OrderedJson::parse(text, watchDepth, false);
     if (isTooDeep || !json.is_object()) return std::nullopt;
     return json;
 }
 
 // What the file holds, nothing if it is broken or can't be read.
-std::optional<Json> read(const std::string& path) {
-    if (!fileExists(path)) return Json::object();
+std::optional<OrderedJson> read(const std::string& path) {
+    if (!fileExists(path)) return OrderedJson::object();
     std::string text;
     if (isDirectory(path) || !readFile(path, text)) return std::nullopt;
     return parse(text);
@@ -106,22 +106,22 @@ bool canBeWritten(const std::string& path) {
 }
 
 // The object of a section, null if it is missing or something else stands in its place.
-const Json* find(const Json& root, SettingsFile::Section section) {
+const OrderedJson* find(const OrderedJson& root, SettingsFile::Section section) {
     const char* name = objectName(section);
     if (!name) return &root;
     const auto found = root.find(name);
     return found != root.end() && found->is_object() ? &*found : nullptr;
 }
 
-Json& findOrMake(Json& root, SettingsFile::Section section) {
+OrderedJson& findOrMake(OrderedJson& root, SettingsFile::Section section) {
     const char* name = objectName(section);
     if (!name) return root;
-    Json& object = root[name];
-    if (!object.is_object()) object = Json::object();
+    OrderedJson& object = root[name];
+    if (!object.is_object()) object = OrderedJson::object();
     return object;
 }
 
-bool isBlocked(const Json& root, SettingsFile::Section section) {
+bool isBlocked(const OrderedJson& root, SettingsFile::Section section) {
     return root.contains(objectName(section)) && !find(root, section);
 }
 
@@ -131,14 +131,14 @@ struct SettingsFile::Document {
     struct Change {
         Section section;
         std::string name;
-        Json value;
+        OrderedJson value;
     };
 
-    Json values = Json::object();  // what readers see
-    std::vector<Change> changes;   // what isn't in the file yet
+    OrderedJson values = OrderedJson::object();  // what readers see
+    std::vector<Change> changes;                 // what isn't in the file yet
 
-    const Json* find(Section section, std::string_view name) const {
-        const Json* object = BrevisUI::find(values, section);
+    const OrderedJson* find(Section section, std::string_view name) const {
+        const OrderedJson* object = BrevisUI::find(values, section);
         if (!object) return nullptr;
         const auto found = object->find(std::string(name));
         return found == object->end() ? nullptr : &*found;
@@ -149,7 +149,7 @@ struct SettingsFile::Document {
         changes.push_back(std::move(change));
     }
 
-    static void apply(const Change& change, Json& root) {
+    static void apply(const Change& change, OrderedJson& root) {
         findOrMake(root, change.section)[change.name] = change.value;
     }
 };
@@ -161,20 +161,20 @@ SettingsFile& SettingsFile::operator=(SettingsFile&&) noexcept = default;
 
 std::string_view SettingsFile::load(Access access) {
     *document_ = {};
-    std::optional<Json> json = read(path_);
+    std::optional<OrderedJson> json = read(path_);
     if (!json || (access == Access::Full && !canBeWritten(path_))) return SettingsMessage::noFile;
     document_->values = std::move(*json);
     return isBlocked(document_->values, Section::Options) ? SettingsMessage::noOptions : std::string_view();
 }
 
 std::optional<std::string> SettingsFile::text(Section section, std::string_view name) const {
-    const Json* value = document_->find(section, name);
+    const OrderedJson* value = document_->find(section, name);
     return value ? decoded(*value) : std::nullopt;
 }
 
 // A hand may well write true and false.
 std::optional<std::uint32_t> SettingsFile::number(Section section, std::string_view name) const {
-    const Json* value = document_->find(section, name);
+    const OrderedJson* value = document_->find(section, name);
     if (value && value->is_boolean()) return value->get<bool>() ? 1 : 0;
     if (!value || !value->is_number_unsigned()) return std::nullopt;
     const auto number = value->get<std::uint64_t>();
@@ -191,7 +191,7 @@ void SettingsFile::setNumber(Section section, std::string_view name, std::uint32
 }
 
 std::string_view SettingsFile::save() {
-    std::optional<Json> json = read(path_);
+    std::optional<OrderedJson> json = read(path_);
     if (!json || !canBeWritten(path_)) return SettingsMessage::noFile;
     if (isBlocked(*json, Section::Options)) return SettingsMessage::noOptions;
     for (const Document::Change& change : document_->changes) Document::apply(change, *json);

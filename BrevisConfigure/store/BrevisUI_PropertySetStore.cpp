@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr char separator = '/';
 
-std::string directoryOf(const std::string& path) { return path.substr(0, path.rfind(separator) + 1); }
+std::string folderOf(const std::string& path) { return path.substr(0, path.rfind(separator) + 1); }
 
 // Directories, pipes and devices have no scheme to read. A link that leads nowhere is a file that can't be read.
 bool canBeFile(const fs::directory_entry& entry) {
@@ -49,7 +49,7 @@ bool isGone(const std::string& path) {
 PropertySetStore::ReadError::ReadError(const std::string& path) : FileError(path, readErrorText(path)) {}
 
 PropertySetStore::WriteError::WriteError(const std::string& path)
-    : FileError(path, writeErrorText(path, directoryOf(path))) {}
+    : FileError(path, writeErrorText(path, folderOf(path))) {}
 
 void PropertySetStore::setPath(std::string path) {
     path_ = std::move(path);

@@ -26,7 +26,7 @@ std::optional<std::string> contentsOf(const fs::path& path) {
     return text;
 }
 
-bool isGone(const fs::path& path) {
+bool isMissing(const fs::path& path) {
     std::error_code error;
     return fs::symlink_status(path, error).type() == fs::file_type::not_found;
 }
@@ -92,7 +92,7 @@ bool Delivery::deliver(const std::string& scheme, const std::string& file) const
 }
 
 bool Delivery::mayArrive(const std::string& scheme, const std::string& file) const {
-    return isGone(to_ / file) && target_.count(scheme) == 0;
+    return isMissing(to_ / file) && target_.count(scheme) == 0;
 }
 
 bool Delivery::isUntouched(const std::string& file, const std::string& copy) const {

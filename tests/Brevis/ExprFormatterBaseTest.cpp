@@ -25,7 +25,7 @@ Scheme directivesAt(bool leftMost) {
 
 WsProperty ws(const char* text) { return {true, text}; }
 
-struct Case {
+struct ListCase {
     const char* text;
     WsProperty before;
     WsProperty after;
@@ -33,10 +33,10 @@ struct Case {
     const char* around;
 };
 
-class ListPasses : public testing::TestWithParam<Case> {};
+class ListPasses : public testing::TestWithParam<ListCase> {};
 
 TEST_P(ListPasses, bothWays) {
-    const Case& c = GetParam();
+    const ListCase& c = GetParam();
     const Scheme scheme = directivesAt(true);
     const CppExprFormatterBase base(scheme);
     const IndentStreamSettings settings = settingsOf("    ");
@@ -44,7 +44,7 @@ TEST_P(ListPasses, bothWays) {
     EXPECT_EQ(base.formatAround(c.text, Trn::Kind::Comma, c.before, c.after, settings), c.around);
 }
 
-const Case cases[] = {
+const ListCase cases[] = {
     {"a , b ,c", noWs, noWs, "a , b ,c", "a , b ,c"},
     {"a , b ,c", ws(""), ws(" "), "a, b, c", "a, b, c"},
     {"a, b, c", noWs, newlineWs, "a,\n        b,\n        c", "a,\n    b,\n    c"},

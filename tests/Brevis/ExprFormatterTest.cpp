@@ -56,13 +56,13 @@ IndentStreamSettings midLine(std::string indent = {}, bool keep = false, int col
     return settings;
 }
 
-struct Case {
+struct ExprCase {
     const char* scheme;
     const char* text;
     const char* expected;
 };
 
-class Rules : public testing::TestWithParam<Case> {};
+class Rules : public testing::TestWithParam<ExprCase> {};
 
 TEST_P(Rules, format) {
     const Scheme scheme = schemeOf(GetParam().scheme);
@@ -70,7 +70,7 @@ TEST_P(Rules, format) {
     EXPECT_EQ(formatter.format(GetParam().text, midLine("    ")), GetParam().expected);
 }
 
-const Case operators[] = {
+const ExprCase operators[] = {
     {"", "a+b * c\t-d", "a+b * c\t-d"},
     {"OP", "a+b*c", "a + b * c"},
     {"OP", "x=-y", "x = -y"},
@@ -98,7 +98,7 @@ const Case operators[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Operators, Rules, testing::ValuesIn(operators));
 
-const Case brackets[] = {
+const ExprCase brackets[] = {
     {"PARENS", "f(a,(b))", "f( a,( b ) )"},
     {"PARENS", "f( )+g(/* x */ )", "f()+g(/* x */)"},
     {"PARENS", "f(a // x\n  )", "f( a // x\n    )"},
@@ -153,7 +153,7 @@ const Case brackets[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Brackets, Rules, testing::ValuesIn(brackets));
 
-const Case initializers[] = {
+const ExprCase initializers[] = {
     {"BRACES", "={1,2}", "=\n    {\n      1,2\n    }"},
     {"BRACES|WS_BETWEEN_DD_ELEMENTS=\n", "= {1,{2,3}}", "=\n    {\n      1,\n      {2,3}\n    }"},
     {"BRACES", "={ }", "=\n    {}"},

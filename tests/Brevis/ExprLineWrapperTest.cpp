@@ -38,7 +38,7 @@ IndentStreamSettings settingsAt(int column, int convertMode = 0) {
     return settings;
 }
 
-struct Case {
+struct WrapCase {
     Values values;
     std::string text;
     std::string expected;
@@ -46,8 +46,8 @@ struct Case {
     bool noExtraIndent = false;
 };
 
-void expectExpressions(const std::vector<Case>& cases) {
-    for (const Case& test : cases) {
+void expectExpressions(const std::vector<WrapCase>& cases) {
+    for (const WrapCase& test : cases) {
         const Scheme scheme = schemeWith(test.values);
         CppExprLineWrapper wrapper(scheme);
         EXPECT_EQ(wrapper.wrapExpression(test.text, settingsAt(test.column), test.noExtraIndent), test.expected);
@@ -118,7 +118,7 @@ TEST(ExprLineWrapper, KeepsStringsCommentsAndDirectivesInPlace) {
 
 TEST(ExprLineWrapper, Lists) {
     const std::string numbers = "1, 2, 3, 4, 5, 6, 7, 8";
-    const std::vector<Case> cases = {
+    const std::vector<WrapCase> cases = {
         {{}, numbers, numbers},
         {{{"LIST_WRAP_STRATEGY", 1}}, numbers, "1, 2, 3,\n4, 5, 6,\n7, 8"},
         {{{"LIST_WRAP_STRATEGY", 1}, {"COMMA_WRAP_STYLE", 1}}, numbers, "1, 2, 3, 4\n, 5, 6, 7\n, 8"},
@@ -127,7 +127,7 @@ TEST(ExprLineWrapper, Lists) {
         {{{"LIST_WRAP_STRATEGY", 2}}, "11111, 22222,", "11111,\n22222,"},
         {{{"LIST_WRAP_STRATEGY", 2}}, "{1111, 2222}, {3333, 4444}", "{1111,\n 2222},\n{3333,\n 4444}"},
     };
-    for (const Case& test : cases) {
+    for (const WrapCase& test : cases) {
         Values values = test.values;
         values.emplace_back("RIGHT_MARGIN", 10);
         const Scheme scheme = schemeWith(values);
@@ -158,7 +158,7 @@ std::vector<Trn::TokenKind> kinds(const std::string& text) {
     return result;
 }
 
-std::string randomText(std::mt19937& random) {
+std::string randomList(std::mt19937& random) {
     static const std::vector<std::string> soup = {"a",
                                                   "name",
                                                   "A::",
@@ -222,7 +222,7 @@ TEST(ExprLineWrapper, ChangesNothingButWhiteSpace) {
         }
         const Scheme scheme = schemeWith(values);
         CppExprLineWrapper wrapper(scheme);
-        const std::string text = randomText(random);
+        const std::string text = randomList(random);
         const IndentStreamSettings settings =
             settingsAt(static_cast<int>(random() % 20), static_cast<int>(random() % 3));
         for (const std::string& wrapped :

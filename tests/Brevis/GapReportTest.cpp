@@ -11,7 +11,7 @@
 namespace Brevis {
 namespace {
 
-PropertySet schemeOf(const std::string& properties) {
+PropertySet parsed(const std::string& properties) {
     PropertySet scheme;
     std::istringstream in("Brevis::PropertySet\n1\n\"s\"\n2 EDITION 2\n2 TAB_SIZE 4\n" + properties);
     scheme.read(in);
@@ -19,13 +19,13 @@ PropertySet schemeOf(const std::string& properties) {
     return scheme;
 }
 
-struct Case {
+struct ReportCase {
     const char* scheme;
     const char* source;
     const char* expected;  // a line a change: place, first line, name, old and new white space
 };
 
-constexpr Case cases[] = {
+constexpr ReportCase reportCases[] = {
     {"", "int  a ;\n", ""},
     // Properties, and an indent by the key of its scope.
     {"3 WS_BEFORE_FN_OPEN_BRACE \"\\n\"\n3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n3 INDENT_FN_CONTENT \"  \"\n",
@@ -70,8 +70,8 @@ std::string applied(std::string_view source, const std::vector<GapChange>& chang
 }
 
 TEST(GapReport, NamesWhatDecided) {
-    for (const Case& test : cases) {
-        const FormatterProperties properties(schemeOf(test.scheme));
+    for (const ReportCase& test : reportCases) {
+        const FormatterProperties properties(parsed(test.scheme));
         Trn::ParseMessageList messages;
         const auto changes = findGapChanges(properties, test.source, messages);
         ASSERT_TRUE(changes) << test.source;
@@ -87,7 +87,7 @@ TEST(GapReport, NamesWhatDecided) {
 
 TEST(GapReport, RefusesWhatARunRefuses) {
     Trn::ParseMessageList messages;
-    EXPECT_FALSE(findGapChanges(FormatterProperties(schemeOf("")), "void f() {", messages));
+    EXPECT_FALSE(findGapChanges(FormatterProperties(parsed("")), "void f() {", messages));
     EXPECT_FALSE(messages.empty());
     EXPECT_FALSE(hasGapReport(Scheme::from(PropertySet())));
 }

@@ -58,14 +58,14 @@ std::string wrapped(const std::string& text, const PropertySet& scheme) {
     return wrapper.takeText();
 }
 
-struct Case {
+struct LineCase {
     std::string text;
     std::vector<Change> changes;
     std::string expected;
 };
 
-void expectWrapped(const std::vector<Case>& cases) {
-    for (const Case& test : cases) EXPECT_EQ(wrapped(test.text, wrapScheme(test.changes)), test.expected);
+void expectWrapped(const std::vector<LineCase>& cases) {
+    for (const LineCase& test : cases) EXPECT_EQ(wrapped(test.text, wrapScheme(test.changes)), test.expected);
 }
 
 void expectUnchanged(const std::vector<std::pair<std::string, std::vector<Change>>>& cases) {
@@ -164,7 +164,7 @@ TEST(LineWrapper, LeavesAloneWhatIsNotOverlong) {
 
 // ---- Any text
 
-std::string withoutWhiteSpace(std::string text) {
+std::string inkOf(std::string text) {
     std::erase_if(text, [](unsigned char c) { return std::isspace(c) != 0; });
     return text;
 }
@@ -246,7 +246,7 @@ TEST(LineWrapper, ChangesNothingButWhiteSpace) {
         const std::string text = randomProgram(random);
         const std::string result = wrapped(text, scheme);
         changed += result != text ? 1 : 0;
-        ASSERT_EQ(withoutWhiteSpace(result), withoutWhiteSpace(text)) << "seed " << seed << "\n" << text;
+        ASSERT_EQ(inkOf(result), inkOf(text)) << "seed " << seed << "\n" << text;
         scheme.setInt("RIGHT_MARGIN", 100000);
         ASSERT_EQ(wrapped(text, scheme), text) << "seed " << seed;
     }
@@ -262,7 +262,7 @@ TEST(LineWrapperGrowth, IsThatOfTheText) {
         text += "0};\nvoid f() { x = aaaaaaaaaaaaaaaaaaaaaaaaaaaa + b; }\n";
         std::string result;
         const StepCount::Cost spent = StepCount::of([&] { result = wrapped(text, wrapScheme(60)); });
-        EXPECT_EQ(withoutWhiteSpace(result), withoutWhiteSpace(text));
+        EXPECT_EQ(inkOf(result), inkOf(text));
         return spent;
     };
     for (const char* unit : {"1, ", "1,\n", "{1, 2},\n    ", "f(a), "}) {

@@ -13,7 +13,7 @@ namespace Brevis {
 namespace {
 
 // `properties` are the lines of a scheme file.
-Scheme schemeOf(const std::string& properties) {
+Scheme schemeFrom(const std::string& properties) {
     std::istringstream in("Brevis::PropertySet\n1\n\"\"\n" + properties);
     PropertySet read;
     read.read(in);
@@ -21,13 +21,13 @@ Scheme schemeOf(const std::string& properties) {
     return Scheme::from(read);
 }
 
-const WsProperty blank{true, " "};
+const WsProperty aBlank{true, " "};
 const WsProperty empty{true, ""};
 
 TEST(Scheme, HasDefaultsAndLimits) {
     Scheme bare;
-    bare.wsAfterParamTypeId = blank;
-    ASSERT_EQ(schemeOf(""), bare);
+    bare.wsAfterParamTypeId = aBlank;
+    ASSERT_EQ(schemeFrom(""), bare);
 
     const struct {
         const char* properties;
@@ -54,27 +54,27 @@ TEST(Scheme, HasDefaultsAndLimits) {
         {"1 ALIGN_PPD_LEFT_MOST 0\n", [](Scheme& s) { s.alignPpdLeftMost = false; }},
         {"3 WS_AFTER_PARAM_TYPE_ID \"\"\n", [](Scheme& s) { s.wsAfterParamTypeId = empty; }},
         // An empty gap behind a type is replaced, an absent one only beside pointer keys.
-        {"3 WS_AFTER_FN_DECL_RETURN_TYPE \"\"\n", [](Scheme& s) { s.wsAfterFnDeclReturnType = blank; }},
+        {"3 WS_AFTER_FN_DECL_RETURN_TYPE \"\"\n", [](Scheme& s) { s.wsAfterFnDeclReturnType = aBlank; }},
         {"3 WS_BETWEEN_AMPERSAND_ANCHOR \"\"\n3 WS_AFTER_DD_TYPE_ID \"\\n\"\n",
          [](Scheme& s) {
              s.wsBetweenAmpersandAnchor = empty, s.wsAfterDdTypeId = newlineWs;
-             s.wsAfterFnDeclReturnType = s.wsAfterFnDefnReturnType = blank;
+             s.wsAfterFnDeclReturnType = s.wsAfterFnDefnReturnType = aBlank;
          }},
         {"3 WS_BETWEEN_ASTERISK_ANCHOR \"\"\n",
          [](Scheme& s) {
              s.wsBetweenAsteriskAnchor = empty;
-             s.wsAfterDdTypeId = s.wsAfterFnDeclReturnType = s.wsAfterFnDefnReturnType = blank;
+             s.wsAfterDdTypeId = s.wsAfterFnDeclReturnType = s.wsAfterFnDefnReturnType = aBlank;
          }},
         // Operator gaps are needed only where lines are wrapped.
         {"1 LINE_WRAP 0\n", [](Scheme&) {}},
-        {"1 LINE_WRAP 1\n", [](Scheme& s) { s.lineWrap = true, s.wsBetweenExprOpOperands = blank; }},
+        {"1 LINE_WRAP 1\n", [](Scheme& s) { s.lineWrap = true, s.wsBetweenExprOpOperands = aBlank; }},
         {"1 LINE_WRAP 1\n3 WS_BETWEEN_EXPR_OP_OPERANDS \"\"\n",
          [](Scheme& s) { s.lineWrap = true, s.wsBetweenExprOpOperands = empty; }},
     };
     for (const auto& [properties, change] : cases) {
         Scheme expected = bare;
         change(expected);
-        EXPECT_EQ(schemeOf(properties), expected) << properties;
+        EXPECT_EQ(schemeFrom(properties), expected) << properties;
     }
 }
 

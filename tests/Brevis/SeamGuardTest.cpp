@@ -46,7 +46,7 @@ TEST(SeamGuardTest, PutsABlankWhereTokensWouldJoin) {
     }
 }
 
-struct Case {
+struct SeamCase {
     std::string source;
     std::string written;
     std::string mended;
@@ -66,7 +66,7 @@ TEST(SeamGuardTest, LetsLineEndsBeTrimmedIfThePassMay) {
 }
 
 TEST(SeamGuardTest, LeavesTheTokensOfTheSource) {
-    const Case cases[] = {
+    const SeamCase cases[] = {
         // No token is torn, and strays stay with what they touch.
         {"f(100i64,0b1,1'000,0x1p-3,.5e+1)", "f( 100 i64 ,0 b1,1 ' 000,0x1p - 3, .5e + 1 )",
          "f( 100i64 ,0b1,1'000,0x1p-3, .5e+1 )", 5},

@@ -229,7 +229,7 @@ TEST_F(BatchRunTest, TheFilesOfACommandAreOneRun) {
         EXPECT_EQ(cancelAtBreath > 0, host.isCancelled);
         EXPECT_EQ(pretty, TestFiles::contents(dir.file("one/c.h"))) << command;
         EXPECT_EQ(++runs, store.runs().size()) << command;
-        EXPECT_TRUE(Restorer(system, store, [](const std::string&, Restorer::News) {}).undo());
+        EXPECT_TRUE(Restorer(system, store, [](const std::string&, Restorer::News) {}, [] { return false; }).undo());
         EXPECT_EQ("", formatted()) << command;
     }
 }

@@ -16,15 +16,15 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 using TestFiles::contents;
 
-constexpr const char* ugly = "void f( ){\n      g( );\n}\n";
-constexpr const char* pretty = "void f( ){\n  g( );\n}\n";
+constexpr const char* uglyText = "void f( ){\n      g( );\n}\n";
+constexpr const char* prettyText = "void f( ){\n  g( );\n}\n";
 // Behind the code the parser reports two errors.
 constexpr const char* bad = "int x;\n  class A { int (; };\n}\n";
 
-Brevis::PropertySet scheme() {
+Brevis::FormatterProperties scheme() {
     Brevis::PropertySet scheme("two blanks");
     scheme.setString("INDENT_FN_CONTENT", "  ");
-    return scheme;
+    return Brevis::FormatterProperties(scheme);
 }
 
 class Host : public FormatHost {
@@ -70,18 +70,18 @@ protected:
 };
 
 TEST_F(FileJobTest, WritesTheFileOverAndKeepsABackupOnlyWhenAsked) {
-    const std::string path = dir.file("a.cpp", ugly);
+    const std::string path = dir.file("a.cpp", uglyText);
     EXPECT_EQ(FileResult::Formatted, run(path));
-    EXPECT_EQ(pretty, contents(path));
+    EXPECT_EQ(prettyText, contents(path));
     EXPECT_EQ(Lines{starting(path)}, host.sent);
     EXPECT_FALSE(fs::exists(path + ".bak"));
 
-    TestFiles::write(path, ugly);
+    TestFiles::write(path, uglyText);
     TestFiles::write(path + ".bak", "an older backup, longer than the file that is to take its place");
     host.backups = true;
     EXPECT_EQ(FileResult::Formatted, run(path));
-    EXPECT_EQ(pretty, contents(path));
-    EXPECT_EQ(ugly, contents(path + ".bak"));
+    EXPECT_EQ(prettyText, contents(path));
+    EXPECT_EQ(uglyText, contents(path + ".bak"));
 }
 
 TEST_F(FileJobTest, KeepsLineEndsAndByteOrderMark) {
@@ -91,7 +91,7 @@ TEST_F(FileJobTest, KeepsLineEndsAndByteOrderMark) {
 }
 
 TEST_F(FileJobTest, LeavesAFormattedFileAlone) {
-    for (const char* text : {pretty, "void f( ){\r\n  g( );\r\n}\r\n"}) {
+    for (const char* text : {prettyText, "void f( ){\r\n  g( );\r\n}\r\n"}) {
         const std::string path = dir.file("a.cpp", text);
         const auto old = fs::file_time_type::clock::now() - std::chrono::hours(5);
         fs::last_write_time(path, old);
@@ -116,7 +116,7 @@ TEST_F(FileJobTest, RefusesWhatIsNoTextOfBytes) {
 // The guard lets no such text come out of the engine, so the check is asked by itself.
 TEST_F(FileJobTest, RefusesATextWhoseTokensWouldChange) {
     const std::string path = "a.cpp";
-    const Brevis::PropertySet any = scheme();
+    const Brevis::FormatterProperties any = scheme();
     const TextJob job(host, path, any);
     EXPECT_TRUE(job.changesTokens("void f( ){ else x; }", "void f( ){ elsex; }"));
     ASSERT_EQ(2u, host.sent.size());
@@ -128,8 +128,8 @@ TEST_F(FileJobTest, RefusesATextWhoseTokensWouldChange) {
 }
 
 TEST_F(FileJobTest, TellsTheSummaryOfFormattedTexts) {
-    const std::string path = dir.file("a.cpp", ugly);
-    EXPECT_TRUE(formatText(host, path, scheme(), ugly));
+    const std::string path = dir.file("a.cpp", uglyText);
+    EXPECT_TRUE(formatText(host, path, scheme(), uglyText));
     run(path);
     run(dir.file("bad.cpp", "void f( ){"));
     EXPECT_EQ((Lines{path, path}), host.formatted);
@@ -147,7 +147,7 @@ TEST_F(FileJobTest, LeavesAnEmptyFileAlone) {
 }
 
 TEST_F(FileJobTest, RefusesWhatItCannotReadOrWrite) {
-    const std::string readOnly = dir.file("readonly.cpp", ugly);
+    const std::string readOnly = dir.file("readonly.cpp", uglyText);
     fs::permissions(readOnly, fs::perms(0444));
     const std::string directory = dir.file("directory");
     fs::create_directory(directory);
@@ -168,7 +168,7 @@ TEST_F(FileJobTest, RefusesWhatItCannotReadOrWrite) {
         EXPECT_EQ((Lines{starting(path), message}), host.sent);
         EXPECT_FALSE(fs::exists(path + ".bak"));
     }
-    EXPECT_EQ(ugly, contents(readOnly));
+    EXPECT_EQ(uglyText, contents(readOnly));
 }
 
 TEST_F(FileJobTest, AFileWithSyntaxErrorsStaysAsItIs) {
@@ -188,11 +188,11 @@ TEST_F(FileJobTest, AFileWithSyntaxErrorsStaysAsItIs) {
 }
 
 TEST_F(FileJobTest, WithoutItsBackupAFileIsNotTouched) {
-    const std::string path = dir.file("a.cpp", ugly);
+    const std::string path = dir.file("a.cpp", uglyText);
     fs::create_directory(path + ".bak");
     host.backups = true;
     EXPECT_EQ(FileResult::Failed, run(path));
-    EXPECT_EQ(ugly, contents(path));
+    EXPECT_EQ(uglyText, contents(path));
     EXPECT_EQ("3 Corvane C++ was unable to create a backup file for the file \"" + path +
               "\". The file will not be formatted.",
               host.sent.back());
@@ -236,7 +236,7 @@ TEST_F(FileJobTest, ATextBeyondALimitIsReportedAndLeftAlone) {
 TEST_F(FileJobTest, ShowsEachPhaseOnce) {
     Progress dialog;
     progress = &dialog;
-    EXPECT_EQ(FileResult::Formatted, run(dir.file("a.cpp", ugly)));
+    EXPECT_EQ(FileResult::Formatted, run(dir.file("a.cpp", uglyText)));
     const Lines good{"reset", "Opening file", "Analyzing file", "Formatting file", "Writing file", "Completed file"};
     EXPECT_EQ(good, dialog.shown);
     EXPECT_EQ(2, host.breaths);
@@ -248,7 +248,7 @@ TEST_F(FileJobTest, ShowsEachPhaseOnce) {
 }
 
 TEST_F(FileJobTest, ACancelTakesEffectBetweenPhases) {
-    const std::string path = dir.file("a.cpp", ugly);
+    const std::string path = dir.file("a.cpp", uglyText);
     const std::string cancelled = "1 " + path + "(0) : information: col 0: Formatting cancelled at user's request.";
     const struct {
         int after;  // this many steps of the dialog
@@ -266,12 +266,12 @@ TEST_F(FileJobTest, ACancelTakesEffectBetweenPhases) {
         host.sent.clear();
         EXPECT_EQ(result, run(path)) << after;
         EXPECT_EQ(sent, host.sent) << after;
-        EXPECT_EQ(ugly, contents(path));
+        EXPECT_EQ(uglyText, contents(path));
     }
 }
 
 TEST_F(FileJobTest, TheMiddlePartTellsWhyThereIsNoText) {
-    EXPECT_EQ(pretty, formatText(host, "<stdin>", scheme(), ugly));
+    EXPECT_EQ(prettyText, formatText(host, "<stdin>", scheme(), uglyText));
     EXPECT_TRUE(host.sent.empty());
     EXPECT_EQ(std::nullopt, formatText(host, "<stdin>", scheme(), bad));
     ASSERT_FALSE(host.sent.empty());

@@ -40,7 +40,8 @@ protected:
     bool undo() { return restorer().undo(); }
     bool recover() { return restorer().recover({dir.path()}); }
     Restorer restorer() {
-        return {system, store, [this](const std::string& text, Restorer::News) { told.push_back(text); }};
+        return {system, store, [this](const std::string& text, Restorer::News) { told.push_back(text); },
+                [this] { return filesToStop-- == 0; }};
     }
     // The names of all that the program has made beside the files.
     Lines leftovers() const {
@@ -65,6 +66,7 @@ protected:
     FaultySystem system{[](int, const std::string&, const std::string&) { return 0; }};
     RunStore store{system, cache};
     Lines told;
+    int filesToStop = -1;  // none
 };
 
 TEST_F(FileWriterTest, KeepsWhatAFileHasBesideItsText) {
@@ -239,6 +241,44 @@ TEST_F(FileWriterTest, UndoBringsBackWhatHasNotChangedSince) {
     EXPECT_EQ(2u, fs::hard_link_count(paths[3]));
     EXPECT_FALSE(undo());
     EXPECT_EQ("There is no run to undo.", told.back());
+}
+
+TEST_F(FileWriterTest, GoesOnWhereItWasStopped) {
+    Lines paths;
+    for (int index = 0; index < 5; ++index) paths.push_back(dir.file("a" + std::to_string(index), oldText));
+    ASSERT_TRUE(replace(system, paths).empty());
+    const auto count = [&](const std::string& text) {
+        return std::ranges::count_if(paths, [&](const std::string& path) { return contents(path) == text; });
+    };
+    for (const int done : {0, 2, 4}) {
+        filesToStop = done == 4 ? 2 : done;
+        Restorer stopped = restorer();
+        EXPECT_TRUE(stopped.undo());
+        EXPECT_TRUE(stopped.hasLeft());
+        EXPECT_EQ(done, count(oldText));
+        EXPECT_EQ(5 - done, count(newText));
+    }
+    filesToStop = -1;
+    EXPECT_TRUE(undo());
+    EXPECT_EQ(5, count(oldText));
+
+    // The same after a crash, with torn files.
+    std::error_code error;
+    auto journal = store.begin(error);
+    ASSERT_FALSE(error) << error.message();
+    for (const std::string& path : paths) {
+        std::size_t entry = 0;
+        ASSERT_FALSE(journal->add(path, oldText, newText, entry));
+        ASSERT_FALSE(journal->mark(entry, RunJournal::State::InPlace));
+        TestFiles::write(path, "torn");
+    }
+    journal.reset();
+    filesToStop = 3;
+    EXPECT_TRUE(recover());
+    EXPECT_EQ(3, count(oldText));
+    filesToStop = -1;
+    EXPECT_TRUE(recover());
+    EXPECT_EQ(5, count(oldText));
 }
 
 TEST_F(FileWriterTest, KeepsTheJournalsOfTenRunsThatAreApart) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "../support/TestFiles.h"
+#include "BrevisUI_Files.h"
 
 namespace BrevisUI {
 namespace {
@@ -51,6 +52,12 @@ TEST_F(TreeWalkTest, LeavesOutWhatIsProtectedHiddenOrSpecial) {
     fs::create_symlink("nowhere", dir.file("dangling.c"));
     ASSERT_EQ(0, mkfifo(dir.file("pipe.c").c_str(), 0600));
     EXPECT_EQ((Lines{"a.c", "d/b.h", "d/e/c.c"}), sorted(walk()));
+    // Others may write this one.
+    fs::permissions(dir.file("of-others.c", ""), fs::perms(0466));
+    TreeWalk::Hooks hooks;
+    hooks.onlyReads = true;
+    EXPECT_EQ((Lines{"a.c", "d/b.h", "d/e/c.c", "of-others.c"}), sorted(walk(hooks)));
+    EXPECT_EQ(fileIsWritable(dir.file("of-others.c")) ? 4u : 3u, walk().size());
     fs::permissions(dir.file("locked"), fs::perms(0755));
 }
 

@@ -106,6 +106,25 @@ TEST_F(ChangedLinesTest, TakesTheLinesThatGitKnowsAsChanged) {
     EXPECT_NE(std::string::npos, err.find("\"/etc\" is in no work tree of git.")) << err;
 }
 
+// What a file was called before may lie elsewhere in the tree.
+TEST_F(ChangedLinesTest, AsksGitAboutTheNamedFilesAlone) {
+    for (const char* name : {"old.cpp", "moved.cpp", "*.cpp", "b/same.cpp", "b/other.cpp"}) {
+        dir.file(name, source + std::string("// ") + name);
+    }
+    run("git init -q . && git add -A && git commit -qm first && sed -i '2s/g/ k/' *.cpp b/other.cpp && git mv old.cpp "
+        "new.cpp && git checkout -q moved.cpp && git mv moved.cpp pure.cpp && git add -A");
+    ASSERT_EQ(0, status) << err;
+    run("export GIT_TRACE=\"$PWD/.git-trace\"; $F --git --check '*.cpp'; grep -E 'diff -U|ls-files' .git-trace | "
+        "grep -vc \"'.cpp'$\"");
+    EXPECT_EQ("*.cpp\n0\n", out) << contents(dir.file(".git-trace"));
+    for (const std::string option : {"--git", "--git --staged"}) {
+        run("$F " + option + " --check pure.cpp new.cpp b && $F " + option + " --diff new.cpp | grep -c '^+ '");
+        EXPECT_EQ("new.cpp\nb/other.cpp\n", out) << err;
+        run("$F " + option + " --diff new.cpp | grep -c '^+ '");
+        EXPECT_EQ("1\n", out) << err;
+    }
+}
+
 TEST(GitDiff, ReadsNamesAndHunks) {
     const auto files = Console::parseGitDiff(
         "diff --git a/x b/x\nindex 1..2 100644\n--- a/x\n+++ b/x\n@@ -3 +3,2 @@ int +++ b/z\n--- a/y\n+++ b/y\n+@@ -1 "

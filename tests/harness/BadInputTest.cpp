@@ -52,8 +52,7 @@ protected:
             const FormatRun run =
                 formatText(scheme, input, {isModern ? Brevis::DialectChoice::modern : Brevis::DialectChoice::classic});
             if (run.isFormatted) {
-                // The second edition reads today's language whatever the dialect.
-                EXPECT_TRUE(isModern || Brevis::Scheme::from(scheme).edition == 2 || run.messages.empty());
+                EXPECT_TRUE(isModern || run.messages.empty());
                 EXPECT_EQ(lossIn(input, run.text, dialect), "");
             } else {
                 EXPECT_FALSE(run.messages.empty());
@@ -66,9 +65,11 @@ protected:
 };
 
 TEST_P(BadInputTest, GetsAClearAnswer) {
-    const std::string text = GetParam().text(GetParam().size);
+    // A tenth is as much for the stack there, and the steps are counted below.
+    const std::string text = GetParam().text(isSanitized ? GetParam().size / 10 : GetParam().size);
     for (const Brevis::PropertySet& scheme : testedSchemes()) {
-        expectClearAnswer(scheme, text, Cpp::Dialect::classic);
+        const bool readsBoth = Brevis::Scheme::from(scheme).edition == 1;
+        if (readsBoth) expectClearAnswer(scheme, text, Cpp::Dialect::classic);
         expectClearAnswer(scheme, text, Cpp::Dialect::modern);
     }
 }

@@ -20,6 +20,9 @@ struct FormatRun {
     Trn::ParseMessageList messages;
 };
 
+// Under sanitizers all is several times as slow, and each frame of the stack several times as big.
+inline constexpr bool isSanitized = CORVANE_SANITIZED != 0;
+
 // Exceptions of the engine pass through.
 FormatRun formatText(const Brevis::PropertySet& scheme, const std::string& text, const Brevis::Reading& reading = {});
 

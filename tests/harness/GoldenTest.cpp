@@ -56,14 +56,14 @@ TEST_P(GoldenTest, ComesOutAsExpected) {
     }
 }
 
-std::string testName(const testing::TestParamInfo<GoldenCase>& info) {
+std::string caseName(const testing::TestParamInfo<GoldenCase>& info) {
     std::string name = info.param.name;
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(findGoldenFiles().cases), testName);
+INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(findGoldenFiles().cases), caseName);
 
 // ---- What the second edition does otherwise than the first
 
@@ -97,7 +97,7 @@ TEST_P(EditionsTest, StandBesideEachOther) {
     EXPECT_EQ(std::filesystem::exists(path) ? readFile(path) : "", actual);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, EditionsTest, testing::ValuesIn(casesOfSecondEdition()), testName);
+INSTANTIATE_TEST_SUITE_P(Files, EditionsTest, testing::ValuesIn(casesOfSecondEdition()), caseName);
 
 // A case that gets lost by a slip in a name would go unnoticed otherwise.
 TEST(GoldenFiles, BelongTogetherAndAreAllThere) {

@@ -30,12 +30,13 @@ FormatResult FirstEdition::format(const FormatterProperties& properties, std::st
     if (!update(analyzingPhase)) return cancelledRun(messages);
     {
         Cpp::RootNode root;
-        if (!SourceReader(properties.reading).read(source, root, messages)) return {};
+        SourceReader reader(properties.reading);
+        if (!reader.read(source, root, messages)) return {};
         CppPreFormatter preFormatter(properties.regions);
         root.accept(preFormatter);
 
         if (!update(formattingPhase)) return cancelledRun(messages);
-        CppFormatter formatter(source, properties.scheme);
+        CppFormatter formatter(source, properties.scheme, {reader.dialect(), reader.language()});
         root.accept(formatter);
         text = formatter.takeText();
     }
@@ -51,10 +52,11 @@ FormatResult FirstEdition::format(const FormatterProperties& properties, std::st
 FormatResult FirstEdition::wrap(const FormatterProperties& properties, const std::string& text,
                                 Trn::ParseMessageList& messages) const {
     Cpp::RootNode root;
-    if (!SourceReader(properties.reading).read(text, root, messages)) return {};
+    SourceReader reader(properties.reading);
+    if (!reader.read(text, root, messages)) return {};
     CppPreFormatter preFormatter(properties.regions);
     root.accept(preFormatter);
-    CppLineWrapper wrapper(properties.scheme, text);
+    CppLineWrapper wrapper(properties.scheme, text, {reader.dialect(), reader.language()});
     root.accept(wrapper);
     return mended(text, wrapper.takeText());
 }

@@ -17,7 +17,7 @@ using Cpp::isSpace;
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
+constexpr std::string_view blankChars = " \t";
 
 // Without the checks of substr.
 std::string_view slice(std::string_view text, std::size_t begin, std::size_t end) {
@@ -25,13 +25,13 @@ std::string_view slice(std::string_view text, std::size_t begin, std::size_t end
 }
 
 // For gaps, which are short as a rule.
-bool holds(std::string_view text, char c) {
+bool hasChar(std::string_view text, char c) {
     for (const char other : text) {
         if (other == c) return true;
     }
     return false;
 }
-bool isBlank(std::string_view text) { return text.find_first_not_of(blanks) == std::string_view::npos; }
+bool isBlank(std::string_view text) { return text.find_first_not_of(blankChars) == std::string_view::npos; }
 
 std::size_t whiteSpaceLength(std::string_view text, std::size_t at) {
     const std::size_t begin = at;
@@ -43,7 +43,7 @@ std::size_t whiteSpaceLength(std::string_view text, std::size_t at) {
 bool isConverted(std::string_view gap, std::string_view written) {
     if (gap == written) return true;
     if (gap.empty() || written.empty() || !isBlank(gap) || !isBlank(written)) return false;
-    const bool hadTabs = holds(gap, '\t'), hasTabs = holds(written, '\t');
+    const bool hadTabs = hasChar(gap, '\t'), hasTabs = hasChar(written, '\t');
     if (!hadTabs) return hasTabs && written.size() <= gap.size();
     return hasTabs || written.size() >= gap.size();
 }
@@ -201,7 +201,7 @@ void Sweep::mendGap(const SeamToken& after) {
     std::string_view wanted = gap == written ? written : gapBetween(gap, written, after);
     atLineStart_ = atLineStart_ || holdsLineEnd(wanted);
     if (after.opensDirective && !atLineStart_) {
-        scratch_ = wanted.substr(0, wanted.find_last_not_of(blanks) + 1);
+        scratch_ = wanted.substr(0, wanted.find_last_not_of(blankChars) + 1);
         scratch_ += '\n';
         wanted = scratch_;
     }
@@ -226,8 +226,8 @@ std::string_view Sweep::gapBetween(std::string_view gap, std::string_view writte
 
 // Behind a line comment, a directive or a quote that nothing closes. The white space up to the line end belongs to it.
 std::string Sweep::lastGapOfLine(std::string_view gap, std::string_view written) const {
-    const bool endsText = !holds(gap, '\n');
-    const bool hasLineEnd = holds(written, '\n');
+    const bool endsText = !hasChar(gap, '\n');
+    const bool hasLineEnd = hasChar(written, '\n');
     const std::string_view lineEnd = takeUpTo(gap, '\n');
     const std::string_view writtenEnd = takeUpTo(written, '\n');
     const bool mayTrim = mayTrim_ && (before_.isComment() || !before_.takesRestOfLine());
@@ -242,7 +242,7 @@ std::string Sweep::splicedGap(std::string_view gap, std::string_view written, co
     const bool keepsLine = isBoundToLine();
     const std::string_view first = takeUpTo(gap, '\\');
     const std::string_view writtenFirst = takeUpTo(written, '\\');
-    const bool isAlike = first.empty() == writtenFirst.empty() && holds(first, '\n') == holds(writtenFirst, '\n');
+    const bool isAlike = first.empty() == writtenFirst.empty() && hasChar(first, '\n') == hasChar(writtenFirst, '\n');
     const bool keepsFirst = keepsLine ? isConverted(first, writtenFirst) : isAlike;
     std::string wanted(keepsFirst ? writtenFirst : first);
     const bool isSpaced = !wanted.empty();
@@ -262,7 +262,7 @@ std::string Sweep::joinedLineStart(std::string_view gap, std::string_view writte
     std::string wanted(takeUpTo(gap, '\n'));
     takeUpTo(written, '\n');
     wanted += '\n';
-    if (holds(gap, '\n')) {
+    if (hasChar(gap, '\n')) {
         wanted += takeUpTo(gap, '\n');
         takeUpTo(written, '\n');
         return wanted.append("\n").append(written);

@@ -40,14 +40,14 @@ bool punctuatorJoins(std::string_view first, std::string_view second) {
     return beginsLongerPunctuator(first, second);
 }
 
-bool isQuote(char c) { return c == '"' || c == '\''; }
+bool beginsQuoted(char c) { return c == '"' || c == '\''; }
 bool isLiteral(const SeamToken& token) {
     return token.kind == SeamKind::Literal || token.kind == SeamKind::OpenLiteral;
 }
 
 // True if the token begins as a name does, a literal with its prefix among them.
 bool beginsAsName(const SeamToken& token, std::string_view text) {
-    return token.kind == SeamKind::Word || (isLiteral(token) && !isQuote(text.front()));
+    return token.kind == SeamKind::Word || (isLiteral(token) && !beginsQuoted(text.front()));
 }
 
 bool beginsWithDigit(const SeamToken& token, std::string_view text) {
@@ -69,7 +69,7 @@ bool numberJoins(std::string_view first, const SeamToken& token, std::string_vie
 // A name behind a literal is its suffix, and behind a suffix a literal may go on.
 bool literalJoins(std::string_view first, const SeamToken& token, std::string_view second) {
     if (beginsAsName(token, second) || beginsWithDigit(token, second)) return true;
-    return isLiteral(token) && !isQuote(first.back());
+    return isLiteral(token) && !beginsQuoted(first.back());
 }
 
 bool holdsBackslash(std::string_view text) { return text.find('\\') != std::string_view::npos; }
@@ -91,7 +91,7 @@ bool wouldJoin(std::string_view text, const SeamToken& first, const SeamToken& s
             return literalJoins(before, second, after);
         case SeamKind::Punctuator:
             if (holdsBackslash(before) || punctuatorJoins(before, after)) return true;
-            if (!partsLiterals && isQuote(after.front())) return false;
+            if (!partsLiterals && beginsQuoted(after.front())) return false;
             return holdsBackslash(after.substr(0, seamPunctuatorMostLength));
         default:
             return false;

@@ -12,7 +12,6 @@
 namespace Brevis {
 
 using Mode = IndentScope::Mode;
-using Sort = Gap::Sort;
 
 namespace {
 
@@ -130,9 +129,10 @@ void EvidenceObserver::addDecision(TokenIndex token) {
 
 void EvidenceObserver::addVotes(TokenIndex token, bool agrees) {
     const Gap& gap = (*gaps_)[token];
-    if (gap.sort != Sort::Keep && isProperty(gap.rule)) voteForGap(token, agrees);
+    if (gap.sort != Gap::Sort::Keep && isProperty(gap.rule)) voteForGap(token, agrees);
     const IndentScope& scope = gaps_->scopes()[gap.scope];
-    const bool isByScope = gap.sort == Sort::Keep || (gap.sort != Sort::Blanks && gaps_->tail(gap.rule).empty());
+    const bool isByScope = gap.sort == Gap::Sort::Keep ||
+                           (gap.sort != Gap::Sort::Blanks && gaps_->tail(gap.rule).empty());
     const bool isIndented = scope.mode == Mode::Indent && hasText(scope.rule);
     if (isIndented && isByScope && text_->startsLine(token) && gaps_->startsLine(token)) voteForIndent(token);
 }
@@ -140,14 +140,14 @@ void EvidenceObserver::addVotes(TokenIndex token, bool agrees) {
 void EvidenceObserver::voteForGap(TokenIndex token, bool agrees) {
     const Gap& gap = (*gaps_)[token];
     ValueVotes& votes = evidence.votes[static_cast<std::size_t>(gap.rule)];
-    if (!hasText(gap.rule) || gap.sort == Sort::Column || gap.sort == Sort::LineColumn) {
+    if (!hasText(gap.rule) || gap.sort == Gap::Sort::Column || gap.sort == Gap::Sort::LineColumn) {
         votes.add(agrees ? "1" : "0");
         if (gap.rule == ruleOf<&Scheme::alignTrailingComments>() && text_->isComment(token)) noteAligned(token);
         return;
     }
     int feeds = text_->lineFeeds(token);
     if (feeds == 0) return votes.add(text_->gap(token));
-    if (gap.sort == Sort::Break) feeds = 1;
+    if (gap.sort == Gap::Sort::Break) feeds = 1;
     std::string value(static_cast<std::size_t>(std::min(feeds, mostLineFeeds)), '\n');
     const IndentScope& scope = gaps_->scopes()[gap.scope];
     const bool isAtBase = scope.rule == GapRule::None && (scope.mode == Mode::Indent || scope.mode == Mode::Distance);

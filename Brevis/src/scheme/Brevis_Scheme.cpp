@@ -52,23 +52,23 @@ void readProperty(const PropertySet& properties, const PropertyInfo& property, S
 
 // ---- Defaults beyond those of the members
 
-const WsProperty blankWs{true, " "};
+const WsProperty oneBlank{true, " "};
 
 // A type and a name must not grow together, so an empty value counts as a blank. A scheme that places pointer signs
 // decides the white space behind the type, so there must be a value to work with even if it has none.
 void supplyTypeGap(const Scheme& scheme, WsProperty& gap) {
     const bool placesSigns = scheme.wsBetweenAmpersandAnchor.isSet || scheme.wsBetweenAsteriskAnchor.isSet;
-    if (gap.text.empty() && (gap.isSet || placesSigns)) gap = blankWs;
+    if (gap.text.empty() && (gap.isSet || placesSigns)) gap = oneBlank;
 }
 
 // In the second edition no value stands in for one that is missing.
 void applyDefaults(Scheme& scheme) {
     if (scheme.edition == 2) return;
-    if (!scheme.wsAfterParamTypeId.isSet) scheme.wsAfterParamTypeId = blankWs;
+    if (!scheme.wsAfterParamTypeId.isSet) scheme.wsAfterParamTypeId = oneBlank;
     supplyTypeGap(scheme, scheme.wsAfterDdTypeId);
     supplyTypeGap(scheme, scheme.wsAfterFnDeclReturnType);
     supplyTypeGap(scheme, scheme.wsAfterFnDefnReturnType);
-    if (scheme.lineWrap && !scheme.wsBetweenExprOpOperands.isSet) scheme.wsBetweenExprOpOperands = blankWs;
+    if (scheme.lineWrap && !scheme.wsBetweenExprOpOperands.isSet) scheme.wsBetweenExprOpOperands = oneBlank;
 }
 
 // ---- Limits

@@ -39,7 +39,7 @@ void BracedListRules::setOrBlank(TokenIndex token, GapProperty property, const L
 void BracedListRules::open(TokenIndex brace) {
     const List list = listOf(brace);
     lists_.push_back(list);
-    if (list.isEnum || !list.isBody) return;
+    if (list.isEnum) return;
     if (list.isOuter) setOrBlank(brace, gapProperty<&Scheme::wsBeforeDdOpenBrace>(), list);
     const TokenIndex first = text_.next(brace);
     if (first != list.last) return set(first, gapProperty<&Scheme::wsAfterDdOpenBrace>(), list);
@@ -51,7 +51,7 @@ void BracedListRules::close(TokenIndex brace) {
     if (lists_.empty() || lists_.back().last != brace) return;
     const List list = lists_.back();
     lists_.pop_back();
-    if (list.isEnum || !list.isBody || text_.kind(text_.previous(brace)) == Kind::OpenBrace) return;
+    if (list.isEnum || text_.kind(text_.previous(brace)) == Kind::OpenBrace) return;
     set(brace, gapProperty<&Scheme::wsBeforeDdCloseBrace>(), list);
 }
 

@@ -22,6 +22,7 @@ void BracketRules::format(TokenIndex token) {
     switch (text_.role(token)) {
         case Role::Group:
         case Role::Placement:
+        case Role::DeclaratorGroup:
             return inside(token, parens(false));
         case Role::Call:
         case Role::TypeOperand:

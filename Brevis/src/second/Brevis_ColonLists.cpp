@@ -9,7 +9,7 @@ using Mode = IndentScope::Mode;
 
 namespace {
 
-bool isComma(Role role) { return role == Role::BaseComma || role == Role::MemberInitializerComma; }
+bool isListComma(Role role) { return role == Role::BaseComma || role == Role::MemberInitializerComma; }
 
 }  // namespace
 
@@ -21,8 +21,8 @@ void ColonLists::indentInList(TokenIndex token, List& list, Scope item) {
         if (isDecided(token) && hasTail(token)) gaps_.setScope(token, shared(item));
         return;
     }
-    const bool isElement = isComma(text_.role(text_.previous(token)));
-    if (!isComma(role) && !isElement) return;
+    const bool isElement = isListComma(text_.role(text_.previous(token)));
+    if (!isListComma(role) && !isElement) return;
     const bool isBelowColon = !isElement && gaps_.startsLine(list.colon);
     if (!isDecided(token)) {
         const bool isAligned = isBelowColon && scheme_.alignContinuationLeft;
@@ -36,7 +36,7 @@ void ColonLists::indentInList(TokenIndex token, List& list, Scope item) {
 void ColonLists::indentComment(TokenIndex comment, const List& list) {
     if (list.colon == 0 || text_.previous(comment) == list.colon) return;
     const TokenIndex next = text_.next(comment);
-    const bool isElement = isComma(text_.role(text_.previous(comment)));
+    const bool isElement = isListComma(text_.role(text_.previous(comment)));
     if (isElement) gaps_.setScope(comment, isDecided(next) ? list.aligned : list.kept);
 }
 

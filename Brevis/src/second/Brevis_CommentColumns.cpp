@@ -18,8 +18,8 @@ CommentColumns::CommentColumns(const GapText& text, const Scheme& scheme, GapTab
 }
 
 void CommentColumns::run() {
-    for (TokenIndex token = 2; token < text_.size(); ++token) {
-        if (!text_.isComment(token)) continue;
+    for (const TokenIndex token : text_.trivia()) {
+        if (!text_.isComment(token) || token == 1) continue;
         if (gaps_.startsLine(token)) {
             if (scheme_.alignTrailingComments && goesOn(token)) {
                 group_.add(token, 0);
@@ -29,7 +29,7 @@ void CommentColumns::run() {
         }
         if (!isTrailing(token)) continue;
         if (!scheme_.alignTrailingComments) {
-            gaps_.set(token, distanceOf(token));
+            setDistance(token);
             continue;
         }
         if (!group_.isEmpty() && !followsOn(token)) close();
@@ -89,10 +89,27 @@ bool CommentColumns::goesOn(TokenIndex comment) {
     return code_ == text_.size() || column != text_.column(code_, scheme_.tabSize);
 }
 
-// Several blanks are for line comments: a block comment has one.
+// Several blanks are for line comments: a block comment has one, unless the author has given it as many.
 GapRule CommentColumns::distanceOf(TokenIndex comment) const {
     if (text_.kind(comment) == Kind::LineComment || !gaps_.isSet(distance_)) return distance_;
-    return gaps_.text(distance_).starts_with("  ") ? GapRule::Blank : distance_;
+    const std::string_view distance = gaps_.text(distance_);
+    return distance.starts_with("  ") && text_.gap(comment) != distance ? GapRule::Blank : distance_;
+}
+
+// `{// What the elements are`: the author has put it as the first of what the bracket holds.
+bool CommentColumns::clingsToBracket(TokenIndex comment) const {
+    return text_.gap(comment).empty() && text_.isOpening(comment - 1);
+}
+
+// Behind another comment on its line too.
+void CommentColumns::setDistance(TokenIndex comment) {
+    if (clingsToBracket(comment)) return;
+    const GapRule distance = distanceOf(comment);
+    if (!text_.isComment(comment - 1)) return gaps_.set(comment, distance);
+    if (!gaps_.isSet(distance)) return;
+    Gap& gap = gaps_.gap(comment);
+    gap.sort = Gap::Sort::Blanks;
+    gap.rule = distance;
 }
 
 void CommentColumns::add(TokenIndex comment) {

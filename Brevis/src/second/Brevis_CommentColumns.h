@@ -27,6 +27,8 @@ private:
     bool goesOn(TokenIndex comment);
     bool followsOn(TokenIndex comment) const;
     bool isConditional(TokenIndex directive) const;
+    bool clingsToBracket(TokenIndex comment) const;
+    void setDistance(TokenIndex comment);
     GapRule distanceOf(TokenIndex comment) const;
     void add(TokenIndex comment);
     void close();

@@ -17,14 +17,16 @@ constexpr int farDistance = 16;    // from where on a comment to the right is no
 }  // namespace
 
 void CommentRules::run() {
-    for (TokenIndex token = 1; token < text_.size(); ++token) {
-        if (!text_.isTrivia(token)) continue;
-        const TokenIndex first = token;
-        while (token < text_.size() && text_.isTrivia(token)) ++token;
-        ownLines(first, token);
-        farRight(first, token);
-        behindCode(first, token);
-        beforeDirectives(first, token);
+    const std::vector<TokenIndex>& trivia = text_.trivia();
+    for (std::size_t at = 0; at < trivia.size();) {
+        const TokenIndex first = trivia[at];
+        TokenIndex behind = first;
+        for (; at < trivia.size() && trivia[at] == behind; ++at) ++behind;
+        ownLines(first, behind);
+        farRight(first, behind);
+        belowDeclaration(first, behind);
+        behindCode(first, behind);
+        beforeDirectives(first, behind);
     }
 }
 
@@ -35,9 +37,12 @@ void CommentRules::ownLines(TokenIndex first, TokenIndex behind) {
     const TokenIndex partner = text_.partner(behind);
     const bool isAtEnd = partner != 0 && partner < behind;
     if (isAtEnd && !beginsElseLine(behind)) return;
-    const int column = isAtEnd ? text_.column(behind, scheme_.tabSize) : 0;
+    const bool isBrace = text_.kind(behind) == Trn::Kind::OpenBrace && text_.startsLine(behind);
+    const int column = isAtEnd || isBrace ? text_.column(behind, scheme_.tabSize) : 0;
     for (TokenIndex token = first; token < behind; ++token) {
         if (!text_.isComment(token)) continue;
+        // The walk has placed what tells of the head in front.
+        if (isBrace && text_.isDocumentation(token) && text_.column(token, scheme_.tabSize) > column) continue;
         if (isAtEnd && text_.column(token, scheme_.tabSize) != column) continue;
         gaps_.setScope(token, gaps_[behind].scope);
     }
@@ -125,15 +130,34 @@ void CommentRules::farRight(TokenIndex first, TokenIndex behind) {
     }
 }
 
+// Documentation right below a declaration, further to the right than that and with nothing right below, tells of it.
+void CommentRules::belowDeclaration(TokenIndex first, TokenIndex behind) {
+    if (first == 1 || !text_.isDocumentation(first) || text_.lineFeeds(first) != 1) return;
+    if (text_.role(first - 1) != Cpp::Role::StatementEnd || !gaps_.startsLine(first)) return;
+    TokenIndex last = first;
+    while (last + 1 < behind && goesOn(last + 1)) ++last;
+    const TokenIndex partner = behind < text_.size() ? text_.partner(behind) : 0;
+    const bool isAtEnd = last + 1 == behind && partner != 0 && partner < behind;
+    if (text_.lineFeeds(last + 1) < 2 && !isAtEnd) return;
+    TokenIndex code = first - 1;
+    while (!text_.startsLine(code)) --code;
+    if (text_.column(first, scheme_.tabSize) <= text_.column(code, scheme_.tabSize)) return;
+    if (!gaps_.startsLine(code)) return;
+    const auto scope = gaps_.addScope({.anchor = code, .isAnchored = true});
+    for (TokenIndex token = first; token <= last; ++token) gaps_.setScope(token, scope);
+}
+
 // A comment that stands right above a directive and in its column is about the directive. Among directives outside of
-// all bodies it stays where it is.
+// all bodies it stays where it is, and so does one between two directives in the column of a name, as that of
+// `#  define`.
 void CommentRules::beforeDirectives(TokenIndex first, TokenIndex behind) {
     bool isAmongDirectives = false;
     for (TokenIndex token = first; token < behind; ++token) {
         if (text_.kind(token) != Trn::Kind::Directive) continue;
         const bool isFirst = !std::exchange(isAmongDirectives, true);
-        if (token == first || !text_.isComment(token - 1)) continue;
+        if (token == first || !text_.isComment(token - 1) || gaps_[token].sort == Gap::Sort::Fixed) continue;
         const int column = text_.column(token, scheme_.tabSize);
+        if (column == 0 && isAboveName(token)) gaps_.setScope(token - 1, asIs);
         if (!isFirst && column == 0) keepIndented(token);
         for (TokenIndex at = token; at > first && text_.lineFeeds(at) == 1; --at) {
             const TokenIndex comment = at - 1;
@@ -142,6 +166,18 @@ void CommentRules::beforeDirectives(TokenIndex first, TokenIndex behind) {
             gaps_.setScope(comment, gaps_[token].scope);
         }
     }
+}
+
+bool CommentRules::isAboveName(TokenIndex directive) const {
+    const TokenIndex comment = directive - 1;
+    if (text_.kind(comment - 1) != Trn::Kind::Directive) return false;
+    if (text_.lineFeeds(directive) != 1 || text_.lineFeeds(comment) != 1) return false;
+    const std::string_view text = text_.text(directive).substr(1);
+    const std::size_t blanks = blankSize(text);
+    if (blanks == 0) return false;
+    const int name = columnBehind(text.substr(0, blanks), 1, scheme_.tabSize);
+    const int column = text_.column(comment, scheme_.tabSize);
+    return column == name || column == name + 1;
 }
 
 // The comments right above the directive.

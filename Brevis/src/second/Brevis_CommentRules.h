@@ -20,6 +20,8 @@ private:
     bool goesOnWithDirective(TokenIndex token) const;
     bool goesOn(TokenIndex comment) const;
     void farRight(TokenIndex first, TokenIndex behind);
+    void belowDeclaration(TokenIndex first, TokenIndex behind);
+    bool isAboveName(TokenIndex directive) const;
     void beforeDirectives(TokenIndex first, TokenIndex behind);
     void keepIndented(TokenIndex directive);
     bool isLabel(TokenIndex token);

@@ -77,8 +77,6 @@ bool isComma(Role role) {
     }
 }
 
-bool isBodyRole(Role role) { return role >= Role::Body && role <= Role::LinkageBody; }
-
 bool holdsExpression(Sort sort) {
     return sort == Sort::Statement || sort == Sort::Data || sort == Sort::Declarators || sort == Sort::Using;
 }
@@ -154,7 +152,7 @@ TokenIndex ContinuationColumns::firstDeclarator(const OutlineItem& item) const {
 
 void ContinuationColumns::openBracket(TokenIndex open) {
     Frame frame{.first = open, .last = text_.partner(open), .isBracket = true, .levels = levels_.size()};
-    frame.isBody = isBodyRole(text_.role(open)) && text_.kind(open) == Kind::OpenBrace;
+    frame.isBody = isBody(text_.role(open)) && text_.kind(open) == Kind::OpenBrace;
     frame.isExpression = !frame.isBody || text_.role(open) == Role::EnumBody;
     frame.hasBehind = !frame.isBody && alignsBracket(open) && isContinued(open);
     frame.inside = text_.next(open);
@@ -301,7 +299,17 @@ void ContinuationColumns::readOperator(TokenIndex token, int precedence) {
 void ContinuationColumns::readQuestion(TokenIndex token) {
     const TokenIndex left = leftOf(conditional);
     const bool isChained = text_.role(text_.previous(left)) == Role::TernaryColon;
-    levels_.push_back({.precedence = conditional, .start = left, .question = token, .isNested = !isChained});
+    Level level{.precedence = conditional, .start = left, .question = token, .isNested = !isChained};
+    if (isChained && levels_.size() > top().levels) {
+        const Level& before = levels_.back();
+        level.colon = before.colon;
+        level.colonScope = before.colonScope;
+        if (scheme_.alignOperandsLeft && gaps_.startsLine(left) && areBelow(before.start, left)) {
+            level.chainStart = before.chainStart != 0 ? before.chainStart : before.start;
+            gaps_.setScope(left, at(level.chainStart, false));
+        }
+    }
+    levels_.push_back(level);
     top().operand = top().literal = 0;
     top().operation = token;
 }
@@ -368,13 +376,9 @@ bool ContinuationColumns::placeOperand(TokenIndex token) {
     }
     if (frame.literal != 0 && text_.kind(token) == Kind::StringLiteral) return put(at(frame.literal, false));
     const bool hasLevel = levels_.size() > frame.levels;
-    if (role == Role::TernaryColon) {
-        for (std::size_t level = levels_.size(); level > frame.levels; --level) {
-            if (levels_[level - 1].question != 0 && !levels_[level - 1].isBehindColon) {
-                return put(at(levels_[level - 1].question, false));
-            }
-        }
-        return false;
+    if (role == Role::TernaryColon) return placeColon(token);
+    if (role == Role::Question && levels_.back().colon != 0 && areBelow(levels_.back().colon, token)) {
+        return put(levels_.back().colonScope);
     }
     if (role == Role::Member && frame.operand != 0) {
         const bool isFirst = frame.operand == frame.first || text_.kind(text_.previous(frame.operand)) == Kind::Return;
@@ -386,10 +390,33 @@ bool ContinuationColumns::placeOperand(TokenIndex token) {
     if (frame.operand != 0 || frame.operation == 0) return false;
     const Role before = text_.role(frame.operation);
     if (hasLevel && (before == Role::Binary || before == Role::Comparison)) return put(scopeOf(levels_.back()));
-    if (hasLevel && (before == Role::Question || before == Role::TernaryColon))
+    const TokenIndex chain = hasLevel && before == Role::TernaryColon ? levels_.back().chainStart : 0;
+    if (chain != 0 && areBelow(levels_.back().start, token)) return put(at(chain, false));
+    if (hasLevel && (before == Role::Question || before == Role::TernaryColon)) {
         return put(at(levels_.back().start, true));
+    }
     if (before == Role::DeclaratorComma && frame.declarator != 0) return put(at(frame.declarator, false));
     return false;
+}
+
+// Below the question mark, or below the colon in front of it in a chain.
+bool ContinuationColumns::placeColon(TokenIndex token) {
+    for (std::size_t level = levels_.size(); level > top().levels; --level) {
+        Level& open = levels_[level - 1];
+        if (open.question == 0 || open.isBehindColon) continue;
+        const bool isChained = open.colon != 0 && areBelow(open.colon, token);
+        open.colonScope = isChained ? open.colonScope : at(open.question, false);
+        open.colon = token;
+        gaps_.setScope(token, open.colonScope);
+        return true;
+    }
+    return false;
+}
+
+// Whether they stand in one column of the source, where they will stand in one again.
+bool ContinuationColumns::areBelow(TokenIndex first, TokenIndex second) const {
+    return text_.startsLine(second) &&
+           text_.column(first, scheme_.tabSize) == text_.column(second, scheme_.tabSize);
 }
 
 ContinuationColumns::Scope ContinuationColumns::scopeOf(Level& level) {

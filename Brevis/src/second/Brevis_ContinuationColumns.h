@@ -28,6 +28,10 @@ private:
         int precedence = 0;
         TokenIndex start = 0;
         TokenIndex question = 0;  // of a conditional expression
+        // Of a part of a chain `a ? b : c ? d : e` whose author has it in one column with the one in front of it
+        TokenIndex chainStart = 0;  // the first operand below which conditions stand, or 0
+        TokenIndex colon = 0;       // that begins a line
+        Scope colonScope = 0;       // of that
         bool isBehindColon = false;
         bool isNested = false;  // in an expression of another level, or behind more than what leads to an expression
         Scope scope = 0;
@@ -64,6 +68,8 @@ private:
     void readQuestion(TokenIndex token);
     void readColon();
     TokenIndex leftOf(int precedence);
+    bool areBelow(TokenIndex first, TokenIndex second) const;
+    bool placeColon(TokenIndex token);
     bool leadsToExpression(TokenIndex token) const;
 
     void place(TokenIndex token);

@@ -12,8 +12,6 @@ using Sort = OutlineItem::Sort;
 
 namespace {
 
-bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
-
 // What stands between declarations and leaves their group alone.
 bool isPassedOver(Sort sort) {
     switch (sort) {
@@ -95,7 +93,7 @@ void DeclarationColumns::readName(const OutlineItem& item) {
 void DeclarationColumns::addName(const OutlineItem& item, ColumnGroup& group) {
     if (item.nameFirst <= item.first || !isOnLine(item.first, item.nameFirst)) return;
     TokenIndex first = item.nameFirst;
-    while (first > item.first && isJoined(first) && isSign(text_.role(first - 1))) --first;
+    while (first > item.first && isJoined(first) && isPointerSign(text_.role(first - 1))) --first;
     const bool isInBracket =
         text_.role(first) == Role::DeclaratorGroup || text_.role(first - 1) == Role::DeclaratorGroup;
     if (first == item.first || isInBracket) return;

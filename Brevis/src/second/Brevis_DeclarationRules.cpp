@@ -13,9 +13,7 @@ using Sort = OutlineItem::Sort;
 
 namespace {
 
-constexpr GapProperty operands = gapProperty<&Scheme::wsBetweenExprOpOperands>();
-constexpr GapProperty nothing{nullptr, GapRule::Nothing};
-constexpr GapProperty blank{nullptr, GapRule::Blank};
+constexpr GapProperty exprOperands = gapProperty<&Scheme::wsBetweenExprOpOperands>();
 constexpr GapProperty lineFeed{nullptr, GapRule::LineFeed};
 
 constexpr std::string_view specifierWords[] = {"constexpr",  "consteval",     "_Noreturn", "__inline",
@@ -56,8 +54,8 @@ void DeclarationRules::format(TokenIndex token) {
             initializer(token);
             break;
         case Role::TrailingReturn:
-            setInExpr(token, operands);
-            setInExpr(text_.next(token), operands);
+            setInExpr(token, exprOperands);
+            setInExpr(text_.next(token), exprOperands);
             break;
         case Role::Construction:
         case Role::MemberInitializer:
@@ -236,7 +234,7 @@ void DeclarationRules::parameters(TokenIndex token) {
     const TokenIndex first = text_.next(token);
     if (first != partner) return setInList(first, gapProperty<&Scheme::wsAfterFnOpenParen>());
     const bool isDecided = scheme_.wsAfterFnOpenParen.isSet || scheme_.wsBeforeFnCloseParen.isSet;
-    if (isDecided) setInList(first, nothing);
+    if (isDecided) setInList(first, nothingThere);
 }
 
 // `end` follows a parameter or its name. A word behind a type is the name.
@@ -281,13 +279,13 @@ void DeclarationRules::declaratorComma(TokenIndex comma) {
 
 void DeclarationRules::initializer(TokenIndex token) {
     endParameter(token);
-    setInExpr(token, operands);
+    setInExpr(token, exprOperands);
     const TokenIndex before = text_.previous(token);
     const bool isData = item_ != nullptr && item_->sort == Sort::Data && item_->initializer == token;
     if (isData && before == item_->nameLast) gaps_.set<&Scheme::wsAfterDdName>(token);
     if (isData && text_.role(before) == Role::ArrayBound) gaps_.set<&Scheme::wsAfterDdRbracket>(token);
     const TokenIndex value = text_.next(token);
-    if (text_.kind(value) != Kind::OpenBrace) setInExpr(value, operands);
+    if (text_.kind(value) != Kind::OpenBrace) setInExpr(value, exprOperands);
 }
 
 // `Type name(value)` and `name(value)` in a list of member initializers look like calls.
@@ -303,7 +301,7 @@ void DeclarationRules::construction(TokenIndex token) {
     if (text_.role(token) == Role::Construction) gaps_.set<&Scheme::wsAfterDdName>(token);
     const TokenIndex first = text_.next(token);
     if (first != partner) return setInList(first, gapProperty<&Scheme::wsAfterExprOpenParen>());
-    if (scheme_.wsAfterExprOpenParen.isSet || scheme_.wsBeforeExprCloseParen.isSet) setInList(first, nothing);
+    if (scheme_.wsAfterExprOpenParen.isSet || scheme_.wsBeforeExprCloseParen.isSet) setInList(first, nothingThere);
 }
 
 // ---- Classes
@@ -337,7 +335,7 @@ void DeclarationRules::setMemberInitializer(TokenIndex token, GapProperty proper
 // ---- Gaps
 
 void DeclarationRules::aroundComma(TokenIndex comma, GapProperty before, GapProperty behind) {
-    setInList(comma, before);
+    if (!text_.isEmptyArgument(comma)) setInList(comma, before);
     const TokenIndex next = text_.next(comma);
     if (!text_.isEmptyArgument(next)) setInList(next, behind);
 }
@@ -361,7 +359,7 @@ void DeclarationRules::setInExpr(TokenIndex token, GapProperty property) {
 // The first of two that is set; a blank if it would break the line.
 GapProperty DeclarationRules::inOneLine(GapProperty first, GapProperty second) const {
     const GapProperty property = gaps_.isSet(first.rule) ? first : second;
-    return gaps_.lineFeeds(property.rule) > 0 ? blank : property;
+    return gaps_.lineFeeds(property.rule) > 0 ? blankThere : property;
 }
 
 }  // namespace Brevis

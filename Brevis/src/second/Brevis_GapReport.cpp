@@ -13,7 +13,6 @@
 namespace Brevis {
 
 using Mode = IndentScope::Mode;
-using Sort = Gap::Sort;
 
 namespace {
 
@@ -163,9 +162,9 @@ Reason ChangeFinder::reasonOfGap(std::string_view before, std::string_view after
     const Gap& gap = gaps_[token_];
     if (isIndent && isIndentOfScope(gap)) return reasonOfIndent();
     if (token_ == text_.size() && scheme_.wsAtEndOfFile.isSet) return keyOf(ruleOf<&Scheme::wsAtEndOfFile>());
-    const bool isKept = gap.rule == GapRule::None || gap.sort == Sort::Keep || gap.sort == Sort::Fixed;
+    const bool isKept = gap.rule == GapRule::None || gap.sort == Gap::Sort::Keep || gap.sort == Gap::Sort::Fixed;
     const bool losesLines = newFeeds > 0 && newFeeds < feeds && scheme_.maxBlankLines >= 0;
-    if (losesLines && (isKept || gap.sort == Sort::Break)) return keyOf(ruleOf<&Scheme::maxBlankLines>());
+    if (losesLines && (isKept || gap.sort == Gap::Sort::Break)) return keyOf(ruleOf<&Scheme::maxBlankLines>());
     if (!isKept) return reasonOf(gap.rule);
     if (newFeeds > feeds) return {GapCause::LineEnd};
     const bool isTrailing = feeds > 0 || token_ == text_.size();
@@ -175,8 +174,8 @@ Reason ChangeFinder::reasonOfGap(std::string_view before, std::string_view after
 
 // Whether a line that begins with the gap is indented by nothing but its scope.
 bool ChangeFinder::isIndentOfScope(const Gap& gap) const {
-    if (gap.sort == Sort::Keep || gap.sort == Sort::Fixed) return true;
-    return (gap.sort == Sort::Lines || gap.sort == Sort::Break) && gaps_.tail(gap.rule).empty();
+    if (gap.sort == Gap::Sort::Keep || gap.sort == Gap::Sort::Fixed) return true;
+    return (gap.sort == Gap::Sort::Lines || gap.sort == Gap::Sort::Break) && gaps_.tail(gap.rule).empty();
 }
 
 // Whether an indent has only tabs for blanks, or blanks for tabs.

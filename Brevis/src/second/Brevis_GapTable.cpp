@@ -10,7 +10,7 @@ namespace Kind = Trn::Kind;
 namespace {
 
 // Words and literals are what comments are about; the white space of signs belongs to the sign.
-bool isSign(Trn::TokenKind kind) {
+bool isSignOrDots(Trn::TokenKind kind) {
     return (kind >= Kind::Semicolon && kind <= Kind::ArrowStar) || kind == Kind::Spaceship || kind == Kind::Ellipsis;
 }
 
@@ -103,8 +103,8 @@ TokenIndex GapTable::placeAmongTrivia(TokenIndex token, bool hasFeed) const {
         return first;
     }
     if (first == 1 || token == text_->size() || !text_->isOnOneLine(first - 1, token)) return 0;
-    const bool isBehindSign = isSign(text_->kind(first - 1));
-    if (isBehindSign == isSign(text_->kind(token))) return 0;
+    const bool isBehindSign = isSignOrDots(text_->kind(first - 1));
+    if (isBehindSign == isSignOrDots(text_->kind(token))) return 0;
     return isBehindSign ? first : token;
 }
 

@@ -31,6 +31,8 @@ template <auto member>
 consteval GapProperty gapProperty() {
     return {member, ruleOf<member>()};
 }
+// What no key decides.
+inline constexpr GapProperty nothingThere{nullptr, GapRule::Nothing}, blankThere{nullptr, GapRule::Blank};
 
 // The text and the scheme must outlive the table.
 class GapTable {

@@ -79,7 +79,7 @@ bool isPaired(Trn::TokenKind kind, Role role) {
 
 // Signs have neither white space nor bytes beyond ASCII in them. Words may have both: `A::` and a line feed belong to
 // the `operator` behind them.
-bool isSign(Trn::TokenKind kind) { return kind >= Kind::Semicolon && kind <= Kind::ArrowStar; }
+bool isAsciiSign(Trn::TokenKind kind) { return kind >= Kind::Semicolon && kind <= Kind::ArrowStar; }
 
 // What a text has beside the characters of one column.
 struct WideBytes {
@@ -95,7 +95,7 @@ struct WideBytes {
         hasTab = tabs != 0;
         isMultiByte = all > 0x7F;
     }
-    bool mayBeIn(Trn::TokenKind kind) const { return (hasTab || isMultiByte) && !isSign(kind); }
+    bool mayBeIn(Trn::TokenKind kind) const { return (hasTab || isMultiByte) && !isAsciiSign(kind); }
 };
 
 // Where a token of another text begins in one that differs from that in nothing but white space, if the one in front
@@ -174,9 +174,10 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         if (isFixed) hasFixed_ = true;
         end = isEnd ? begin : std::max(begin, buffer.end(index));
         std::uint32_t inside = 0;
-        if (!isSign(kind)) {
+        if (!isAsciiSign(kind)) {
             end = endOf(text, begin, end, kind);
             inside = feeds.countUpTo(end);
+            if (Trn::isTrivia(kind)) trivia_.push_back(index);
         }
         line += lineFeeds;
         const Role role = isEnd ? Role::None : table.role(index);
@@ -201,6 +202,7 @@ GapText::GapText(std::string_view laid, const GapText& text)
       brackets_(text.brackets_),
       outline_(text.outline_),
       tokens_(text.tokens_),
+      trivia_(text.trivia_),
       hasFixed_(text.hasFixed_) {
     LineFeeds feeds(laid);
     std::size_t end = 0;

@@ -56,6 +56,12 @@ public:
     }
     bool isTrivia(TokenIndex index) const { return Trn::isTrivia(kind(index)); }
     bool isComment(TokenIndex index) const { return Trn::isComment(kind(index)); }
+    // A comment that a tool reads: `///`, `//!`, `/**` or `/*!`.
+    bool isDocumentation(TokenIndex index) const {
+        const std::string_view text = this->text(index);
+        const bool isBegun = isComment(index) && text.size() > 2 && (text[2] == '!' || text[2] == text[1]);
+        return isBegun && (text.size() == 3 || (text[3] != text[2] && text != "/**/"));
+    }
 
     // The partner of a bracket; of a `<` or `>` only where the two are template brackets. 0 for none.
     TokenIndex partner(TokenIndex index) const { return tokens_[index].isBracket ? brackets_.partner(index) : 0; }
@@ -99,6 +105,8 @@ public:
     // The column, from 0, at which the token stands in the source. Reads the line up to there.
     int column(TokenIndex index, int tabSize) const;
 
+    // Comments and directives, in their order.
+    const std::vector<TokenIndex>& trivia() const { return trivia_; }
     const std::vector<Cpp::OutlineItem>& items() const { return outline_.items(); }
     std::string_view source() const { return source_; }
     // Whether any gap holds more than white space.
@@ -111,6 +119,7 @@ private:
     Trn::BracketTable brackets_;
     Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
+    std::vector<TokenIndex> trivia_;
     bool hasFixed_ = false;
 };
 

@@ -16,8 +16,6 @@ namespace {
 // Behind or in front of a separator, as the scheme counts them.
 constexpr int inFront = 1, behindIt = 2;
 
-bool isBodyRole(Role role) { return role >= Role::Body && role <= Role::LinkageBody; }
-
 }  // namespace
 
 GapWrapper::GapWrapper(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
@@ -104,7 +102,7 @@ int GapWrapper::layBrackets(const Stretch& stretch) {
     int shift = stretch.column - places_[stretch.first].column;
     for (TokenIndex at = stretch.first; at <= stretch.last; at = behind(at, stretch.last)) {
         const TokenIndex partner = text_.partner(at);
-        if (partner <= at + 1 || text_.kind(at) == Kind::Less || isBodyRole(text_.role(at))) continue;
+        if (partner <= at + 1 || text_.kind(at) == Kind::Less || isBody(text_.role(at))) continue;
         const TokenIndex close = std::min(partner, stretch.last + 1);
         if (close == at + 1) continue;
         const Stretch inside{at + 1, close - 1, places_[at + 1].column + shift,

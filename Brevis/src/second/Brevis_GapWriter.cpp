@@ -9,7 +9,6 @@ namespace Brevis {
 
 namespace Kind = Trn::Kind;
 using Mode = IndentScope::Mode;
-using Sort = Gap::Sort;
 
 namespace {
 
@@ -41,7 +40,7 @@ void GapWriter::findAnchors() {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
     std::vector<bool> isUsed(scopes.size());
     for (TokenIndex token = 1; token < text_.size(); ++token) {
-        if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Sort::Blanks) continue;
+        if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Gap::Sort::Blanks) continue;
         for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base) isUsed[scope] = true;
     }
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
@@ -59,10 +58,10 @@ template <GapWriter::Columns columns>
 bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
     const Gap gap = gaps_[token];
     const GapToken& before = text_.token(token - 1);
-    if (at.lineFeeds > 0 || gap.sort > Sort::Blanks || token == 1 || Trn::isLineToken(before.kind)) return false;
+    if (at.lineFeeds > 0 || gap.sort > Gap::Sort::Blanks || token == 1 || Trn::isLineToken(before.kind)) return false;
     isLineStart_ = false;
     const std::string_view there = text_.gap(token);
-    const std::string_view wanted = gap.sort == Sort::Blanks ? gaps_.text(gap.rule) : there;
+    const std::string_view wanted = gap.sort == Gap::Sort::Blanks ? gaps_.text(gap.rule) : there;
     if constexpr (columns == Columns::OfAll) laidColumn_ = columnBehind(wanted, laidColumn_, scheme_.tabSize);
     if (areSame(wanted, there)) {
         copyTo(at.begin);
@@ -172,26 +171,26 @@ std::size_t GapWriter::lineBeginOf(std::size_t offset) const {
 
 void GapWriter::writeGap(TokenIndex token) {
     const Gap& gap = gaps_[token];
-    const Sort sort = gap.sort;
+    const Gap::Sort sort = gap.sort;
     isLineStart_ = token == 1;
     if (token == text_.size()) return writeEnd();
-    const bool isInLine = sort == Sort::Blanks || sort == Sort::Column || sort == Sort::OwnColumn;
+    const bool isInLine = sort == Gap::Sort::Blanks || sort == Gap::Sort::Column || sort == Gap::Sort::OwnColumn;
     if (isInLine && needsFeed(token)) {
         return writeLines(token, std::max(1, keptFeeds(token)), {});
     }
     switch (sort) {
-        case Sort::Fixed:
-        case Sort::Keep:
+        case Gap::Sort::Fixed:
+        case Gap::Sort::Keep:
             return writeKept(token);
-        case Sort::Blanks:
+        case Gap::Sort::Blanks:
             return putGap(token, gaps_.text(gap.rule));
-        case Sort::Column:
-        case Sort::OwnColumn:
+        case Gap::Sort::Column:
+        case Gap::Sort::OwnColumn:
             return writeColumn(token);
-        case Sort::LineColumn:
-        case Sort::Lines:
+        case Gap::Sort::LineColumn:
+        case Gap::Sort::Lines:
             return writeLines(token, gaps_.lineFeeds(gap.rule), gaps_.tail(gap.rule));
-        case Sort::Break: {
+        case Gap::Sort::Break: {
             const int least = std::max(1, gaps_.lineFeeds(gap.rule));
             return writeLines(token, std::max(least, keptFeeds(token)), gaps_.tail(gap.rule));
         }
@@ -205,7 +204,7 @@ bool GapWriter::needsFeed(TokenIndex token) const {
 }
 
 void GapWriter::writeKept(TokenIndex token) {
-    const bool isFixed = gaps_[token].sort == Sort::Fixed;
+    const bool isFixed = gaps_[token].sort == Gap::Sort::Fixed;
     const int feeds = text_.lineFeeds(token);
     if (feeds == 0 && (token > 1 || isFixed)) return copyTo(text_.token(token).begin);
     if (!isFixed && !isStill(token)) return writeLines(token, keptFeeds(token), {});
@@ -235,7 +234,7 @@ bool GapWriter::goesWithCode(TokenIndex token) const {
 void GapWriter::writeEnd() {
     const TokenIndex end = text_.size();
     const bool isEmpty = end == 1;
-    if (isEmpty || gaps_[end].sort == Sort::Fixed) return copyTo(text_.source().size());
+    if (isEmpty || gaps_[end].sort == Gap::Sort::Fixed) return copyTo(text_.source().size());
     if (scheme_.wsAtEndOfFile.isSet) return putGap(end, scheme_.wsAtEndOfFile.text);
     scratch_.clear();
     const std::string_view gap = text_.gap(end);
@@ -248,7 +247,7 @@ void GapWriter::writeEnd() {
 void GapWriter::writeColumn(TokenIndex token) {
     int at = column();
     const int target = std::max(static_cast<int>(gaps_[token].column), at + 1);
-    if (gaps_[token].sort == Sort::OwnColumn && columnBehind(text_.gap(token), at, scheme_.tabSize) == target) {
+    if (gaps_[token].sort == Gap::Sort::OwnColumn && columnBehind(text_.gap(token), at, scheme_.tabSize) == target) {
         return copyTo(text_.token(token).begin);
     }
     scratch_.clear();
@@ -266,7 +265,7 @@ void GapWriter::writeColumn(TokenIndex token) {
 
 void GapWriter::writeLines(TokenIndex token, int lineFeeds, std::string_view tail) {
     scratch_.clear();
-    addFeeds(token, gaps_[token].sort == Sort::LineColumn ? keptFeeds(token) : lineFeeds);
+    addFeeds(token, gaps_[token].sort == Gap::Sort::LineColumn ? keptFeeds(token) : lineFeeds);
     const std::size_t feedsSize = scratch_.size();
     addLead(token, tail);
     putGap(token, scratch_);
@@ -302,7 +301,7 @@ void GapWriter::addFeeds(TokenIndex token, int lineFeeds) {
     }
     const std::string_view feeds = text_.source().substr(end, sourceLine_ - end);
     if (feeds.find_first_of(pageBreaks) != std::string_view::npos) return addPageBreaks(token);
-    if (gaps_[token].sort == Sort::Keep && !scheme_.removeTrailingWs && lineFeeds == sourceFeeds(token)) {
+    if (gaps_[token].sort == Gap::Sort::Keep && !scheme_.removeTrailingWs && lineFeeds == sourceFeeds(token)) {
         scratch_ += feeds;
     } else {
         scratch_.append(static_cast<std::size_t>(lineFeeds), '\n');
@@ -319,7 +318,7 @@ void GapWriter::addPageBreaks(TokenIndex token) {
 // `tail` comes behind the indent where a rule begins the line, and where the rule has one.
 void GapWriter::addLead(TokenIndex token, std::string_view tail) {
     const Gap& gap = gaps_[token];
-    if (gap.sort == Sort::LineColumn) return padTo(gap.column);
+    if (gap.sort == Gap::Sort::LineColumn) return padTo(gap.column);
     if (text_.kind(token) == Kind::Directive) tail = {};
     if (goesWithCode(token) && startsBelow(token)) return addLead(nextCode_, {});
     const IndentScope& scope = gaps_.scopes()[gap.scope];
@@ -412,11 +411,13 @@ void GapWriter::addDistance(TokenIndex token, const Base& base) {
         }
         scratch_ += to;
         padTo(columnIn(base, base.behind));
-    } else if (lead.starts_with(from)) {
+        return;
+    }
+    const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
+    if (lead.starts_with(from) && !bendsTabs(lead.substr(from.size()), shift)) {
         scratch_ += to;
         scratch_ += lead.substr(from.size());
     } else {
-        const int shift = columnBehind(to, 0, scheme_.tabSize) - columnBehind(from, 0, scheme_.tabSize);
         addWidth(to, width + shift);
     }
 }
@@ -533,6 +534,8 @@ void GapWriter::writeToken(TokenIndex token) {
     const GapToken& at = text_.token(token);
     if (at.holdsLines && movesWithLine(token)) {
         writeLaterLines(token, text_.text(token));
+    } else if (at.holdsLines && at.kind == Kind::Directive && writeBranch(token)) {
+        return;
     } else if (scheme_.removeTrailingWs && text_.isTrivia(token) && !gaps_.isFixed(token)) {
         const bool endsLine = text_.endsLine(token);
         const std::string_view trimmed = endsLine ? trimmedLine(text_.text(token)) : text_.text(token);
@@ -549,6 +552,47 @@ void GapWriter::writeToken(TokenIndex token) {
     if (runBegin_ <= sourceLine_) return beginLine(position() - (at.end - sourceLine_));
     flush();
     beginLine(out_.rfind('\n') + 1);
+}
+
+// What was read as one token with the lines of a branch: those move with the code round it that the first one stands
+// below. False if it comes out as it stands.
+bool GapWriter::writeBranch(TokenIndex token) {
+    const std::string_view text = text_.text(token);
+    if (gaps_.isFixed(token) || !holdsBranch(text)) return false;
+    std::string branch = movedBranch(text, branchShift(token), scheme_.tabSize, scheme_.convertWs == 2);
+    if (scheme_.removeTrailingWs) branch = trimmedBranch(branch);
+    if (branch == text) return false;
+    replaceTo(text_.token(token).end, branch);
+    countLines(text);
+    beginSourceLine(text_.token(token).begin + text.rfind('\n') + 1);
+    beginLine(out_.rfind('\n') + 1);
+    return true;
+}
+
+int GapWriter::branchShift(TokenIndex branch) {
+    const TokenIndex code = neighbourOf(branch, firstColumn(text_.text(branch), scheme_.tabSize));
+    if (code == 0) return 0;
+    const Gap& gap = gaps_[code];
+    const bool isBegun = gap.sort == Gap::Sort::Lines || gap.sort == Gap::Sort::Break;
+    scratch_.clear();
+    addLead(code, isBegun ? gaps_.tail(gap.rule) : std::string_view());
+    return scratchColumn() - text_.column(code, scheme_.tabSize);
+}
+
+// The code behind a branch, or one of the lines in front of it, that begins in the column.
+TokenIndex GapWriter::neighbourOf(TokenIndex branch, int column) {
+    constexpr int linesAbove = 3;
+    const auto isBeside = [&](TokenIndex code) {
+        return gaps_.startsLine(code) && text_.column(code, scheme_.tabSize) == column;
+    };
+    if (startsBelow(branch) && isBeside(nextCode_)) return nextCode_;
+    TokenIndex code = branch;
+    for (int line = 0; line < linesAbove && code > 1; ++line) {
+        do code = text_.previous(code);
+        while (code > 0 && !text_.startsLine(code));
+        if (code > 0 && isBeside(code)) return code;
+    }
+    return 0;
 }
 
 // Whether a token has lines whose white space means nothing: a comment, or a name behind `::`.
@@ -588,7 +632,7 @@ void GapWriter::writeLaterLines(TokenIndex token, std::string_view text) {
             scratch_ += line;
             continue;
         }
-        if (goesByLine && lead.starts_with(from)) {
+        if (goesByLine && lead.starts_with(from) && !bendsTabs(lead.substr(from.size()), shift)) {
             scratch_ += to;
             scratch_ += lead.substr(from.size());
         } else {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "second/Brevis_BranchLines.h"
 #include "second/Brevis_GapTable.h"
 #include "second/Brevis_LineColumns.h"
 
@@ -79,6 +80,10 @@ private:
     bool goesWithCode(TokenIndex token) const;
     int sourceFeeds(TokenIndex token) const;
     int keptFeeds(TokenIndex token) const;
+    // Whether tabs among the blanks get another width if these are moved.
+    bool bendsTabs(std::string_view blanks, int shift) const {
+        return shift % scheme_.tabSize != 0 && blanks.find('\t') != std::string_view::npos;
+    }
 
     // The white space of a new line, in `scratch_`
     void addFeeds(TokenIndex token, int lineFeeds);
@@ -106,6 +111,9 @@ private:
 
     // Tokens
     void writeToken(TokenIndex token);
+    bool writeBranch(TokenIndex token);
+    int branchShift(TokenIndex branch);
+    TokenIndex neighbourOf(TokenIndex branch, int column);
     bool movesWithLine(TokenIndex token) const;
     void writeLaterLines(TokenIndex token, std::string_view text);
     std::string_view trimmedLine(std::string_view line) const;

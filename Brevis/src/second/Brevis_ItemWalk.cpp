@@ -1,6 +1,8 @@
 // One pass over the tokens with a stack of what is open.
 #include "second/Brevis_ItemWalk.h"
 
+#include <algorithm>
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -77,9 +79,17 @@ void ItemWalk::openItem(const OutlineItem& item, bool isOutermost) {
         const OutlineItem* holder = parent.sort == Frame::Sort::Item ? parent.item : nullptr;
         if (parent.sort != Frame::Sort::Bracket) statements_.item(item, {.holder = holder, .before = parent.before});
     }
-    if (isOutermost) indentItem(item, parent);
+    const bool isLabels = isOutermost && standsForLabels(item, parent);
+    if (isLabels) {
+        const Scope scope = indented(parent.own, gapProperty<&Scheme::indentCsCaseLabels>());
+        gaps_.setScope(item.first, scope);
+        indentCommentsOfLabel(item.first, scope, parent);
+    } else if (isOutermost) {
+        indentItem(item, parent);
+    }
     const Frame frame = frameOf(item, parent);
     parent.before = &item;
+    parent.isBehindLabels = isLabels;
     if (item.sort == Sort::CaseLabel) parent.label = frame.own;
     frames_.push_back(frame);
 }
@@ -113,6 +123,28 @@ bool ItemWalk::isTryOf(const OutlineItem& item, const Frame& parent) const {
     return parent.sort == Frame::Sort::Item && parent.item->sort == Sort::Function && item.sort == Sort::Control;
 }
 
+// Whether the item is the call of a macro that no label leads to: `switch (sort) { HANDLE_SORT(A); ...`.
+bool ItemWalk::standsForLabels(const OutlineItem& item, const Frame& parent) const {
+    const bool isInSwitch = parent.sort == Frame::Sort::Body && parent.item != nullptr &&
+                            parent.item->sort == Sort::Part && text_.kind(parent.item->first) == Kind::Switch;
+    if (!isInSwitch || text_.kind(item.first) != Kind::Identifier) return false;
+    const TokenIndex open = text_.next(item.first);
+    if (text_.kind(open) != Kind::OpenParen) return false;
+    const TokenIndex close = text_.partner(open);
+    const bool hasSemicolon = text_.kind(item.last) == Kind::Semicolon && text_.previous(item.last) == close;
+    if (item.last != close && !hasSemicolon) return false;
+    if (parent.before == nullptr || parent.isBehindLabels) return true;
+    return !hasSemicolon && endsInJump(*parent.before);
+}
+
+// Of the item that has been opened last at its level: whether nothing goes on behind it.
+bool ItemWalk::endsInJump(const OutlineItem& before) const {
+    const OutlineItem& last = text_.items()[next_ - 1];
+    const bool isLast = &last == &before || (before.sort == Sort::Block && text_.next(last.last) == before.last);
+    const Trn::TokenKind kind = text_.kind(last.first);
+    return isLast && (kind == Kind::Break || kind == Kind::Return || kind == Kind::Continue || kind == Kind::Goto);
+}
+
 // Whether it is a `switch` with a label in place of its braces.
 bool ItemWalk::holdsLabel(const Frame& part) const {
     const TokenIndex body = part.item->body;
@@ -132,14 +164,31 @@ void ItemWalk::indentItem(const OutlineItem& item, const Frame& parent) {
             scope = anchored(parent.first, Mode::Distance, GapRule::None);
         } else if (parent.item->body == item.first) {
             if (statements_.isElseIf(item, parent.item)) return;
-            scope = scopeOfUnbraced(parent);
+            scope = goesOnBehindEndif(item, parent) ? below(parent.own, unbracedIndent()) : scopeOfUnbraced(parent);
             indentComments(item.first, scope);
         }
     } else if (item.sort == Sort::CaseLabel || item.sort == Sort::AccessLabel || item.sort == Sort::GotoLabel) {
         scope = labelScope(item, parent);
         indentCommentsOfLabel(item.first, scope, parent);
+    } else if (isLabelMacro(item, parent)) {
+        scope = indented(parent.own, gapProperty<&Scheme::indentCsCaseLabels>());
+    } else if (isBehindTemplate(item, parent)) {
+        scope = anchored(parent.before->first, Mode::Indent, GapRule::None);
     }
     gaps_.setScope(item.first, scope);
+}
+
+// Whether it is a macro in a `switch` in front of all labels, which can't be anything but labels itself.
+bool ItemWalk::isLabelMacro(const OutlineItem& item, const Frame& body) const {
+    const bool isMacro = item.sort == Sort::Macro || item.sort == Sort::Statement || item.sort == Sort::Unread;
+    return isMacro && text_.kind(item.last) == Kind::CloseParen && body.sort == Frame::Sort::Body &&
+           body.label == asIs && isSwitch(body);
+}
+
+// Whether a template head begins a line that the source goes on with, in a body whose lines keep their distances.
+bool ItemWalk::isBehindTemplate(const OutlineItem& item, const Frame& body) const {
+    if (body.before == nullptr || body.before->sort != Sort::Template || text_.startsLine(item.first)) return false;
+    return text_.startsLine(body.before->first) && gaps_.scopes()[body.inner].mode == Mode::Distance;
 }
 
 ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& statement) {
@@ -147,9 +196,20 @@ ItemWalk::Scope ItemWalk::scopeOfPart(const OutlineItem& part, const Frame& stat
     return below(statement.own, statements_.inFrontOf(part));
 }
 
-ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) {
+GapProperty ItemWalk::unbracedIndent() const {
     constexpr GapProperty own = gapProperty<&Scheme::indentCsUnbracedContent>();
-    return indented(holder.own, gaps_.isSet(own.rule) ? own : gapProperty<&Scheme::indentCsContent>());
+    return gaps_.isSet(own.rule) ? own : gapProperty<&Scheme::indentCsContent>();
+}
+
+ItemWalk::Scope ItemWalk::scopeOfUnbraced(const Frame& holder) { return indented(holder.own, unbracedIndent()); }
+
+// Whether it is a statement with parts behind `else` and `#endif`: without the branch it is one of its own.
+bool ItemWalk::goesOnBehindEndif(const OutlineItem& item, const Frame& part) const {
+    if (item.sort != Sort::Control || text_.kind(part.first) != Kind::Else) return false;
+    const TokenIndex directive = item.first - 1;
+    if (text_.kind(directive) != Kind::Directive) return false;
+    std::string_view text = text_.text(directive).substr(1);
+    return text.substr(blankSize(text)).starts_with("endif");
 }
 
 ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body) {
@@ -162,7 +222,8 @@ ItemWalk::Scope ItemWalk::labelScope(const OutlineItem& item, const Frame& body)
             break;
     }
     constexpr GapProperty property = gapProperty<&Scheme::indentLabel>();
-    if (!scheme_.alignLabelsLeftMost) return indented(body.gotoLabel, property);
+    // Behind the labels of a `switch` it goes by those.
+    if (!scheme_.alignLabelsLeftMost) return indented(body.label != 0 ? body.label : body.gotoLabel, property);
     return gaps_.isSet(property.rule) ? sharing(0, Mode::Indent, property.rule) : margin_;
 }
 
@@ -252,8 +313,13 @@ ItemWalk::Frame ItemWalk::bodyFrame(TokenIndex brace, const BodyKeys& keys) {
     const bool isOwned = outer.sort == Frame::Sort::Item && (outer.item->body == brace || outer.item->first == brace);
     Frame frame{.sort = Frame::Sort::Body, .first = brace, .last = text_.partner(brace)};
     frame.item = isOwned ? outer.item : nullptr;
-    frame.own = baseOf(brace, keys, frame.item);
-    frame.inner = indented(frame.own, indentOf(keys, frame));
+    if (const TokenIndex bracket = bracketAbove(brace, keys)) {
+        frame.isBelowBracket = true;
+        frame.own = frame.inner = anchored(bracket, Mode::Distance, GapRule::None);
+    } else {
+        frame.own = baseOf(brace, keys, frame.item);
+        frame.inner = indented(frame.own, indentOf(keys, frame));
+    }
     frame.close = keys.beforeClose;
     frame.isList = keys.role == Role::EnumBody;
     indentOpen(brace, keys, frame);
@@ -270,15 +336,72 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     }
     const bool hasOwnLine = keys.keepsBrace && gaps_.startsLine(brace);
     if (owner != nullptr && !hasOwnLine) return top().own;
-    if (top().lambda != 0 && keys.role == Role::LambdaBody) return top().lambda;
-    return anchored(brace, Mode::Distance, GapRule::None);
+    if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, keys, top().lambda);
+    const Scope own = anchored(brace, Mode::Distance, GapRule::None);
+    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, keys, own) : own;
+}
+
+// A body in a bracket goes by the line of its head, or by what the author has closed it below: the statement that holds
+// it, or the line of its brace.
+ItemWalk::Scope ItemWalk::baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own) {
+    const TokenIndex close = text_.partner(brace);
+    if (!text_.startsLine(close)) return own;
+    const int column = text_.column(close, scheme_.tabSize);
+    const bool hasOwnLine = gaps_.startsLine(brace);
+    if (hasOwnLine && (!text_.startsLine(brace) || text_.column(brace, scheme_.tabSize) != column)) return own;
+    if (gaps_.isSet(keys.beforeOpen.rule) && !gaps_.tail(keys.beforeOpen.rule).empty() && hasOwnLine) return own;
+    const auto holder = std::find_if(frames_.rbegin(), frames_.rend(),
+                                     [](const Frame& frame) { return frame.sort == Frame::Sort::Item; });
+    if (holder != frames_.rend() && text_.startsLine(holder->first) && gaps_.startsLine(holder->first) &&
+        text_.column(holder->first, scheme_.tabSize) == column) {
+        return holder->own;
+    }
+    const TokenIndex head = gaps_.scopes()[own].anchor;
+    TokenIndex first = brace;
+    while (first > head && !text_.startsLine(first)) --first;
+    const bool isBelow = first > head &&
+                         first < brace &&
+                         gaps_.startsLine(first) &&
+                         text_.column(first, scheme_.tabSize) == column;
+    return isBelow ? anchored(brace, Mode::Distance, GapRule::None) : own;
+}
+
+// The open bracket of a call below whose first argument the author has closed the body of a lambda, or 0.
+TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const {
+    const TokenIndex close = text_.partner(brace);
+    const TokenIndex content = text_.next(brace);
+    if (keys.role != Role::LambdaBody || !text_.startsLine(close) || !text_.startsLine(content)) return 0;
+    if (text_.startsLine(gaps_.scopes()[frames_.back().lambda].anchor)) return 0;
+    const int column = text_.column(close, scheme_.tabSize);
+    const int indent = columnBehind(gaps_.text(keys.indent.rule), 0, scheme_.tabSize);
+    if (!gaps_.isSet(keys.indent.rule) || text_.column(content, scheme_.tabSize) != column + indent) return 0;
+    constexpr int deepest = 8;  // no more brackets stand on one line of good sense
+    auto frame = frames_.rbegin();
+    for (int depth = 0; depth < deepest && frame->sort == Frame::Sort::Bracket; ++frame, ++depth) {
+        const TokenIndex first = text_.next(frame->first);
+        if (first < brace && !text_.startsLine(first) && text_.column(first, scheme_.tabSize) == column) {
+            return staysInLine(first) ? frame->first : 0;
+        }
+    }
+    return 0;
+}
+
+// Whether nothing changes between the begin of the token's line and the token.
+bool ItemWalk::staysInLine(TokenIndex token) const {
+    for (; !text_.startsLine(token); --token) {
+        const Gap& gap = gaps_[token];
+        if (gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule) != text_.gap(token)) return false;
+    }
+    return gaps_.startsLine(token);
+}
+
+bool ItemWalk::isSwitch(const Frame& body) const {
+    return body.item != nullptr && body.item->sort == Sort::Part && text_.kind(body.item->first) == Kind::Switch;
 }
 
 GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
     if (body.item == nullptr) return keys.indent;
-    if (body.item->sort == Sort::Part && text_.kind(body.item->first) == Kind::Switch) {
-        return gapProperty<&Scheme::indentCsCaseContent>();
-    }
+    if (isSwitch(body)) return gapProperty<&Scheme::indentCsCaseContent>();
     constexpr GapProperty nested = gapProperty<&Scheme::indentNestedNsContent>();
     const bool isNested = keys.role == Role::NamespaceBody && frames_.size() > 1 &&
                           text_.role(frames_[frames_.size() - 2].first) == Role::NamespaceBody;
@@ -294,6 +417,16 @@ void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& b
         keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
+    if (gaps_.isSet(keys.beforeOpen.rule) && gaps_.isSet(keys.indent.rule)) indentHeadNotes(brace, body.inner);
+}
+
+// A comment for documentation that stands further to the right than the brace behind it goes with the body.
+void ItemWalk::indentHeadNotes(TokenIndex brace, Scope inner) {
+    if (!text_.isComment(brace - 1) || !text_.startsLine(brace)) return;
+    const int column = text_.column(brace, scheme_.tabSize);
+    for (TokenIndex at = brace - 1; at > 0 && text_.isDocumentation(at) && text_.startsLine(at); --at) {
+        if (text_.column(at, scheme_.tabSize) > column) gaps_.setScope(at, inner);
+    }
 }
 
 void ItemWalk::readBracket(TokenIndex open) {
@@ -332,9 +465,22 @@ void ItemWalk::readClosing(TokenIndex close) {
     if (text_.kind(close) == Kind::CloseParen) return leaveParameters(close);
     if (text_.kind(close) != Kind::CloseBrace) return;
     const Gap::Sort sort = gaps_[close].sort;
-    const bool isDecided = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    const bool hasLine = sort == Gap::Sort::Lines || sort == Gap::Sort::Break || gaps_.isSet(frame.close.rule);
+    const bool isDecided = hasLine && !frame.isBelowBracket;
     gaps_.setScope(close, sharing(frame.own, isDecided ? Mode::Indent : Mode::Distance, GapRule::None));
     if (frame.isOneLine) bodies_.joinLines(frame.first);
+    goOnBehind(close);
+}
+
+// A declarator on the line behind that of a body's brace goes by the brace.
+void ItemWalk::goOnBehind(TokenIndex close) {
+    const TokenIndex next = text_.next(close);
+    if (frames_.size() < 2 || top().item == nullptr || !text_.startsLine(next) || !text_.startsLine(close)) return;
+    Frame& outer = frames_[frames_.size() - 2];
+    if (outer.sort != Frame::Sort::Item) return;
+    const Sort sort = outer.item->sort;
+    if (sort != Sort::Class && sort != Sort::Enum && sort != Sort::Data) return;
+    outer.inner = anchored(close, Mode::Distance, GapRule::None);
 }
 
 // The declarations of old-style parameters keep their place.

@@ -43,6 +43,8 @@ private:
         bool isHead = false;                       // of a function, in front of its name
         bool isList = false;                       // of elements, each with its own later lines
         bool isOneLine = false;                    // of a Body: the outermost one that stays on one line
+        bool isBelowBracket = false;               // of a Body: its lines keep their distance to an open bracket
+        bool isBehindLabels = false;               // of a Body: `before` is a macro that stands for labels
     };
 
     void openItems(TokenIndex token);
@@ -50,9 +52,16 @@ private:
     Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);
     bool holdsLabel(const Frame& part) const;
     bool isTryOf(const Cpp::OutlineItem& item, const Frame& parent) const;
+    bool standsForLabels(const Cpp::OutlineItem& item, const Frame& parent) const;
+    bool endsInJump(const Cpp::OutlineItem& before) const;
     void indentItem(const Cpp::OutlineItem& item, const Frame& parent);
+    bool isLabelMacro(const Cpp::OutlineItem& item, const Frame& body) const;
+    bool isBehindTemplate(const Cpp::OutlineItem& item, const Frame& body) const;
+    bool goesOnBehindEndif(const Cpp::OutlineItem& item, const Frame& part) const;
+    GapProperty unbracedIndent() const;
     Scope scopeOfPart(const Cpp::OutlineItem& part, const Frame& statement);
     Scope scopeOfUnbraced(const Frame& holder);
+    void indentHeadNotes(TokenIndex brace, Scope inner);
     void indentComments(TokenIndex token, Scope scope);
     void indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body);
     void read(TokenIndex token);
@@ -60,12 +69,17 @@ private:
     void readSemicolon(TokenIndex token);
     void readBody(TokenIndex brace);
     Frame bodyFrame(TokenIndex brace, const BodyKeys& keys);
+    bool isSwitch(const Frame& body) const;
     GapProperty indentOf(const BodyKeys& keys, const Frame& body) const;
+    Scope baseInBracket(TokenIndex brace, const BodyKeys& keys, Scope own);
+    bool staysInLine(TokenIndex token) const;
+    TokenIndex bracketAbove(TokenIndex brace, const BodyKeys& keys) const;
     Scope baseOf(TokenIndex brace, const BodyKeys& keys, const Cpp::OutlineItem* owner);
     void indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body);
     void readBracket(TokenIndex open);
     bool endsLine(TokenIndex token) const;
     void readClosing(TokenIndex close);
+    void goOnBehind(TokenIndex close);
     void leaveParameters(TokenIndex close);
     void beginElement(TokenIndex token);
 

@@ -10,21 +10,15 @@ namespace Brevis {
 
 namespace Kind = Trn::Kind;
 using Cpp::Role;
-using Sort = Gap::Sort;
 
 namespace {
 
 // What may stand in one column.
-constexpr int comment = 1, operand = 2, number = 3, assignment = 4, others = 100;
-
-// So far may two lines be from each other if both tokens stand behind more than one blank.
-constexpr std::uint32_t farthest = 4;
+constexpr int comment = 1, operand = 2, number = 3, assignment = 4, binary = 5, anyElement = 6, others = 100;
 
 // What makes a call a row of a table.
 constexpr TokenIndex longestRow = 64;
 constexpr std::size_t rowBlanks = 4;
-
-bool isSign(Role role) { return role == Role::Pointer || role == Role::Reference; }
 
 int sortOf(Trn::TokenKind kind, Role role) {
     switch (role) {
@@ -37,6 +31,11 @@ int sortOf(Trn::TokenKind kind, Role role) {
         case Role::Assignment:
         case Role::Initializer:
             return assignment;
+        case Role::Binary:
+        case Role::Comparison:
+            return binary;
+        case Role::DeclaratorGroup:
+            return kind == Kind::OpenParen ? operand : others + kind;
         default:
             return others + kind;
     }
@@ -66,7 +65,7 @@ void KeptColumns::run() {
     TokenIndex begin = 1;
     for (TokenIndex first = 1; first < text_.size();) {
         const Stretch line = stretchFrom(first);
-        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first);
+        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1);
         hasWide = hasWide || line.gaps == Gaps::Wide;
         first = line.end;
         if (!endsBlock && first < text_.size()) continue;
@@ -74,8 +73,10 @@ void KeptColumns::run() {
         begin = first;
         hasWide = false;
     }
-    leave(above_);
-    for (Cell& cell : linked_) cell.left = chainOf(cell);
+    for (Cell& cell : linked_) {
+        cell.left = chainOf(cell);
+        if (isInTable(cell)) gaps_.gap(cell.token).sort = Gap::Sort::Keep;
+    }
     std::erase_if(linked_, [](const Cell& cell) { return cell.left == 0; });
     std::stable_sort(linked_.begin(), linked_.end(), [&](const Cell& a, const Cell& b) {
         const int left = chains_[a.left].column, right = chains_[b.left].column;
@@ -120,10 +121,18 @@ KeptColumns::Stretch KeptColumns::stretchFrom(TokenIndex first) const {
     return line;
 }
 
+// Whether no expression goes on behind the token.
+bool KeptColumns::endsItem(TokenIndex token) const {
+    const Trn::TokenKind kind = text_.kind(token);
+    return kind == Kind::Semicolon || kind == Kind::OpenBrace || kind == Kind::CloseBrace || kind == Kind::Colon;
+}
+
 KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
     const std::string_view gap = text.gap(token);
     if (gap.size() > 1 || gap == "\t") return Gaps::Wide;
-    return gap.empty() && text.kind(token) != Kind::Number ? Gaps::OfNone : Gaps::Narrow;
+    const bool isNumber = text.kind(token) == Kind::Number;
+    if (gap.empty()) return isNumber || text.isComment(token) ? Gaps::Narrow : Gaps::OfNone;
+    return (isNumber || text.role(token) == Role::Prefix) && text.isOpening(token - 1) ? Gaps::Wide : Gaps::Narrow;
 }
 
 // No column goes beyond a block. In one without wide gaps there is none.
@@ -136,10 +145,12 @@ void KeptColumns::readBlock(TokenIndex begin, TokenIndex end, bool hasWide) {
         if (hasWide) {
             readLine(first, last);
         } else {
-            lines_[places_[first].line] = {.first = first, .token = first, .isBegun = begins(first)};
+            lines_[places_[first].line] = {.first = first, .token = first, .isBegun = isPlaced(first)};
         }
         first = last + 1;
     }
+    for (const Cell& cell : above_) keepLinked(cell);
+    above_.clear();
 }
 
 void KeptColumns::passSource(TokenIndex token) {
@@ -167,15 +178,18 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
             .token = first,
             .column = places_[first].column,
             .shift = places_[first].column - columns_[0],
-            .isBegun = begins(first)};
+            .isBegun = isPlaced(first)};
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
     if (gaps_.startsLine(first) && line.isBegun && !isTooLong(first, last)) {
+        readFirst(first);
         for (TokenIndex token = first + 1; token <= last && text_.lineFeeds(token) == 0; ++token) {
-            if (gaps_[token].sort == Sort::Column) here_.clear();
+            if (gaps_[token].sort == Gap::Sort::Column) here_.clear();
             readCell(token, first);
+            if (text_.kind(token) == Kind::Number) ++line.numbers;
         }
+        readEnd(first, last);
     }
     link(line);
 }
@@ -205,41 +219,37 @@ bool KeptColumns::isPlaced(TokenIndex first) const {
     return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
 }
 
-// A line below a token that may still come to share a column with a line further down can't have columns itself.
-bool KeptColumns::begins(TokenIndex first) {
-    if (!isPlaced(first)) return false;
-    const TokenIndex basis = basisOf(first);
-    if (basis == 0) return true;
-    const auto isInFront = [&](const Cell& cell) {
-        return cell.token <= basis && mayBeFar(cell) && places_[cell.token].line == places_[basis].line;
-    };
-    joinFar();
-    if (std::ranges::none_of(above_, isInFront) && std::ranges::none_of(far_, isInFront)) return true;
-    if (stretchFrom(first).gaps == Gaps::OfNone) return false;
-    std::erase_if(far_, isInFront);
-    for (Cell& cell : above_) cell.isKeptNear = cell.isKeptNear || isInFront(cell);
-    return true;
-}
-
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
-    const Sort sort = gaps_[token].sort;
-    if (sort == Sort::Fixed || sort == Sort::Column || readJoined(token, first)) return;
+    const Gap::Sort sort = gaps_[token].sort;
+    if (sort == Gap::Sort::Fixed || sort == Gap::Sort::Column || readJoined(token, first)) return;
     const bool isComment = text_.isComment(token);
     if (isComment && scheme_.alignTrailingComments && gaps_.startsLine(token + 1)) return;
+    // The sign of a cast stands below a name by chance alone.
+    const TokenIndex close = isPointerSign(text_.role(token)) ? text_.partner(token + 1) : 0;
+    if (close != 0 && close < token) return;
     const std::string_view gap = text_.gap(token);
-    const bool isNumber = text_.kind(token) == Kind::Number;
+    const bool hasSign = text_.role(token) == Role::Prefix && text_.kind(token + 1) == Kind::Number;
+    const bool isNumber = hasSign || text_.kind(token) == Kind::Number;
     const bool isFirst = text_.isOpening(token - 1) || text_.kind(token - 1) == Kind::Comma;
-    if (gap.empty() && !(isNumber && isFirst)) return;
+    if (gap.empty() && !(isNumber && isFirst) && !(isComment && !text_.isOpening(token - 1))) return;
+    // A body of several lines is no element of a column.
+    if (text_.kind(token) == Kind::OpenBrace && gaps_.startsLine(text_.next(token))) return;
 
-    Cell cell{.token = token, .anchor = token, .start = columns_[token - first]};
-    cell.sort = isComment ? comment : sortOf(text_.kind(token), text_.role(token));
-    cell.other = cell.start + (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
+    Cell cell{.token = token, .anchor = nameAt(token), .start = columns_[token - first]};
+    const bool isElement = isComment && !gaps_.startsLine(token + 1);
+    cell.sort = isElement ? operand : isComment ? comment : sortOf(text_.kind(token), text_.role(token));
+    // Of a list any element.
+    if (cell.sort >= others && text_.role(token - 1) == Role::ElementComma) cell.sort = operand;
+    cell.other = columns_[cell.anchor - first] +
+                 (endsColumn(cell.sort) ? static_cast<int>(text_.text(token).size()) - 1 : 0);
     cell.hasTab = gap.find('\t') != std::string_view::npos;
     cell.isWide = gap.size() > 1 || cell.hasTab;
+    cell.isPadded = gap.size() == 1 && isPadded(token);
+    cell.gap = gapBegin(token, first);
     cell.isLone = isLone(cell);
     if (cell.isLone) {
         cell.left = static_cast<std::uint32_t>(chains_.size());
-        chains_.push_back({.column = cell.start, .size = 1, .isWide = true, .hasTab = true});
+        chains_.push_back({.column = cell.start, .size = 1, .wide = 1, .hasTab = true});
     }
     here_.push_back(cell);
 }
@@ -256,10 +266,70 @@ bool KeptColumns::isLone(const Cell& cell) const {
         const TokenIndex below = lastOfLine_ + 1;
         return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
     }
-    if (!isSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
+    if (!isPointerSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
     const Trn::TokenKind before = text_.kind(cell.token - 1);
     const bool isBasic = (before >= Kind::Char && before <= Kind::Void) || before == Kind::Unsigned;
     return roleBefore == Role::None && (before == Kind::Identifier || isBasic);
+}
+
+// The name in the bracket of `(*name)`, or the token itself.
+TokenIndex KeptColumns::nameAt(TokenIndex token) const {
+    if (text_.role(token) != Role::DeclaratorGroup || text_.partner(token) < token) return token;
+    TokenIndex name = token;
+    for (TokenIndex at = token + 1; text_.lineFeeds(at) == 0 && places_[at].line == places_[token].line; ++at) {
+        if (text_.kind(at) == Kind::Identifier) {
+            name = at;
+        } else if (!isPointerSign(text_.role(at))) {
+            break;
+        }
+    }
+    return name;
+}
+
+// From the sign that ends a row to the next element.
+int KeptColumns::reachOfEnd(TokenIndex sign) const { return text_.kind(sign) == Kind::Comma ? 2 : 1; }
+
+// Behind the last element of a row and its comma the next one would stand, and longer rows of the list may have one there.
+void KeptColumns::readEnd(TokenIndex first, TokenIndex last) {
+    const auto closesList = [&](TokenIndex token) {
+        return text_.kind(token) == Kind::CloseBrace && text_.role(token) == Role::BracedInitializer &&
+               text_.partner(token) < first && isJoined(token);
+    };
+    TokenIndex end = first + 1;
+    while (end < last && !closesList(end)) ++end;
+    const bool isEnd = end <= last && (closesList(end) || text_.role(end) == Role::ElementComma);
+    if (!isEnd || text_.lineFeeds(end) > 0) return;
+    const int start = columns_[end - first] + reachOfEnd(end);
+    const auto place = std::ranges::find_if(here_, [&](const Cell& cell) { return cell.start >= start; });
+    here_.insert(place,
+                 {.token = end, .anchor = end, .start = start, .other = start, .sort = anyElement, .isEnd = true});
+}
+
+// The column of the source at which the gap begins, of a token that does not begin the line.
+int KeptColumns::gapBegin(TokenIndex token, TokenIndex first) const {
+    const TokenIndex before = token - 1;
+    if (!text_.token(before).holdsLines) return text_.columnBehind(before, columns_[before - first], scheme_.tabSize);
+    return columns_[token - first] - static_cast<int>(text_.gap(token).size());
+}
+
+// Whether any blank in front of the token is there for a column: `{ 1, ...` above `{10, ...`.
+bool KeptColumns::isPadded(TokenIndex token) const {
+    const Gap& gap = gaps_[token];
+    return text_.kind(token - 1) == Kind::OpenBrace && gap.sort == Gap::Sort::Blanks && gaps_.text(gap.rule).empty();
+}
+
+// The number that a row of a table begins with.
+void KeptColumns::readFirst(TokenIndex first) {
+    TokenIndex token = first;
+    if (text_.role(first) == Role::Prefix && isJoined(first + 1)) ++token;
+    if (text_.kind(token) != Kind::Number) return;
+    const int size = columns_[token - first] - columns_[0] + static_cast<int>(text_.text(token).size());
+    here_.push_back({.token = first,
+                     .anchor = token,
+                     .start = columns_[0],
+                     .other = columns_[0] + size - 1,
+                     .sort = number,
+                     .isFixed = true});
 }
 
 // A sign and what follows it are one cell, which begins behind the gap that parts them from what stands in front: the
@@ -267,7 +337,10 @@ bool KeptColumns::isLone(const Cell& cell) const {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    if (!isNumber && !isSign(text_.role(sign))) return false;
+    const TokenIndex open = text_.partner(token);
+    const bool isName = open == 0 || open > token;
+    if (!isNumber && !(isPointerSign(text_.role(sign)) && isName)) return false;
+    if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
         const std::string_view gap = text_.gap(token);
@@ -278,8 +351,8 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
                          .hasTab = gap.find('\t') != std::string_view::npos});
     }
     Cell& cell = here_.back();
-    cell.anchor = token;
-    cell.other = columns_[token - first];
+    cell.anchor = nameAt(token);
+    cell.other = columns_[cell.anchor - first];
     if (isNumber) {
         cell.sort = number;
         cell.other += static_cast<int>(text_.text(token).size()) - 1;
@@ -288,19 +361,26 @@ bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
         cell.token = token;
     } else if (!hasCell) {
         cell.token = sign;
-        while (cell.token > first && isJoined(cell.token) && isSign(text_.role(cell.token - 1))) --cell.token;
-        const Sort sort = gaps_[cell.token].sort;
-        if (cell.token == first || sort == Sort::Column || sort == Sort::Fixed) here_.pop_back();
+        while (cell.token > first && isJoined(cell.token) && isPointerSign(text_.role(cell.token - 1))) --cell.token;
+        const Gap::Sort sort = gaps_[cell.token].sort;
+        if (cell.token == first || sort == Gap::Sort::Column || sort == Gap::Sort::Fixed) {
+            here_.pop_back();
+            return true;
+        }
     }
+    cell.gap = gapBegin(cell.token, first);
     return true;
 }
 
 // What the line begins below doesn't share a column with it: it would take the line along.
 void KeptColumns::link(Line& line) {
     const TokenIndex basis = basisOf(line.first);
-    const auto behind = std::ranges::find_if(above_, [&](const Cell& cell) { return cell.token > basis; });
-    leave({above_.begin(), behind});
-    above_.erase(above_.begin(), behind);
+    const bool isBegun = line.first == 1 || text_.lineFeeds(line.first) > 0;
+    std::erase_if(above_, [&](const Cell& cell) {
+        if (cell.token > basis && (isBegun || !cell.isPassed)) return false;
+        keepLinked(cell);
+        return true;
+    });
     linkBy(&Cell::start, &Cell::left, false);
     linkBy(&Cell::other, &Cell::right, true);
     const auto linked = std::ranges::find_if(here_, [&](const Cell& cell) { return chainOf(cell) != 0; });
@@ -311,8 +391,46 @@ void KeptColumns::link(Line& line) {
         firstAbove = std::min(firstAbove, cell.token);
         break;
     }
-    leave(above_);
+    if (isBegun) passCells(line.first);
+    for (const Cell& cell : above_) keepLinked(cell);
     above_.swap(here_);
+}
+
+// Columns are seen through one line that is blank where they stand: it is shorter, or lacks an element or a comment.
+void KeptColumns::passCells(TokenIndex first) {
+    const auto isEdge = [&](const Cell& cell) {
+        const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others;
+        return isSort && !cell.isPassed && (cell.isWide || chainOf(cell) != 0);
+    };
+    if (std::ranges::none_of(above_, isEdge)) return;
+    through_.clear();
+    TokenIndex token = first;
+    const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
+    std::erase_if(above_, [&](Cell& cell) {
+        if (!isEdge(cell)) return false;
+        // Nothing may stand in the line where the cell stands, and nothing to the right of a comment.
+        const int last = cell.sort == comment ? std::numeric_limits<int>::max() : std::max(cell.start, cell.other);
+        while (token < end &&
+               text_.columnBehind(token, columns_[token - first], scheme_.tabSize) <= cell.start) ++token;
+        if ((token < end && columns_[token - first] <= last) || !staysClear(token, first, cell)) return false;
+        through_.push_back(cell);
+        through_.back().isPassed = true;
+        return true;
+    });
+    if (through_.empty()) return;
+    const auto middle = static_cast<std::ptrdiff_t>(here_.size());
+    here_.insert(here_.end(), through_.begin(), through_.end());
+    std::inplace_merge(here_.begin(), here_.begin() + middle, here_.end(),
+                       [](const Cell& a, const Cell& b) { return a.start < b.start; });
+}
+
+// Whether the line is blank there in the result too, as far as that is known. Behind the cell it goes on with `token`.
+bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const {
+    const Line& line = lines_[places_[cell.token].line];
+    if (text_.lineFeeds(line.first) == 0 && line.first > 1) return false;
+    if (token == first) return places_[first].column > std::max(cell.start, cell.other) + std::max(0, line.shift);
+    const int end = text_.columnBehind(token - 1, places_[token - 1].column, scheme_.tabSize);
+    return end <= cell.start + std::min(0, line.shift);
 }
 
 // Both lines have their cells in the order of their columns.
@@ -322,164 +440,163 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         while (above != above_.end() && (*above).*column < cell.*column) ++above;
         if (above == above_.end()) return;
         const auto sortHere = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
-        if ((*above).*column != cell.*column || sortHere(*above) != sortHere(cell)) continue;
+        if ((*above).*column != cell.*column) continue;
+        if (above->isEnd || cell.isEnd) {
+            const Cell& other = above->isEnd ? cell : *above;
+            if (isRight || other.isEnd || text_.role(other.token - 1) != Role::ElementComma) continue;
+        } else if (sortHere(*above) != sortHere(cell)) {
+            continue;
+        }
         // In one column with what follows an open bracket at once: only the ends of numbers.
-        if (!isRight && (text_.gap(cell.token).empty() || text_.gap(above->token).empty())) continue;
+        const auto isTight = [&](const Cell& c) { return text_.gap(c.token).empty() && !c.isEnd; };
+        if (!isRight && (isTight(cell) || isTight(*above)) && cell.sort != comment) continue;
         std::uint32_t& number = (*above).*chain;
         if (number == 0) {
             number = static_cast<std::uint32_t>(chains_.size());
             chains_.push_back({.column = cell.*column,
                                .size = 1,
-                               .isWide = above->isWide,
+                               .wide = above->isWide ? 1 : 0,
+                               .isPadded = above->isPadded,
                                .hasTab = above->hasTab,
                                .isRight = isRight});
         }
         cell.*chain = number;
         Chain& found = chains_[number];
         ++found.size;
-        found.isWide = found.isWide || cell.isWide;
+        found.wide += cell.isWide ? 1 : 0;
+        found.isPadded = found.isPadded || cell.isPadded;
         found.hasTab = found.hasTab || cell.hasTab;
     }
 }
 
-// Cells of one line, whose neighbours are known now.
-void KeptColumns::leave(const std::vector<Cell>& cells) {
-    joinFar();
-    for (const Cell& cell : cells) {
-        if (cell.left != 0 || cell.right != 0) linked_.push_back(cell);
-        if (!mayBeFar(cell)) continue;
-        linkFar(cell);
-        left_.push_back(cell);
-    }
+void KeptColumns::keepLinked(const Cell& cell) {
+    const bool mayStay = cell.sort == number && cell.isWide && !cell.hasTab && !cell.isFixed;
+    if (cell.left != 0 || cell.right != 0 || mayStay) linked_.push_back(cell);
 }
 
-bool KeptColumns::mayBeFar(const Cell& cell) const {
-    const bool isFirst = text_.startsLine(lines_[places_[cell.token].line].first);
-    return isFirst && cell.isWide && cell.sort != comment && !cell.isKeptNear;
-}
-
-// With a line further up in the same scope, past some without the column.
-void KeptColumns::linkFar(const Cell& cell) {
-    const auto firstOf = [&](const Cell& of) { return lines_[places_[of.token].line].first; };
-    const TokenIndex first = firstOf(cell);
-    const auto isLike = [&](const Cell& other) {
-        return other.sort == cell.sort && gaps_[firstOf(other)].scope == gaps_[first].scope;
-    };
-    std::erase_if(far_, [&](const Cell& other) { return places_[first].line - places_[other.token].line > farthest; });
-    const auto isLess = [](int column, const Cell& other) { return column < other.start; };
-    auto found = std::upper_bound(far_.begin(), far_.end(), cell.start, isLess);
-    while (found != far_.begin() && (found - 1)->start == cell.start && !isLike(*(found - 1))) --found;
-    if (found == far_.begin() || (--found)->start != cell.start) return;
-    if (cell.left != 0 && cell.left == found->left) return;
-    const auto number = static_cast<std::uint32_t>(chains_.size());
-    // Its turn comes behind that of the columns in which they end.
-    const int column = std::max(cell.other, found->other);
-    chains_.push_back({.column = column, .size = 2, .isWide = true, .isFar = true});
-    for (Cell one : {*found, cell}) {
-        one.left = number;
-        one.right = 0;
-        linked_.push_back(one);
-        TokenIndex& firstLinked = lines_[places_[one.token].line].firstLinked;
-        firstLinked = std::min(firstLinked, one.token);
-    }
-}
-
-// Those of the last line too, now that it isn't the last one any more.
-void KeptColumns::joinFar() {
-    const auto middle = static_cast<std::ptrdiff_t>(far_.size());
-    far_.insert(far_.end(), left_.begin(), left_.end());
-    left_.clear();
-    const auto isLess = [](const Cell& a, const Cell& b) { return a.start < b.start; };
-    std::inplace_merge(far_.begin(), far_.begin() + middle, far_.end(), isLess);
+// A number in one of several rows of numbers, which stays where no column takes it along. Rows that the author has set by hand
+// don't come out ragged where a column of theirs is not exact.
+bool KeptColumns::isInTable(const Cell& cell) const {
+    if (cell.sort != number || !cell.isWide || cell.hasTab || cell.isFixed || cell.isEnd) return false;
+    if (gaps_[cell.token].sort != Gap::Sort::Blanks || text_.role(cell.token - 1) != Role::ElementComma) return false;
+    constexpr int least = 4;
+    const auto isRow = [&](std::size_t line) { return line < lines_.size() && lines_[line].numbers >= least; };
+    const std::size_t line = places_[cell.token].line;
+    return isRow(line) && (isRow(line + 1) || (line > 0 && isRow(line - 1)));
 }
 
 // ---- Columns
 
-// The longer one of the two chains, if one of its tokens stands behind more than one blank. Of two as long as each other
-// names with signs go on with names: a sign that stands in their column by chance doesn't take them over.
+// The longer one of the two chains, if one of its tokens stands behind more than one blank: where there are several such
+// it isn't one that further lines have joined by chance. Of two as long as each other names with signs go on with names: a
+// sign that stands in their column by chance doesn't take them over.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
-    const std::uint32_t left = chains_[cell.left].isWide ? cell.left : 0;
-    const std::uint32_t right = chains_[cell.right].isWide ? cell.right : 0;
+    const auto isColumn = [&](std::uint32_t chain) { return chains_[chain].wide > 0 || chains_[chain].isPadded; };
+    const std::uint32_t left = isColumn(cell.left) ? cell.left : 0;
+    const std::uint32_t right = isColumn(cell.right) ? cell.right : 0;
+    if (left == 0 || right == 0) return left + right;
     const int lead = cell.sort == number ? 1 : 0;
-    return right != 0 && (left == 0 || chains_[right].size >= chains_[left].size + lead) ? right : left;
+    const bool isSingle = chains_[left].wide == 1 && chains_[right].wide > 1;
+    return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
-    if (chain.isFar) return placeFar(*first, *(first + 1));
     if (last - first < 2 && !first->isLone) return;
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lines_[places_[first->token].line];
-    int column = std::max(0, chain.column + line.shift);
+    int column = std::max(0,
+                          chain.column + (hasTabs ? line.shift : std::min(line.shift, moved(first, last, line.shift))));
     if (hasTabs) column = (column + tab / 2) / tab * tab;
     // How far the token stands in front of the column that it shares.
     const auto reach = [&](const Cell& cell) { return chain.isRight ? lastColumn(cell) : 0; };
+    int fixed = -1;
     for (const Cell* cell = first; cell != last; ++cell) {
+        if (!cell->isFixed) continue;
+        const int place = places_[cell->token].column + reach(*cell);
+        if (fixed >= 0 && place != fixed) return;
+        column = fixed = place;
+    }
+    const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
+        return cell.sort == number && !cell.isFixed && isPadded(cell.token);
+    });
+    if (chain.wide == 0 && !arePadded) return;
+    if (arePadded || (!hasTabs && areTight(first, last))) column = 0;
+    for (const Cell* cell = first; cell != last; ++cell) {
+        if (cell->isFixed) continue;
+        if (cell->isEnd) {
+            column = std::max(column, columnBehindEnd(cell->token));
+            continue;
+        }
         const Gap& gap = gaps_[cell->token];
-        int width = gap.sort == Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
+        int width = gap.sort == Gap::Sort::Blanks ? static_cast<int>(gaps_.text(gap.rule).size()) : 1;
         if (!(cell->sort == number && chain.isRight)) width = std::max(width, 1);
-        if (gap.sort == Sort::Keep && text_.gap(cell->token).empty()) width = 0;
+        const bool isTight = gap.sort == Gap::Sort::Keep && text_.gap(cell->token).empty();
+        if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
     }
     if (hasTabs) column = (column + tab - 1) / tab * tab;
-    if (column > std::numeric_limits<std::uint16_t>::max()) return;
+    if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
 
+    // Blanks in brackets make a column of what stands close together, and not more of it.
+    if (chain.wide == 0 && std::any_of(first, last, [&](const Cell& cell) {
+            return column - reach(cell) - gapColumn(cell.token) > cell.start - cell.gap;
+        })) {
+        return;
+    }
     // If nothing stands behind more than one blank, it isn't seen as a column again.
     bool isWide = hasTabs && scheme_.convertWs != 1;
     for (const Cell* cell = first; cell != last && !isWide; ++cell) {
-        isWide = column - reach(*cell) - gapColumn(cell->token) > 1;
+        isWide = !cell->isFixed && !cell->isEnd && column - reach(*cell) - gapColumn(cell->token) > (arePadded ? 0 : 1);
     }
     if (!isWide) return;
-    // Where the author's own white space leads to the column, nothing else is written.
-    const auto leads = [&](const Cell& cell, int from, int target) {
-        return scheme_.convertWs != 1 && columnBehind(text_.gap(cell.token), from, tab) == target;
+    // Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
+    const auto leads = [&](const Cell& cell) {
+        if (cell.isFixed || cell.isEnd) return true;
+        const int from = gapColumn(cell.token);
+        return columnBehind(text_.gap(cell.token), from, tab) == column - reach(cell);
     };
+    const bool areOwn = scheme_.convertWs != 1 && !hasTabs && std::all_of(first, last, leads);
     for (const Cell* cell = first; cell != last; ++cell) {
-        const int target = column - reach(*cell);
-        const int from = gapColumn(cell->token);
-        Line& own = lines_[places_[cell->token].line];
-        const bool isOwn = leads(*cell, from, target);
-        if (from != target && (isOwn || from + widthBehind(cell->token, from) != target)) {
-            Gap& gap = gaps_.gap(cell->token);
-            gap = {.sort = isOwn ? Sort::OwnColumn : Sort::Column,
-                   .rule = ruleOf<&Scheme::keepAlignedColumns>(),
-                   .column = static_cast<std::uint16_t>(target),
-                   .scope = gap.scope};
-        }
-        own.token = cell->token;
-        own.column = target;
-        own.from = from;
+        const bool isOwn = areOwn || (hasTabs && scheme_.convertWs != 1 && leads(*cell) &&
+                                      column - reach(*cell) - gapColumn(cell->token) == 1);
+        if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell), isOwn);
     }
 }
 
-// They stay in one column if their own white space leads there.
-void KeptColumns::placeFar(const Cell& one, const Cell& other) {
-    const int column = ownColumn(one);
-    if (column < 0 || column != ownColumn(other) || column > std::numeric_limits<std::uint16_t>::max()) return;
-    for (const Cell& cell : {one, other}) {
-        Line& line = lines_[places_[cell.token].line];
-        if (line.token == cell.token) continue;
-        line.from = gapColumn(cell.token);
-        Gap& gap = gaps_.gap(cell.token);
-        gap = {.sort = scheme_.convertWs == 1 ? Sort::Column : Sort::OwnColumn,
+void KeptColumns::moveTo(TokenIndex token, int column, bool isOwn) {
+    const int from = gapColumn(token);
+    Line& own = lines_[places_[token].line];
+    if (from != column && (isOwn || from + widthBehind(token, from) != column)) {
+        Gap& gap = gaps_.gap(token);
+        gap = {.sort = isOwn ? Gap::Sort::OwnColumn : Gap::Sort::Column,
                .rule = ruleOf<&Scheme::keepAlignedColumns>(),
                .column = static_cast<std::uint16_t>(column),
                .scope = gap.scope};
-        line.token = cell.token;
-        line.column = column;
     }
+    own.token = token;
+    own.column = column;
 }
 
-// Where a cell is placed already or would be by its own white space, or -1 if it isn't seen behind more than one blank
-// there.
-int KeptColumns::ownColumn(const Cell& cell) {
-    const Line& line = lines_[places_[cell.token].line];
-    const bool isPlaced = line.token == cell.token;
-    if (line.token > cell.token) return -1;
-    const int from = isPlaced ? line.from : gapColumn(cell.token);
-    const int column = isPlaced ? line.column : columnBehind(text_.gap(cell.token), from, scheme_.tabSize);
-    const bool hasTab = scheme_.convertWs != 1 && text_.gap(cell.token) == "\t";
-    return column - from > 1 || hasTab ? column : -1;
+// How far what stands in front of the cells has moved, if that is alike for all. Comments stay where they are.
+int KeptColumns::moved(const Cell* first, const Cell* last, int otherwise) {
+    if (first->sort == comment || std::any_of(first, last, [](const Cell& cell) { return cell.isFixed; })) {
+        return otherwise;
+    }
+    const int moved = gapColumn(first->token) - first->gap;
+    const auto isAlike = [&](const Cell& cell) { return gapColumn(cell.token) - cell.gap == moved; };
+    return std::all_of(first + 1, last, isAlike) ? moved : otherwise;
+}
+
+// Whether they are comments that stand as near to the code as they may: behind the longest line at their distance.
+bool KeptColumns::areTight(const Cell* first, const Cell* last) const {
+    int least = std::numeric_limits<int>::max();
+    for (const Cell* cell = first; cell != last; ++cell) {
+        if (text_.kind(cell->token) != Kind::LineComment) return false;
+        least = std::min(least, cell->start - cell->gap);
+    }
+    const auto& distance = scheme_.wsBeforeTrailingComment;
+    return distance.isSet && least == static_cast<int>(distance.text.size());
 }
 
 // From the cell's first column to the one that it shares with others.
@@ -500,11 +617,17 @@ int KeptColumns::gapColumn(TokenIndex token) {
     return line.column + places_[token].gap - places_[line.token].column;
 }
 
+// Where the next element would stand, now that what stands in front of it is placed.
+int KeptColumns::columnBehindEnd(TokenIndex sign) {
+    const int begin = gapColumn(sign);
+    return begin + widthBehind(sign, begin) + reachOfEnd(sign);
+}
+
 // How wide the gap in front of a token is if it begins in the column.
 int KeptColumns::widthBehind(TokenIndex token, int column) const {
     const Gap& gap = gaps_[token];
-    if (gap.sort == Sort::Column || gap.sort == Sort::OwnColumn) return std::max<int>(gap.column - column, 1);
-    if (gap.sort != Sort::Keep && gap.sort != Sort::Fixed) return places_[token].column - places_[token].gap;
+    if (gap.sort == Gap::Sort::Column || gap.sort == Gap::Sort::OwnColumn) return std::max<int>(gap.column - column, 1);
+    if (gap.sort != Gap::Sort::Keep && gap.sort != Gap::Sort::Fixed) return places_[token].column - places_[token].gap;
     int end = column;
     for (const char c : text_.gap(token)) {
         end = c == '\t' ? (end / scheme_.tabSize + 1) * scheme_.tabSize : end + 1;

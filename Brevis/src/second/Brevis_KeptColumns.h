@@ -34,60 +34,72 @@ private:
         TokenIndex token = 0;
         TokenIndex anchor = 0;  // the name behind the signs
         int start = 0;
-        int other = 0;        // of the name, or the last one of a number or an assignment
-        int sort = 0;         // cells of a column have the same
-        bool isWide = false;  // behind more than one blank
+        int other = 0;          // of the name, or the last one of a number or an assignment
+        int gap = 0;            // at which the white space in front of it begins
+        int sort = 0;           // cells of a column have the same
+        bool isWide = false;    // behind more than one blank
+        bool isPadded = false;  // behind one where the scheme has none
         bool hasTab = false;
+        bool isFixed = false;     // it begins a line, and so has a place
+        bool isEnd = false;       // no token, but the place behind `token`, which ends a row
+        bool isPassed = false;    // it was seen through a line that is blank there
         bool isLone = false;      // a column by itself
-        bool isKeptNear = false;  // has no more to do with lines further away
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
-    // Cells of lines that follow each other, or two of lines that nearly do.
+    // Cells of lines that follow each other.
     struct Chain {
         int column = 0;
         int size = 0;
-        bool isWide = false;  // one of them is
+        int wide = 0;  // how many of them are
+        bool isPadded = false;
         bool hasTab = false;
         bool isRight = false;
-        bool isFar = false;
     };
     // A line of the result, as far as its columns are known.
     struct Line {
         TokenIndex first = 0;
         TokenIndex token = 0;  // comes to stand in `column`
         int column = 0;
-        int from = 0;                                                     // where the gap in front of it begins, if it is of a column
-        int shift = 0;                                                    // from the source to the result, of its first token
+        int shift = 0;  // from the source to the result, of its first token
+        int numbers = 0;
         bool isBegun = true;                                              // its first token is where it comes to stand
         TokenIndex firstLinked = std::numeric_limits<TokenIndex>::max();  // in a column of lines above
     };
 
     static Gaps gapsBefore(const GapText& text, TokenIndex token);
     Stretch stretchFrom(TokenIndex first) const;
+    bool endsItem(TokenIndex token) const;
     void readBlock(TokenIndex begin, TokenIndex end, bool hasWide);
     void readLine(TokenIndex first, TokenIndex last);
     bool isTooLong(TokenIndex first, TokenIndex last) const;
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
     void readCell(TokenIndex token, TokenIndex first);
+    TokenIndex nameAt(TokenIndex token) const;
+    int reachOfEnd(TokenIndex sign) const;
+    void readEnd(TokenIndex first, TokenIndex last);
+    int gapBegin(TokenIndex token, TokenIndex first) const;
+    bool isPadded(TokenIndex token) const;
+    void readFirst(TokenIndex first);
     bool isLone(const Cell& cell) const;
     bool readJoined(TokenIndex token, TokenIndex first);
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
-    void leave(const std::vector<Cell>& cells);
-    void linkFar(const Cell& cell);
-    void joinFar();
-    bool mayBeFar(const Cell& cell) const;
-    bool begins(TokenIndex first);
+    void keepLinked(const Cell& cell);
+    bool isInTable(const Cell& cell) const;
+    void passCells(TokenIndex first);
+    bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
+    int moved(const Cell* first, const Cell* last, int otherwise);
+    bool areTight(const Cell* first, const Cell* last) const;
+    void moveTo(TokenIndex token, int column, bool isOwn);
     void passSource(TokenIndex token);
 
     std::uint32_t chainOf(const Cell& cell) const;
     void place(const Cell* first, const Cell* last, const Chain& chain);
-    void placeFar(const Cell& one, const Cell& other);
-    int ownColumn(const Cell& cell);
     int lastColumn(const Cell& cell) const;
     bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
+    int columnBehindEnd(TokenIndex sign);
     int gapColumn(TokenIndex token);
     int widthBehind(TokenIndex token, int column) const;
 
@@ -101,9 +113,8 @@ private:
     TokenIndex passed_ = 0;
     TokenIndex lastOfLine_ = 0;  // at hand
     std::vector<Cell> above_;    // the cells of the last line with code
-    std::vector<Cell> far_;      // wide ones of lines before that, by their columns
-    std::vector<Cell> left_;     // of the last such line
     std::vector<Cell> here_;
+    std::vector<Cell> through_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
 };

@@ -16,9 +16,6 @@ constexpr std::string_view qualifierWords[] = {"restrict",     "_Atomic",  "_Nul
                                                "__unaligned",  "__ptr32",  "__ptr64",   "__user",     "__iomem",
                                                "__rcu",        "__percpu", "__kernel",  "__force"};
 
-constexpr GapProperty nothing{nullptr, GapRule::Nothing};
-constexpr GapProperty blank{nullptr, GapRule::Blank};
-
 }  // namespace
 
 PointerRules::PointerRules(const GapText& text, const Scheme& scheme, GapTable& gaps)
@@ -41,16 +38,20 @@ bool PointerRules::isName(TokenIndex token) const {
     const Role role = text_.role(token);
     const Trn::TokenKind kind = text_.kind(token);
     // `(name)` keeps its form.
-    const bool isOpenGroup = role == Role::DeclaratorGroup && kind == Kind::OpenParen && isSign(text_.next(token));
+    const bool isOpenGroup = opensGroup(token) && isSign(text_.next(token));
     return kind == Kind::Identifier || kind == Kind::Operator || kind == Kind::This || isOpenGroup ||
            role == Role::StructuredBinding;
+}
+
+bool PointerRules::opensGroup(TokenIndex token) const {
+    return text_.role(token) == Role::DeclaratorGroup && text_.kind(token) == Kind::OpenParen;
 }
 
 bool PointerRules::beginsRun(TokenIndex sign) const {
     const TokenIndex before = text_.previous(sign);
     if (before == 0 || isSign(before)) return false;
     const Role role = text_.role(before);
-    if (role == Role::DeclaratorComma) return true;
+    if (role == Role::DeclaratorComma || opensGroup(before)) return true;
     switch (text_.kind(before)) {
         case Kind::Const:
         case Kind::Volatile:
@@ -85,10 +86,16 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     const int anchor = isStar ? scheme_.asteriskAnchor : scheme_.ampersandAnchor;
     const GapProperty between =
         isStar ? gapProperty<&Scheme::wsBetweenAsteriskAnchor>() : gapProperty<&Scheme::wsBetweenAmpersandAnchor>();
-    const GapProperty inner = gaps_.isSet(between.rule) ? between : nothing;
+    const GapProperty inner = gaps_.isSet(between.rule) ? between : nothingThere;
     const TokenIndex end = behindRun(first);
     if (anchor != 0 && anchor != 1) {
         if (isName(end) && gaps_.lineFeeds(name.behindType.rule) > 0) gaps_.set(end, name.behindType);
+        return;
+    }
+    // `(*name)`: the bracket tells what the signs belong to.
+    if (opensGroup(text_.previous(first))) {
+        setInside(first, end, true, inner);
+        if (isName(end) && !isQualifier(text_.previous(end))) gaps_.setKeepingLines(end, inner);
         return;
     }
     const bool isFurther = text_.role(text_.previous(first)) == Role::DeclaratorComma;
@@ -97,13 +104,13 @@ void PointerRules::run(TokenIndex first, const DeclaredName& name) {
     const bool isAtSign = !isQualifier(text_.previous(end));
     if (!isName(end)) {
         if (isFurther) return;
-        if (isWithName) return setBehindType(first, {blank});
+        if (isWithName) return setBehindType(first, {blankThere});
         return gaps_.set(first, inner);
     }
     if (!isFurther && isWithName && gaps_.lineFeeds(name.behindType.rule) == 0) {
         setBehindType(first, name);
     } else if (!isFurther) {
-        gaps_.set(first, isWithName ? blank : inner);
+        gaps_.set(first, isWithName ? blankThere : inner);
     }
     if (!isAtSign) return setBehindType(end, name);
     if (!isWithName || (!isFurther && gaps_.lineFeeds(name.behindType.rule) > 0)) return setBehindType(end, name);
@@ -115,15 +122,15 @@ void PointerRules::setInside(TokenIndex first, TokenIndex end, bool isWithName, 
     for (TokenIndex at = text_.next(first); at < end; at = text_.next(at)) {
         const bool isBehindSign = isSign(text_.previous(at));
         if (isSign(at) || text_.role(at) == Role::Pack) {
-            gaps_.setKeepingLines(at, isBehindSign || !isWithName ? nothing : blank);
+            gaps_.setKeepingLines(at, isBehindSign || !isWithName ? nothingThere : blankThere);
         } else if (isBehindSign) {
-            gaps_.setKeepingLines(at, isWithName ? between : blank);
+            gaps_.setKeepingLines(at, isWithName ? between : blankThere);
         }
     }
 }
 
 void PointerRules::setBehindType(TokenIndex token, const DeclaredName& name) {
-    if (!gaps_.isSet(name.behindType.rule)) return gaps_.setKeepingLines(token, blank);
+    if (!gaps_.isSet(name.behindType.rule)) return gaps_.setKeepingLines(token, blankThere);
     if (name.keepsLines) {
         gaps_.setKeepingLines(token, name.behindType);
     } else {

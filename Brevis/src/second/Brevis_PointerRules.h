@@ -28,6 +28,7 @@ public:
 private:
     bool isSign(TokenIndex token) const;
     bool isQualifier(TokenIndex token) const;
+    bool opensGroup(TokenIndex token) const;
     bool isName(TokenIndex token) const;
     void setInside(TokenIndex first, TokenIndex end, bool isWithName, GapProperty between);
     void setBehindType(TokenIndex token, const DeclaredName& name);

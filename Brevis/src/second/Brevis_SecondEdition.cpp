@@ -11,6 +11,7 @@
 #include "second/Brevis_GapRules.h"
 #include "second/Brevis_GapWrapper.h"
 #include "second/Brevis_GapWriter.h"
+#include "second/Brevis_SourceTabs.h"
 
 namespace Brevis {
 
@@ -62,6 +63,25 @@ void layOutBroken(const GapText& text, const FormatterProperties& properties, Ga
     }
 }
 
+std::string writeLaid(const GapText& text, const FormatterProperties& properties, GapTable& gaps) {
+    Layout layout = layOut(text, properties, gaps);
+    if (layout.isBroken) layOutBroken(text, properties, gaps, layout.written);
+    return std::move(layout.written);
+}
+
+bool holdsTabs(std::string_view text) { return text.find('\t') != std::string_view::npos; }
+
+// The properties with the tab size of the source, if no tab is to be left and that size is another one.
+std::optional<FormatterProperties> forTabsOf(std::string_view source, const FormatterProperties& properties) {
+    const Scheme& scheme = properties.scheme;
+    if (scheme.convertWs != 1 || scheme.tabSize == 1 || !holdsTabs(source)) return std::nullopt;
+    const int tabSize = tabSizeOf(source, scheme.tabSize);
+    if (tabSize == scheme.tabSize) return std::nullopt;
+    std::optional<FormatterProperties> changed = properties;
+    changed->scheme.tabSize = tabSize;
+    return changed;
+}
+
 }  // namespace
 
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
@@ -72,10 +92,14 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     if (!update(formattingPhase)) return cancelledRun(messages);
 
     const GapText& text = *gapText;
-    GapTable gaps(text, properties.scheme);
-    Layout layout = layOut(text, properties, gaps);
-    if (layout.isBroken) layOutBroken(text, properties, gaps, layout.written);
-    std::string result = std::move(layout.written);
+    const std::optional<FormatterProperties> forTabs = forTabsOf(source, properties);
+    GapTable gaps(text, forTabs ? forTabs->scheme : properties.scheme);
+    std::string result = writeLaid(text, forTabs ? *forTabs : properties, gaps);
+    // With tabs left, as in literals, a second run could find another size.
+    if (forTabs && (gaps.holdsTabs() || holdsTabs(result))) {
+        gaps = GapTable(text, properties.scheme);
+        result = writeLaid(text, properties, gaps);
+    }
     const std::string written = observer_ != nullptr ? result : std::string();
     const SeamGuard guard(source,
                           properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,

@@ -10,7 +10,7 @@ namespace {
 
 constexpr GapProperty afterOpen = gapProperty<&Scheme::wsAfterTpOpenBracket>();
 constexpr GapProperty beforeClose = gapProperty<&Scheme::wsBeforeTpCloseBracket>();
-constexpr GapProperty beforeComma = gapProperty<&Scheme::wsBeforeTpComma>();
+constexpr GapProperty beforeTemplateComma = gapProperty<&Scheme::wsBeforeTpComma>();
 constexpr GapProperty between = gapProperty<&Scheme::wsBetweenTpParams>();
 
 }  // namespace
@@ -57,7 +57,7 @@ void TemplateRules::beforeOpen(TokenIndex token) {
 // Parameters may stand below each other; arguments never do.
 void TemplateRules::comma(TokenIndex token, Role bracket) {
     const bool isHead = bracket == Role::TemplateParameters;
-    if (isHead || !gaps_.hasLineFeed(beforeComma)) gaps_.setInList(token, beforeComma);
+    if (isHead || !gaps_.hasLineFeed(beforeTemplateComma)) gaps_.setInList(token, beforeTemplateComma);
     if (isHead) return gaps_.setInList(text_.next(token), betweenParameters_);
     if (!gaps_.hasLineFeed(between)) gaps_.setInList(text_.next(token), between);
 }

@@ -33,8 +33,8 @@ bool anyValueBreaks(const Scheme& scheme) {
 
 }  // namespace
 
-CppExprFormatter::CppExprFormatter(const Scheme& scheme)
-    : CppExprFormatterBase(scheme),
+CppExprFormatter::CppExprFormatter(const Scheme& scheme, LeafDialect dialect)
+    : CppExprFormatterBase(scheme, dialect),
       anyValueBreaks_(anyValueBreaks(scheme)),
       parens_{scheme.wsAfterExprOpenParen, scheme.wsBeforeExprCloseParen, scheme.wsBeforeFnCallComma,
               scheme.betweenFnCallArgs()},
@@ -86,7 +86,7 @@ std::string CppExprFormatter::format(std::string_view text, const IndentStreamSe
     if (buffersInUse_ == tokenBuffers_.size()) tokenBuffers_.push_back(std::make_unique<ExprTokens>());
     ExprTokens& tokens = *tokenBuffers_[buffersInUse_];
     const Lease lease(tokens, buffersInUse_);
-    tokens.lex(text);
+    tokens.lex(text, dialect());
     return formatSlice({&tokens, 0, tokens.count(), 0, static_cast<std::uint32_t>(text.size())}, settings);
 }
 

@@ -18,8 +18,8 @@ namespace Brevis {
 class CppExprFormatter : public CppExprFormatterBase {
 public:
     // The scheme must outlive the formatter.
-    explicit CppExprFormatter(const Scheme& scheme);
-    explicit CppExprFormatter(Scheme&& scheme) = delete;
+    explicit CppExprFormatter(const Scheme& scheme, LeafDialect dialect = {});
+    explicit CppExprFormatter(Scheme&& scheme, LeafDialect dialect = {}) = delete;
     ~CppExprFormatter() override;
 
     // The re-spaced text. Throws Trn::Exception for brackets nested beyond Trn::NestingGuard::limit.

@@ -30,8 +30,8 @@ std::vector<Line> splitLines(std::string_view text) {
 }
 
 // The column at which what stands in front of the line's assignment ends. A line without one counts whole.
-int assignmentColumn(std::string_view line) {
-    TokenReader reader(line);
+int assignmentColumn(std::string_view line, LeafDialect dialect) {
+    TokenReader reader(line, dialect);
     while (reader.more()) {
         if (isAssignment(reader.next().kind())) return reader.current().last().column;
         reader.advance();
@@ -45,7 +45,7 @@ std::string CppExprFormatter::alignAssignments(std::string_view text, const Inde
     const std::vector<Line> lines = splitLines(text);
     int widest = 0;
     for (const Line& line : lines) {
-        if (line.takesPart) widest = std::max(widest, assignmentColumn(line.text));
+        if (line.takesPart) widest = std::max(widest, assignmentColumn(line.text, dialect()));
     }
     if (widest <= 0) return std::string(text);
 
@@ -63,7 +63,7 @@ std::string CppExprFormatter::alignAssignments(std::string_view text, const Inde
 
 void CppExprFormatter::writeAlignedLine(std::string_view line, int widest, OIndentStream& out) const {
     ITextDocStream in(line, out.tabSize());
-    TokenReader reader(line);
+    TokenReader reader(line, dialect());
     for (; reader.more(); reader.advance()) {
         const Trn::Token& current = reader.current();
         const Trn::Token& next = reader.next();

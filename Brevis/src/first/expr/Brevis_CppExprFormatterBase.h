@@ -8,6 +8,7 @@
 #include "first/text/Brevis_Columns.h"
 #include "first/text/Brevis_Copying.h"
 #include "first/text/Brevis_Gaps.h"
+#include "first/text/Brevis_LeafDialect.h"
 #include "first/text/Brevis_StreamColumns.h"
 #include "scheme/Brevis_Scheme.h"
 
@@ -31,6 +32,7 @@ constexpr bool isBinaryOp(Trn::TokenKind kind) {
         case ShiftRight:
         case Less:
         case Greater:
+        case Spaceship:
             return true;
         default:
             return false;
@@ -47,9 +49,10 @@ constexpr bool isAssignment(Trn::TokenKind kind) {
 // the place where the text lands. The results hold the indent of the lines behind the first.
 class CppExprFormatterBase {
 public:
-    // The scheme must outlive the formatter.
-    explicit CppExprFormatterBase(const Scheme& scheme) : scheme_(scheme) {}
-    explicit CppExprFormatterBase(Scheme&& scheme) = delete;
+    // The scheme must outlive the formatter. `dialect` is that of the texts.
+    explicit CppExprFormatterBase(const Scheme& scheme, LeafDialect dialect = {}) : scheme_(scheme),
+                                                                                    dialect_(dialect) {}
+    explicit CppExprFormatterBase(Scheme&& scheme, LeafDialect dialect = {}) = delete;
     virtual ~CppExprFormatterBase() = default;
 
     // The text with the white space round each separator of token number `kind` at depth zero replaced, items
@@ -67,6 +70,8 @@ public:
     // The text written as ordinary text at the place that `settings` tells.
     static std::string writeOrdinary(std::string_view text, const IndentStreamSettings& settings);
 
+    LeafDialect dialect() const { return dialect_; }
+
 protected:
     const Scheme& scheme() const { return scheme_; }
 
@@ -74,6 +79,7 @@ private:
     class ListPass;
 
     const Scheme& scheme_;
+    const LeafDialect dialect_;
 };
 
 }  // namespace Brevis

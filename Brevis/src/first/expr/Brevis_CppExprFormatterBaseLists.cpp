@@ -67,7 +67,7 @@ public:
           separator_(separator),
           wsBefore_(wsBefore),
           wsAfter_(wsAfter),
-          reader_(text),
+          reader_(text, writers.dialect()),
           in_(text, settings.tabSize),
           out_(settings) {}
 
@@ -256,7 +256,7 @@ std::string CppExprFormatterBase::ListPass::finish() {
         return out_.takeStr();
     }
     ITextDocStream cursor(tail, in_.tabSize());
-    TokenReader tokens(tail);
+    TokenReader tokens(tail, writers_.dialect());
     while (tokens.more()) {
         tokens.advance();
         const Trn::Token& token = tokens.current();

@@ -62,8 +62,9 @@ constexpr std::size_t keptBytes = 1 << 20;
 
 }  // namespace
 
-void ExprTokens::lex(std::string_view text) {
+void ExprTokens::lex(std::string_view text, LeafDialect dialect) {
     text_ = text;
+    dialect_ = dialect;
     tokens_.clear();
     angleCloses_.clear();
     appendLexed(0, static_cast<std::uint32_t>(text.size()), tokens_);
@@ -85,7 +86,7 @@ void ExprTokens::lex(std::string_view text) {
 
 void ExprTokens::appendLexed(std::uint32_t begin, std::uint32_t end, std::vector<ExprToken>& tokens) const {
     const std::string_view text = text_.substr(begin, end - begin);
-    Cpp::Lexer lexer(text);
+    Cpp::Lexer lexer(text, dialect_.dialect, dialect_.language);
     OffsetFinder offsetOf(text);
     for (Trn::Token token = lexer.next(); token.kind() != Kind::EndOfInput; token = lexer.next()) {
         // A first position stands behind the first character.
@@ -136,10 +137,13 @@ bool ExprTokens::isWhiteSpaceFrom(std::uint32_t begin, std::uint32_t end) const 
 }
 
 // A backslash at the end of a token may stand at the end of its line, and a name that ends in `::` takes the white
-// space behind it.
+// space behind it. A line comment ends with its line feed.
 bool ExprTokens::isPlainToken(const ExprToken& token, bool isOneLine) const {
-    if (token.kind == Kind::Defective || Trn::isLineToken(token.kind) || token.begin >= token.end) return false;
+    if (token.kind == Kind::Defective || token.kind == Kind::Directive || token.begin >= token.end) return false;
     const char last = text_[token.end - 1];
+    if (token.kind == Kind::LineComment) {
+        return last == '\n' && text_.substr(token.begin, token.end - token.begin).find('\\') == std::string_view::npos;
+    }
     if (last == '\\' || Vellum::isSpace(last)) return false;
     return isOneLine || text_.substr(token.begin, token.end - token.begin).find('\n') == std::string_view::npos;
 }

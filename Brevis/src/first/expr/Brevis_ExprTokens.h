@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Trn_TokenKind.h"
+#include "first/text/Brevis_LeafDialect.h"
 
 namespace Brevis {
 
@@ -22,7 +23,7 @@ public:
     static constexpr std::uint32_t none = UINT32_MAX;
 
     // `text` must outlive the use of the tokens. Memory is kept from one text to the next.
-    void lex(std::string_view text);
+    void lex(std::string_view text, LeafDialect dialect);
     // To be called when the tokens are no longer used: gives back the memory of a huge text.
     void release();
 
@@ -35,8 +36,8 @@ public:
     std::uint32_t angleClose(std::uint32_t from) const;
     bool hasAngles() const { return !angleCloses_.empty(); }
 
-    // True if the tokens from `first` up to `end` are as they stand in the text, on one line each, without a line
-    // comment or a directive, and nothing but white space is between them.
+    // True if the tokens from `first` up to `end` are as they stand in the text, on one line each, without a directive
+    // or a backslash in a line comment, and nothing but white space is between them.
     bool arePlain(std::uint32_t first, std::uint32_t end) const;
     // Makes the answer false from now on.
     void setNotPlain() { isPlain_ = false; }
@@ -63,6 +64,7 @@ private:
     void findAngleCloses();
 
     std::string_view text_;
+    LeafDialect dialect_;
     std::vector<ExprToken> tokens_;  // with a few empty ones behind the end
     std::uint32_t count_ = 0;
     std::vector<std::uint32_t> angleCloses_;  // by token index; empty in a text without a `<`

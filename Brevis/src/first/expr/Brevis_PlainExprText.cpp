@@ -95,6 +95,7 @@ void PlainExprText::writeComma(std::string_view comma) {
     const CommaValues& values = nested_->style_.commas;
     if (values.before.isSet) {
         trimEnd(nested_->begin_);
+        if (nested_->hasLineCommentAt(nested_->comma_ - 1)) fail();
         if (startsLine_ || !isBlanks(values.before.text)) fail();
         appendAny(values.before.text);
     }
@@ -112,6 +113,11 @@ void PlainExprText::writeBehindComma(const WsProperty& value) {
     const Trn::TokenKind next = nested_->kindBehindComma();
     // The pass that lines nothing up leaves the gap in front of a comment alone.
     if (next == Trn::Kind::BlockComment && !nested_->style_.commas.isLinedUp) return;
+    if (next == Trn::Kind::LineComment) {
+        // It stays where it is; on a line of its own it would have to be lined up with the items.
+        if (value.holdsLineFeed() && !nested_->isCommentBehindComma()) fail();
+        return;
+    }
     if (value.holdsLineFeed())
         breakBehindComma(value);
     else if (isBlanks(value.text))
@@ -151,6 +157,7 @@ PlainExprText::Nested::Nested(PlainExprText& text, const ExprSlice& slice, const
 }
 
 PlainExprText::Nested::~Nested() {
+    if (style_.trimsEnd && hasLineCommentAt(slice_.endToken - 1)) text_.fail();
     if (style_.trimsEnd) text_.trimEnd(begin_);
     text_.nested_ = outer_;
     text_.commaOffset_ = outerCommaOffset_;
@@ -166,6 +173,16 @@ void PlainExprText::Nested::findComma(std::uint32_t from) {
 Trn::TokenKind PlainExprText::Nested::kindBehindComma() const {
     const std::uint32_t next = comma_ + 1;
     return next < slice_.endToken ? (*slice_.tokens)[next].kind : Trn::Kind::EndOfInput;
+}
+
+bool PlainExprText::Nested::isCommentBehindComma() const {
+    const std::uint32_t begin = (*slice_.tokens)[comma_].end;
+    return !holds(text_.source_.substr(begin, (*slice_.tokens)[comma_ + 1].begin - begin), '\n');
+}
+
+bool PlainExprText::Nested::hasLineCommentAt(std::uint32_t index) const {
+    const bool isInside = index >= slice_.firstToken && index < slice_.endToken;
+    return isInside && (*slice_.tokens)[index].kind == Trn::Kind::LineComment;
 }
 
 // Items line up under the first character of the first.

@@ -71,6 +71,9 @@ public:
         friend class PlainExprText;
         void findComma(std::uint32_t from);
         Trn::TokenKind kindBehindComma() const;
+        bool isCommentBehindComma() const;  // on its line
+        // A line comment there keeps its line feed.
+        bool hasLineCommentAt(std::uint32_t index) const;
         bool linesUp() const { return style_.commas.isLinedUp && style_.isRaw && !outerIsRewritten_; }
         const std::string& itemIndent();
 

@@ -12,18 +12,23 @@ constexpr Vellum::CharSet signsAndSpace("*& \t\n\v\f\r");
 
 // The end of the literal or number with which a text starts, if it does: the rest of such a token, lexed on its own,
 // would pass for code. Positions count from `start`.
-std::optional<Position> endOfLeadingLiteral(std::string_view text, Position start) {
-    const Trn::Token token = Cpp::Lexer(text, start).next();
+std::optional<Position> endOfLeadingLiteral(std::string_view text, Position start, LeafDialect dialect) {
+    const Trn::Token token = Cpp::Lexer(text, dialect.dialect, dialect.language).next();
     const Trn::TokenKind kind = token.kind();
     if (kind != Trn::Kind::StringLiteral && kind != Trn::Kind::CharLiteral && kind != Trn::Kind::Number) return {};
-    if (token.first() != Position{start.line, start.column + 1}) return {};
-    return token.last();
+    if (token.first() != Position{1, 1}) return {};
+    const Position last = token.last();
+    return Position{start.line + last.line - 1, last.column + (last.line == 1 ? start.column : 0)};
 }
 
 }  // namespace
 
-CppFormatter::CppFormatter(std::string_view source, const Scheme& scheme)
-    : scheme_(scheme), source_(source), in_(source, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme) {
+CppFormatter::CppFormatter(std::string_view source, const Scheme& scheme, LeafDialect dialect)
+    : scheme_(scheme),
+      source_(source),
+      in_(source, scheme.tabSize),
+      out_(scheme.outputSettings()),
+      expr_(scheme, dialect) {
     // Few schemes make a text longer than that.
     out_.reserve(source.size() + source.size() / 8);
 }
@@ -82,7 +87,7 @@ int CppFormatter::copyFirstUnit(const Cpp::SyntaxNode& node) {
     const int column = copyFirstCharacter(node);
     if (in_.position() == node.firstPosition()) {
         const Position start{in_.line(), in_.column() - 1};
-        const auto end = endOfLeadingLiteral(source_.substr(in_.offset() - 1), start);
+        const auto end = endOfLeadingLiteral(source_.substr(in_.offset() - 1), start, expr_.dialect());
         if (end) copyThrough(in_, out_, *end);
     }
     return column;
@@ -95,7 +100,7 @@ void CppFormatter::writeFirstCharacter(std::string_view& text, bool raw, int& co
 
 int CppFormatter::writeFirstUnit(std::string_view& text) {
     ITextDocStream cursor(trimmedLeft(text));
-    const auto end = endOfLeadingLiteral(trimmedLeft(text), cursor.position());
+    const auto end = endOfLeadingLiteral(trimmedLeft(text), cursor.position(), expr_.dialect());
     const std::size_t length = end ? readThrough(cursor, *end).size() : 1;
     const int column = writeFirstCharacterRaw(out_, text);
     writeRaw(out_, text.substr(0, length - 1));

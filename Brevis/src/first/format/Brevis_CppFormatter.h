@@ -32,8 +32,8 @@ namespace Brevis {
 class CppFormatter : public Cpp::Emitter {
 public:
     // `source` is the text that the tree was parsed from; it and the scheme must outlive the formatter.
-    CppFormatter(std::string_view source, const Scheme& scheme);
-    CppFormatter(std::string_view source, Scheme&& scheme) = delete;
+    CppFormatter(std::string_view source, const Scheme& scheme, LeafDialect dialect = {});
+    CppFormatter(std::string_view source, Scheme&& scheme, LeafDialect dialect = {}) = delete;
 
     // The formatted text, complete once the root has accepted the formatter.
     std::string takeText() { return out_.takeStr(); }

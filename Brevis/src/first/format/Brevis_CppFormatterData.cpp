@@ -11,8 +11,8 @@ namespace Brevis {
 namespace {
 
 // The offset of the first token of the kind in the text, or npos.
-std::size_t findToken(std::string_view text, Trn::TokenKind kind) {
-    TokenReader reader(text);
+std::size_t findToken(std::string_view text, Trn::TokenKind kind, LeafDialect dialect) {
+    TokenReader reader(text, dialect);
     OffsetFinder offsetOf(text);
     for (reader.advance(); reader.current().kind() != Trn::Kind::EndOfInput; reader.advance()) {
         if (reader.current().kind() == kind) return offsetOf(reader.current().first()) - 1;
@@ -157,7 +157,7 @@ void CppFormatter::writeGapOfInitializer(Cpp::DataDeclNode& node, bool isCall) {
 void CppFormatter::applyNameSpacing(std::string& text) const {
     if (dataNamesAligned()) return;
     if (scheme_.wsAfterDdName.isSet) {
-        const std::size_t bracket = findToken(text, Trn::Kind::OpenBracket);
+        const std::size_t bracket = findToken(text, Trn::Kind::OpenBracket, expr_.dialect());
         if (bracket != std::string_view::npos) {
             std::string front = text.substr(0, bracket);
             setGapTrailing(front, scheme_.wsAfterDdName.text);
@@ -168,7 +168,7 @@ void CppFormatter::applyNameSpacing(std::string& text) const {
         }
     }
     if (scheme_.wsAfterDdRbracket.isSet) {
-        const std::size_t bracket = findToken(text, Trn::Kind::CloseBracket);
+        const std::size_t bracket = findToken(text, Trn::Kind::CloseBracket, expr_.dialect());
         if (bracket != std::string_view::npos) {
             std::string behind = text.substr(bracket + 1);
             trimLeft(behind);

@@ -95,9 +95,9 @@ struct Separators {
 };
 
 // The offsets of the first and the last semicolon that is no part of a literal or comment.
-Separators findSemicolons(std::string_view text) {
+Separators findSemicolons(std::string_view text, LeafDialect dialect) {
     Separators found;
-    TokenReader reader(text);
+    TokenReader reader(text, dialect);
     OffsetFinder offsetOf(text);
     do {
         reader.advance();
@@ -117,7 +117,7 @@ void CppFormatter::formatForInside(std::string_view inside, int insideColumn) {
     settings.tabSize = scheme_.tabSize;
     const std::string text = expr_.formatType(inside, settings, noWs);
 
-    const Separators semicolons = findSemicolons(text);
+    const Separators semicolons = findSemicolons(text, expr_.dialect());
     const bool byClause = scheme_.alignCsForClausesLeft || scheme_.wsBetweenCsForClauses.isSet;
     if (byClause && semicolons.first != std::string_view::npos)
         writeForClauses(text, semicolons.first + 1, semicolons.last + 1, insideColumn);

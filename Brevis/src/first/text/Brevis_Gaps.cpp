@@ -15,7 +15,6 @@ using Trn::Token;
 
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
 constexpr Vellum::CharSet triviaSigns("/#");
 
 bool mayHoldTrivia(std::string_view text) { return triviaSigns.isIn(text); }
@@ -40,8 +39,10 @@ std::size_t splitOfLeadingLineToken(std::string_view text) {
     if (!Trn::isLineToken(token.kind())) return 0;
     OffsetFinder offsetOf(text);
     std::size_t lineFeed = text.find('\n');
-    if (lineFeed != npos && lineFeed >= offsetOf(token.first())) lineFeed = text.find('\n', offsetOf(token.last()) - 1);
-    return lineFeed == npos ? text.size() : lineFeed + 1;
+    if (lineFeed != std::string_view::npos && lineFeed >= offsetOf(token.first())) {
+        lineFeed = text.find('\n', offsetOf(token.last()) - 1);
+    }
+    return lineFeed == std::string_view::npos ? text.size() : lineFeed + 1;
 }
 
 // The length of a text without the white space at its end, unless that has to stay.
@@ -51,10 +52,10 @@ std::size_t trimmedLength(std::string_view text) { return trimmedRight(text).siz
 // trimmed. A text without one stays as it is.
 std::size_t lengthWithLineEnd(std::string_view text) {
     const std::size_t lineFeed = text.rfind('\n');
-    return lineFeed == npos ? text.size() : std::max(lineFeed + 1, trimmedLength(text));
+    return lineFeed == std::string_view::npos ? text.size() : std::max(lineFeed + 1, trimmedLength(text));
 }
 
-bool holdsLineFeed(std::string_view ws) { return ws.find('\n') != npos; }
+bool holdsLineFeed(std::string_view ws) { return ws.find('\n') != std::string_view::npos; }
 
 }  // namespace
 
@@ -77,7 +78,7 @@ bool holdsCommentOrDirective(std::string_view text) { return anyToken(text, Trn:
 
 bool endsBehindBackslash(std::string_view text) {
     const std::size_t length = Vellum::withoutTrailingSpace(text).size();
-    if (length == 0 || text[length - 1] != '\\' || text.find('\n', length) == npos) return false;
+    if (length == 0 || text[length - 1] != '\\' || text.find('\n', length) == std::string_view::npos) return false;
     Vellum::LiteralTracker tracker;
     tracker.feed(text);
     return tracker.behindBackslash();

@@ -3,7 +3,8 @@
 
 namespace Brevis {
 
-TokenReader::TokenReader(std::string_view text, Trn::Position start) : lexer_(text, start) {}
+TokenReader::TokenReader(std::string_view text, LeafDialect dialect)
+    : lexer_(text, dialect.dialect, dialect.language) {}
 
 void TokenReader::advance() {
     if (!started_) {

@@ -4,14 +4,15 @@
 #include <string_view>
 
 #include "Cpp_Lexer.h"
+#include "first/text/Brevis_LeafDialect.h"
 
 namespace Brevis {
 
 // Before the first step the current token has kind -1 and the next token kind 0.
 class TokenReader {
 public:
-    // `text` must outlive the reader. Token positions count from `start`.
-    explicit TokenReader(std::string_view text, Trn::Position start = {1, 0});
+    // `text` must outlive the reader.
+    explicit TokenReader(std::string_view text, LeafDialect dialect = {});
 
     // On the first call lexes two tokens; later moves on by one. At the end of the input it changes nothing.
     void advance();

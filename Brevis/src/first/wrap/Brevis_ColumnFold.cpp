@@ -29,10 +29,10 @@ bool ColumnFold::isGood(std::string_view result) const {
     return true;
 }
 
-bool ColumnFold::isSafe(std::string_view text) {
+bool ColumnFold::isSafe(std::string_view text, LeafDialect dialect) {
     const bool mayHoldSome = text.find('#') != text.npos || text.find("/*") != text.npos;
     if (!mayHoldSome) return true;
-    const LexedText lexed(text);
+    const LexedText lexed(text, dialect);
     for (std::size_t i = 0; i < lexed.count(); ++i) {
         if (lexed[i].kind != Trn::Kind::BlockComment && lexed[i].kind != Trn::Kind::Directive) continue;
         const std::string_view token = text.substr(lexed[i].begin, lexed[i].end - lexed[i].begin);

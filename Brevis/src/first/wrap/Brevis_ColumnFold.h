@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "first/text/Brevis_LeafDialect.h"
 #include "first/wrap/Brevis_WrapPlace.h"
 
 namespace Brevis {
@@ -27,7 +28,7 @@ public:
     bool isGood(std::string_view result) const;
 
     // A token of several lines is laid out by the columns that it comes from, so a text with one is not folded.
-    static bool isSafe(std::string_view text);
+    static bool isSafe(std::string_view text, LeafDialect dialect);
 
 private:
     static constexpr int slack = 64;  // room for what moves to the left, and for columns that lie there by themselves

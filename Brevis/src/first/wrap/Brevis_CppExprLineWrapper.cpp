@@ -28,7 +28,7 @@ private:
 };
 
 // The column behind `text`, written from `column` on.
-int columnBehind(std::string_view text, int column, int tabSize) {
+int columnPast(std::string_view text, int column, int tabSize) {
     const std::size_t lineFeed = text.rfind('\n');
     if (lineFeed == std::string_view::npos) return columnAfter(text, column, tabSize);
     return columnAfter(text.substr(lineFeed + 1), 0, tabSize);
@@ -65,7 +65,8 @@ std::size_t headEnd(const LexedText& text, std::size_t begin) {
 
 }  // namespace
 
-CppExprLineWrapper::CppExprLineWrapper(const Scheme& scheme) : CppExprFormatterBase(scheme), values_(scheme) {}
+CppExprLineWrapper::CppExprLineWrapper(const Scheme& scheme, LeafDialect dialect)
+    : CppExprFormatterBase(scheme, dialect), values_(scheme) {}
 
 std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStreamSettings& settings,
                                                bool noExtraIndent) {
@@ -75,12 +76,12 @@ std::string CppExprLineWrapper::wrapExpression(std::string text, const IndentStr
         return placeDirectives(alignStrings(std::move(text), settings), settings);
     }
     // A `return` and the left side of an assignment stay whole and take no part in what follows.
-    const LexedText lexed(text);
+    const LexedText lexed(text, dialect());
     const std::size_t operandsBegin = headEnd(lexed, prefixLength(lexed));
     std::string result = text.substr(0, operandsBegin);
 
     WrapPlace place(settings);
-    place.column = columnBehind(result, place.column, settings.tabSize);
+    place.column = columnPast(result, place.column, settings.tabSize);
     place.behindBackslash = place.behindBackslash && operandsBegin == 0;
     result += placeDirectives(alignStrings(wrapOperands(LexedText(lexed, operandsBegin), place), settings), settings);
     return result;
@@ -93,7 +94,7 @@ std::string CppExprLineWrapper::wrapOperands(const LexedText& lexed, const WrapP
         if (!operands.hasGivenUp()) return operands.text();
     }
     const std::string_view text = lexed.text();
-    if (ColumnFold::isSafe(text)) {
+    if (ColumnFold::isSafe(text, dialect())) {
         ColumnFold fold(values_.rightMargin, place);
         WrapPlace folded = place;
         folded.fold = &fold;

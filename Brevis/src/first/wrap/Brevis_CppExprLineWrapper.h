@@ -18,8 +18,8 @@ namespace Brevis {
 class CppExprLineWrapper : public CppExprFormatterBase {
 public:
     // The scheme must outlive the wrapper.
-    explicit CppExprLineWrapper(const Scheme& scheme);
-    explicit CppExprLineWrapper(Scheme&& scheme) = delete;
+    explicit CppExprLineWrapper(const Scheme& scheme, LeafDialect dialect = {});
+    explicit CppExprLineWrapper(Scheme&& scheme, LeafDialect dialect = {}) = delete;
 
     // `settings` says where the text will stand: its column, its indent. The results hold the line feeds and the
     // continuation indents, so the caller writes them raw. With `noExtraIndent` a continuation line is not indented by

@@ -77,7 +77,7 @@ void CppExprLineWrapper::fillInFront(Pass& pass) const {
 std::string CppExprLineWrapper::alignStrings(std::string text, const IndentStreamSettings& settings) const {
     const bool mayHoldPair = std::count(text.begin(), text.end(), '"') > 2;
     if (!mayHoldPair) return rewritten(std::move(text), settings);
-    const LexedText lexed(text);
+    const LexedText lexed(text, dialect());
     const std::string_view all = text;
     WrapStream out{WrapPlace(settings)};
     std::optional<int> column;  // taken at the first pair, it serves every later one
@@ -107,7 +107,7 @@ std::string CppExprLineWrapper::alignStrings(std::string text, const IndentStrea
 std::string CppExprLineWrapper::placeDirectives(std::string text, const IndentStreamSettings& settings) const {
     const bool mayHoldDirective = text.find('#') != std::string::npos;
     if (!mayHoldDirective) return rewritten(std::move(text), settings);
-    TokenReader reader(text);
+    TokenReader reader(text, dialect());
     ITextDocStream in(text);
     WrapStream out{WrapPlace(settings)};
     for (reader.advance(); reader.more(); reader.advance()) {

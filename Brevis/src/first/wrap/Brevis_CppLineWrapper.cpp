@@ -16,8 +16,12 @@ const WsProperty emptyWs{true, ""};
 
 }  // namespace
 
-CppLineWrapper::CppLineWrapper(const Scheme& scheme, std::string_view text)
-    : scheme_(scheme), in_(text, scheme.tabSize), out_(scheme.outputSettings()), expr_(scheme), exprWrapper_(scheme) {
+CppLineWrapper::CppLineWrapper(const Scheme& scheme, std::string_view text, LeafDialect dialect)
+    : scheme_(scheme),
+      in_(text, scheme.tabSize),
+      out_(scheme.outputSettings()),
+      expr_(scheme, dialect),
+      exprWrapper_(scheme, dialect) {
     if (scheme.lineWrap && scheme.rightMargin > 0) {
         ITextDocStream cursor(text, scheme.tabSize);
         overlongLineNumbers_ = overlongLines(cursor, scheme.rightMargin);

@@ -32,8 +32,8 @@ namespace Brevis {
 class CppLineWrapper : public Cpp::Emitter {
 public:
     // `text` must be the text that the tree was parsed from; it and the scheme must outlive the wrapper.
-    CppLineWrapper(const Scheme& scheme, std::string_view text);
-    CppLineWrapper(Scheme&& scheme, std::string_view text) = delete;
+    CppLineWrapper(const Scheme& scheme, std::string_view text, LeafDialect dialect = {});
+    CppLineWrapper(Scheme&& scheme, std::string_view text, LeafDialect dialect = {}) = delete;
 
     // The wrapped text, complete once the root has accepted the wrapper.
     std::string takeText() { return out_.takeStr(); }

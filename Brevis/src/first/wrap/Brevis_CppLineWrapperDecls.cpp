@@ -134,7 +134,7 @@ void CppLineWrapper::wrapInitializer(const Cpp::ExprNode& initializer, int colum
     copyBeforeRaw(in_, out_, initializer.firstPosition());
     const std::string_view text = readThrough(in_, initializer.lastPosition());
     ITextDocStream local(text);
-    TokenReader reader(text);
+    TokenReader reader(text, exprWrapper_.dialect());
     const auto kind = [&reader] { return reader.current().kind(); };
 
     // A parenthesised initializer stays whole.

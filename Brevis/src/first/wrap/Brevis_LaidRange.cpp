@@ -2,9 +2,7 @@
 
 namespace Brevis {
 
-using Pass = LaidRange::Pass;
-
-Pass::Pass(LaidRange& range, FirstWrapToken& finder)
+LaidRange::Pass::Pass(LaidRange& range, FirstWrapToken& finder)
     : range_(range),
       laid_(range.laid_),
       part_(range.part_),
@@ -13,7 +11,7 @@ Pass::Pass(LaidRange& range, FirstWrapToken& finder)
       rest_(part_.begin),
       token_(part_.firstToken) {}
 
-LaidRange::Piece Pass::cut(bool through) {
+LaidRange::Piece LaidRange::Pass::cut(bool through) {
     const std::size_t separator = finder_.find(laid_.lexed(), token_, part_.endToken);
     const bool isFound = separator < part_.endToken;
     Piece piece{rest_, part_.end, part_.endToken - token_, token_, laid_.lexed()[token_].kind};
@@ -26,36 +24,36 @@ LaidRange::Piece Pass::cut(bool through) {
     return piece;
 }
 
-void Pass::trimLeft(Piece& piece) const {
+void LaidRange::Pass::trimLeft(Piece& piece) const {
     if (piece.begin < piece.end && laid_.isGap(piece.begin)) ++piece.begin;
 }
 
-LaidRange::Piece Pass::splitTrailingWs(Piece& piece) const {
+LaidRange::Piece LaidRange::Pass::splitTrailingWs(Piece& piece) const {
     const Boundary end = piece.end;
     if (piece.begin < end && laid_.isGap(end - 1)) --piece.end;
     return {.begin = piece.end, .end = end};
 }
 
-LaidRange::Piece Pass::cutLead(Piece& unit) {
+LaidRange::Piece LaidRange::Pass::cutLead(Piece& unit) {
     Piece lead = unit;
     if (unit.tokenCount > 1) lead.end = LaidText::beforeToken(unit.firstToken + 1);
     unit.begin = lead.end;
     return lead;
 }
 
-int Pass::indentWidth() const {
+int LaidRange::Pass::indentWidth() const {
     return range_.indentColumn_ ? std::max(0, *range_.indentColumn_) : laid_.indentWidth();
 }
 
-void Pass::write(const Piece& piece) {
+void LaidRange::Pass::write(const Piece& piece) {
     if (piece.begin < piece.end) at_ = piece.end;
 }
 
-int Pass::writeFirstChar(const Piece& piece) const {
+int LaidRange::Pass::writeFirstChar(const Piece& piece) const {
     return piece.tokenCount == 0 ? 0 : columnAt(LaidText::beforeToken(piece.firstToken));
 }
 
-void Pass::writeContinuation(const Piece& piece, int column) {
+void LaidRange::Pass::writeContinuation(const Piece& piece, int column) {
     const LaidText::Continuation continuation{column, range_.indentColumn_};
     const bool keepsGap = at_ == LaidText::beforeToken(piece.firstToken);
     if (keepsGap) {
@@ -67,7 +65,7 @@ void Pass::writeContinuation(const Piece& piece, int column) {
     at_ = piece.end;
 }
 
-bool Pass::writeLeadingTrivia(Piece& piece) {
+bool LaidRange::Pass::writeLeadingTrivia(Piece& piece) {
     if (piece.tokenCount < 2 || !Trn::isComment(piece.firstKind)) return true;
     const bool endsLine = piece.firstKind == Trn::Kind::LineComment;
     // At the start of a line the comment would be indented anew.
@@ -76,11 +74,11 @@ bool Pass::writeLeadingTrivia(Piece& piece) {
     return !endsLine;
 }
 
-void Pass::writeLeadingLineToken(Piece& unit) {
+void LaidRange::Pass::writeLeadingLineToken(Piece& unit) {
     if (unit.tokenCount > 1 && unit.firstKind == Trn::Kind::LineComment) writeFirstToken(unit);
 }
 
-void Pass::writeFirstToken(Piece& piece) {
+void LaidRange::Pass::writeFirstToken(Piece& piece) {
     piece.begin = at_ = LaidText::beforeGap(++piece.firstToken);
     --piece.tokenCount;
 }

@@ -12,8 +12,8 @@ namespace Brevis {
 
 using namespace Trn::Kind;
 
-LexedText::LexedText(std::string_view text) : text_(text) {
-    Cpp::Lexer lexer(text);
+LexedText::LexedText(std::string_view text, LeafDialect dialect) : text_(text), dialect_(dialect) {
+    Cpp::Lexer lexer(text, dialect.dialect, dialect.language);
     OffsetFinder offsetOf(text);
     tokens_.reserve(text.size() / 3 + 2);
     for (Trn::Token token = lexer.next(); token.kind() != EndOfInput; token = lexer.next()) {
@@ -26,7 +26,8 @@ LexedText::LexedText(std::string_view text) : text_(text) {
     tokens_.push_back({EndOfInput, end == 0 ? 0 : end - 1, end});
 }
 
-LexedText::LexedText(const LexedText& text, std::size_t offset) : text_(text.text_.substr(offset)) {
+LexedText::LexedText(const LexedText& text, std::size_t offset)
+    : text_(text.text_.substr(offset)), dialect_(text.dialect_) {
     for (const Token& token : text.tokens_) {
         const bool isEnd = token.kind == EndOfInput;
         if (isEnd && tokens_.empty()) {
@@ -84,7 +85,7 @@ bool LexedText::cutMakesOtherTokens() const {
     const Token& last = tokens_[count() - 1];
     if (Trn::isTrivia(last.kind)) return true;
     if (last.end - last.begin <= 1) return false;
-    Cpp::Lexer lexer(text_.substr(last.begin, last.end - last.begin - 1));
+    Cpp::Lexer lexer(text_.substr(last.begin, last.end - last.begin - 1), dialect_.dialect, dialect_.language);
     return lexer.next().kind() != last.kind || lexer.next().kind() != EndOfInput;
 }
 

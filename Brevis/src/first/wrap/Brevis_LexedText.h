@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "first/text/Brevis_LeafDialect.h"
 #include "first/wrap/Brevis_BracketPairs.h"
 #include "first/wrap/Brevis_LexedToken.h"
 #include "first/wrap/Brevis_ParenLevels.h"
@@ -21,7 +22,7 @@ public:
     using Token = LexedToken;
 
     // `text` must outlive the object.
-    explicit LexedText(std::string_view text);
+    explicit LexedText(std::string_view text, LeafDialect dialect = {});
     // What stands behind `offset` in a text, where a token must end.
     LexedText(const LexedText& text, std::size_t offset);
 
@@ -53,6 +54,7 @@ private:
     void findBreaks() const;
 
     std::string_view text_;
+    LeafDialect dialect_;
     std::vector<Token> tokens_;
     // Filled at the first question
     mutable std::optional<BracketPairs> pairs_;

@@ -6,7 +6,7 @@
 namespace Brevis {
 
 const LexedText& StreamedOperands::lexed() {
-    if (!lexed_) lexed_.emplace(text_);
+    if (!lexed_) lexed_.emplace(text_, tools_.writers.dialect());
     return *lexed_;
 }
 

@@ -10,7 +10,7 @@ using Pass = StreamedText::Pass;
 using Piece = Pass::Piece;
 
 Pass::Pass(StreamedText& text, FirstWrapToken& finder)
-    : text_(text), lexed_(text.text_), rest_(lexed_, finder), out_(text.place_) {}
+    : text_(text), lexed_(text.text_, text.tools_.writers.dialect()), rest_(lexed_, finder), out_(text.place_) {}
 
 void Pass::trimLeft(Piece& piece) { piece.text = trimmedLeft(piece.text); }
 
@@ -21,8 +21,8 @@ Piece Pass::splitTrailingWs(Piece& piece) {
     return tail;
 }
 
-Piece Pass::cutLead(Piece& unit) {
-    TokenReader reader(unit.text);
+Piece Pass::cutLead(Piece& unit) const {
+    TokenReader reader(unit.text, text_.tools_.writers.dialect());
     reader.advance();
     Piece lead = unit;
     if (reader.more()) {
@@ -62,7 +62,7 @@ void Pass::writeContinuation(const Piece& piece, int column) {
 
 bool Pass::writeLeadingTrivia(Piece& piece) {
     if (piece.tokenCount < 2 || !Trn::isTrivia(piece.firstKind)) return true;
-    TokenReader reader(piece.text);
+    TokenReader reader(piece.text, text_.tools_.writers.dialect());
     reader.advance();
     const Trn::Token& token = reader.current();
     ITextDocStream in(piece.text);
@@ -80,7 +80,7 @@ bool Pass::writeLeadingTrivia(Piece& piece) {
 
 void Pass::writeLeadingLineToken(Piece& unit) {
     if (unit.tokenCount < 2 || !Trn::isLineToken(unit.firstKind)) return;
-    TokenReader reader(unit.text);
+    TokenReader reader(unit.text, text_.tools_.writers.dialect());
     reader.advance();
     const Trn::Token& token = reader.current();
     ITextDocStream in(unit.text);

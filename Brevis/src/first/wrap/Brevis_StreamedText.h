@@ -59,7 +59,7 @@ public:
     // Cuts the white space at the end off and gives it back.
     static Piece splitTrailingWs(Piece& piece);
     // Cuts the text up to the second token off and gives it back: a separator with the gap behind it.
-    static Piece cutLead(Piece& unit);
+    Piece cutLead(Piece& unit) const;
 
     int indentWidth() const { return out_.indentWidth(); }
     int column() const { return out_.column(); }
