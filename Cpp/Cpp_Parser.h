@@ -320,6 +320,7 @@ private:
     bool parseModernStatement(Stream& stream, InteriorNode& body);
     void passEmptyItem(Stream& stream, Frame frame);
     void addBlock(Stream& stream, InteriorNode& body, Frame frame);
+    bool addElements(Stream& stream, InteriorNode& body, Frame frame);
     void addControlStatement(Stream& stream, InteriorNode& body, Frame frame);
     void addShape(Stream& stream, InteriorNode& body, const ItemShape& shape, Frame frame);
 

@@ -1,5 +1,7 @@
 // The modern dialect: the run over a text and the items of its frames. What an item is, `ShapeScan` tells beforehand,
 // so nothing is read twice; what fits no rule becomes a node that is copied as it stands.
+#include <utility>
+
 #include "Cpp_BranchChoice.h"
 #include "Cpp_Parser.h"
 #include "Cpp_ParserWords.h"
@@ -65,7 +67,7 @@ Parser::Step Parser::parseModernItem(Stream& stream, InteriorNode& body, Frame f
             passEmptyItem(stream, frame);
             return Step::GoOn;
         case Kind::OpenBrace:
-            addBlock(stream, body, frame);
+            if (frame != Frame::File || !addElements(stream, body, frame)) addBlock(stream, body, frame);
             return Step::GoOn;
         default:
             break;
@@ -88,6 +90,26 @@ void Parser::passEmptyItem(Stream& stream, Frame frame) {
 void Parser::addBlock(Stream& stream, InteriorNode& body, Frame frame) {
     const Recorded item(*this, stream, OutlineItem::Sort::Block, frame);
     body.addChild(parseBlock(stream));
+}
+
+// Rows of a table that another file includes: `{ 1, "a" }, { 2, "b" },`. The tree has blocks for them.
+bool Parser::addElements(Stream& stream, InteriorNode& body, Frame frame) {
+    const At first = stream.index();
+    At last = shapes_->partner(first);
+    if (!roles_ || shapes_->kind(shapes_->next(last)) != Kind::Comma) return false;
+    while (shapes_->kind(shapes_->next(last)) == Kind::Comma) {
+        last = shapes_->next(last);
+        if (shapes_->kind(shapes_->next(last)) != Kind::OpenBrace) break;
+        last = shapes_->partner(shapes_->next(last));
+    }
+    roles_->elements(first, last);
+    const Recorded item(*this, stream, {.sort = Sort::Macro, .first = first, .last = last}, frame);
+    RoleFinder* const roles = std::exchange(roles_, nullptr);
+    Outline* const outline = std::exchange(outline_, nullptr);
+    repeat(stream, [&] { return stream.index() > last ? Step::Stop : parseModernItem(stream, body, frame); });
+    roles_ = roles;
+    outline_ = outline;
+    return true;
 }
 
 void Parser::addControlStatement(Stream& stream, InteriorNode& body, Frame frame) {

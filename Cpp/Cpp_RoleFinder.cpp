@@ -155,6 +155,8 @@ void RoleFinder::assembler(TokenIndex first, TokenIndex last) {
     run(first, last, scope);
 }
 
+void RoleFinder::elements(TokenIndex first, TokenIndex last) { run(first, last, values(Role::ElementComma)); }
+
 // What is left are empty statements, the braces of blocks and what the parser passes over.
 std::vector<Role> RoleFinder::take() {
     const auto isOpen = [&](TokenIndex at) {

@@ -30,6 +30,7 @@ public:
     // The bracket of a control statement.
     void condition(TokenIndex open, bool isCatch);
     void assembler(TokenIndex first, TokenIndex last);
+    void elements(TokenIndex first, TokenIndex last);
 
     // The roles of all tokens. What no stretch held gets one now.
     std::vector<Role> take();

@@ -94,6 +94,18 @@ void fixObjectiveC(const GapText& text, GapTable& gaps) {
     }
 }
 
+// Macros of an assembler, which headers hold for both languages, through their `.endm`.
+void fixAssembler(const GapText& text, GapTable& gaps) {
+    TokenIndex start = 0;
+    for (TokenIndex token = 1; token + 1 < text.size(); ++token) {
+        if (text.kind(token) != Trn::Kind::Dot || !text.startsLine(token)) continue;
+        if (start == 0 && text.isWord(token + 1, "macro")) start = token;
+        if (start == 0 || !text.isWord(token + 1, "endm")) continue;
+        for (; start <= token + 1; ++start) gaps.fix(start);
+        start = 0;
+    }
+}
+
 }  // namespace
 
 void fixRegions(const GapText& text, const RegionTable& regions, GapTable& gaps) {
@@ -103,6 +115,7 @@ void fixRegions(const GapText& text, const RegionTable& regions, GapTable& gaps)
     }
     scan.end(text.size());
     if (text.hasFixed()) fixObjectiveC(text, gaps);
+    if (text.source().find(".endm") != std::string_view::npos) fixAssembler(text, gaps);
 }
 
 }  // namespace Brevis

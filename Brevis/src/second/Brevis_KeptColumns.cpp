@@ -550,16 +550,14 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         isWide = !cell->isFixed && !cell->isEnd && column - reach(*cell) - gapColumn(cell->token) > (arePadded ? 0 : 1);
     }
     if (!isWide) return;
-    // Where the author's own white space leads to the column, nothing else is written, unless the column is one of tabs.
+    // Where the author's own white space leads to the column, nothing else is written.
     const auto leads = [&](const Cell& cell) {
         if (cell.isFixed || cell.isEnd) return true;
         const int from = gapColumn(cell.token);
         return columnBehind(text_.gap(cell.token), from, tab) == column - reach(cell);
     };
-    const bool areOwn = scheme_.convertWs != 1 && !hasTabs && std::all_of(first, last, leads);
     for (const Cell* cell = first; cell != last; ++cell) {
-        const bool isOwn = areOwn || (hasTabs && scheme_.convertWs != 1 && leads(*cell) &&
-                                      column - reach(*cell) - gapColumn(cell->token) == 1);
+        const bool isOwn = scheme_.convertWs != 1 && leads(*cell);
         if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell), isOwn);
     }
 }
