@@ -115,7 +115,7 @@ TEST_F(ChangedLinesTest, AsksGitAboutTheNamedFilesAlone) {
         "new.cpp && git checkout -q moved.cpp && git mv moved.cpp pure.cpp && git add -A");
     ASSERT_EQ(0, status) << err;
     run("export GIT_TRACE=\"$PWD/.git-trace\"; $F --git --check '*.cpp'; grep -E 'diff -U|ls-files' .git-trace | "
-        "grep -vc \"'.cpp'$\"");
+        "grep -vc \"'[*].cpp'$\"");
     EXPECT_EQ("*.cpp\n0\n", out) << contents(dir.file(".git-trace"));
     for (const std::string option : {"--git", "--git --staged"}) {
         run("$F " + option + " --check pure.cpp new.cpp b && $F " + option + " --diff new.cpp | grep -c '^+ '");

@@ -77,7 +77,7 @@ TEST_F(CorvaneInspectTest, EveryAttributeOfANodeIsShown) {
 }
 
 TEST_F(CorvaneInspectTest, TreeKnowsTheMacrosOfAScheme) {
-    dir.file("a.c", "void f(void) { guard(x) *p = 1; }\n");
+    dir.file("a.c", "void f(void) { guard(x) *p += 1; }\n");
     dir.file("loops.fsc", "Brevis::PropertySet\n1\n\"\"\n2 EDITION 2\n3 MACROS_LOOP \"guard\"\n");
     run("$I tree --roles a.c");
     EXPECT_NE(out.find("\t*\tbinary"), std::string::npos) << out;

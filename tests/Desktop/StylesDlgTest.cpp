@@ -221,7 +221,7 @@ TEST_F(StylesDlgTest, findsAProperty) {
     EXPECT_EQ(QApplication::focusWidget(), find("GLOBAL_WS_BEFORE_CLOSE_PAREN"));
     find("find")->setFocus();
     EXPECT_EQ(findAndEnter("WS_AFTER_CS_KEY"), "Control Statements WS_AFTER_CS_KEY");
-    EXPECT_EQ(findAndEnter("no such thing"), "Control Statements find");
+    EXPECT_EQ(findAndEnter("no such property"), "Control Statements find");
     EXPECT_TRUE(dlg->isVisible());
     QTest::keyClick(find("find"), Qt::Key_Escape);
     EXPECT_TRUE(find<QLineEdit>("find")->text().isEmpty());

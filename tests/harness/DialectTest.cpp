@@ -70,7 +70,7 @@ TEST(Dialects, RefuseBracketsWithoutPartners) {
 }
 
 TEST(Dialects, TakeWordsOfCppForNamesInC) {
-    const std::string text = "struct class   *new(int private);\n";
+    const std::string text = "struct class *new( int private);\n";
     Brevis::Reading reading;
     reading.language = Brevis::LanguageChoice::c;
     EXPECT_EQ(formatText(corvane(), text, reading).text, "struct class *new(int private);\n");

@@ -110,7 +110,7 @@ protected:
     Exceptions unstable_{"second-run.txt", GetParam().scheme + ' '};
 };
 
-std::vector<std::string> testedSchemes() {
+std::vector<std::string> realCodeSchemes() {
     std::vector<std::string> schemes{"first_corvane", "first_allman", "first_kr"};
     for (const fs::directory_entry& entry : fs::directory_iterator(sourceDirectory() / "schemes")) {
         if (entry.path().extension() == ".fsc") schemes.push_back(entry.path().stem().string());
@@ -123,7 +123,7 @@ std::vector<fs::path> filesFor(const RealCode& code) {
     const std::vector<fs::path> all = sourcesOf(code.package);
     if (!isSanitized) return all;
     std::vector<fs::path> share;
-    for (std::size_t file = code.index; file < all.size(); file += testedSchemes().size()) share.push_back(all[file]);
+    for (std::size_t file = code.index; file < all.size(); file += realCodeSchemes().size()) share.push_back(all[file]);
     return share;
 }
 
@@ -144,7 +144,7 @@ std::vector<RealCode> allRealCode() {
     std::vector<RealCode> all;
     for (const std::string package : {"googletest", "libstdc++-12-dev", "libc6-dev"}) {
         std::size_t index = 0;
-        for (const std::string& scheme : testedSchemes()) all.push_back({package, scheme, index++});
+        for (const std::string& scheme : realCodeSchemes()) all.push_back({package, scheme, index++});
     }
     return all;
 }

@@ -338,7 +338,8 @@ ItemWalk::Scope ItemWalk::baseOf(TokenIndex brace, const BodyKeys& keys, const O
     if (owner != nullptr && !hasOwnLine) return top().own;
     if (top().lambda != 0 && keys.role == Role::LambdaBody) return baseInBracket(brace, keys, top().lambda);
     const Scope own = anchored(brace, Mode::Distance, GapRule::None);
-    return top().sort == Frame::Sort::Bracket ? baseInBracket(brace, keys, own) : own;
+    const bool isInParens = top().sort == Frame::Sort::Bracket && text_.kind(top().first) == Kind::OpenParen;
+    return isInParens ? baseInBracket(brace, keys, own) : own;
 }
 
 // A body in a bracket goes by the line of its head, or by what the author has closed it below: the statement that holds
@@ -417,7 +418,9 @@ void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& b
         keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
-    if (gaps_.isSet(keys.beforeOpen.rule) && gaps_.isSet(keys.indent.rule)) indentHeadNotes(brace, body.inner);
+    if (!gaps_.isSet(keys.beforeOpen.rule) || !gaps_.isSet(keys.indent.rule)) return;
+    const bool isIndented = gaps_.lineFeeds(keys.beforeOpen.rule) > 0 && !gaps_.tail(keys.beforeOpen.rule).empty();
+    if (!isIndented) indentHeadNotes(brace, body.inner);
 }
 
 // A comment for documentation that stands further to the right than the brace behind it goes with the body.

@@ -337,9 +337,9 @@ void KeptColumns::readFirst(TokenIndex first) {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    const TokenIndex open = text_.partner(token);
-    const bool isName = open == 0 || open > token;
-    if (!isNumber && !(isPointerSign(text_.role(sign)) && isName)) return false;
+    if (!isNumber && !isPointerSign(text_.role(sign))) return false;
+    // `T &   >` has no name for a column.
+    if (text_.kind(token) == Kind::Greater || text_.kind(token) == Kind::ShiftRight) return true;
     if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
