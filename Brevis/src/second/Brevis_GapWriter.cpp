@@ -393,7 +393,7 @@ void GapWriter::addAbove() {
 }
 
 // The white space of the source, moved by as much as the line of the anchor was. What stands in the source's column
-// behind the anchor stands there again.
+// behind the anchor stands there again, but not the lines of a body, below its head by chance.
 void GapWriter::addDistance(TokenIndex token, const Base& base) {
     const std::string_view gap = text_.gap(token);
     const std::string_view lead = gap.substr(gap.rfind('\n') + 1);
@@ -404,7 +404,8 @@ void GapWriter::addDistance(TokenIndex token, const Base& base) {
     const std::string_view from = sourceLead(base);
     const std::string_view to = outLead(base);
     const int width = columnBehind(lead, 0, scheme_.tabSize);
-    if (base.behind != 0 && base.sourceBehind != 0 && sourceBehindColumn(base) == width) {
+    const bool isOwn = gaps_.scopes()[gaps_[token].scope].isAnchored;
+    if (isOwn && base.behind != 0 && base.sourceBehind != 0 && sourceBehindColumn(base) == width) {
         if (from == to && columnIn(base, base.behind) == width) {
             scratch_ += lead;
             return;
