@@ -193,10 +193,10 @@ std::string_view EvidenceObserver::leadOf(TokenIndex token) const {
 // What the lines of a scope would begin with if it had no text of its own.
 std::string EvidenceObserver::baseOf(std::uint32_t scope) const {
     const IndentScope& inner = gaps_->scopes()[scope];
-    if (inner.isAnchored) return std::string(leadOf(inner.anchor));
-    if (inner.base == scope) return {};
-    std::string base = baseOf(inner.base);
-    if (inner.isBelow) base += gaps_->text(gaps_->scopes()[inner.base].rule);
+    if (inner.isAnchored) return std::string(leadOf(inner.anchor()));
+    if (inner.base() == scope) return {};
+    std::string base = baseOf(inner.base());
+    if (inner.isBelow) base += gaps_->text(gaps_->scopes()[inner.base()].rule);
     return base;
 }
 

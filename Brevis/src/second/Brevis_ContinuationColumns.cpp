@@ -336,7 +336,7 @@ void ContinuationColumns::place(TokenIndex token) {
     if (!isAligned || text_.kind(token) == Kind::OpenBrace) return;
     if (text_.kind(token) == Kind::Comma) return gaps_.setScope(token, at(frame.colon, false));
     if (!isContinued(frame.colon)) return;
-    gaps_.setScope(token, gaps_.addScope({.anchor = frame.colon, .mode = Mode::Behind, .isAnchored = true}));
+    gaps_.setScope(token, gaps_.addScope({.from = frame.colon, .mode = Mode::Behind, .isAnchored = true}));
 }
 
 // In a bracket: behind it, or if nothing follows it there, indented from the element that it belongs to.
@@ -346,7 +346,7 @@ bool ContinuationColumns::placeInList(TokenIndex token) {
     if (frame.hasBehind) {
         if (frame.behind == 0) {
             frame.behind =
-                gaps_.addScope({.anchor = frame.first, .mode = Mode::Behind, .rule = indent_, .isAnchored = true});
+                gaps_.addScope({.from = frame.first, .mode = Mode::Behind, .rule = indent_, .isAnchored = true});
         }
         gaps_.setScope(token, frame.behind);
         return true;
@@ -426,7 +426,7 @@ ContinuationColumns::Scope ContinuationColumns::scopeOf(Level& level) {
 
 ContinuationColumns::Scope ContinuationColumns::at(TokenIndex anchor, bool isIndented) {
     return gaps_.addScope(
-        {.anchor = anchor, .mode = Mode::At, .rule = isIndented ? indent_ : GapRule::None, .isAnchored = true});
+        {.from = anchor, .mode = Mode::At, .rule = isIndented ? indent_ : GapRule::None, .isAnchored = true});
 }
 
 }  // namespace Brevis

@@ -48,9 +48,9 @@ void GapTable::addBlankLines(GapRule rule, int count) {
 // A scope shares the base of one with an anchor, or of one that stands below another.
 std::uint32_t GapTable::addScope(const IndentScope& scope) {
     scopes_.push_back(scope);
-    const IndentScope& base = scopes_[scope.base];
+    const IndentScope& base = scopes_[scope.base()];
     const bool isLink = !base.isAnchored && !base.isBelow;
-    if (isLink && !scope.isAnchored && !scope.isBelow) scopes_.back().base = base.base;
+    if (isLink && !scope.isAnchored && !scope.isBelow) scopes_.back().from = base.from;
     return static_cast<std::uint32_t>(scopes_.size() - 1);
 }
 

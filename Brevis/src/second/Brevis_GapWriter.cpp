@@ -41,13 +41,13 @@ void GapWriter::findAnchors() {
     std::vector<bool> isUsed(scopes.size());
     for (TokenIndex token = 1; token < text_.size(); ++token) {
         if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Gap::Sort::Blanks) continue;
-        for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base) isUsed[scope] = true;
+        for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base()) isUsed[scope] = true;
     }
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
         if (isUsed[scope] && scopes[scope].isAnchored) anchored_.push_back(scope);
     }
     // Those of the walk are in order, and so are those that came later.
-    const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
+    const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor() < scopes[b].anchor(); };
     const auto later = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
     if (!std::is_sorted(later, anchored_.end(), isEarlier)) std::stable_sort(later, anchored_.end(), isEarlier);
     std::inplace_merge(anchored_.begin(), later, anchored_.end(), isEarlier);
@@ -217,7 +217,7 @@ void GapWriter::writeKept(TokenIndex token) {
 // True if the kept gap of a token that begins a line comes out as it stands.
 bool GapWriter::isStill(TokenIndex token) const {
     const std::uint32_t scope = gaps_[token].scope;
-    if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isStill == 0) return false;
+    if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isChanged != 0) return false;
     if (goesWithCode(token)) return false;
     const int feeds = text_.lineFeeds(token);
     if (scheme_.maxBlankLines >= 0 && (token == 1 || feeds > scheme_.maxBlankLines)) return false;
@@ -370,12 +370,12 @@ std::string_view GapWriter::indentOf(std::uint32_t scope) {
 // The base of a scope, with what the scopes that it stands below add to it.
 void GapWriter::addBase(std::uint32_t scope) {
     const IndentScope& inner = gaps_.scopes()[scope];
-    if (inner.isAnchored || inner.base == scope) {
+    if (inner.isAnchored || inner.base() == scope) {
         indent_ += outLead(bases_[scope]);
         return;
     }
-    addBase(inner.base);
-    if (inner.isBelow) indent_ += gaps_.text(gaps_.scopes()[inner.base].rule);
+    addBase(inner.base());
+    if (inner.isBelow) indent_ += gaps_.text(gaps_.scopes()[inner.base()].rule);
 }
 
 // Whether the code behind a directive begins a line, and closes nothing.
@@ -397,7 +397,7 @@ void GapWriter::addAbove() {
 void GapWriter::addDistance(TokenIndex token, const Base& base) {
     const std::string_view gap = text_.gap(token);
     const std::string_view lead = gap.substr(gap.rfind('\n') + 1);
-    if (base.isStill != 0) {
+    if (base.isChanged == 0) {
         scratch_ += lead;
         return;
     }
@@ -449,21 +449,21 @@ int GapWriter::scratchColumn() const {
 
 const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
-    while (!scopes[scope].isAnchored && scope != scopes[scope].base) scope = scopes[scope].base;
+    while (!scopes[scope].isAnchored && scope != scopes[scope].base()) scope = scopes[scope].base();
     return bases_[scope];
 }
 
 void GapWriter::findNextAnchor() {
     const bool isLast = nextAnchor_ == anchored_.size();
-    nextAnchorToken_ = isLast ? text_.size() : gaps_.scopes()[anchored_[nextAnchor_]].anchor;
+    nextAnchorToken_ = isLast ? text_.size() : gaps_.scopes()[anchored_[nextAnchor_]].anchor();
 }
 
 void GapWriter::noteAnchors(TokenIndex token) {
     indentScope_ = noScope;
-    Base fresh;
+    Base fresh{};
     fresh.line = lineIndex() & 0x7FFFFFFFU;
     fresh.at = static_cast<std::uint32_t>(position());
-    fresh.isStill = isLineStill() ? 1 : 0;
+    fresh.isChanged = isLineStill() ? 0 : 1;
     fresh_ = nextAnchor_;
     for (; token >= nextAnchorToken_; ++nextAnchor_, findNextAnchor()) {
         bases_[anchored_[nextAnchor_]] = fresh;
@@ -477,7 +477,7 @@ void GapWriter::noteBehind(TokenIndex token) {
             Base& base = bases_[anchored_[at]];
             if (!isLineStart_) base.behind = static_cast<std::uint32_t>(position());
             if (text_.lineFeeds(token) == 0) base.sourceBehind = text_.token(token).begin;
-            if (!isLineStill() || isLineStart_ != (text_.lineFeeds(token) > 0)) base.isStill = 0;
+            if (!isLineStill() || isLineStart_ != (text_.lineFeeds(token) > 0)) base.isChanged = 1;
         }
         if (columns_.needsMark(lineBegin_, position())) {
             flush();

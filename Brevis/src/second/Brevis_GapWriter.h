@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Trn_ZeroedArray.h"
 #include "second/Brevis_BranchLines.h"
 #include "second/Brevis_GapTable.h"
 #include "second/Brevis_LineColumns.h"
@@ -49,11 +50,11 @@ private:
     // What a scope needs of its anchor: offsets in the output, and of what follows the anchor on its line in the source
     // as well; 0 for nothing.
     struct Base {
-        std::uint32_t line : 31 = 0;    // in `lines_`
-        std::uint32_t isStill : 1 = 1;  // up to what follows the anchor the line is that of the source
-        std::uint32_t at = 0;
-        std::uint32_t behind = 0;
-        std::uint32_t sourceBehind = 0;
+        std::uint32_t line : 31;     // in `lines_`
+        std::uint32_t isChanged : 1;  // up to what follows the anchor the line is not that of the source
+        std::uint32_t at;
+        std::uint32_t behind;
+        std::uint32_t sourceBehind;
     };
 
     bool mayHoldTabs() const;
@@ -160,7 +161,7 @@ private:
     std::uint32_t indentScope_ = noScope;  // whose lines begin with `indent_`, as long as no anchor comes
     std::string indent_;
 
-    std::vector<Base> bases_;              // of the scopes
+    Trn::ZeroedArray<Base> bases_;         // of the scopes; most indent no line
     std::vector<std::uint32_t> anchored_;  // the scopes with an anchor, in the order of their anchors
     std::size_t nextAnchor_ = 0;           // in `anchored_`
     TokenIndex nextAnchorToken_ = 0;       // its anchor

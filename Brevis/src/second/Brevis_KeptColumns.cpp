@@ -204,9 +204,9 @@ bool KeptColumns::isTooLong(TokenIndex first, TokenIndex last) const {
 // The token below which a line begins, or 0.
 TokenIndex KeptColumns::basisOf(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
-    if (!scope.isAnchored || scope.anchor >= first) return 0;
-    if (scope.mode == IndentScope::Mode::At) return scope.anchor;
-    return scope.mode == IndentScope::Mode::Behind ? scope.anchor + 1 : 0;
+    if (!scope.isAnchored || scope.anchor() >= first) return 0;
+    if (scope.mode == IndentScope::Mode::At) return scope.anchor();
+    return scope.mode == IndentScope::Mode::Behind ? scope.anchor() + 1 : 0;
 }
 
 // A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing up to
@@ -214,8 +214,8 @@ TokenIndex KeptColumns::basisOf(TokenIndex first) const {
 bool KeptColumns::isPlaced(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
     const bool isBelowToken = scope.mode == IndentScope::Mode::Behind || scope.mode == IndentScope::Mode::At;
-    if (!scope.isAnchored || scope.anchor >= first) return !isBelowToken;
-    const Line& line = lines_[places_[scope.anchor].line];
+    if (!scope.isAnchored || scope.anchor() >= first) return !isBelowToken;
+    const Line& line = lines_[places_[scope.anchor()].line];
     return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
 }
 
