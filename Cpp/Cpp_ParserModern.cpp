@@ -46,15 +46,17 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode&
     shapes_ = nullptr;
 }
 
-// Through the `}` that ends the body, or to the end of the text. For a reader of nothing but tokens the nodes of an item
-// are gone once it is read, so that a text takes no more memory for them than its longest branch.
+// Through the `}` that ends the body, or to the end of the text. For a reader of nothing but tokens no more than a few
+// nodes of a body are there at a time.
 bool Parser::parseModernItems(Stream& stream, InteriorNode& body, Frame frame) {
+    constexpr int mostItems = 64;
+    const TreeStorage::Mark mark = storage_->mark();
     const auto parseItem = [&] {
-        if (makesLeaves_) return parseModernItem(stream, body, frame);
-        const TreeStorage::Mark mark = storage_->mark();
         const Step step = parseModernItem(stream, body, frame);
-        body.eraseChildren(body.begin(), body.end());
-        storage_->goBackTo(mark);
+        if (!makesLeaves_ && body.childCount() >= mostItems) {
+            body.eraseChildren(body.begin(), body.end());
+            storage_->goBackTo(mark);
+        }
         return step;
     };
     return repeat(stream, parseItem) != Step::Fail;

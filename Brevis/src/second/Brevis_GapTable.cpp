@@ -29,6 +29,8 @@ GapTable::GapTable(const GapText& text, const Scheme& scheme) : text_(&text), ga
     for (TokenIndex token = 1; text.hasFixed() && token <= text.size(); ++token) {
         if (text.token(token).isFixed) fix(token);
     }
+    // A table that grows stands twice in memory for a while; room that nobody uses takes none.
+    scopes_.reserve(2 * std::size_t{text.size()});
     scopes_.push_back({.mode = IndentScope::Mode::Distance});
 }
 

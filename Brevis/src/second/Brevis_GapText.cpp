@@ -150,19 +150,24 @@ private:
     std::size_t next_;  // npos behind the last one
 };
 
+// Of bits, one for each token.
+constexpr std::size_t wordBits = 64;
+constexpr std::size_t wordsFor(std::size_t tokens) { return tokens / wordBits + 1; }
+
 }  // namespace
 
 GapText::GapText(std::string_view source, Cpp::TokenTable table)
     : source_(source),
       brackets_(table.takeBrackets()),
       outline_(table.takeOutline()),
-      tokens_(table.tokens().size() + 1) {
+      tokens_(table.tokens().size() + 1),
+      newLines_(wordsFor(tokens_.size())) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
     LineFeeds feeds(source);
     const WideBytes wide(source);
     std::size_t end = 0;
-    std::uint32_t line = 0;
+    bool isBehindLines = false;
     TokenIndex index = 1;
     for (;; ++index) {
         const Trn::TokenKind kind = buffer.kind(index);
@@ -173,25 +178,23 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         const bool isFixed = !isWhiteSpace(text + end, text + begin) || (end > 0 && text[end - 1] == '\\');
         if (isFixed) hasFixed_ = true;
         end = isEnd ? begin : std::max(begin, buffer.end(index));
-        std::uint32_t inside = 0;
+        if (lineFeeds > 0 || isBehindLines) noteLine(index);
+        isBehindLines = false;
         if (!isAsciiSign(kind)) {
             end = endOf(text, begin, end, kind);
-            inside = feeds.countUpTo(end);
+            isBehindLines = feeds.countUpTo(end) > 0;
             if (Trn::isTrivia(kind)) trivia_.push_back(index);
         }
-        line += lineFeeds;
         const Role role = isEnd ? Role::None : table.role(index);
         tokens_[index] = {.begin = static_cast<std::uint32_t>(begin),
                           .end = static_cast<std::uint32_t>(end),
-                          .line = line,
                           .kind = static_cast<std::int8_t>(kind),
                           .role = role,
                           .lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255)),
                           .isFixed = isFixed,
-                          .holdsLines = inside > 0,
+                          .holdsLines = isBehindLines,
                           .isBracket = isPaired(kind, role),
                           .isNarrow = !wide.mayBeIn(kind)};
-        line += inside;
         if (isEnd) break;
     }
     tokens_.resize(index + 1);
@@ -202,23 +205,37 @@ GapText::GapText(std::string_view laid, const GapText& text)
       brackets_(text.brackets_),
       outline_(text.outline_),
       tokens_(text.tokens_),
+      newLines_(wordsFor(tokens_.size())),
       trivia_(text.trivia_),
       hasFixed_(text.hasFixed_) {
     LineFeeds feeds(laid);
     std::size_t end = 0;
-    std::uint32_t line = 0;
+    bool isBehindLines = false;
     for (TokenIndex index = 1; index <= text.size(); ++index) {
         GapToken& token = tokens_[index];
         const std::size_t begin = beginIn(laid, end, text, index);
         const std::uint32_t lineFeeds = feeds.countUpTo(begin);
         end = endIn(laid, begin, text, index);
-        line += lineFeeds;
+        if (lineFeeds > 0 || isBehindLines) noteLine(index);
         token.begin = static_cast<std::uint32_t>(begin);
         token.end = static_cast<std::uint32_t>(end);
-        token.line = line;
         token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
-        line += feeds.countUpTo(end);
+        isBehindLines = feeds.countUpTo(end) > 0;
     }
+}
+
+void GapText::noteLine(TokenIndex index) { newLines_[index / wordBits] |= std::uint64_t{1} << index % wordBits; }
+
+bool GapText::isOnOneLine(TokenIndex a, TokenIndex b) const {
+    const auto [first, last] = std::minmax(a, b);
+    if (first == last) return true;
+    std::size_t word = (first + 1) / wordBits;
+    std::uint64_t bits = newLines_[word] & ~std::uint64_t{0} << (first + 1) % wordBits;
+    for (; word < last / wordBits; bits = newLines_[word]) {
+        if (bits != 0) return false;
+        ++word;
+    }
+    return (bits & ~std::uint64_t{0} >> (wordBits - 1 - last % wordBits)) == 0;
 }
 
 bool GapText::wouldJoin(TokenIndex index) const {

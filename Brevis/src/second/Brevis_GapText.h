@@ -17,7 +17,6 @@ using Trn::TokenIndex;
 struct GapToken {
     std::uint32_t begin = 0;  // offsets in the text
     std::uint32_t end = 0;
-    std::uint32_t line = 0;  // from 0, on which it begins
     std::int8_t kind = Trn::Kind::EndOfInput;
     Cpp::Role role = Cpp::Role::None;
     std::uint8_t lineFeeds = 0;  // in the gap in front of it, 255 for more
@@ -26,7 +25,7 @@ struct GapToken {
     bool isBracket : 1 = false;
     bool isNarrow : 1 = false;  // known to take one column a byte
 };
-static_assert(sizeof(GapToken) == 16);
+static_assert(sizeof(GapToken) == 12);
 
 // Tokens count from 1, as those of the table, up to `size`, which is no token: its gap is the end of the text.
 class GapText {
@@ -79,7 +78,6 @@ public:
         while (isTrivia(index));
         return index;
     }
-    // Whether the source has no line feed between the two, trivia included.
     // Whether nothing stands between a comma and the comma or the bracket `end` behind it.
     bool isEmptyArgument(TokenIndex end) const {
         return (kind(end) == Trn::Kind::Comma || kind(end) == Trn::Kind::CloseParen) &&
@@ -91,7 +89,8 @@ public:
         return (here == Cpp::Role::Binary || here == Cpp::Role::Comparison) && lineFeeds(token) == 0 &&
                gap(token).find('\t') == std::string_view::npos;
     }
-    bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
+    // Whether the two begin on one line.
+    bool isOnOneLine(TokenIndex a, TokenIndex b) const;
 
     // Whether a token and the one in front of it would become others with nothing in between.
     bool wouldJoin(TokenIndex index) const;
@@ -113,12 +112,14 @@ public:
     bool hasFixed() const { return hasFixed_; }
 
 private:
+    void noteLine(TokenIndex index);
     std::string_view slice(std::size_t begin, std::size_t end) const { return {source_.data() + begin, end - begin}; }
 
     std::string_view source_;
     Trn::BracketTable brackets_;
     Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
+    std::vector<std::uint64_t> newLines_;  // a bit for each token: it begins on another line than the one in front
     std::vector<TokenIndex> trivia_;
     bool hasFixed_ = false;
 };

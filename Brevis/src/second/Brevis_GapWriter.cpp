@@ -31,26 +31,32 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
       gaps_(gaps),
       columns_(scheme.tabSize),
       sourceColumns_(scheme.tabSize),
-      bases_(gaps.scopes().size()) {
+      ofScope_(gaps.scopes().size()) {
     lines_.push_back({});  // of the scopes without an anchor
 }
 
 // Only of scopes that indent a line: most hold none.
 void GapWriter::findAnchors() {
+    constexpr std::uint32_t isUsed = 1;
     const std::vector<IndentScope>& scopes = gaps_.scopes();
-    std::vector<bool> isUsed(scopes.size());
     for (TokenIndex token = 1; token < text_.size(); ++token) {
         if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Gap::Sort::Blanks) continue;
-        for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base()) isUsed[scope] = true;
+        for (std::uint32_t scope = gaps_[token].scope; ofScope_[scope] == 0; scope = scopes[scope].base()) {
+            ofScope_[scope] = isUsed;
+        }
     }
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
-        if (isUsed[scope] && scopes[scope].isAnchored) anchored_.push_back(scope);
+        if (ofScope_[scope] == 0) continue;
+        ofScope_[scope] = 0;
+        if (scopes[scope].isAnchored) anchored_.push_back(scope);
     }
     // Those of the walk are in order, and so are those that came later.
     const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor() < scopes[b].anchor(); };
     const auto later = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
     if (!std::is_sorted(later, anchored_.end(), isEarlier)) std::stable_sort(later, anchored_.end(), isEarlier);
     std::inplace_merge(anchored_.begin(), later, anchored_.end(), isEarlier);
+    bases_.resize(anchored_.size() + 1);
+    for (std::size_t at = 0; at < anchored_.size(); ++at) ofScope_[anchored_[at]] = static_cast<std::uint32_t>(at + 1);
 }
 
 // What most gaps are: within a line before and afterwards. False for any other, of which nothing is written.
@@ -83,7 +89,7 @@ void GapWriter::run() {
         const bool isInDraft = columns == Columns::OfComments && Trn::isTrivia(at.kind);
         if (isInDraft) noteGap(token);
         if constexpr (columns == Columns::OfAll) (*places_)[token].gap = laidColumn_;
-        if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (isMarking) pieces_.endAt(position());
         if (token == end || !writeInLine<columns>(token, at)) {
             if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
             writeGap(token);
@@ -92,7 +98,7 @@ void GapWriter::run() {
         }
         if (isInDraft) notePlace(token);
         if (fresh_ != nextAnchor_) noteBehind(token);
-        if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (isMarking) pieces_.endAt(position());
         if constexpr (columns == Columns::OfAll) {
             (*places_)[token].column = laidColumn_;
             (*places_)[token].line = lineNumber_;
@@ -112,13 +118,13 @@ void GapWriter::run() {
 }
 
 std::string GapWriter::write() {
-    out_.reserve(text_.source().size() + text_.source().size() / 8);
+    out_.reserve(2 * text_.source().size());
     converts_ = scheme_.convertWs == 2 || (scheme_.convertWs == 1 && mayHoldTabs());
-    if (converts_) marks_.reserve(2 * std::size_t{text_.size()});
+    if (converts_) pieces_.reserve(2 * std::size_t{text_.size()});
     run<Columns::OfNone>();
     flush();
     if (!converts_) return std::move(out_);
-    return convertBlanks(text_, gaps_, scheme_, out_, marks_);
+    return convertBlanks(text_, gaps_, scheme_, out_, pieces_);
 }
 
 // Beside the tabs of the source only texts of the scheme bring some.
@@ -128,7 +134,7 @@ bool GapWriter::mayHoldTabs() const {
 }
 
 std::string GapWriter::writeDraft(std::vector<DraftPlace>& places) {
-    out_.reserve(text_.source().size() + text_.source().size() / 8);
+    out_.reserve(2 * text_.source().size());
     draftPlaces_ = &places;
     run<Columns::OfComments>();
     flush();
@@ -217,7 +223,7 @@ void GapWriter::writeKept(TokenIndex token) {
 // True if the kept gap of a token that begins a line comes out as it stands.
 bool GapWriter::isStill(TokenIndex token) const {
     const std::uint32_t scope = gaps_[token].scope;
-    if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isChanged != 0) return false;
+    if (gaps_.scopes()[scope].mode != Mode::Distance || baseOf(scope).isStill == 0) return false;
     if (goesWithCode(token)) return false;
     const int feeds = text_.lineFeeds(token);
     if (scheme_.maxBlankLines >= 0 && (token == 1 || feeds > scheme_.maxBlankLines)) return false;
@@ -371,7 +377,7 @@ std::string_view GapWriter::indentOf(std::uint32_t scope) {
 void GapWriter::addBase(std::uint32_t scope) {
     const IndentScope& inner = gaps_.scopes()[scope];
     if (inner.isAnchored || inner.base() == scope) {
-        indent_ += outLead(bases_[scope]);
+        indent_ += outLead(bases_[ofScope_[scope]]);
         return;
     }
     addBase(inner.base());
@@ -397,7 +403,7 @@ void GapWriter::addAbove() {
 void GapWriter::addDistance(TokenIndex token, const Base& base) {
     const std::string_view gap = text_.gap(token);
     const std::string_view lead = gap.substr(gap.rfind('\n') + 1);
-    if (base.isChanged == 0) {
+    if (base.isStill != 0) {
         scratch_ += lead;
         return;
     }
@@ -450,7 +456,7 @@ int GapWriter::scratchColumn() const {
 const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
     while (!scopes[scope].isAnchored && scope != scopes[scope].base()) scope = scopes[scope].base();
-    return bases_[scope];
+    return bases_[ofScope_[scope]];
 }
 
 void GapWriter::findNextAnchor() {
@@ -460,13 +466,13 @@ void GapWriter::findNextAnchor() {
 
 void GapWriter::noteAnchors(TokenIndex token) {
     indentScope_ = noScope;
-    Base fresh{};
+    Base fresh;
     fresh.line = lineIndex() & 0x7FFFFFFFU;
     fresh.at = static_cast<std::uint32_t>(position());
-    fresh.isChanged = isLineStill() ? 0 : 1;
+    fresh.isStill = isLineStill() ? 1 : 0;
     fresh_ = nextAnchor_;
     for (; token >= nextAnchorToken_; ++nextAnchor_, findNextAnchor()) {
-        bases_[anchored_[nextAnchor_]] = fresh;
+        bases_[nextAnchor_ + 1] = fresh;
     }
 }
 
@@ -474,10 +480,10 @@ void GapWriter::noteAnchors(TokenIndex token) {
 void GapWriter::noteBehind(TokenIndex token) {
     if (!text_.token(token - 1).holdsLines) {
         for (std::size_t at = fresh_; at < nextAnchor_; ++at) {
-            Base& base = bases_[anchored_[at]];
+            Base& base = bases_[at + 1];
             if (!isLineStart_) base.behind = static_cast<std::uint32_t>(position());
             if (text_.lineFeeds(token) == 0) base.sourceBehind = text_.token(token).begin;
-            if (!isLineStill() || isLineStart_ != (text_.lineFeeds(token) > 0)) base.isChanged = 1;
+            if (!isLineStill() || isLineStart_ != (text_.lineFeeds(token) > 0)) base.isStill = 0;
         }
         if (columns_.needsMark(lineBegin_, position())) {
             flush();

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "Trn_ZeroedArray.h"
 #include "second/Brevis_BranchLines.h"
 #include "second/Brevis_GapTable.h"
 #include "second/Brevis_LineColumns.h"
+#include "second/Brevis_PieceSizes.h"
 
 namespace Brevis {
 
@@ -50,11 +50,11 @@ private:
     // What a scope needs of its anchor: offsets in the output, and of what follows the anchor on its line in the source
     // as well; 0 for nothing.
     struct Base {
-        std::uint32_t line : 31;     // in `lines_`
-        std::uint32_t isChanged : 1;  // up to what follows the anchor the line is not that of the source
-        std::uint32_t at;
-        std::uint32_t behind;
-        std::uint32_t sourceBehind;
+        std::uint32_t line : 31 = 0;    // in `lines_`
+        std::uint32_t isStill : 1 = 1;  // up to what follows the anchor the line is that of the source
+        std::uint32_t at = 0;
+        std::uint32_t behind = 0;
+        std::uint32_t sourceBehind = 0;
     };
 
     bool mayHoldTabs() const;
@@ -141,7 +141,7 @@ private:
     std::string scratch_;
     TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
     bool converts_ = false;             // white space, behind the writing
-    std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
+    PieceSizes pieces_;                 // each gap and each token, if white space is to be converted
     // Only if places are asked for
     std::vector<LaidPlace>* places_ = nullptr;
     std::vector<DraftPlace>* draftPlaces_ = nullptr;
@@ -161,8 +161,9 @@ private:
     std::uint32_t indentScope_ = noScope;  // whose lines begin with `indent_`, as long as no anchor comes
     std::string indent_;
 
-    Trn::ZeroedArray<Base> bases_;         // of the scopes; most indent no line
     std::vector<std::uint32_t> anchored_;  // the scopes with an anchor, in the order of their anchors
+    std::vector<Base> bases_;              // theirs, behind that of all others
+    std::vector<std::uint32_t> ofScope_;   // the numbers of the bases; most scopes indent no line
     std::size_t nextAnchor_ = 0;           // in `anchored_`
     TokenIndex nextAnchorToken_ = 0;       // its anchor
     std::size_t fresh_ = 0;                // from here to `nextAnchor_` the anchor was the last token
