@@ -58,9 +58,10 @@ KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& ga
     : text_(text), scheme_(scheme), gaps_(gaps) {}
 
 // No column goes beyond a line without gaps that ends an item.
-KeptColumns::Block KeptColumns::blockFrom(TokenIndex begin) const {
-    Block block{.begin = begin};
+KeptColumns::Block KeptColumns::blockFrom(TokenIndex begin) {
+    Block block{.begin = begin, .firstLine = lines_.size()};
     for (TokenIndex first = begin; first < text_.size();) {
+        lines_.push_back({.first = first, .token = first});
         const Stretch line = stretchFrom(first);
         const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1);
         block.hasWide = block.hasWide || line.gaps == Gaps::Wide;
@@ -73,6 +74,7 @@ KeptColumns::Block KeptColumns::blockFrom(TokenIndex begin) const {
 void KeptColumns::read(const Block& block) {
     begin_ = block.begin;
     if (!block.hasWide) return passLines(block);
+    lines_.resize(block.firstLine);
     chains_.assign(1, {});
     linked_.clear();
     readLines(block);
@@ -120,16 +122,18 @@ KeptColumns::Stretch KeptColumns::stretchFrom(TokenIndex first) const {
     Stretch line;
     TokenIndex token = first + 1;
     for (; token < text_.size() && !beginsLine(token); ++token) {
-        if (text_.lineFeeds(token) > 0) continue;
-        line.gaps = std::max(line.gaps, gapsBefore(text_, token));
+        if (text_.lineFeeds(token) == 0) line.gaps = std::max(line.gaps, gapsBefore(text_, token));
     }
     line.end = token;
     return line;
 }
 
-bool KeptColumns::beginsLine(TokenIndex token) const {
-    if (gaps_.startsLine(token) || text_.token(token - 1).holdsLines) return true;
-    return text_.kind(token) == Kind::Directive && text_.lineFeeds(token) > 0;
+inline bool KeptColumns::beginsLine(TokenIndex token) const {
+    const GapToken& before = text_.token(token - 1);
+    if (before.holdsLines || Trn::isLineToken(before.kind)) return true;
+    const Gap::Sort sort = gaps_[token].sort;
+    if (text_.lineFeeds(token) == 0) return sort == Gap::Sort::Lines || sort == Gap::Sort::Break;
+    return gaps_.startsLine(token) || text_.kind(token) == Kind::Directive;
 }
 
 // Whether no expression goes on behind the token.
@@ -138,18 +142,20 @@ bool KeptColumns::endsItem(TokenIndex token) const {
     return kind == Kind::Semicolon || kind == Kind::OpenBrace || kind == Kind::CloseBrace || kind == Kind::Colon;
 }
 
-KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
-    const std::string_view gap = text.gap(token);
-    if (gap.size() > 1 || gap == "\t") return Gaps::Wide;
-    const bool isNumber = text.kind(token) == Kind::Number;
-    if (gap.empty()) return isNumber || text.isComment(token) ? Gaps::Narrow : Gaps::OfNone;
-    return (isNumber || text.role(token) == Role::Prefix) && text.isOpening(token - 1) ? Gaps::Wide : Gaps::Narrow;
+inline KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
+    const GapToken& at = text.token(token);
+    const std::size_t size = at.begin - text.token(token - 1).end;
+    if (size > 1) return Gaps::Wide;
+    const bool isNumber = at.kind == Kind::Number;
+    if (size == 0) return isNumber || text.isComment(token) ? Gaps::Narrow : Gaps::OfNone;
+    if (text.source()[at.begin - 1] == '\t') return Gaps::Wide;
+    return (isNumber || at.role == Role::Prefix) && text.isOpening(token - 1) ? Gaps::Wide : Gaps::Narrow;
 }
 
 // Lines without columns, on which later ones may be anchored.
 void KeptColumns::passLines(const Block& block) {
-    for (TokenIndex first = block.begin; first < block.end; first = stretchFrom(first).end) {
-        lines_.push_back({.first = first, .token = first, .isBegun = isPlaced(first)});
+    for (std::size_t line = block.firstLine; line < lines_.size(); ++line) {
+        lines_[line].isBegun = isPlaced(lines_[line].first);
     }
 }
 

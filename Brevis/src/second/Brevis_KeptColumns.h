@@ -16,6 +16,7 @@ public:
     struct Block {
         TokenIndex begin = 0, end = 0;
         bool hasWide = false;  // without a wide gap there is no column
+        std::size_t firstLine = 0;
     };
 
     KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps);
@@ -23,12 +24,12 @@ public:
     // False if no gap of the text may belong to a column.
     static bool isWanted(const GapText& text, const Scheme& scheme);
 
-    // The block that begins at a token.
-    Block blockFrom(TokenIndex begin) const;
+    // The block that begins at a token, to be read next.
+    Block blockFrom(TokenIndex begin);
     // The places of the tokens of the next block by the decisions so far, and of the token behind it. To be filled if it
     // has wide gaps.
     std::vector<LaidPlace>& places() { return places_; }
-    // Decides on the columns of a block. All have to be read, one after the other.
+    // Decides on the columns of the block.
     void read(const Block& block);
 
     // A call on one line with a tab or many blanks beside one of its brackets is a row of a table, in which no gap
@@ -132,8 +133,8 @@ private:
     std::vector<Line> lines_;        // of the text so far
     mutable TokenIndex lookedUp_ = 0;
     mutable std::size_t found_ = 0;  // its line
-    std::vector<int> columns_;  // of the tokens of the line at hand
-    int sourceColumn_ = 0;      // behind the token
+    std::vector<int> columns_;       // of the tokens of the line at hand
+    int sourceColumn_ = 0;           // behind the token
     TokenIndex passed_ = 0;
     TokenIndex lastOfLine_ = 0;  // at hand
     std::vector<Cell> above_;    // the cells of the last line with code
