@@ -259,10 +259,12 @@ void ItemWalk::read(TokenIndex token) {
         if (top().sort == Frame::Sort::Item) colonLists_.indentComment(token, top().colonList);
         return;
     }
-    if (top().isList) beginElement(token);
-    if (top().isHead) readHead(token);
-    if (top().sort == Frame::Sort::Item) colonLists_.indent(token, top().colonList, top().own);
+    Frame& frame = top();
+    if (frame.isList) beginElement(token);
+    if (frame.isHead) readHead(token);
+    if (frame.sort == Frame::Sort::Item) colonLists_.indent(token, frame.colonList, frame.own);
     if (text_.kind(token) == Kind::Semicolon) readSemicolon(token);
+    if (!text_.isBracket(token)) return;
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
         readBody(token);

@@ -32,10 +32,10 @@ void SpacingRules::run() {
             continue;
         }
         while (!brackets_.empty() && brackets_.back().last <= token) brackets_.pop_back();
-        expressions.format(token, innermost());
-        brackets.format(token);
+        if (ExpressionRules::mayConcern(role)) expressions.format(token, innermost());
+        if (BracketRules::mayConcern(role)) brackets.format(token);
         templates.format(token, innermost());
-        declarations.format(token);
+        if (DeclarationRules::mayConcern(role)) declarations.format(token);
         if (isBracket) passBracket(token);
     }
 }
