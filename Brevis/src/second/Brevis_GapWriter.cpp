@@ -81,12 +81,31 @@ void GapWriter::run() {
     runFrom<columns>(1, text_.size());
 }
 
+// Goes on to the next token that needs more than a look, as all do that begin or end a line or change.
+TokenIndex GapWriter::passUnchanged(TokenIndex token, TokenIndex end) {
+    if (fresh_ != nextAnchor_ || token == 1 || Trn::isLineToken(text_.kind(token - 1))) return token;
+    end = std::min(end, nextAnchorToken_);
+    if (nextBlock_ != 0) end = std::min(end, nextBlock_);
+    const TokenIndex begin = token;
+    for (; token < end; ++token) {
+        const GapToken& at = text_.token(token);
+        const Gap gap = gaps_[token];
+        if (at.lineFeeds > 0 || at.holdsLines || Trn::isTrivia(at.kind) || gap.sort > Gap::Sort::Blanks) break;
+        if (gap.sort == Gap::Sort::Blanks && !areSame(gaps_.text(gap.rule), text_.gap(token))) break;
+    }
+    if (token == begin) return token;
+    isLineStart_ = false;
+    copyTo(text_.token(token - 1).end);
+    return token;
+}
+
 // Up to the gap of the token `end`.
 template <GapWriter::Columns columns>
 void GapWriter::runFrom(TokenIndex first, TokenIndex end) {
     const bool isMarking = converts_ && columns == Columns::OfNone;
     const bool isTrimming = scheme_.removeTrailingWs;
     for (TokenIndex token = first;; ++token) {
+        if (columns != Columns::OfAll && !isMarking) token = passUnchanged(token, end);
         if (token == nextBlock_ && columns != Columns::OfAll) keepColumns(token);
         const GapToken& at = text_.token(token);
         const bool isInDraft = columns == Columns::OfComments && Trn::isTrivia(at.kind);

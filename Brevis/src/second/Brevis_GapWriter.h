@@ -75,6 +75,7 @@ private:
     void run();
     template <Columns columns>
     void runFrom(TokenIndex first, TokenIndex end);
+    TokenIndex passUnchanged(TokenIndex token, TokenIndex end);
     void keepColumns(TokenIndex begin);
     Progress progress() const;
     void goBackTo(const Progress& progress);

@@ -17,7 +17,13 @@ void SpacingRules::run() {
     TemplateRules templates(gaps);
     DeclarationRules declarations(text_, scheme_, gaps_);
     auto item = text_.items().begin();
+    const auto isWord = [&](const GapToken& at) {
+        return at.role == Cpp::Role::None && !at.isBracket && !Trn::isTrivia(at.kind);
+    };
     for (TokenIndex token = 1; token < text_.size(); ++token) {
+        const TokenIndex end = item != text_.items().end() ? item->first : text_.size();
+        for (; token < end && isWord(text_.token(token)); ++token) expressions.keyword(token);
+        if (token == text_.size()) break;
         for (; item != text_.items().end() && item->first <= token; ++item) {
             if (item->sort == Sort::Template) templates.head(*item);
             // What nobody could read, and assembler code, stays as it is.
