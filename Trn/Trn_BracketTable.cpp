@@ -70,7 +70,8 @@ inline void BracketTable::add(TokenIndex token, TokenKind kind) {
 }
 
 BracketTable::BracketTable(const TokenBuffer& buffer) : buffer_(&buffer), entries_(buffer.size()) {
-    for (TokenIndex token = 1; token < buffer.size(); ++token) {
+    const auto size = static_cast<TokenIndex>(buffer.size());
+    for (TokenIndex token = 1; token < size; ++token) {
         const TokenKind kind = buffer.kind(token);
         if (isTrivia(kind)) continue;
         if (kind < 0 || previous_ == Kind::AmpAmp || !saysNothing[static_cast<std::size_t>(kind)]) add(token, kind);

@@ -59,7 +59,7 @@ std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::Tok
 
 // What the kind of a token tells of it. A sign has neither white space nor bytes beyond ASCII in it. Words may have both:
 // `A::` and a line feed belong to the `operator` behind them. An angle is one of a pair where its role says so.
-constexpr std::uint8_t isSign = 1, isTrivialKind = 2, isBracketKind = 4, isAngle = 8;
+constexpr std::uint8_t isTrivialKind = 1, isAngle = 2, isBracketKind = 4, isSign = 8;
 
 constexpr std::uint8_t traitsOf(Trn::TokenKind kind) {
     std::uint8_t traits = 0;
@@ -162,49 +162,51 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
       tokens_(table.tokens().size() + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
-    const bool isNarrow = !WideBytes(source).hasAny();
+    const std::uint8_t narrowTraits = WideBytes(source).hasAny() ? isSign : 0xFF;
     LineFeeds feeds(source);
+    GapToken* token = tokens_.data() + 1;
     std::size_t end = 0;
     std::uint32_t line = 0;
-    bool isBehindBackslash = false;
-    TokenIndex index = 1;
-    const auto gapUpTo = [&](std::size_t begin) {
-        const std::uint32_t lineFeeds = begin == end ? 0 : feeds.countUpTo(begin);
-        line += lineFeeds;
-        // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
-        const bool isFixed = isBehindBackslash || !isWhiteSpace(text + end, text + begin);
+    bool isFixed = false;
+    const auto readGap = [&](std::size_t begin) {
+        token->begin = static_cast<std::uint32_t>(begin);
+        if (begin != end) {
+            const std::uint32_t lineFeeds = feeds.countUpTo(begin);
+            line += lineFeeds;
+            token->lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
+            isFixed = isFixed || !isWhiteSpace(text + end, text + begin);
+        }
+        token->line = line;
+        token->isFixed = isFixed;
         if (isFixed) hasFixed_ = true;
-        return GapToken{.begin = static_cast<std::uint32_t>(begin),
-                        .line = line,
-                        .lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255)),
-                        .isFixed = isFixed};
     };
-    for (; buffer.kind(index) != Kind::EndOfInput; ++index) {
+    TokenIndex index = 1;
+    for (; buffer.kind(index) != Kind::EndOfInput; ++index, ++token) {
         const Trn::TokenKind kind = buffer.kind(index);
         const std::uint8_t traits = kindTraits[static_cast<std::size_t>(kind)];
         const Trn::TokenBuffer::Extent extent = buffer.extent(index);
         const std::size_t begin = std::max(extent.begin, end);
-        GapToken token = gapUpTo(begin);
+        readGap(begin);
         end = std::max(begin, extent.end);
-        isBehindBackslash = false;
+        isFixed = false;
+        const Role role = table.role(index);
+        token->kind = static_cast<std::int8_t>(kind);
+        token->role = role;
+        token->isBracket = (traits & isBracketKind) != 0 || ((traits & isAngle) != 0 && isPairedAngle(role));
+        token->isNarrow = (narrowTraits & (traits | isTrivialKind)) != 0;
         if ((traits & isSign) == 0) {
             end = endOf(text, begin, end, kind);
             const std::uint32_t inside = feeds.countUpTo(end);
             line += inside;
-            token.holdsLines = inside > 0;
-            isBehindBackslash = end > 0 && text[end - 1] == '\\';
+            token->holdsLines = inside > 0;
+            // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
+            isFixed = end > 0 && text[end - 1] == '\\';
             if ((traits & isTrivialKind) != 0) trivia_.push_back(index);
         }
-        token.end = static_cast<std::uint32_t>(end);
-        token.kind = static_cast<std::int8_t>(kind);
-        token.role = table.role(index);
-        token.isBracket = (traits & isBracketKind) != 0 || ((traits & isAngle) != 0 && isPairedAngle(token.role));
-        token.isNarrow = isNarrow || (traits & isSign) != 0;
-        tokens_[index] = token;
+        token->end = static_cast<std::uint32_t>(end);
     }
-    tokens_[index] = gapUpTo(source.size());
-    tokens_[index].end = tokens_[index].begin;
-    tokens_[index].isNarrow = true;
+    readGap(source.size());
+    token->end = token->begin;
     tokens_.resize(index + 1);
 }
 

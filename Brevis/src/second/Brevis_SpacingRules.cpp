@@ -18,7 +18,8 @@ void SpacingRules::run() {
     DeclarationRules declarations(text_, scheme_, gaps_);
     auto item = text_.items().begin();
     const auto isWord = [&](const GapToken& at) {
-        return at.role == Cpp::Role::None && !at.isBracket && !Trn::isTrivia(at.kind);
+        const bool isPlain = at.role == Cpp::Role::None || at.role == Cpp::Role::StatementEnd;
+        return isPlain && !at.isBracket && !Trn::isTrivia(at.kind);
     };
     for (TokenIndex token = 1; token < text_.size(); ++token) {
         const TokenIndex end = item != text_.items().end() ? item->first : text_.size();
