@@ -24,6 +24,7 @@ struct GapToken {
     bool holdsLines : 1 = false;
     bool isBracket : 1 = false;
     bool isNarrow : 1 = false;  // known to take one column a byte
+    std::uint8_t free : 4 = 0;
 };
 static_assert(sizeof(GapToken) == 12);
 
