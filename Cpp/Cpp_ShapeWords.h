@@ -39,16 +39,20 @@ WordSet(Words...) -> WordSet<sizeof...(Words)>;
 
 // With a bracket behind them these belong to a type or a declaration and open no parameters.
 inline constexpr WordSet bracketWords("__attribute__", "__attribute", "__declspec", "_declspec",
-                                                    "alignas",       "_Alignas",    "decltype",   "typeof",
-                                                    "__typeof__",    "__typeof",    "__decltype", "typeof_unqual",
-                                                    "_Atomic",       "_BitInt",     "noexcept",   "__underlying_type");
+                                      "alignas",       "_Alignas",                  "decltype",   "typeof",
+                                      "__typeof__",    "__typeof",                  "__decltype", "typeof_unqual",
+                                      "_Atomic",       "_BitInt",                   "noexcept",   "__underlying_type");
 
 // Words that begin a declaration and are no types.
-inline constexpr WordSet declarationWords("constexpr",    "consteval",  "constinit",      "thread_local",     "_Thread_local", "__thread",   "__extension__",
-    "_Noreturn",    "__inline",   "__inline__",     "__forceinline",    "restrict",      "__restrict", "__const",
-    "__volatile__", "__signed__", "_Static_assert", "static_assert",    "alignas",       "_Alignas",   "decltype",
-    "typeof",       "__typeof__", "__typeof",       "_Atomic",          "_Complex",      "char8_t",    "char16_t",
-    "char32_t",     "_Bool",      "__int128",       "__builtin_va_list");
+inline constexpr WordSet declarationWords("constexpr", "consteval", "constinit", "thread_local", "_Thread_local",
+                                          "__thread", "__extension__",
+                                          "_Noreturn", "__inline", "__inline__", "__forceinline", "restrict",
+                                          "__restrict", "__const",
+                                          "__volatile__", "__signed__", "_Static_assert", "static_assert", "alignas",
+                                          "_Alignas", "decltype",
+                                          "typeof", "__typeof__", "__typeof", "_Atomic", "_Complex", "char8_t",
+                                          "char16_t",
+                                          "char32_t", "_Bool", "__int128", "__builtin_va_list");
 
 // Keywords that may stand in front of a declarator and cannot begin an expression.
 constexpr bool isDeclarationKeyword(Trn::TokenKind kind) {

@@ -12,13 +12,13 @@ using Guess = TypeShapes::Guess;
 
 namespace {
 
-constexpr WordSet typeWords("char8_t",      "char16_t", "char32_t",          "_Bool",    "__int128",     "__int128_t",
-    "__uint128_t",  "_Complex", "__signed__",        "__const",  "__volatile__", "__restrict",
-    "__restrict__", "restrict", "__builtin_va_list", "_Float16", "__float128",   "__fp16",
-    "decltype",     "typeof",   "__typeof__",        "__typeof", "_Atomic");
+constexpr WordSet typeWords("char8_t", "char16_t", "char32_t", "_Bool", "__int128", "__int128_t",
+                            "__uint128_t",  "_Complex", "__signed__",        "__const",  "__volatile__", "__restrict",
+                            "__restrict__", "restrict", "__builtin_va_list", "_Float16", "__float128",   "__fp16",
+                            "decltype",     "typeof",   "__typeof__",        "__typeof", "_Atomic");
 
-constexpr WordSet prefixWords("co_return", "co_await",    "co_yield",  "__extension__", "__real__",
-                                            "__imag__",  "__alignof__", "__alignof", "requires");
+constexpr WordSet prefixWords("co_return", "co_await", "co_yield", "__extension__", "__real__",
+                              "__imag__", "__alignof__", "__alignof", "requires");
 
 // What goes on with a value that has ended, or ends what holds it.
 constexpr bool followsValue(TokenKind kind) {

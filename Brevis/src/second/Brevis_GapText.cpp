@@ -234,7 +234,7 @@ GapText::GapText(std::string_view laid, const GapText& text)
     }
 }
 
-bool GapText::wouldJoin(TokenIndex index) const {
+bool GapText::joins(TokenIndex index) const {
     const GapToken& first = tokens_[index - 1];
     const GapToken& second = tokens_[index];
     if (first.begin == first.end || second.begin == second.end) return false;
