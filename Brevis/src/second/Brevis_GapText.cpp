@@ -153,10 +153,6 @@ private:
     std::size_t next_;  // npos behind the last one
 };
 
-// Of bits, one for each token.
-constexpr std::size_t wordBits = 64;
-constexpr std::size_t wordsFor(std::size_t tokens) { return tokens / wordBits + 1; }
-
 }  // namespace
 
 GapText::GapText(std::string_view source, Cpp::TokenTable table)
@@ -164,7 +160,7 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
       brackets_(table.takeBrackets()),
       outline_(table.takeOutline()),
       tokens_(table.tokens().size() + 1),
-      newLines_(wordsFor(tokens_.size())) {
+      newLines_(tokens_.size() / wordBits + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
     const std::uint8_t narrowTraits = WideBytes(source).hasAny() ? isSign : 0xFF;
@@ -173,6 +169,7 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
     std::size_t end = 0;
     bool isBehindLines = false;
     bool isFixed = false;
+    TokenIndex index = 1;
     const auto readGap = [&](std::size_t begin) {
         token->begin = static_cast<std::uint32_t>(begin);
         bool startsLine = isBehindLines;
@@ -182,11 +179,10 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
             token->lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
             isFixed = isFixed || !isWhiteSpace(text + end, text + begin);
         }
-        if (startsLine) noteLine(static_cast<TokenIndex>(token - tokens_.data()));
+        if (startsLine) noteLine(index);
         token->isFixed = isFixed;
         if (isFixed) hasFixed_ = true;
     };
-    TokenIndex index = 1;
     for (; buffer.kind(index) != Kind::EndOfInput; ++index, ++token) {
         const Trn::TokenKind kind = buffer.kind(index);
         const std::uint8_t traits = kindTraits[static_cast<std::size_t>(kind)];
@@ -220,7 +216,7 @@ GapText::GapText(std::string_view laid, const GapText& text)
       brackets_(text.brackets_),
       outline_(text.outline_),
       tokens_(text.tokens_),
-      newLines_(wordsFor(tokens_.size())),
+      newLines_(tokens_.size() / wordBits + 1),
       trivia_(text.trivia_),
       hasFixed_(text.hasFixed_) {
     LineFeeds feeds(laid);
@@ -239,9 +235,7 @@ GapText::GapText(std::string_view laid, const GapText& text)
     }
 }
 
-void GapText::noteLine(TokenIndex index) { newLines_[index / wordBits] |= std::uint64_t{1} << index % wordBits; }
-
-bool GapText::isOnOneLine(TokenIndex a, TokenIndex b) const {
+bool GapText::isStretchOnOneLine(TokenIndex a, TokenIndex b) const {
     const auto [first, last] = std::minmax(a, b);
     if (first == last) return true;
     std::size_t word = (first + 1) / wordBits;
@@ -253,7 +247,7 @@ bool GapText::isOnOneLine(TokenIndex a, TokenIndex b) const {
     return (bits & ~std::uint64_t{0} >> (wordBits - 1 - last % wordBits)) == 0;
 }
 
-bool GapText::wouldJoin(TokenIndex index) const {
+bool GapText::joins(TokenIndex index) const {
     const GapToken& first = tokens_[index - 1];
     const GapToken& second = tokens_[index];
     if (first.begin == first.end || second.begin == second.end) return false;

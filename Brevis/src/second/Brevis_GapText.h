@@ -91,10 +91,14 @@ public:
                gap(token).find('\t') == std::string_view::npos;
     }
     // Whether the two begin on one line.
-    bool isOnOneLine(TokenIndex a, TokenIndex b) const;
+    bool isOnOneLine(TokenIndex a, TokenIndex b) const {
+        return b == a + 1 ? !beginsOtherLine(b) : isStretchOnOneLine(a, b);
+    }
 
     // Whether a token and the one in front of it would become others with nothing in between.
-    bool wouldJoin(TokenIndex index) const;
+    bool wouldJoin(TokenIndex index) const {
+        return !standsAlone(tokens_[index]) && !standsAlone(tokens_[index - 1]) && joins(index);
+    }
 
     // The column behind the token, of one line, if it begins in `column`.
     int columnBehind(TokenIndex index, int column, int tabSize) const {
@@ -113,14 +117,27 @@ public:
     bool hasFixed() const { return hasFixed_; }
 
 private:
-    void noteLine(TokenIndex index);
+    // A bit for each token, whether it begins on another line than the one in front of it.
+    static constexpr std::size_t wordBits = 64;
+    void noteLine(TokenIndex index) { newLines_[index / wordBits] |= std::uint64_t{1} << index % wordBits; }
+    bool beginsOtherLine(TokenIndex index) const { return (newLines_[index / wordBits] >> index % wordBits & 1) != 0; }
+    bool isStretchOnOneLine(TokenIndex a, TokenIndex b) const;
+    // Whether it is a bracket, a comma or a semicolon, of one character.
+    static constexpr bool standsAlone(const GapToken& token) {
+        namespace Kind = Trn::Kind;
+        const bool isSign = (token.kind >= Kind::Comma && token.kind <= Kind::CloseBrace) ||
+                            token.kind == Kind::Semicolon || token.kind == Kind::OpenBracket ||
+                            token.kind == Kind::CloseBracket;
+        return isSign && token.end - token.begin == 1;
+    }
+    bool joins(TokenIndex index) const;
     std::string_view slice(std::size_t begin, std::size_t end) const { return {source_.data() + begin, end - begin}; }
 
     std::string_view source_;
     Trn::BracketTable brackets_;
     Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
-    std::vector<std::uint64_t> newLines_;  // a bit for each token: it begins on another line than the one in front
+    std::vector<std::uint64_t> newLines_;
     std::vector<TokenIndex> trivia_;
     bool hasFixed_ = false;
 };
