@@ -89,7 +89,7 @@ private:
     std::vector<std::uint32_t> lines_;  // where they begin in the source
     // Comments behind code that share a column, line by line
     std::size_t alignedLine_ = 0;  // of the last one, from 0
-    std::size_t least_ = 0;          // the shortest gap in front of one; 0 if there is none
+    std::size_t least_ = 0;        // the shortest gap in front of one; 0 if there is none
 };
 
 void EvidenceObserver::observe(const GapText& text, const GapTable& gaps, std::string_view written,

@@ -190,7 +190,7 @@ void GapWriter::goBackTo(const Progress& progress) {
     isLineStart_ = progress.isLineStart;
     hasLine_ = progress.hasLine;
     lines_.resize(progress.lines);
-    for (std::size_t at = progress.nextAnchor; at < nextAnchor_; ++at) bases_[anchored_[at]] = {};
+    for (std::size_t at = progress.nextAnchor; at < nextAnchor_; ++at) bases_[at + 1] = {};
     nextAnchor_ = progress.nextAnchor;
     nextAnchorToken_ = progress.nextAnchorToken;
     fresh_ = progress.fresh;

@@ -155,9 +155,9 @@ private:
     std::string out_;
     std::size_t runBegin_ = 0, runEnd_ = 0;
     std::string scratch_;
-    TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
-    bool converts_ = false;             // white space, behind the writing
-    PieceSizes pieces_;                 // each gap and each token, if white space is to be converted
+    TokenIndex nextCode_ = 0;  // behind the last directive that asked for it
+    bool converts_ = false;    // white space, behind the writing
+    PieceSizes pieces_;        // each gap and each token, if white space is to be converted
     KeptColumns* kept_ = nullptr;
     TokenIndex nextBlock_ = 0;  // in which columns may be kept; 0 for none
     // Only if places are asked for

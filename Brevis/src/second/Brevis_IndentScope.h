@@ -23,7 +23,7 @@ struct IndentScope {
     Mode mode = Mode::Distance;
     GapRule rule = GapRule::None;  // its text is added to the base; None adds nothing
     bool isAnchored = false;       // by the token `from`; otherwise it shares the base of the scope `from`
-    bool isBelow = false;  // the text of the scope `from` belongs to the base of this one, which must be an Indent
+    bool isBelow = false;          // the text of the scope `from` belongs to the base of this one, which must be an Indent
 
     // 0 for a scope without one of its own.
     Trn::TokenIndex anchor() const { return isAnchored ? from : 0; }
