@@ -327,7 +327,7 @@ void ContinuationColumns::place(TokenIndex token) {
     const Frame& frame = top();
     if (frame.isBody && !frame.isExpression) return;
     if (token == itemStart_ || (token == frame.last && text_.kind(token) == Kind::CloseBrace)) return;
-    if (text_.role(token) == Role::LambdaBody) return;
+    if (text_.role(token) == Role::LambdaBody || goesByHolder(token)) return;
     if (scheme_.alignOperandsLeft && frame.isExpression && token != frame.last && placeOperand(token)) return;
     if (frame.isBracket && placeInList(token)) return;
     if (frame.colon == 0 || token <= frame.colon) return;
@@ -337,6 +337,12 @@ void ContinuationColumns::place(TokenIndex token) {
     if (text_.kind(token) == Kind::Comma) return gaps_.setScope(token, at(frame.colon, false));
     if (!isContinued(frame.colon)) return;
     gaps_.setScope(token, gaps_.addScope({.from = frame.colon, .mode = Mode::Behind, .isAnchored = true}));
+}
+
+// Whether the brace of a body in a bracket stands below the statement that holds both: `MACRO(name,`, `{ ... });`.
+bool ContinuationColumns::goesByHolder(TokenIndex token) const {
+    const bool isBody = text_.role(token) == Role::Body && text_.kind(token) == Kind::OpenBrace;
+    return isBody && !gaps_.scopes()[gaps_[token].scope].isAnchored;
 }
 
 // In a bracket: behind it, or if nothing follows it there, indented from the element that it belongs to.

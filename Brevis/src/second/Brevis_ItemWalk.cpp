@@ -392,6 +392,8 @@ TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const 
     if (keys.role != Role::LambdaBody || !text_.startsLine(close) || !text_.startsLine(content)) return 0;
     if (text_.startsLine(gaps_.scopes()[frames_.back().lambda].anchor())) return 0;
     const int column = text_.column(close, scheme_.tabSize);
+    const bool isWithClose = text_.startsLine(brace) && text_.column(brace, scheme_.tabSize) == column;
+    if (gaps_.startsLine(brace) && !isWithClose) return 0;
     const int indent = columnBehind(gaps_.text(keys.indent.rule), 0, scheme_.tabSize);
     if (!gaps_.isSet(keys.indent.rule) || text_.column(content, scheme_.tabSize) != column + indent) return 0;
     constexpr int deepest = 8;  // no more brackets stand on one line of good sense
@@ -431,9 +433,12 @@ GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
 // statement as any other.
 void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
     if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
-    if (body.item == nullptr && keys.role != Role::LambdaBody && !gaps_.isSet(keys.beforeOpen.rule)) return;
-    const Scope scope =
-        keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
+    const bool goesByHolder = body.item == nullptr && gaps_.scopes()[body.own].anchor != brace;
+    const bool isKept = keys.role != Role::LambdaBody && !gaps_.isSet(keys.beforeOpen.rule);
+    if (body.item == nullptr && isKept && !(goesByHolder && text_.startsLine(brace))) return;
+    const Scope scope = body.isBelowBracket ? body.own
+                        : keys.keepsBrace   ? sharing(top().own, Mode::Distance, GapRule::None)
+                                            : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
     if (!gaps_.isSet(keys.beforeOpen.rule) || !gaps_.isSet(keys.indent.rule)) return;
