@@ -433,7 +433,7 @@ GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
 // statement as any other.
 void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
     if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
-    const bool goesByHolder = body.item == nullptr && gaps_.scopes()[body.own].anchor != brace;
+    const bool goesByHolder = body.item == nullptr && gaps_.scopes()[body.own].anchor() != brace;
     const bool isKept = keys.role != Role::LambdaBody && !gaps_.isSet(keys.beforeOpen.rule);
     if (body.item == nullptr && isKept && !(goesByHolder && text_.startsLine(brace))) return;
     const Scope scope = body.isBelowBracket ? body.own
