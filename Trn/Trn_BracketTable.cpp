@@ -1,6 +1,7 @@
 // The one pass that finds the partners, with a stack of the brackets that are open.
 #include "Trn_BracketTable.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Trn {
@@ -90,15 +91,15 @@ BracketTable::BracketTable(const TokenBuffer& buffer) : inBlock_(buffer.size()) 
     entries_.reserve(buffer.size() / 2);
     blocks_.reserve(buffer.size() / blockSize + 1);
     const auto size = static_cast<TokenIndex>(buffer.size());
-    for (TokenIndex token = 0; token < size; ++token) {
-        if (token % blockSize == 0) {
-            blocks_.push_back(static_cast<std::uint32_t>(entries_.size()));
-            entries_.emplace_back();
+    for (TokenIndex token = 0; token < size;) {
+        blocks_.push_back(static_cast<std::uint32_t>(entries_.size()));
+        entries_.emplace_back();
+        for (const TokenIndex end = std::min(token + blockSize, size); token < end; ++token) {
+            const TokenKind kind = buffer.kind(token);
+            if (isTrivia(kind)) continue;
+            if (kind < 0 || previous_ == Kind::AmpAmp || !saysNothing[static_cast<std::size_t>(kind)]) add(token, kind);
+            previous_ = kind;
         }
-        const TokenKind kind = buffer.kind(token);
-        if (isTrivia(kind)) continue;
-        if (kind < 0 || previous_ == Kind::AmpAmp || !saysNothing[static_cast<std::size_t>(kind)]) add(token, kind);
-        previous_ = kind;
     }
     dropAngles();
     if (unmatched_ == 0 && !open_.empty()) unmatched_ = open_.back().token;
