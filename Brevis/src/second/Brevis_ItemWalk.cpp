@@ -28,6 +28,7 @@ void ItemWalk::run() {
         gaps_.setScope(token, top().inner);
         openItems(token);
         read(token);
+        statements_.endCase(token);
         while (frames_.size() > 1 && top().last == token) frames_.pop_back();
     }
 }

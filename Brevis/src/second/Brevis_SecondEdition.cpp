@@ -92,11 +92,12 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     if (!update(formattingPhase)) return cancelledRun(messages);
 
     const GapText& text = *gapText;
-    const std::optional<FormatterProperties> forTabs = forTabsOf(source, properties);
+    std::optional<FormatterProperties> forTabs = forTabsOf(source, properties);
     GapTable gaps(text, forTabs ? forTabs->scheme : properties.scheme);
     std::string result = writeLaid(text, forTabs ? *forTabs : properties, gaps);
     // With tabs left, as in literals, a second run could find another size.
     if (forTabs && (gaps.holdsTabs() || holdsTabs(result))) {
+        forTabs.reset();
         gaps = GapTable(text, properties.scheme);
         result = writeLaid(text, properties, gaps);
     }
@@ -105,7 +106,8 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
                           properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
                           SeamGuard::Literals::Free);
     const std::size_t seams = guard.mend(result);
-    if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
+    const Scheme& scheme = forTabs ? forTabs->scheme : properties.scheme;
+    if (observer_ != nullptr) observer_->observe(text, scheme, gaps, written, result);
     return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 
