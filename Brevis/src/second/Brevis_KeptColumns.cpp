@@ -190,6 +190,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
             if (text_.kind(token) == Kind::Number) ++line.numbers;
         }
         readEnd(first, last);
+        eraseBasis(last);
     }
     link(line);
 }
@@ -303,6 +304,16 @@ void KeptColumns::readEnd(TokenIndex first, TokenIndex last) {
     const auto place = std::ranges::find_if(here_, [&](const Cell& cell) { return cell.start >= start; });
     here_.insert(place,
                  {.token = end, .anchor = end, .start = start, .other = start, .sort = anyElement, .isEnd = true});
+}
+
+// The first element of a list below which the next line begins: in a column with a line above, which is not of the list,
+// it would stand by chance, and leave the rows of the list without a place.
+void KeptColumns::eraseBasis(TokenIndex last) {
+    const TokenIndex next = last + 1;
+    if (here_.empty() || next >= text_.size() || !gaps_.startsLine(next)) return;
+    const TokenIndex basis = basisOf(next);
+    if (basis == 0 || text_.role(basis - 1) != Role::BracedInitializer || text_.partner(basis - 1) < basis) return;
+    std::erase_if(here_, [&](const Cell& cell) { return cell.token == basis; });
 }
 
 // The column of the source at which the gap begins, of a token that does not begin the line.

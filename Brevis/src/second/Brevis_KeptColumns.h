@@ -79,6 +79,7 @@ private:
     TokenIndex nameAt(TokenIndex token) const;
     int reachOfEnd(TokenIndex sign) const;
     void readEnd(TokenIndex first, TokenIndex last);
+    void eraseBasis(TokenIndex last);
     int gapBegin(TokenIndex token, TokenIndex first) const;
     bool isPadded(TokenIndex token) const;
     void readFirst(TokenIndex first);
