@@ -65,7 +65,8 @@ void KeptColumns::run() {
     TokenIndex begin = 1;
     for (TokenIndex first = 1; first < text_.size();) {
         const Stretch line = stretchFrom(first);
-        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1);
+        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1) &&
+                               !isContinuation(first);
         hasWide = hasWide || line.gaps == Gaps::Wide;
         first = line.end;
         if (!endsBlock && first < text_.size()) continue;
@@ -267,6 +268,8 @@ bool KeptColumns::isLone(const Cell& cell) const {
         const TokenIndex below = lastOfLine_ + 1;
         return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
     }
+    // A further cell of a row.
+    if (roleBefore == Role::ArgumentComma || roleBefore == Role::ElementComma) return cell.start - cell.gap > 1;
     if (!isPointerSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
     const Trn::TokenKind before = text_.kind(cell.token - 1);
     const bool isBasic = (before >= Kind::Char && before <= Kind::Void) || before == Kind::Unsigned;
@@ -407,11 +410,26 @@ void KeptColumns::link(Line& line) {
     above_.swap(here_);
 }
 
+// Whether an argument or an operand goes on in the line. What the rows around it have in columns has nothing to do with
+// it.
+bool KeptColumns::isContinuation(TokenIndex first) const {
+    switch (text_.role(first - 1)) {
+        case Role::ArgumentComma:
+        case Role::Binary:
+        case Role::Comparison:
+            return true;
+        default:
+            return text_.role(first) == Role::Binary || text_.role(first) == Role::Comparison;
+    }
+}
+
 // Columns are seen through one line that is blank where they stand: it is shorter, or lacks an element or a comment.
 void KeptColumns::passCells(TokenIndex first) {
+    const bool goesOn = isContinuation(first);
     const auto isEdge = [&](const Cell& cell) {
+        if (!cell.isWide && chainOf(cell) == 0) return false;
         const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others;
-        return isSort && !cell.isPassed && (cell.isWide || chainOf(cell) != 0);
+        return goesOn ? cell.sort != comment : isSort && !cell.isPassed;
     };
     if (std::ranges::none_of(above_, isEdge)) return;
     through_.clear();
@@ -419,6 +437,10 @@ void KeptColumns::passCells(TokenIndex first) {
     const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
     std::erase_if(above_, [&](Cell& cell) {
         if (!isEdge(cell)) return false;
+        if (goesOn) {
+            through_.push_back(cell);
+            return true;
+        }
         // Nothing may stand in the line where the cell stands, and nothing to the right of a comment.
         const int last = cell.sort == comment ? std::numeric_limits<int>::max() : std::max(cell.start, cell.other);
         while (token < end &&

@@ -89,6 +89,7 @@ private:
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(const Cell& cell);
     bool isInTable(const Cell& cell) const;
+    bool isContinuation(TokenIndex first) const;
     void passCells(TokenIndex first);
     bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
     int moved(const Cell* first, const Cell* last, int otherwise);
