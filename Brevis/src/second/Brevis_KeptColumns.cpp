@@ -269,7 +269,7 @@ bool KeptColumns::isLone(const Cell& cell) const {
         return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
     }
     // A further cell of a row.
-    if (roleBefore == Role::ArgumentComma || roleBefore == Role::ElementComma) return cell.start - cell.gap > 1;
+    if (roleBefore == Role::ArgumentComma || roleBefore == Role::ElementComma) return true;
     if (!isPointerSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
     const Trn::TokenKind before = text_.kind(cell.token - 1);
     const bool isBasic = (before >= Kind::Char && before <= Kind::Void) || before == Kind::Unsigned;
@@ -426,10 +426,20 @@ bool KeptColumns::isContinuation(TokenIndex first) const {
 // Columns are seen through one line that is blank where they stand: it is shorter, or lacks an element or a comment.
 void KeptColumns::passCells(TokenIndex first) {
     const bool goesOn = isContinuation(first);
+    // The `=` of a longer name, at its blank.
+    const auto longer = std::ranges::find_if(
+        here_, [](const Cell& cell) { return cell.sort == assignment && !cell.isWide; });
+    const auto isShorter = [&](const Cell& cell) {
+        return cell.sort == assignment &&
+               longer != here_.end() &&
+               cell.start < longer->start &&
+               cell.isWide &&
+               !cell.hasTab;
+    };
     const auto isEdge = [&](const Cell& cell) {
         if (!cell.isWide && chainOf(cell) == 0) return false;
         const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others;
-        return goesOn ? cell.sort != comment : isSort && !cell.isPassed;
+        return goesOn ? cell.sort != comment : (isSort || isShorter(cell)) && !cell.isPassed;
     };
     if (std::ranges::none_of(above_, isEdge)) return;
     through_.clear();
@@ -437,8 +447,9 @@ void KeptColumns::passCells(TokenIndex first) {
     const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
     std::erase_if(above_, [&](Cell& cell) {
         if (!isEdge(cell)) return false;
-        if (goesOn) {
+        if (goesOn || isShorter(cell)) {
             through_.push_back(cell);
+            through_.back().isPassed = cell.isPassed || !goesOn;
             return true;
         }
         // Nothing may stand in the line where the cell stands, and nothing to the right of a comment.
@@ -463,7 +474,10 @@ bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cel
     if (text_.lineFeeds(line.first) == 0 && line.first > 1) return false;
     if (token == first) return places_[first].column > std::max(cell.start, cell.other) + std::max(0, line.shift);
     const int end = text_.columnBehind(token - 1, places_[token - 1].column, scheme_.tabSize);
-    return end <= cell.start + std::min(0, line.shift);
+    // Tabs lead to the nearest stop.
+    const int stop = (cell.start + line.shift + scheme_.tabSize / 2) / scheme_.tabSize * scheme_.tabSize;
+    const int nearest = cell.hasTab ? std::min(cell.start, stop) : cell.start;
+    return end <= std::min(nearest, cell.start + std::min(0, line.shift));
 }
 
 // Both lines have their cells in the order of their columns.
@@ -474,6 +488,7 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         if (above == above_.end()) return;
         const auto sortHere = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
         if ((*above).*column != cell.*column) continue;
+        if (above->isPassed && above->sort == assignment && cell.hasTab) continue;
         if (above->isEnd || cell.isEnd) {
             const Cell& other = above->isEnd ? cell : *above;
             if (isRight || other.isEnd || text_.role(other.token - 1) != Role::ElementComma) continue;
@@ -538,6 +553,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lines_[places_[first->token].line];
+    if (last - first < 2 && line.shift % tab != 0 && goesByStops(*first)) return;
     int column = std::max(0,
                           chain.column + (hasTabs ? line.shift : std::min(line.shift, moved(first, last, line.shift))));
     if (hasTabs) column = (column + tab / 2) / tab * tab;
@@ -593,6 +609,14 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         const bool isOwn = scheme_.convertWs != 1 && leads(*cell);
         if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell), isOwn);
     }
+}
+
+// Whether a cell by itself has a column only as long as its line moves by stops: the next line of a value moves as far as
+// its statement, and the rows around it have columns of their own.
+bool KeptColumns::goesByStops(const Cell& cell) const {
+    const Role before = text_.role(cell.token - 1);
+    return before == Role::Assignment || before == Role::Initializer || before == Role::ArgumentComma ||
+           before == Role::ElementComma;
 }
 
 void KeptColumns::moveTo(TokenIndex token, int column, bool isOwn) {

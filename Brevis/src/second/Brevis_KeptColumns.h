@@ -94,6 +94,7 @@ private:
     bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
     int moved(const Cell* first, const Cell* last, int otherwise);
     bool areTight(const Cell* first, const Cell* last) const;
+    bool goesByStops(const Cell& cell) const;
     void moveTo(TokenIndex token, int column, bool isOwn);
     void passSource(TokenIndex token);
 
