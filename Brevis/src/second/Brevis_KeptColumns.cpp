@@ -263,8 +263,9 @@ bool KeptColumns::isLone(const Cell& cell) const {
     if (cell.sort == assignment) return true;
     const Role role = text_.role(cell.token);
     const Role roleBefore = text_.role(cell.token - 1);
-    // A value with its next line below it.
+    // A value with its next line below it, or of a field.
     if (roleBefore == Role::Assignment || roleBefore == Role::Initializer) {
+        if (cell.token > 3 && text_.kind(cell.token - 3) == Kind::Dot) return true;
         const TokenIndex below = lastOfLine_ + 1;
         return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
     }
@@ -351,14 +352,16 @@ void KeptColumns::readFirst(TokenIndex first) {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    if (!isNumber && !isPointerSign(text_.role(sign))) return false;
+    const bool isSigned = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Identifier &&
+                          (text_.kind(sign) == Kind::Minus || text_.kind(sign) == Kind::Plus);
+    if (!isNumber && !isSigned && !isPointerSign(text_.role(sign))) return false;
     // `T &   >` has no name for a column.
     if (text_.kind(token) == Kind::Greater || text_.kind(token) == Kind::ShiftRight) return true;
     if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
         const std::string_view gap = text_.gap(token);
-        if (isNumber || gap.empty() || !isJoined(token)) return isJoined(token);
+        if (isNumber || isSigned || gap.empty() || !isJoined(token)) return isJoined(token);
         here_.push_back({.start = columns_[token - first],
                          .sort = operand,
                          .isWide = gap.size() > 1 || gap[0] == '\t',
@@ -438,7 +441,8 @@ void KeptColumns::passCells(TokenIndex first) {
     };
     const auto isEdge = [&](const Cell& cell) {
         if (!cell.isWide && chainOf(cell) == 0) return false;
-        const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others;
+        const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others ||
+                            (text_.role(cell.token - 1) == Role::ElementComma && !cell.hasTab);
         return goesOn ? cell.sort != comment : (isSort || isShorter(cell)) && !cell.isPassed;
     };
     if (std::ranges::none_of(above_, isEdge)) return;
