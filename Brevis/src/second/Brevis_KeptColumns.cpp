@@ -57,6 +57,7 @@ bool KeptColumns::isWanted(const GapText& text, const Scheme& scheme) {
 KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
     : text_(text), scheme_(scheme), gaps_(gaps), places_(std::move(places)) {
     chains_.emplace_back();
+    passedLines_.emplace_back();
 }
 
 void KeptColumns::run() {
@@ -463,6 +464,7 @@ void KeptColumns::passCells(TokenIndex first) {
         if ((token < end && columns_[token - first] <= last) || !staysClear(token, first, cell)) return false;
         through_.push_back(cell);
         through_.back().isPassed = true;
+        through_.back().passed = token == first ? 0 : token - 1;
         return true;
     });
     if (through_.empty()) return;
@@ -514,6 +516,10 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         }
         cell.*chain = number;
         Chain& found = chains_[number];
+        if (above->isPassed && above->passed != 0) {
+            passedLines_.push_back({.token = above->passed, .before = found.passed});
+            found.passed = static_cast<std::uint32_t>(passedLines_.size() - 1);
+        }
         ++found.size;
         found.wide += cell.isWide ? 1 : 0;
         found.isPadded = found.isPadded || cell.isPadded;
@@ -587,6 +593,10 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
         const bool isTight = gap.sort == Gap::Sort::Keep && text_.gap(cell->token).empty();
         if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
+    }
+    // Behind the lines that it was seen through, or it isn't seen through them again.
+    for (std::uint32_t line = chain.passed; line != 0 && column > 0; line = passedLines_[line].before) {
+        column = std::max(column, endColumn(passedLines_[line].token));
     }
     if (hasTabs) column = (column + tab - 1) / tab * tab;
     if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
@@ -674,6 +684,17 @@ int KeptColumns::gapColumn(TokenIndex token) {
         line.token = next;
     }
     return line.column + places_[token].gap - places_[line.token].column;
+}
+
+// Behind a token that ends a line, now that the line is placed so far.
+int KeptColumns::endColumn(TokenIndex token) {
+    const Line& line = lines_[places_[token].line];
+    int begin = line.column;
+    if (token > line.token) {
+        begin = gapColumn(token);
+        begin += widthBehind(token, begin);
+    }
+    return text_.columnBehind(token, begin, scheme_.tabSize);
 }
 
 // Where the next element would stand, now that what stands in front of it is placed.

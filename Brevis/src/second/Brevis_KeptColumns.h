@@ -44,6 +44,7 @@ private:
         bool isEnd = false;       // no token, but the place behind `token`, which ends a row
         bool isPassed = false;    // it was seen through a line that is blank there
         bool isLone = false;      // a column by itself
+        TokenIndex passed = 0;    // the last token in front of it on that line
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
@@ -55,6 +56,12 @@ private:
         bool isPadded = false;
         bool hasTab = false;
         bool isRight = false;
+        std::uint32_t passed = 0;  // the last of the lines that it was seen through
+    };
+    // A line through which a chain was seen: the token that ends it, and the line before of the same chain.
+    struct Passed {
+        TokenIndex token = 0;
+        std::uint32_t before = 0;
     };
     // A line of the result, as far as its columns are known.
     struct Line {
@@ -103,6 +110,7 @@ private:
     int lastColumn(const Cell& cell) const;
     bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
     int columnBehindEnd(TokenIndex sign);
+    int endColumn(TokenIndex token);
     int gapColumn(TokenIndex token);
     int widthBehind(TokenIndex token, int column) const;
 
@@ -120,6 +128,7 @@ private:
     std::vector<Cell> through_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
+    std::vector<Passed> passedLines_;
 };
 
 }  // namespace Brevis
