@@ -547,7 +547,7 @@ bool KeptColumns::isInTable(const Cell& cell) const {
 
 // The longer one of the two chains, if one of its tokens stands behind more than one blank: where there are several such
 // it isn't one that further lines have joined by chance. Of two as long as each other names with signs go on with names: a
-// sign that stands in their column by chance doesn't take them over.
+// sign that stands in their column by chance doesn't take them over, unless more of its tokens stand behind wide gaps.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     const auto isColumn = [&](std::uint32_t chain) { return chains_[chain].wide > 0 || chains_[chain].isPadded; };
     const std::uint32_t left = isColumn(cell.left) ? cell.left : 0;
@@ -555,7 +555,8 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     if (left == 0 || right == 0) return left + right;
     const int lead = cell.sort == number ? 1 : 0;
     const bool isSingle = chains_[left].wide == 1 && chains_[right].wide > 1;
-    return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
+    const bool isWider = chains_[left].size == chains_[right].size && chains_[left].wide > chains_[right].wide;
+    return isSingle || (chains_[right].size >= chains_[left].size + lead && !isWider) ? right : left;
 }
 
 void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
