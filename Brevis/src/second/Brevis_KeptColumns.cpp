@@ -486,6 +486,16 @@ bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cel
     return end <= std::min(nearest, cell.start + std::min(0, line.shift));
 }
 
+// Whether the first one stands at the blank behind an operator, and the second one behind no such.
+bool KeptColumns::standsByChance(const Cell& cell, const Cell& other) const {
+    if (cell.sort != operand || cell.isWide || cell.isEnd || other.isEnd) return false;
+    const auto isOperator = [&](TokenIndex token) {
+        const Role role = text_.role(token);
+        return role == Role::Comparison || role == Role::Binary;
+    };
+    return isOperator(cell.token - 1) && !isOperator(other.token - 1);
+}
+
 // Both lines have their cells in the order of their columns.
 void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight) {
     auto above = above_.begin();
@@ -501,6 +511,7 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         } else if (sortHere(*above) != sortHere(cell)) {
             continue;
         }
+        if (standsByChance(*above, cell) || standsByChance(cell, *above)) continue;
         // In one column with what follows an open bracket at once: only the ends of numbers.
         const auto isTight = [&](const Cell& c) { return text_.gap(c.token).empty() && !c.isEnd; };
         if (!isRight && (isTight(cell) || isTight(*above)) && cell.sort != comment) continue;

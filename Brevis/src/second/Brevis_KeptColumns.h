@@ -95,6 +95,7 @@ private:
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(const Cell& cell);
+    bool standsByChance(const Cell& cell, const Cell& other) const;
     bool isInTable(const Cell& cell) const;
     bool isContinuation(TokenIndex first) const;
     void passCells(TokenIndex first);
