@@ -429,7 +429,10 @@ bool KeptColumns::isContinuation(TokenIndex first) const {
 
 // Columns are seen through one line that is blank where they stand: it is shorter, or lacks an element or a comment.
 void KeptColumns::passCells(TokenIndex first) {
-    const bool goesOn = isContinuation(first);
+    const bool isLater = isContinuation(first);
+    const auto goesOn = [&](const Cell& cell) {
+        return isLater && cell.sort != comment && !isContinuation(lines_[places_[cell.token].line].first);
+    };
     // The `=` of a longer name, at its blank.
     const auto longer = std::ranges::find_if(
         here_, [](const Cell& cell) { return cell.sort == assignment && !cell.isWide; });
@@ -444,7 +447,7 @@ void KeptColumns::passCells(TokenIndex first) {
         if (!cell.isWide && chainOf(cell) == 0) return false;
         const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others ||
                             (text_.role(cell.token - 1) == Role::ElementComma && !cell.hasTab);
-        return goesOn ? cell.sort != comment : (isSort || isShorter(cell)) && !cell.isPassed;
+        return goesOn(cell) || ((isSort || isShorter(cell)) && !cell.isPassed);
     };
     if (std::ranges::none_of(above_, isEdge)) return;
     through_.clear();
@@ -452,9 +455,9 @@ void KeptColumns::passCells(TokenIndex first) {
     const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
     std::erase_if(above_, [&](Cell& cell) {
         if (!isEdge(cell)) return false;
-        if (goesOn || isShorter(cell)) {
+        if (goesOn(cell) || isShorter(cell)) {
             through_.push_back(cell);
-            through_.back().isPassed = cell.isPassed || !goesOn;
+            through_.back().isPassed = cell.isPassed || !goesOn(cell);
             return true;
         }
         // Nothing may stand in the line where the cell stands, and nothing to the right of a comment.
@@ -486,14 +489,14 @@ bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cel
     return end <= std::min(nearest, cell.start + std::min(0, line.shift));
 }
 
-// Whether the first one stands at the blank behind an operator, and the second one behind no such.
+// Whether the first one stands at the blank behind an operator inside of its line, and the second one behind no such.
 bool KeptColumns::standsByChance(const Cell& cell, const Cell& other) const {
     if (cell.sort != operand || cell.isWide || cell.isEnd || other.isEnd) return false;
     const auto isOperator = [&](TokenIndex token) {
         const Role role = text_.role(token);
         return role == Role::Comparison || role == Role::Binary;
     };
-    return isOperator(cell.token - 1) && !isOperator(other.token - 1);
+    return isOperator(cell.token - 1) && !gaps_.startsLine(cell.token - 1) && !isOperator(other.token - 1);
 }
 
 // Both lines have their cells in the order of their columns.
