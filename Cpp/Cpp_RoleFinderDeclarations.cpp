@@ -96,7 +96,10 @@ void RoleFinder::readDeclaredParen(TokenIndex at) {
     const Guess guess = types_.holdsParameters(at);
     const TokenIndex close = partner(at);
     const TokenKind after = kind(next(close));
-    // `T (name)(int)`
+    // `T (name)(int)`; but `NAME (part)(int)` is all of a function's name.
+    const bool isMacro = shape_.body != 0 && at > shape_.first && previous_ == shape_.first &&
+                         isMacroCase(buffer_->text(previous_)) && kind(next(at)) == Kind::Identifier;
+    if (at == shape_.nameFirst && isMacro) return open(at, Role::Call, values(Role::ArgumentComma));
     if (at == shape_.nameFirst) return open(at, Role::DeclaratorGroup, declaration(Role::DeclaratorComma));
     if (at == shape_.open) {
         return guess == Guess::No && shape_.body == 0 && shape_.nameFirst > shape_.first ? openConstruction(at)

@@ -116,6 +116,7 @@ private:
     int lineColumn(TokenIndex token) const;
     bool startsDeclarator(TokenIndex paren) const;
     bool startsPointerOfMacro(TokenIndex open) const;
+    bool holdsValues(TokenIndex brace) const;
     bool startsClass(const Declaration& scan) const;
     bool isLoneMacro(TokenIndex word, TokenIndex last, Frame frame) const;
     TokenIndex macroRowEnd(TokenIndex first, Frame frame) const;

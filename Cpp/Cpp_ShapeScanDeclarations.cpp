@@ -226,6 +226,7 @@ bool ShapeScan::scanClass(Declaration& scan) const {
         at = passAttributes(at);
         switch (kind(at)) {
             case Kind::OpenBrace:
+                if (colon == 0 && holdsValues(at)) return false;
                 scan.shape.sort = Sort::Class;
                 scan.shape.colon = colon;
                 scan.shape.body = at;
@@ -267,6 +268,14 @@ bool ShapeScan::scanClass(Declaration& scan) const {
                 return false;
         }
     }
+}
+
+// `struct S s { .a = 1 };`
+bool ShapeScan::holdsValues(TokenIndex brace) const {
+    const TokenIndex name = previous(brace);
+    if (!isForRoles() || kind(name) != Kind::Identifier || kind(previous(name)) != Kind::Identifier) return false;
+    const TokenKind first = kind(next(brace));
+    return first == Kind::Dot || first == Kind::Number || first == Kind::StringLiteral;
 }
 
 // Whether nothing stands in front of the class key that may be part of a function's.

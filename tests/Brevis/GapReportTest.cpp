@@ -48,6 +48,10 @@ constexpr ReportCase reportCases[] = {
      "1:22 1 WS_BETWEEN_EXPR_OP_OPERANDS ' ' ''\n"},
     {"2 MAX_BLANK_LINES 1\n", "int a;\n\n\n\nint b;\n", "5:1 1 MAX_BLANK_LINES '\\n\\n\\n\\n' '\\n\\n'\n"},
     {"1 REMOVE_TRAILING_WS 1\n", "int a;  \nint b;\n", "2:1 1 REMOVE_TRAILING_WS '  \\n' '\\n'\n"},
+    // The source shows tabs of 8 itself: a tab for as many blanks is a conversion, and no indent of the key.
+    {"2 CONVERT_WS 1\n3 INDENT_FN_CONTENT \"        \"\n", "void f() {\n        g(abc,\n\t  b);\n\th();\n}\n",
+     "3:4 3 CONVERT_WS '\\n\\t  ' '\\n          '\n"
+     "4:2 4 CONVERT_WS '\\n\\t' '\\n        '\n"},
     {"1 ALIGN_PPD_LEFT_MOST 1\n", "  #if A\n#endif\n", "1:3 1 ALIGN_PPD_LEFT_MOST '  ' ''\n"},
 };
 

@@ -63,9 +63,10 @@ private:
 
 class EvidenceObserver : public GapObserver {
 public:
-    EvidenceObserver(const Scheme& scheme, EvidenceWanted wanted) : scheme_(scheme), wanted_(wanted) {}
+    explicit EvidenceObserver(EvidenceWanted wanted) : wanted_(wanted) {}
 
-    void observe(const GapText& text, const GapTable& gaps, std::string_view written, std::string_view result) override;
+    void observe(const GapText& text, const Scheme& scheme, const GapTable& gaps, std::string_view written,
+                 std::string_view result) override;
 
     GapEvidence evidence;
 
@@ -82,8 +83,8 @@ private:
     std::string baseOf(std::uint32_t scope) const;
     std::optional<std::string> behindBase(std::string_view lead, std::string_view base) const;
 
-    const Scheme& scheme_;
     const EvidenceWanted wanted_;
+    int tabSize_ = 1;
     const GapText* text_ = nullptr;
     const GapTable* gaps_ = nullptr;
     std::vector<std::uint32_t> lines_;  // where they begin in the source
@@ -92,8 +93,9 @@ private:
     std::size_t least_ = 0;        // the shortest gap in front of one; 0 if there is none
 };
 
-void EvidenceObserver::observe(const GapText& text, const GapTable& gaps, std::string_view written,
-                               std::string_view /*result*/) {
+void EvidenceObserver::observe(const GapText& text, const Scheme& scheme, const GapTable& gaps,
+                               std::string_view written, std::string_view /*result*/) {
+    tabSize_ = scheme.tabSize;
     text_ = &text;
     gaps_ = &gaps;
     lines_ = {0};
@@ -214,7 +216,7 @@ std::optional<std::string> EvidenceObserver::behindBase(std::string_view lead, s
         const bool isOfTabs = rest.find(' ') == std::string_view::npos;
         if (isOfTabs || rest.find('\t') == std::string_view::npos) return std::string(rest);
     }
-    const int width = columnBehind(lead, 0, scheme_.tabSize) - columnBehind(base, 0, scheme_.tabSize);
+    const int width = columnBehind(lead, 0, tabSize_) - columnBehind(base, 0, tabSize_);
     if (width < 0) return std::nullopt;
     return std::string(static_cast<std::size_t>(width), ' ');
 }
@@ -223,7 +225,7 @@ std::optional<std::string> EvidenceObserver::behindBase(std::string_view lead, s
 
 std::optional<GapEvidence> findGapEvidence(const FormatterProperties& properties, std::string_view source,
                                            EvidenceWanted wanted) {
-    EvidenceObserver observer(properties.scheme, wanted);
+    EvidenceObserver observer(wanted);
     Trn::ParseMessageList messages;
     UpdateFunctor update;
     FormatResult result = SecondEdition(&observer).format(properties, source, messages, update);

@@ -510,6 +510,8 @@ inline constexpr PropertyInfo properties[] = {
         .ofEdition(2),
     flag("KEEP_ONE_LINE_CS_BODIES", Page::ControlStatements, &Scheme::keepOneLineCsBodies, "Keep bodies on one line")
         .ofEdition(2),
+    flag("KEEP_ONE_LINE_CASES", Page::ControlStatements, &Scheme::keepOneLineCases, "Keep cases on one line")
+        .ofEdition(2),
     whiteSpace("WS_AFTER_UNARY_OP", Page::Expressions, &Scheme::wsAfterUnaryOp, "After prefix operator:").ofEdition(2),
     whiteSpace("WS_BETWEEN_SUBSCRIPT_OP_OPERANDS", Page::Expressions, &Scheme::wsBetweenSubscriptOpOperands,
                "Operators in brackets:")

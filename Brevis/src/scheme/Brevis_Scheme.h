@@ -132,6 +132,7 @@ struct Scheme {
     // Bodies that stay on the line on which the author wrote them, and those without content
     bool keepOneLineFnBodies = false;
     bool keepOneLineCsBodies = false;
+    bool keepOneLineCases = false;
     bool keepOneLineClassBodies = false;
     bool keepOneLineEnumBodies = false;
     bool keepOneLineDdBodies = false;

@@ -145,7 +145,9 @@ const BodyKeys* BodyRules::keysOfBlock(TokenIndex brace, const Cpp::OutlineItem*
         case Sort::Loop:
             return &controlKeys;
         case Sort::Head:
-            return owner->frame == Cpp::Frame::Block ? &headKeys : &functionKeys;
+            // `MACRO(name) { .field = value };` is no function.
+            return owner->frame == Cpp::Frame::Block || text_.kind(text_.next(brace)) == Kind::Dot ? &headKeys
+                                                                                                   : &functionKeys;
         case Sort::Block:
             break;
         default:

@@ -27,6 +27,7 @@ void CommentRules::run() {
         belowDeclaration(first, behind);
         behindCode(first, behind);
         beforeDirectives(first, behind);
+        if (scheme_.convertWs != 1) atMargin(first, behind);
     }
 }
 
@@ -187,6 +188,18 @@ void CommentRules::keepIndented(TokenIndex directive) {
         const bool isInBody = gaps_.scopes()[gaps_[comment].scope].isAnchored;
         if (isInBody || !text_.startsLine(comment) || text_.column(comment, scheme_.tabSize) == 0) return;
         gaps_.setScope(comment, asIs);
+    }
+}
+
+// One whose marks stand at the margin, with a tab behind them, has been put in front of a line as it stood: the code in it
+// keeps its column.
+void CommentRules::atMargin(TokenIndex first, TokenIndex behind) {
+    for (TokenIndex token = first; token < behind; ++token) {
+        if (!text_.isComment(token) || !text_.startsLine(token)) continue;
+        if (text_.column(token, scheme_.tabSize) != 0 || !gaps_.startsLine(token + 1)) continue;
+        const std::string_view content = text_.text(token).substr(2);
+        if (content.substr(0, blankSize(content)).find('\t') == std::string_view::npos) continue;
+        gaps_.setScope(token, asIs);
     }
 }
 

@@ -24,6 +24,7 @@ private:
     bool isAboveName(TokenIndex directive) const;
     void beforeDirectives(TokenIndex first, TokenIndex behind);
     void keepIndented(TokenIndex directive);
+    void atMargin(TokenIndex first, TokenIndex behind);
     bool isLabel(TokenIndex token);
 
     const GapText& text_;

@@ -203,17 +203,12 @@ Reason ChangeFinder::reasonOfIndent() const {
 
 class ChangeObserver : public GapObserver {
 public:
-    explicit ChangeObserver(const Scheme& scheme) : scheme_(scheme) {}
-
-    void observe(const GapText& text, const GapTable& gaps, std::string_view written,
+    void observe(const GapText& text, const Scheme& scheme, const GapTable& gaps, std::string_view written,
                  std::string_view result) override {
-        changes = ChangeFinder(text, scheme_, gaps).run(written, result);
+        changes = ChangeFinder(text, scheme, gaps).run(written, result);
     }
 
     std::vector<GapChange> changes;
-
-private:
-    const Scheme& scheme_;
 };
 
 }  // namespace
@@ -230,7 +225,7 @@ bool hasGapReport(const Scheme& scheme) { return scheme.edition == 2; }
 
 std::optional<std::vector<GapChange>> findGapChanges(const FormatterProperties& properties, std::string_view source,
                                                      Trn::ParseMessageList& messages) {
-    ChangeObserver observer(properties.scheme);
+    ChangeObserver observer;
     UpdateFunctor update;
     if (!SecondEdition(&observer).format(properties, source, messages, update).isFormatted()) return std::nullopt;
     return std::move(observer.changes);

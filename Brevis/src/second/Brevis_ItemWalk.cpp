@@ -30,6 +30,7 @@ void ItemWalk::run() {
         gaps_.setScope(token, top().inner);
         openItems(token);
         read(token);
+        statements_.endCase(token);
         while (frames_.size() > 1 && top().last == token) frames_.pop_back();
     }
 }
@@ -253,11 +254,12 @@ void ItemWalk::indentComments(TokenIndex token, Scope scope) {
 // Comments in front of a label go with it, unless they stand further to the right: then they belong to what is in
 // front.
 void ItemWalk::indentCommentsOfLabel(TokenIndex label, Scope scope, const Frame& body) {
-    if (!text_.isComment(label - 1) || !text_.startsLine(label)) return;
+    if (!text_.isTrivia(label - 1) || !text_.startsLine(label)) return;
     if (gaps_.scopes()[body.inner].mode != Mode::Indent) return indentComments(label, scope);
     const int column = text_.column(label, scheme_.tabSize);
-    for (TokenIndex at = label - 1; at > 0 && text_.isComment(at); --at) {
-        if (!text_.startsLine(at)) continue;
+    // In front of the directives above the label too.
+    for (TokenIndex at = label - 1; at > 0 && text_.isTrivia(at); --at) {
+        if (!text_.startsLine(at) || !text_.isComment(at)) continue;
         if (text_.column(at, scheme_.tabSize) > column) break;
         gaps_.setScope(at, scope);
     }
@@ -403,6 +405,10 @@ TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const 
         if (first < brace && !text_.startsLine(first) && text_.column(first, scheme_.tabSize) == column) {
             return staysInLine(first) ? frame->first : 0;
         }
+        // The same of a member below whose name it is closed.
+        const TokenIndex name = text_.previous(frame->first);
+        if (text_.role(name - 1) != Role::MemberInitializerColon || !text_.startsLine(name - 1)) continue;
+        if (text_.column(name, scheme_.tabSize) == column) return staysInLine(name) ? frame->first : 0;
     }
     return 0;
 }

@@ -63,7 +63,8 @@ KeptColumns::Block KeptColumns::blockFrom(TokenIndex begin) {
     for (TokenIndex first = begin; first < text_.size();) {
         lines_.push_back({.first = first, .token = first});
         const Stretch line = stretchFrom(first);
-        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1);
+        const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1) &&
+                               !isContinuation(first);
         block.hasWide = block.hasWide || line.gaps == Gaps::Wide;
         block.end = first = line.end;
         if (endsBlock) break;
@@ -76,6 +77,7 @@ void KeptColumns::read(const Block& block) {
     if (!block.hasWide) return passLines(block);
     lines_.resize(block.firstLine);
     chains_.assign(1, {});
+    passedLines_.assign(1, {});
     linked_.clear();
     readLines(block);
     placeColumns();
@@ -213,6 +215,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
             if (text_.kind(token) == Kind::Number) ++line.numbers;
         }
         readEnd(first, last);
+        eraseBasis(last);
     }
     link(line);
 }
@@ -295,11 +298,14 @@ bool KeptColumns::isLone(const Cell& cell) const {
     if (cell.sort == assignment) return true;
     const Role role = text_.role(cell.token);
     const Role roleBefore = text_.role(cell.token - 1);
-    // A value with its next line below it.
+    // A value with its next line below it, or of a field.
     if (roleBefore == Role::Assignment || roleBefore == Role::Initializer) {
+        if (cell.token > 3 && text_.kind(cell.token - 3) == Kind::Dot) return true;
         const TokenIndex below = lastOfLine_ + 1;
         return below < text_.size() && text_.column(below, scheme_.tabSize) == cell.start;
     }
+    // A further cell of a row.
+    if (roleBefore == Role::ArgumentComma || roleBefore == Role::ElementComma) return true;
     if (!isPointerSign(role) && (role != Role::None || text_.kind(cell.token) != Kind::Identifier)) return false;
     const Trn::TokenKind before = text_.kind(cell.token - 1);
     const bool isBasic = (before >= Kind::Char && before <= Kind::Void) || before == Kind::Unsigned;
@@ -339,6 +345,16 @@ void KeptColumns::readEnd(TokenIndex first, TokenIndex last) {
                  {.token = end, .anchor = end, .start = start, .other = start, .sort = anyElement, .isEnd = true});
 }
 
+// The first element of a list below which the next line begins: in a column with a line above, which is not of the list,
+// it would stand by chance, and leave the rows of the list without a place.
+void KeptColumns::eraseBasis(TokenIndex last) {
+    const TokenIndex next = last + 1;
+    if (here_.empty() || next >= text_.size() || !gaps_.startsLine(next)) return;
+    const TokenIndex basis = basisOf(next);
+    if (basis == 0 || text_.role(basis - 1) != Role::BracedInitializer || text_.partner(basis - 1) < basis) return;
+    std::erase_if(here_, [&](const Cell& cell) { return cell.token == basis; });
+}
+
 // The column of the source at which the gap begins, of a token that does not begin the line.
 int KeptColumns::gapBegin(TokenIndex token, TokenIndex first) const {
     const TokenIndex before = token - 1;
@@ -371,14 +387,16 @@ void KeptColumns::readFirst(TokenIndex first) {
 bool KeptColumns::readJoined(TokenIndex token, TokenIndex first) {
     const TokenIndex sign = token - 1;
     const bool isNumber = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Number;
-    if (!isNumber && !isPointerSign(text_.role(sign))) return false;
+    const bool isSigned = text_.role(sign) == Role::Prefix && text_.kind(token) == Kind::Identifier &&
+                          (text_.kind(sign) == Kind::Minus || text_.kind(sign) == Kind::Plus);
+    if (!isNumber && !isSigned && !isPointerSign(text_.role(sign))) return false;
     // `T &   >` has no name for a column.
     if (text_.kind(token) == Kind::Greater || text_.kind(token) == Kind::ShiftRight) return true;
     if (!here_.empty() && here_.back().anchor == token) return true;
     const bool hasCell = !here_.empty() && here_.back().anchor == sign;
     if (!hasCell) {
         const std::string_view gap = text_.gap(token);
-        if (isNumber || gap.empty() || !isJoined(token)) return isJoined(token);
+        if (isNumber || isSigned || gap.empty() || !isJoined(token)) return isJoined(token);
         here_.push_back({.start = columns_[token - first],
                          .sort = operand,
                          .isWide = gap.size() > 1 || gap[0] == '\t',
@@ -430,11 +448,40 @@ void KeptColumns::link(Line& line) {
     above_.swap(here_);
 }
 
+// Whether an argument or an operand goes on in the line. What the rows around it have in columns has nothing to do with
+// it.
+bool KeptColumns::isContinuation(TokenIndex first) const {
+    switch (text_.role(first - 1)) {
+        case Role::ArgumentComma:
+        case Role::Binary:
+        case Role::Comparison:
+            return true;
+        default:
+            return text_.role(first) == Role::Binary || text_.role(first) == Role::Comparison;
+    }
+}
+
 // Columns are seen through one line that is blank where they stand: it is shorter, or lacks an element or a comment.
 void KeptColumns::passCells(TokenIndex first) {
+    const bool isLater = isContinuation(first);
+    const auto goesOn = [&](const Cell& cell) {
+        return isLater && cell.sort != comment && !isContinuation(lineOf(cell.token).first);
+    };
+    // The `=` of a longer name, at its blank.
+    const auto longer = std::ranges::find_if(
+        here_, [](const Cell& cell) { return cell.sort == assignment && !cell.isWide; });
+    const auto isShorter = [&](const Cell& cell) {
+        return cell.sort == assignment &&
+               longer != here_.end() &&
+               cell.start < longer->start &&
+               cell.isWide &&
+               !cell.hasTab;
+    };
     const auto isEdge = [&](const Cell& cell) {
-        const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others;
-        return isSort && !cell.isPassed && (cell.isWide || chainOf(cell) != 0);
+        if (!cell.isWide && chainOf(cell) == 0) return false;
+        const bool isSort = cell.sort == comment || cell.sort == number || cell.sort >= others ||
+                            (text_.role(cell.token - 1) == Role::ElementComma && !cell.hasTab);
+        return goesOn(cell) || ((isSort || isShorter(cell)) && !cell.isPassed);
     };
     if (std::ranges::none_of(above_, isEdge)) return;
     through_.clear();
@@ -442,6 +489,11 @@ void KeptColumns::passCells(TokenIndex first) {
     const TokenIndex end = first + static_cast<TokenIndex>(columns_.size()) - 1;
     std::erase_if(above_, [&](Cell& cell) {
         if (!isEdge(cell)) return false;
+        if (goesOn(cell) || isShorter(cell)) {
+            through_.push_back(cell);
+            through_.back().isPassed = cell.isPassed || !goesOn(cell);
+            return true;
+        }
         // Nothing may stand in the line where the cell stands, and nothing to the right of a comment.
         const int last = cell.sort == comment ? std::numeric_limits<int>::max() : std::max(cell.start, cell.other);
         while (token < end &&
@@ -449,6 +501,7 @@ void KeptColumns::passCells(TokenIndex first) {
         if ((token < end && columns_[token - first] <= last) || !staysClear(token, first, cell)) return false;
         through_.push_back(cell);
         through_.back().isPassed = true;
+        through_.back().passed = token == first ? 0 : token - 1;
         return true;
     });
     if (through_.empty()) return;
@@ -464,7 +517,20 @@ bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cel
     if (text_.lineFeeds(line.first) == 0 && line.first > 1) return false;
     if (token == first) return place(first).column > std::max(cell.start, cell.other) + std::max(0, line.shift);
     const int end = text_.columnBehind(token - 1, place(token - 1).column, scheme_.tabSize);
-    return end <= cell.start + std::min(0, line.shift);
+    // Tabs lead to the nearest stop.
+    const int stop = (cell.start + line.shift + scheme_.tabSize / 2) / scheme_.tabSize * scheme_.tabSize;
+    const int nearest = cell.hasTab ? std::min(cell.start, stop) : cell.start;
+    return end <= std::min(nearest, cell.start + std::min(0, line.shift));
+}
+
+// Whether the first one stands at the blank behind an operator inside of its line, and the second one behind no such.
+bool KeptColumns::standsByChance(const Cell& cell, const Cell& other) const {
+    if (cell.sort != operand || cell.isWide || cell.isEnd || other.isEnd) return false;
+    const auto isOperator = [&](TokenIndex token) {
+        const Role role = text_.role(token);
+        return role == Role::Comparison || role == Role::Binary;
+    };
+    return isOperator(cell.token - 1) && !gaps_.startsLine(cell.token - 1) && !isOperator(other.token - 1);
 }
 
 // Both lines have their cells in the order of their columns.
@@ -475,12 +541,14 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         if (above == above_.end()) return;
         const auto sortHere = [&](const Cell& c) { return c.sort == number && !isRight ? operand : c.sort; };
         if ((*above).*column != cell.*column) continue;
+        if (above->isPassed && above->sort == assignment && cell.hasTab) continue;
         if (above->isEnd || cell.isEnd) {
             const Cell& other = above->isEnd ? cell : *above;
             if (isRight || other.isEnd || text_.role(other.token - 1) != Role::ElementComma) continue;
         } else if (sortHere(*above) != sortHere(cell)) {
             continue;
         }
+        if (standsByChance(*above, cell) || standsByChance(cell, *above)) continue;
         // In one column with what follows an open bracket at once: only the ends of numbers.
         const auto isTight = [&](const Cell& c) { return text_.gap(c.token).empty() && !c.isEnd; };
         if (!isRight && (isTight(cell) || isTight(*above)) && cell.sort != comment) continue;
@@ -496,6 +564,10 @@ void KeptColumns::linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isR
         }
         cell.*chain = number;
         Chain& found = chains_[number];
+        if (above->isPassed && above->passed != 0) {
+            passedLines_.push_back({.token = above->passed, .before = found.passed});
+            found.passed = static_cast<std::uint32_t>(passedLines_.size() - 1);
+        }
         ++found.size;
         found.wide += cell.isWide ? 1 : 0;
         found.isPadded = found.isPadded || cell.isPadded;
@@ -527,7 +599,7 @@ bool KeptColumns::isInTable(const Cell& cell) const {
 
 // The longer one of the two chains, if one of its tokens stands behind more than one blank: where there are several such
 // it isn't one that further lines have joined by chance. Of two as long as each other names with signs go on with names: a
-// sign that stands in their column by chance doesn't take them over.
+// sign that stands in their column by chance doesn't take them over, unless more of its tokens stand behind wide gaps.
 std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     const auto isColumn = [&](std::uint32_t chain) { return chains_[chain].wide > 0 || chains_[chain].isPadded; };
     const std::uint32_t left = isColumn(cell.left) ? cell.left : 0;
@@ -535,7 +607,8 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     if (left == 0 || right == 0) return left + right;
     const int lead = cell.sort == number ? 1 : 0;
     const bool isSingle = chains_[left].wide == 1 && chains_[right].wide > 1;
-    return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
+    const bool isWider = chains_[left].size == chains_[right].size && chains_[left].wide > chains_[right].wide;
+    return isSingle || (chains_[right].size >= chains_[left].size + lead && !isWider) ? right : left;
 }
 
 void KeptColumns::placeChain(const Cell* first, const Cell* last, const Chain& chain) {
@@ -543,6 +616,7 @@ void KeptColumns::placeChain(const Cell* first, const Cell* last, const Chain& c
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
     const Line& line = lineOf(first->token);
+    if (last - first < 2 && line.shift % tab != 0 && goesByStops(*first)) return;
     int column = std::max(0,
                           chain.column + (hasTabs ? line.shift : std::min(line.shift, moved(first, last, line.shift))));
     if (hasTabs) column = (column + tab / 2) / tab * tab;
@@ -573,6 +647,10 @@ void KeptColumns::placeChain(const Cell* first, const Cell* last, const Chain& c
         if (isTight && (cell->sort != comment || scheme_.wsBeforeTrailingComment.text.empty())) width = 0;
         column = std::max(column, gapColumn(cell->token) + width + reach(*cell));
     }
+    // Behind the lines that it was seen through, or it isn't seen through them again.
+    for (std::uint32_t line = chain.passed; line != 0 && column > 0; line = passedLines_[line].before) {
+        column = std::max(column, endColumn(passedLines_[line].token));
+    }
     if (hasTabs) column = (column + tab - 1) / tab * tab;
     if (column > std::numeric_limits<std::uint16_t>::max() || (fixed >= 0 && column != fixed)) return;
 
@@ -598,6 +676,14 @@ void KeptColumns::placeChain(const Cell* first, const Cell* last, const Chain& c
         const bool isOwn = scheme_.convertWs != 1 && leads(*cell);
         if (!cell->isFixed && !cell->isEnd) moveTo(cell->token, column - reach(*cell), isOwn);
     }
+}
+
+// Whether a cell by itself has a column only as long as its line moves by stops: the next line of a value moves as far as
+// its statement, and the rows around it have columns of their own.
+bool KeptColumns::goesByStops(const Cell& cell) const {
+    const Role before = text_.role(cell.token - 1);
+    return before == Role::Assignment || before == Role::Initializer || before == Role::ArgumentComma ||
+           before == Role::ElementComma;
 }
 
 void KeptColumns::moveTo(TokenIndex token, int column, bool isOwn) {
@@ -651,6 +737,17 @@ int KeptColumns::gapColumn(TokenIndex token) {
         line.token = next;
     }
     return line.column + place(token).gap - place(line.token).column;
+}
+
+// Behind a token that ends a line, now that the line is placed so far.
+int KeptColumns::endColumn(TokenIndex token) {
+    const Line& line = lineOf(token);
+    int begin = line.column;
+    if (token > line.token) {
+        begin = gapColumn(token);
+        begin += widthBehind(token, begin);
+    }
+    return text_.columnBehind(token, begin, scheme_.tabSize);
 }
 
 // Where the next element would stand, now that what stands in front of it is placed.

@@ -57,6 +57,7 @@ private:
         bool isEnd = false;       // no token, but the place behind `token`, which ends a row
         bool isPassed = false;    // it was seen through a line that is blank there
         bool isLone = false;      // a column by itself
+        TokenIndex passed = 0;    // the last token in front of it on that line
         std::uint32_t left = 0;   // the chain of those with the same start, 0 for none
         std::uint32_t right = 0;  // and of those with the same other column
     };
@@ -68,6 +69,12 @@ private:
         bool isPadded = false;
         bool hasTab = false;
         bool isRight = false;
+        std::uint32_t passed = 0;  // the last of the lines that it was seen through
+    };
+    // A line through which a chain was seen: the token that ends it, and the line before of the same chain.
+    struct Passed {
+        TokenIndex token = 0;
+        std::uint32_t before = 0;
     };
     // A line of the result, as far as its columns are known.
     struct Line {
@@ -96,6 +103,7 @@ private:
     TokenIndex nameAt(TokenIndex token) const;
     int reachOfEnd(TokenIndex sign) const;
     void readEnd(TokenIndex first, TokenIndex last);
+    void eraseBasis(TokenIndex last);
     int gapBegin(TokenIndex token, TokenIndex first) const;
     bool isPadded(TokenIndex token) const;
     void readFirst(TokenIndex first);
@@ -104,11 +112,14 @@ private:
     void link(Line& line);
     void linkBy(int Cell::*column, std::uint32_t Cell::*chain, bool isRight);
     void keepLinked(const Cell& cell);
+    bool standsByChance(const Cell& cell, const Cell& other) const;
     bool isInTable(const Cell& cell) const;
+    bool isContinuation(TokenIndex first) const;
     void passCells(TokenIndex first);
     bool staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const;
     int moved(const Cell* first, const Cell* last, int otherwise);
     bool areTight(const Cell* first, const Cell* last) const;
+    bool goesByStops(const Cell& cell) const;
     void moveTo(TokenIndex token, int column, bool isOwn);
     void passSource(TokenIndex token);
 
@@ -122,6 +133,7 @@ private:
     const Line& lineInFront(TokenIndex token) const;
     bool isJoined(TokenIndex token) const { return place(token).gap == place(token).column; }
     int columnBehindEnd(TokenIndex sign);
+    int endColumn(TokenIndex token);
     int gapColumn(TokenIndex token);
     int widthBehind(TokenIndex token, int column) const;
 
@@ -142,6 +154,7 @@ private:
     std::vector<Cell> through_;
     std::vector<Cell> linked_;
     std::vector<Chain> chains_;
+    std::vector<Passed> passedLines_;
 };
 
 }  // namespace Brevis

@@ -91,11 +91,12 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
     if (!text) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
-    const std::optional<FormatterProperties> forTabs = forTabsOf(source, properties);
+    std::optional<FormatterProperties> forTabs = forTabsOf(source, properties);
     std::optional<GapTable> gaps(std::in_place, *text, forTabs ? forTabs->scheme : properties.scheme);
     std::string result = writeLaid(*text, forTabs ? *forTabs : properties, *gaps);
     // With tabs left, as in literals, a second run could find another size.
     if (forTabs && (gaps->holdsTabs() || holdsTabs(result))) {
+        forTabs.reset();
         gaps.emplace(*text, properties.scheme);
         result = writeLaid(*text, properties, *gaps);
     }
@@ -109,7 +110,8 @@ FormatResult SecondEdition::format(const FormatterProperties& properties, std::s
                           properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
                           SeamGuard::Literals::Free);
     const std::size_t seams = guard.mend(result);
-    if (observer_ != nullptr) observer_->observe(*text, *gaps, written, result);
+    const Scheme& scheme = forTabs ? forTabs->scheme : properties.scheme;
+    if (observer_ != nullptr) observer_->observe(*text, scheme, *gaps, written, result);
     return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 

@@ -20,7 +20,8 @@ public:
     virtual ~GapObserver() = default;
 
     // At the end of a run: the text with its decisions, what the writer made of them, and what the guard left of that.
-    virtual void observe(const GapText& text, const GapTable& gaps, std::string_view written,
+    // `scheme` is that of the decisions, with the tab size by which the text was laid out.
+    virtual void observe(const GapText& text, const Scheme& scheme, const GapTable& gaps, std::string_view written,
                          std::string_view result) = 0;
 };
 

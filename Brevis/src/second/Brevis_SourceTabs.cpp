@@ -59,6 +59,7 @@ private:
     void vote(const Marks& marks, int weight = 1);
     void voteByStops();
     void voteByBracket();
+    void voteByComment();
     void voteByDepth();
 
     const std::array<int, sizeCount> sizes_;
@@ -89,6 +90,7 @@ void TabVotes::read(std::string_view line) {
     if (!above_.text.empty()) {
         voteByStops();
         voteByBracket();
+        voteByComment();
         voteByDepth();
     }
     above_ = here_;
@@ -142,7 +144,8 @@ void TabVotes::voteByStops() {
 
 // Below what follows an open bracket: a column that no step of tabs ends in is hardly met by chance.
 void TabVotes::voteByBracket() {
-    if (!here_.hasTabLead || !here_.indent().ends_with(' ')) return;
+    const bool hasTab = here_.hasTabLead || above_.hasTabLead || above_.hasInnerTab;
+    if (!hasTab || !here_.indent().ends_with(' ')) return;
     int depth = 0;
     std::size_t open = above_.text.size();
     while (open > above_.lead && depth <= 0) {
@@ -150,10 +153,27 @@ void TabVotes::voteByBracket() {
         depth += above_.text[open] == '(' ? 1 : above_.text[open] == ')' ? -1 : 0;
     }
     if (depth <= 0) return;
+    if (!here_.hasTabLead && !holdsTab(above_.text.substr(0, open))) return;
     const Columns bracket = columnsBehind(above_.text.substr(0, open + 1));
     const Columns lead = columnsBehind(here_.indent());
     Marks marks{};
     for (std::size_t size = 0; size < sizeCount; ++size) marks[size] = lead[size] == bracket[size];
+    vote(marks, 2);
+}
+
+// Below the words of a comment behind code, or below its sign.
+void TabVotes::voteByComment() {
+    if (!here_.hasTabLead || !here_.indent().ends_with(' ')) return;
+    const std::size_t sign = above_.text.rfind("/*");
+    if (sign == std::string_view::npos || sign <= above_.lead) return;
+    if (above_.text.find("*/", sign) != std::string_view::npos) return;
+    const std::size_t words = above_.text.find_first_not_of(' ', sign + 2);
+    const std::size_t target = here_.first() == '*' ? sign + 1 : words;
+    if (target == std::string_view::npos) return;
+    const Columns above = columnsBehind(above_.text.substr(0, target));
+    const Columns lead = columnsBehind(here_.indent());
+    Marks marks{};
+    for (std::size_t size = 0; size < sizeCount; ++size) marks[size] = lead[size] == above[size];
     vote(marks, 2);
 }
 

@@ -1,6 +1,8 @@
 // One operation a sort of item.
 #include "second/Brevis_StatementRules.h"
 
+#include <algorithm>
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -124,7 +126,51 @@ void StatementRules::behindCaseLabel(const Item& label) {
     const TokenIndex next = text_.next(label.last);
     const Trn::TokenKind kind = text_.kind(next);
     if (kind == Kind::OpenBrace || kind == Kind::CloseBrace) return;
-    gaps_.setBreak(next, gapProperty<&Scheme::wsAfterCsCaseLabels>());
+    constexpr GapProperty property = gapProperty<&Scheme::wsAfterCsCaseLabels>();
+    const bool stays = scheme_.keepOneLineCases && gaps_.lineFeeds(property.rule) > 0 && staysOnOneLine(label);
+    stays ? gaps_.set(next, GapRule::Blank) : gaps_.setBreak(next, property);
+}
+
+// Further labels on its line go with the first one.
+bool StatementRules::staysOnOneLine(const Item& label) {
+    if (label.last < lookedAt_) return caseEnd_ != 0;
+    caseColon_ = label.last;
+    caseEnd_ = endOfLine(label);
+    return caseEnd_ != 0;
+}
+
+// The last token of what stands behind a label, if the line of the label holds all of it: another label follows, or the
+// brace that closes. Otherwise 0.
+TokenIndex StatementRules::endOfLine(const Item& label) {
+    TokenIndex last = label.last;
+    TokenIndex next = text_.next(last);
+    while (next < text_.size() && text_.isOnOneLine(last, next)) {
+        const bool isBehindStatement = text_.role(last) == Role::StatementEnd || text_.kind(last) == Kind::CloseBrace;
+        if (isBehindStatement && isLabel(next)) break;
+        if (text_.kind(next) == Kind::CloseBrace && text_.partner(next) < label.first) break;
+        lookedAt_ = next;
+        last = std::max(next, text_.partner(next));
+        if (!text_.isOnOneLine(label.first, last)) return 0;
+        lookedAt_ = last;
+        next = text_.next(last);
+    }
+    const bool isEnd = isLabel(next) || text_.kind(next) == Kind::CloseBrace;
+    return last > label.last && isEnd ? last : 0;
+}
+
+// Whether a label of a `switch` begins here, behind the end of a statement.
+bool StatementRules::isLabel(TokenIndex token) const {
+    return text_.kind(token) == Kind::Case || text_.kind(token) == Kind::Default;
+}
+
+void StatementRules::endCase(TokenIndex token) {
+    if (token != caseEnd_) return;
+    for (TokenIndex at = text_.next(text_.next(caseColon_)); at <= caseEnd_; at = text_.next(at)) {
+        const Gap::Sort sort = gaps_[at].sort;
+        if (sort != Gap::Sort::Lines && sort != Gap::Sort::Break) continue;
+        const bool isBehindStatement = text_.role(text_.previous(at)) == Role::StatementEnd;
+        isBehindStatement ? gaps_.set(at, GapRule::Blank) : gaps_.keep(at);
+    }
 }
 
 // ---- The end of a statement

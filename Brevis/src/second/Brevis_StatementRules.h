@@ -20,6 +20,9 @@ public:
 
     // Sets the gaps of an item that are its own: its brackets and braces apart.
     void item(const Item& item, const Place& place);
+    // Behind the last token of a case that stays on one line: takes back every line feed that the source does not have
+    // in it. To be called for each token, once all gaps in front of it are set.
+    void endCase(TokenIndex token);
     // Whether `item`, the body of `holder`, is the `if` of an `else if` on one line.
     bool isElseIf(const Item& item, const Item* holder) const;
     // What puts a part behind the one in front of it.
@@ -33,6 +36,9 @@ private:
     void betweenFunctions(const Item& item, const Item& before);
     void accessLabel(const Item& label);
     void behindCaseLabel(const Item& label);
+    bool staysOnOneLine(const Item& label);
+    TokenIndex endOfLine(const Item& label);
+    bool isLabel(TokenIndex token) const;
     void semicolon(const Item& item, const Place& place);
     bool isDefinition(const Item& item) const;
     bool isHandler(const Item& item) const;
@@ -42,6 +48,9 @@ private:
     const GapText& text_;
     const Scheme& scheme_;
     GapTable& gaps_;
+    // Of the case that was looked at last: the label's colon and the last token, 0 if it does not stay on one line
+    TokenIndex caseColon_ = 0, caseEnd_ = 0;
+    TokenIndex lookedAt_ = 0;  // labels up to here stand on a line that has been looked at
 };
 
 }  // namespace Brevis
