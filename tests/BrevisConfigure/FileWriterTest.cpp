@@ -118,6 +118,19 @@ TEST_F(FileWriterTest, OverwritesAFileThatCannotBeReplaced) {
     EXPECT_EQ(newText, contents(dir.file("b.cpp")));
 }
 
+TEST_F(FileWriterTest, ReplacesAFileWhereModesCannotBeChanged) {
+    const std::string path = dir.file("a.cpp", oldText);
+    fs::permissions(path, fs::perms(0600));  // as every new one
+    struct stat before {
+    }, after{};
+    ASSERT_EQ(0, stat(path.c_str(), &before));
+    FaultySystem faulty([](int, const std::string& call, const std::string&) { return call == "changeMode" ? EPERM : 0; });
+    EXPECT_TRUE(replace(faulty, {path}).empty());
+    EXPECT_EQ(newText, contents(path));
+    ASSERT_EQ(0, stat(path.c_str(), &after));
+    EXPECT_NE(before.st_ino, after.st_ino);
+}
+
 // Every call of a good run fails once by itself, and once with all that follow it.
 TEST_F(FileWriterTest, HoldsAWholeTextWhateverCallFails) {
     const struct {
