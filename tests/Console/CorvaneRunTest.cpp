@@ -22,7 +22,7 @@ protected:
     // Files of every fate, small and large, in directories with schemes of their own, one of them bad.
     void makeTree() {
         std::string large = "void f( ){\n";
-        for (int line = 0; line < 3000; ++line) large += "g(  );\n";
+        for (int line = 0; line < 800; ++line) large += "g(  );\n";
         dir.file("t/b/.corvane.fsc", "no scheme\n");
         dir.file("t/c/.corvane.fsc", "Brevis::PropertySet\n1\n\"c\"\n3 INDENT_FN_CONTENT \"\t\"\n3 NO_SUCH_KEY \"\"\n");
         for (int number = 0; number < 60; ++number) {
