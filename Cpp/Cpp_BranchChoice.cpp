@@ -108,8 +108,9 @@ enum class Preference {
 class BranchChoice {
 public:
     BranchChoice(const Trn::TokenBuffer& buffer, Preference preference) : buffer_(buffer), preference_(preference) {
-        for (TokenIndex token = 1; token < buffer_.size(); ++token) {
-            const TokenKind kind = buffer_.kind(token);
+        const auto size = static_cast<TokenIndex>(buffer.size());
+        for (TokenIndex token = 1; token < size; ++token) {
+            const TokenKind kind = buffer.kind(token);
             if (isQuiet(kind)) continue;
             if (kind == Kind::Directive) {
                 noteLastKind(token);

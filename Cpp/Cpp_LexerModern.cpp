@@ -1,6 +1,5 @@
 // The recognisers of the modern dialect: those that differ from the classic ones, which do the rest.
 #include <array>
-#include <cstring>
 
 #include "Cpp_CharClasses.h"
 #include "Cpp_Keywords.h"
@@ -49,6 +48,11 @@ constexpr Spelling operatorWords[] = {
     {"or_eq", Kind::PipeAssign}, {"xor_eq", Kind::CaretAssign}, {"not_eq", Kind::NotEqual},
 };
 constexpr std::size_t longestOperatorWord = 6;
+constexpr auto beginsOperatorWord = [] {
+    std::array<bool, 256> begins{};
+    for (const Spelling& op : operatorWords) begins[static_cast<unsigned char>(op.text.front())] = true;
+    return begins;
+}();
 
 // Operators that the classic dialect doesn't know as one token, and the other spellings of brackets.
 constexpr Spelling newOperators[] = {
@@ -124,7 +128,8 @@ TokenKind Lexer::modernToken(std::size_t begin) {
         return op.kind;
     }
     if (c == ':') return single(Kind::Colon);
-    return isAny(c, CharClass::punct) && std::strchr("@`\\", c) == nullptr ? longOperator() : single(nothing);
+    const bool isOperator = isAny(c, CharClass::punct) && c != '@' && c != '`' && c != '\\';
+    return isOperator ? longOperator() : single(nothing);
 }
 
 // ---- Words
@@ -152,7 +157,9 @@ TokenKind Lexer::modernKeyword(std::string_view word) const {
     if (kind != Kind::Identifier) {
         return language_ == Language::c && isCppOnly(kind) ? TokenKind{Kind::Identifier} : kind;
     }
-    if (language_ == Language::c || word.size() > longestOperatorWord) return kind;
+    const bool mayBeOperator = word.size() <= longestOperatorWord && !word.empty() &&
+                               beginsOperatorWord[static_cast<unsigned char>(word.front())];
+    if (language_ == Language::c || !mayBeOperator) return kind;
     for (const Spelling& op : operatorWords) {
         if (op.text == word) return op.kind;
     }

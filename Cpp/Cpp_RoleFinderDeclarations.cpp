@@ -105,7 +105,7 @@ void RoleFinder::readDeclaredParen(TokenIndex at) {
     if (at == shape_.initializer) {
         return guess == Guess::Yes || next(at) == close ? openParameters(at) : openConstruction(at);
     }
-    if (before == Kind::Identifier && isOneOf(bracketWords, buffer_->text(previous_))) {
+    if (before == Kind::Identifier && bracketWords.contains(buffer_->text(previous_))) {
         const bool isType = asksType(buffer_->text(previous_));
         return open(at, isType ? Role::TypeOperand : Role::Specifier, values(Role::ArgumentComma));
     }

@@ -189,7 +189,7 @@ void RoleFinder::readValueParen(TokenIndex at) {
     const bool isPackSize = before == Kind::Ellipsis && kind(shapes_->previous(previous_)) == Kind::Sizeof;
     if (before == Kind::Sizeof || before == Kind::Typeid || isPackSize)
         return open(at, Role::TypeOperand, values(Role::ArgumentComma));
-    if (before == Kind::Identifier && isOneOf(bracketWords, buffer_->text(previous_))) {
+    if (before == Kind::Identifier && bracketWords.contains(buffer_->text(previous_))) {
         const bool isType = !buffer_->text(previous_).starts_with("__attribute") &&
                             !buffer_->text(previous_).ends_with("declspec") && buffer_->text(previous_) != "alignas";
         return open(at, isType ? Role::TypeOperand : Role::Specifier, values(Role::ArgumentComma));

@@ -27,7 +27,7 @@ constexpr bool endsOperand(TokenKind kind) {
 }
 
 // Words that are operators in front of an expression.
-constexpr std::string_view modernOperators[] = {"co_return", "co_await", "co_yield", "requires"};
+constexpr WordSet modernOperators("co_return", "co_await", "co_yield", "requires");
 
 }  // namespace
 
@@ -46,7 +46,7 @@ TokenIndex ShapeScan::passAttributes(TokenIndex token) const {
     for (;;) {
         if (startsAttribute(token)) {
             token = behind(token);
-        } else if (kind(token) == Kind::Identifier && isOneOf(bracketWords, text(token)) &&
+        } else if (kind(token) == Kind::Identifier && bracketWords.contains(text(token)) &&
                    kind(next(token)) == Kind::OpenParen && text(token) != "decltype" &&
                    !text(token).starts_with("typeof") && !text(token).starts_with("__typeof")) {
             token = behind(next(token));
@@ -116,7 +116,7 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
     shape.sort = ItemShape::Sort::Statement;
     if (macros_ != nullptr && isNamedMacro(first, Frame::Block, shape)) return shape;
     const TokenIndex second = next(first);
-    const bool isName = kind(first) == Kind::Identifier && !isOneOf(modernOperators, text(first));
+    const bool isName = kind(first) == Kind::Identifier && !modernOperators.contains(text(first));
     if (isName && kind(second) == Kind::Identifier && startsLine(second) && isMacroCase(text(first))) {
         shape.sort = ItemShape::Sort::Macro;
         shape.last = first;
@@ -198,7 +198,7 @@ bool ShapeScan::startsData(TokenIndex first) const {
     TokenIndex at = passAttributes(first);
     const TokenKind begin = kind(at);
     if (isDeclarationKeyword(begin) || begin == Kind::Typename) return true;
-    if (begin == Kind::Identifier && isOneOf(declarationWords, text(at)) && !isWord(at, "static_assert") &&
+    if (begin == Kind::Identifier && declarationWords.contains(text(at)) && !isWord(at, "static_assert") &&
         !isWord(at, "_Static_assert")) {
         return true;
     }
@@ -206,7 +206,7 @@ bool ShapeScan::startsData(TokenIndex first) const {
         // `int(x)` is a value and `int (*p)` none.
         return kind(next(at)) != Kind::OpenParen || startsDeclarator(next(at));
     }
-    if (begin != Kind::Identifier || isOneOf(modernOperators, text(at))) return false;
+    if (begin != Kind::Identifier || modernOperators.contains(text(at))) return false;
 
     // The name of a type, with template arguments and parts behind these.
     for (;;) {
@@ -355,7 +355,7 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
                 const TokenKind before = kind(previous(open));
                 const bool isSign = before == Kind::Amp || before == Kind::AmpAmp;
                 if (isSign && kind(previous(previous(open))) == Kind::Auto) return false;  // a structured binding
-                return !endsOperand(before) || isOneOf(modernOperators, text(previous(open)));
+                return !endsOperand(before) || modernOperators.contains(text(previous(open)));
             }
             case Kind::CloseParen:
             case Kind::Greater:
@@ -384,9 +384,9 @@ bool ShapeScan::isLambdaBody(TokenIndex brace) const {
     return false;
 }
 
-bool ShapeScan::isDeadBranch(TokenIndex token) const {
-    if (kind(token) != Kind::Directive) return false;
-    const std::string_view lines = text(token);
+// Behind the one that it begins with.
+bool ShapeScan::holdsDirectives(TokenIndex branch) const {
+    const std::string_view lines = text(branch);
     for (std::size_t end = lines.find('\n'); end != std::string_view::npos; end = lines.find('\n', end + 1)) {
         const std::size_t begin = lines.find_first_not_of(" \t", end + 1);
         if (begin != std::string_view::npos && lines[begin] == '#') return true;

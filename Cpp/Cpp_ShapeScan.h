@@ -40,7 +40,9 @@ public:
     bool holdsBrace(TokenIndex first, TokenIndex last) const;
     bool holdsBody(TokenIndex first, TokenIndex last) const;
     // Whether the token is a directive with the branches behind it that don't count.
-    bool isDeadBranch(TokenIndex token) const;
+    bool isDeadBranch(TokenIndex token) const {
+        return kind(token) == Trn::Kind::Directive && holdsDirectives(token);
+    }
     bool holdsNoCode(TokenIndex first, TokenIndex last) const;
 
     // ---- The tokens
@@ -79,6 +81,7 @@ public:
     TokenIndex passAttributes(TokenIndex token) const;
 
 private:
+    bool holdsDirectives(TokenIndex branch) const;
     struct Declaration;
     enum class Step { GoOn, Done };
 

@@ -136,7 +136,7 @@ ShapeScan::Step ShapeScan::scanOperator(Declaration& scan) const {
 ShapeScan::Step ShapeScan::scanWord(Declaration& scan) const {
     const TokenIndex at = scan.at;
     const TokenIndex second = next(at);
-    if (kind(second) == Kind::OpenParen && isOneOf(bracketWords, text(at))) {
+    if (kind(second) == Kind::OpenParen && bracketWords.contains(text(at))) {
         scan.advance(partner(second), behind(second));
         return Step::GoOn;
     }
@@ -279,7 +279,7 @@ bool ShapeScan::startsClass(const Declaration& scan) const {
 bool ShapeScan::namesFunction(TokenIndex key, TokenIndex close) const {
     const TokenIndex name = previous(partner(close));
     return isForRoles() && kind(name) == Kind::Identifier && previous(name) != key &&
-           kind(previous(name)) == Kind::Identifier && !isMacroCase(text(name)) && !isOneOf(bracketWords, text(name));
+           kind(previous(name)) == Kind::Identifier && !isMacroCase(text(name)) && !bracketWords.contains(text(name));
 }
 
 bool ShapeScan::scanEnum(Declaration& scan) const {
@@ -309,7 +309,7 @@ bool ShapeScan::scanEnum(Declaration& scan) const {
                 if (!isTypeKeyword(kind(at))) return false;
         }
         if (kind(at) == Kind::Identifier && kind(next(at)) == Kind::OpenParen && !isMacroCase(text(at)) &&
-            !isOneOf(bracketWords, text(at))) {
+            !bracketWords.contains(text(at))) {
             return false;  // a function that gives the enum
         }
     }

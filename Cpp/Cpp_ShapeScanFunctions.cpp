@@ -216,8 +216,8 @@ TokenIndex ShapeScan::passTailWord(Declaration& scan, TokenIndex at) const {
     if (isWord(at, "requires")) return passRequires(at);
     TokenIndex behindWord = next(at);
     if (kind(behindWord) == Kind::OpenParen) behindWord = behind(behindWord);
-    constexpr std::string_view words[] = {"override", "final", "noexcept", "__restrict", "__asm__", "__asm"};
-    if (isOneOf(words, text(at)) || isOneOf(bracketWords, text(at))) return behindWord;
+    constexpr WordSet words("override", "final", "noexcept", "__restrict", "__asm__", "__asm");
+    if (words.contains(text(at)) || bracketWords.contains(text(at))) return behindWord;
     const bool hasType = scan.nameFirst > scan.shape.first;
     if (!hasType && scan.frame != Frame::Class && startsLine(at)) return 0;
     // Behind a macro that gives a type the name of the function comes, with its bracket.

@@ -2,30 +2,57 @@
 #pragma once
 
 #include <algorithm>
-#include <span>
+#include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "Trn_TokenKind.h"
 
 namespace Cpp {
 
+// A few words. Most others are told from them by their first letter or their length.
+template <std::size_t count>
+class WordSet {
+public:
+    template <typename... Words>
+    consteval explicit WordSet(Words... words) : words_{words...} {
+        for (const std::string_view word : words_) {
+            letters_ |= bitOf(static_cast<unsigned char>(word.front()));
+            lengths_ |= bitOf(word.size());
+        }
+    }
+
+    constexpr bool contains(std::string_view word) const {
+        if (word.empty() || (letters_ & bitOf(static_cast<unsigned char>(word.front()))) == 0) return false;
+        if ((lengths_ & bitOf(word.size())) == 0) return false;
+        return std::find(words_.begin(), words_.end(), word) != words_.end();
+    }
+
+private:
+    static constexpr std::uint64_t bitOf(std::size_t number) { return std::uint64_t{1} << (number % 64); }
+
+    std::array<std::string_view, count> words_;
+    std::uint64_t letters_ = 0, lengths_ = 0;
+};
+template <typename... Words>
+WordSet(Words...) -> WordSet<sizeof...(Words)>;
+
 // With a bracket behind them these belong to a type or a declaration and open no parameters.
-inline constexpr std::string_view bracketWords[] = {"__attribute__", "__attribute", "__declspec", "_declspec",
-                                                    "alignas",       "_Alignas",    "decltype",   "typeof",
-                                                    "__typeof__",    "__typeof",    "__decltype", "typeof_unqual",
-                                                    "_Atomic",       "_BitInt",     "noexcept",   "__underlying_type"};
+inline constexpr WordSet bracketWords("__attribute__", "__attribute", "__declspec", "_declspec",
+                                      "alignas",       "_Alignas",                  "decltype",   "typeof",
+                                      "__typeof__",    "__typeof",                  "__decltype", "typeof_unqual",
+                                      "_Atomic",       "_BitInt",                   "noexcept",   "__underlying_type");
 
 // Words that begin a declaration and are no types.
-inline constexpr std::string_view declarationWords[] = {
-    "constexpr",    "consteval",  "constinit",      "thread_local",     "_Thread_local", "__thread",   "__extension__",
-    "_Noreturn",    "__inline",   "__inline__",     "__forceinline",    "restrict",      "__restrict", "__const",
-    "__volatile__", "__signed__", "_Static_assert", "static_assert",    "alignas",       "_Alignas",   "decltype",
-    "typeof",       "__typeof__", "__typeof",       "_Atomic",          "_Complex",      "char8_t",    "char16_t",
-    "char32_t",     "_Bool",      "__int128",       "__builtin_va_list"};
-
-constexpr bool isOneOf(std::span<const std::string_view> words, std::string_view word) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
+inline constexpr WordSet declarationWords("constexpr", "consteval", "constinit", "thread_local", "_Thread_local",
+                                          "__thread", "__extension__",
+                                          "_Noreturn", "__inline", "__inline__", "__forceinline", "restrict",
+                                          "__restrict", "__const",
+                                          "__volatile__", "__signed__", "_Static_assert", "static_assert", "alignas",
+                                          "_Alignas", "decltype",
+                                          "typeof", "__typeof__", "__typeof", "_Atomic", "_Complex", "char8_t",
+                                          "char16_t",
+                                          "char32_t", "_Bool", "__int128", "__builtin_va_list");
 
 // Keywords that may stand in front of a declarator and cannot begin an expression.
 constexpr bool isDeclarationKeyword(Trn::TokenKind kind) {

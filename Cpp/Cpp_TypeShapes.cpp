@@ -12,14 +12,13 @@ using Guess = TypeShapes::Guess;
 
 namespace {
 
-constexpr std::string_view typeWords[] = {
-    "char8_t",      "char16_t", "char32_t",          "_Bool",    "__int128",     "__int128_t",
-    "__uint128_t",  "_Complex", "__signed__",        "__const",  "__volatile__", "__restrict",
-    "__restrict__", "restrict", "__builtin_va_list", "_Float16", "__float128",   "__fp16",
-    "decltype",     "typeof",   "__typeof__",        "__typeof", "_Atomic"};
+constexpr WordSet typeWords("char8_t", "char16_t", "char32_t", "_Bool", "__int128", "__int128_t",
+                            "__uint128_t",  "_Complex", "__signed__",        "__const",  "__volatile__", "__restrict",
+                            "__restrict__", "restrict", "__builtin_va_list", "_Float16", "__float128",   "__fp16",
+                            "decltype",     "typeof",   "__typeof__",        "__typeof", "_Atomic");
 
-constexpr std::string_view prefixWords[] = {"co_return", "co_await",    "co_yield",  "__extension__", "__real__",
-                                            "__imag__",  "__alignof__", "__alignof", "requires"};
+constexpr WordSet prefixWords("co_return", "co_await", "co_yield", "__extension__", "__real__",
+                              "__imag__", "__alignof__", "__alignof", "requires");
 
 // What goes on with a value that has ended, or ends what holds it.
 constexpr bool followsValue(TokenKind kind) {
@@ -65,8 +64,8 @@ bool looksLikeType(std::string_view name) {
 
 }  // namespace
 
-bool isTypeWord(std::string_view word) { return isOneOf(typeWords, word); }
-bool isPrefixWord(std::string_view word) { return isOneOf(prefixWords, word); }
+bool isTypeWord(std::string_view word) { return typeWords.contains(word); }
+bool isPrefixWord(std::string_view word) { return prefixWords.contains(word); }
 
 // ---- Template brackets
 
@@ -299,7 +298,7 @@ void TypeShapes::collectTypes() {
                                  front == Kind::OpenBrace || front == Kind::CloseBrace || front == Kind::Const ||
                                  front == Kind::Static || front == Kind::Less;
             const bool isPair = here == Kind::Identifier && isFirst && !isPrefixWord(word) && !isTypeWord(word) &&
-                                !isOneOf(declarationWords, word);
+                                !declarationWords.contains(word);
             const bool isConst = front == Kind::Const && (here == Kind::Star || here == Kind::Amp);
             // The name of a typedef.
             const bool isTypedef = here == Kind::Semicolon && front == Kind::CloseBrace;

@@ -1,6 +1,8 @@
 // The one pass that finds the partners, with a stack of the brackets that are open.
 #include "Trn_BracketTable.h"
 
+#include <array>
+
 namespace Trn {
 
 namespace {
@@ -15,6 +17,18 @@ constexpr bool endsArgument(TokenKind kind) {
     return kind == Kind::Greater || kind == Kind::ShiftRight || kind == Kind::Comma || kind == Kind::Ellipsis ||
            kind == Kind::Assign || kind == Kind::CloseParen;
 }
+
+// Most tokens say nothing of brackets.
+constexpr auto saysNothing = [] {
+    std::array<bool, 256> quiet{};
+    quiet.fill(true);
+    for (const TokenKind kind : {Kind::OpenParen, Kind::CloseParen, Kind::OpenBracket, Kind::CloseBracket,
+                                 Kind::OpenBrace, Kind::CloseBrace, Kind::Less, Kind::Greater, Kind::ShiftRight,
+                                 Kind::PipePipe, Kind::Semicolon}) {
+        quiet[static_cast<std::size_t>(kind)] = false;
+    }
+    return quiet;
+}();
 
 }  // namespace
 
@@ -56,10 +70,11 @@ inline void BracketTable::add(TokenIndex token, TokenKind kind) {
 }
 
 BracketTable::BracketTable(const TokenBuffer& buffer) : buffer_(&buffer), entries_(buffer.size()) {
-    for (TokenIndex token = 1; token < buffer.size(); ++token) {
+    const auto size = static_cast<TokenIndex>(buffer.size());
+    for (TokenIndex token = 1; token < size; ++token) {
         const TokenKind kind = buffer.kind(token);
         if (isTrivia(kind)) continue;
-        add(token, kind);
+        if (kind < 0 || previous_ == Kind::AmpAmp || !saysNothing[static_cast<std::size_t>(kind)]) add(token, kind);
         previous_ = kind;
     }
     dropAngles();

@@ -69,6 +69,17 @@ public:
         return isOdd(index) ? lines_.offsetOf(odd(index).last()) : packed_[index].begin + length(index);
     }
 
+    // Both at once.
+    struct Extent {
+        std::size_t begin;
+        std::size_t end;
+    };
+    Extent extent(TokenIndex index) const {
+        if (isOdd(index)) return {begin(index), end(index)};
+        const std::size_t begin = packed_[index].begin;
+        return {begin, begin + length(index)};
+    }
+
     // The index of the token that closes the `{` with this index, or of the defective literal or end token that
     // comes first. Braces are counted wherever they stand, in dead regions too.
     TokenIndex braceEnd(TokenIndex index) const;

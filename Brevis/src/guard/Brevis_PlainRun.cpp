@@ -1,7 +1,8 @@
 // Why nothing can have gone wrong in a plain run, whatever the texts are.
 //
 // It holds none of the breaking characters below. So no comment, literal or joined line is in it, and no directive,
-// since the word `import` begins one only in front of a `<` or a quote. All its tokens are words, numbers, punctuators
+// since the word `import` begins one only in front of a `<` or a quote; where the source has no such word, a `<` breaks
+// nothing. All its tokens are words, numbers, punctuators
 // and stray bytes, and none of them reaches over white space. A lone punctuator, a character that is in no longer
 // punctuator, is a token wherever it stands in a run. The bytes that aren't white space are equal in both texts. The
 // white space is equal, or is one of these, which the sweep leaves as they are written:
@@ -31,7 +32,7 @@ using Cpp::isSpace;
 
 constexpr bool readsWords = std::endian::native == std::endian::little;
 constexpr std::size_t wordSize = sizeof(std::uint64_t);
-constexpr std::string_view breakingCharacters = "\"#%'/<\\|";
+constexpr std::string_view breakingCharacters = "\"#%'/\\|";
 
 std::uint64_t wordAt(const char* at) {
     std::uint64_t word = 0;
@@ -44,27 +45,35 @@ constexpr std::uint64_t eightOf(unsigned char c) { return 0x0101010101010101u * 
 // Marks the bytes that are 0, and perhaps some behind the first of them.
 constexpr std::uint64_t zeroBytes(std::uint64_t word) { return (word - eightOf(1)) & ~word & eightOf(0x80); }
 
+// The bits in which a backslash differs from the `|`, and with them a `<`.
+constexpr std::uint64_t backslashBits(Less less) { return eightOf(less == Less::HeaderName ? 0x60 : 0x20); }
+
 // Marks the breaking characters in the same way. Most of them come in pairs with a bit or two of difference; the `|` is
 // among them for the sake of the others.
-constexpr std::uint64_t breakingBytes(std::uint64_t word) {
+constexpr std::uint64_t breakingBytes(std::uint64_t word, std::uint64_t backslash) {
     return zeroBytes((word | eightOf(0x01)) ^ eightOf('#')) | zeroBytes((word | eightOf(0x02)) ^ eightOf('\'')) |
-           zeroBytes(word ^ eightOf('/')) | zeroBytes((word | eightOf(0x60)) ^ eightOf('|'));
+           zeroBytes(word ^ eightOf('/')) | zeroBytes((word | backslash) ^ eightOf('|'));
 }
 
-static_assert(std::all_of(breakingCharacters.begin(), breakingCharacters.end(),
-                          [](char c) { return breakingBytes(eightOf(static_cast<unsigned char>(c))) != 0; }));
+constexpr bool isBreaking(char c, Less less) {
+    return breakingBytes(eightOf(static_cast<unsigned char>(c)), backslashBits(less)) != 0;
+}
+static_assert(std::ranges::all_of(breakingCharacters, [](char c) {
+    return isBreaking(c, Less::Nothing) && isBreaking(c, Less::HeaderName);
+}));
+static_assert(isBreaking('<', Less::HeaderName) && !isBreaking('<', Less::Nothing));
 
 // How far the texts are equal and without a breaking character.
-std::size_t equalLength(std::string_view text, std::string_view other) {
+std::size_t equalLength(std::string_view text, std::string_view other, Less less) {
+    const std::uint64_t backslash = backslashBits(less);
     const std::size_t size = std::min(text.size(), other.size());
     std::size_t length = 0;
     for (; readsWords && length + wordSize <= size; length += wordSize) {
         const std::uint64_t word = wordAt(text.data() + length);
-        const std::uint64_t ends = breakingBytes(word) | (word ^ wordAt(other.data() + length));
+        const std::uint64_t ends = breakingBytes(word, backslash) | (word ^ wordAt(other.data() + length));
         if (ends != 0) return length + static_cast<std::size_t>(std::countr_zero(ends)) / 8;
     }
-    const auto breaks = [](char c) { return breakingCharacters.find(c) != std::string_view::npos; };
-    while (length < size && text[length] == other[length] && !breaks(text[length])) ++length;
+    while (length < size && text[length] == other[length] && !isBreaking(text[length], less)) ++length;
     return length;
 }
 
@@ -98,7 +107,8 @@ std::size_t passSpace(std::string_view text, std::size_t at) {
 
 class RunFinder {
 public:
-    RunFinder(std::string_view source, std::string_view output) : source_(source), output_(output) {}
+    RunFinder(std::string_view source, std::string_view output, Less less)
+        : source_(source), output_(output), less_(less) {}
 
     PlainRun find() {
         do {
@@ -114,6 +124,7 @@ private:
     bool passGap();
 
     std::string_view source_, output_;
+    Less less_;
     std::size_t at_ = 0, outputAt_ = 0;
     std::size_t stretch_ = 0;  // where in the source the equal stretch began
     PlainRun run_;
@@ -121,7 +132,7 @@ private:
 
 void RunFinder::passEqual() {
     stretch_ = at_;
-    const std::size_t length = equalLength(source_.substr(at_), output_.substr(outputAt_));
+    const std::size_t length = equalLength(source_.substr(at_), output_.substr(outputAt_), less_);
     at_ += length;
     outputAt_ += length;
     for (std::size_t back = 0; back < length; ++back) {
@@ -149,6 +160,13 @@ bool RunFinder::passGap() {
 
 }  // namespace
 
-PlainRun findPlainRun(std::string_view source, std::string_view output) { return RunFinder(source, output).find(); }
+Less lessOf(std::string_view source) {
+    // No run holds it in pieces on joined lines.
+    return source.find("import") == std::string_view::npos ? Less::Nothing : Less::HeaderName;
+}
+
+PlainRun findPlainRun(std::string_view source, std::string_view output, Less less) {
+    return RunFinder(source, output, less).find();
+}
 
 }  // namespace Brevis

@@ -13,7 +13,12 @@ struct PlainRun {
     std::size_t seen = 0;    // how much of the source was looked at
 };
 
-// Both texts begin behind the same token, which is in no directive, and no backslash ends the source's.
-PlainRun findPlainRun(std::string_view source, std::string_view output);
+// What a `<` may begin beside a punctuator.
+enum class Less { Nothing, HeaderName };
+Less lessOf(std::string_view source);
+
+// Both texts begin behind the same token, which is in no directive, and no backslash ends the source's. `less` is that of
+// the whole source.
+PlainRun findPlainRun(std::string_view source, std::string_view output, Less less);
 
 }  // namespace Brevis

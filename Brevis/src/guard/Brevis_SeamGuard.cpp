@@ -92,7 +92,8 @@ bool holdsLineEnd(std::string_view gap) {
 class Sweep {
 public:
     Sweep(std::string_view source, std::string_view output, bool mayTrim, bool partsLiterals)
-        : source_(source), output_(output), mayTrim_(mayTrim), partsLiterals_(partsLiterals), lexer_(source) {}
+        : source_(source), output_(output), mayTrim_(mayTrim), partsLiterals_(partsLiterals), less_(lessOf(source)),
+          lexer_(source) {}
 
     // Gives the number of seams; if there are any, the mended text is to be taken.
     std::size_t run();
@@ -139,6 +140,7 @@ private:
     std::string_view output_;
     bool mayTrim_;
     bool partsLiterals_;
+    Less less_;
     SeamLexer lexer_;
     SeamToken before_;         // the token in front of the gap; of kind End at the start of the text
     std::size_t at_ = 0;       // in the output
@@ -181,7 +183,7 @@ void Sweep::mendByteOrderMark() {
 // Passes over what needs no second look. The lexer goes on behind it as if it had read all of it.
 void Sweep::passPlainRun() {
     if (before_.end < plainUpTo_ || !lexer_.isIndifferent() || isBehindBackslash()) return;
-    const PlainRun run = findPlainRun(source_.substr(before_.end), output_.substr(at_));
+    const PlainRun run = findPlainRun(source_.substr(before_.end), output_.substr(at_), less_);
     plainUpTo_ = before_.end + run.seen;
     if (run.source == 0) return;
 

@@ -61,7 +61,7 @@ struct Reader {
 std::size_t passPlainRun(Reader& reader, Reader& other) {
     if (!reader.isIndifferent() || !other.isIndifferent()) return reader.end;
     const std::size_t begin = reader.end;
-    const PlainRun run = findPlainRun(reader.rest(), other.rest());
+    const PlainRun run = findPlainRun(reader.rest(), other.rest(), Less::HeaderName);
     if (run.source > 0) {
         reader.pass(run.source);
         other.pass(run.output);

@@ -10,6 +10,8 @@ class BracketRules {
 public:
     explicit BracketRules(ExprGaps& gaps);
 
+    // False for roles that are the matter of other rules, by their groups.
+    static constexpr bool mayConcern(Cpp::Role role) { return role >= Cpp::Role::ForSemicolon; }
     void format(TokenIndex token);
 
 private:

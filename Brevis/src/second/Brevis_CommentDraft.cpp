@@ -7,8 +7,8 @@ namespace Brevis {
 
 namespace Kind = Trn::Kind;
 
-CommentDraft::CommentDraft(const GapText& text, const Scheme& scheme, const GapTable& gaps)
-    : text_(text), scheme_(scheme), gaps_(gaps), draft_(GapWriter(text, scheme, gaps).writeDraft(places_)) {}
+CommentDraft::CommentDraft(const GapText& text, const Scheme& scheme, const GapTable& gaps, KeptColumns* kept)
+    : text_(text), scheme_(scheme), gaps_(gaps), draft_(GapWriter(text, scheme, gaps, kept).writeDraft(places_)) {}
 
 const DraftPlace& CommentDraft::placeOf(TokenIndex token) const {
     const auto isEarlier = [](const DraftPlace& place, TokenIndex other) { return place.token < other; };

@@ -12,8 +12,8 @@ namespace Brevis {
 // The text, the scheme and the table must outlive it.
 class CommentDraft {
 public:
-    // Writes the text by the decisions so far.
-    CommentDraft(const GapText& text, const Scheme& scheme, const GapTable& gaps);
+    // Writes the text by the decisions so far, and by those of `kept` on columns, if there are any.
+    CommentDraft(const GapText& text, const Scheme& scheme, const GapTable& gaps, KeptColumns* kept);
 
     // Of a comment or a directive.
     const DraftPlace& placeOf(TokenIndex token) const;

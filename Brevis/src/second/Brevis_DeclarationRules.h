@@ -20,7 +20,12 @@ public:
         const std::vector<Cpp::OutlineItem>& items = text_.items();
         while (nextItem_ < items.size() && items[nextItem_].first <= token) openItem(items[nextItem_++]);
     }
-    // For each of those with a role and for every bracket.
+    // False for operators, and for the commas of calls.
+    static constexpr bool mayConcern(Cpp::Role role) {
+        const bool isOperator = role >= Cpp::Role::Prefix && role <= Cpp::Role::CommaOperator;
+        return !isOperator && role != Cpp::Role::ArgumentComma;
+    }
+    // For each of those with a role that may concern it, and for every bracket.
     void format(TokenIndex token);
 
 private:

@@ -9,6 +9,8 @@ class ExpressionRules {
 public:
     explicit ExpressionRules(ExprGaps& gaps);
 
+    // False for roles that are the matter of other rules, by their groups.
+    static constexpr bool mayConcern(Cpp::Role role) { return role < Cpp::Role::Group; }
     // `bracket` is the role of the innermost bracket that is open at the token.
     void format(TokenIndex token, Cpp::Role bracket);
     // For a word.

@@ -8,6 +8,17 @@
 
 namespace Brevis {
 
+namespace {
+
+// What keeps the author's own columns; none if there are no such.
+std::optional<KeptColumns> keptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps) {
+    if (!KeptColumns::isWanted(text, scheme)) return std::nullopt;
+    KeptColumns::keepRows(text, scheme, gaps);
+    return std::optional<KeptColumns>(std::in_place, text, scheme, gaps);
+}
+
+}  // namespace
+
 std::optional<std::string> alignGaps(const GapText& text, const Scheme& scheme, GapTable& gaps) {
     const auto places = [&] { return GapWriter(text, scheme, gaps).measure(); };
     if (DeclarationColumns::namesAreWanted(scheme)) DeclarationColumns(text, scheme, gaps, places()).alignNames();
@@ -15,12 +26,13 @@ std::optional<std::string> alignGaps(const GapText& text, const Scheme& scheme, 
     // Where comments are not aligned, the author's columns of them come before their distance.
     const bool alignsComments = scheme.alignTrailingComments;
     if (CommentColumns::isWanted(scheme) && !alignsComments) CommentColumns(text, scheme, gaps).run();
-    if (KeptColumns::isWanted(text, scheme)) {
-        KeptColumns::keepRows(text, scheme, gaps);
-        KeptColumns(text, scheme, gaps, places()).run();
+    std::optional<KeptColumns> kept = keptColumns(text, scheme, gaps);
+    KeptColumns* const keeper = kept ? &*kept : nullptr;
+    if (!alignsComments) {
+        if (keeper == nullptr) return std::nullopt;
+        return GapWriter(text, scheme, gaps, keeper).write();
     }
-    if (!alignsComments) return std::nullopt;
-    CommentDraft draft(text, scheme, gaps);
+    CommentDraft draft(text, scheme, gaps, keeper);
     CommentColumns(text, scheme, gaps, &draft).run();
     return draft.finish();
 }

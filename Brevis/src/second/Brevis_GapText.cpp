@@ -42,7 +42,6 @@ constexpr std::array<bool, 256> joiningChars = [] {
 bool mayJoin(char c) { return joiningChars[static_cast<unsigned char>(c)]; }
 
 bool isWhiteSpace(const char* at, const char* end) {
-    if (end - at == 1 && *at == ' ') return true;
     while (at != end && isBlankSpace(*at)) ++at;
     return at == end;
 }
@@ -58,28 +57,32 @@ std::size_t endOf(const char* text, std::size_t begin, std::size_t end, Trn::Tok
     return end;
 }
 
-// Whether the token is one of a pair: `<` and `>` are where they hold arguments or parameters.
-bool isPaired(Trn::TokenKind kind, Role role) {
-    switch (kind) {
-        case Kind::OpenParen:
-        case Kind::CloseParen:
-        case Kind::OpenBrace:
-        case Kind::CloseBrace:
-        case Kind::OpenBracket:
-        case Kind::CloseBracket:
-            return true;
-        case Kind::Less:
-        case Kind::Greater:
-        case Kind::ShiftRight:
-            return role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
-        default:
-            return false;
+// What the kind of a token tells of it. A sign has neither white space nor bytes beyond ASCII in it. Words may have both:
+// `A::` and a line feed belong to the `operator` behind them. An angle is one of a pair where its role says so.
+constexpr std::uint8_t isTrivialKind = 1, isAngle = 2, isBracketKind = 4, isSign = 8;
+
+constexpr std::uint8_t traitsOf(Trn::TokenKind kind) {
+    std::uint8_t traits = 0;
+    if (kind >= Kind::Semicolon && kind <= Kind::ArrowStar) traits |= isSign;
+    if (Trn::isTrivia(kind)) traits |= isTrivialKind;
+    if (kind == Kind::OpenParen || kind == Kind::CloseParen || kind == Kind::OpenBrace || kind == Kind::CloseBrace ||
+        kind == Kind::OpenBracket || kind == Kind::CloseBracket) {
+        traits |= isBracketKind;
     }
+    if (kind == Kind::Less || kind == Kind::Greater || kind == Kind::ShiftRight) traits |= isAngle;
+    return traits;
 }
 
-// Signs have neither white space nor bytes beyond ASCII in them. Words may have both: `A::` and a line feed belong to
-// the `operator` behind them.
-bool isAsciiSign(Trn::TokenKind kind) { return kind >= Kind::Semicolon && kind <= Kind::ArrowStar; }
+// Of all kinds but the end of the input.
+constexpr auto kindTraits = [] {
+    std::array<std::uint8_t, 256> all{};
+    for (Trn::TokenKind kind = 0; kind < 256; ++kind) all[static_cast<std::size_t>(kind)] = traitsOf(kind);
+    return all;
+}();
+
+bool isPairedAngle(Role role) {
+    return role == Role::TemplateArguments || role == Role::TemplateParameters || role == Role::NamedCastType;
+}
 
 // What a text has beside the characters of one column.
 struct WideBytes {
@@ -95,7 +98,7 @@ struct WideBytes {
         hasTab = tabs != 0;
         isMultiByte = all > 0x7F;
     }
-    bool mayBeIn(Trn::TokenKind kind) const { return (hasTab || isMultiByte) && !isAsciiSign(kind); }
+    bool hasAny() const { return hasTab || isMultiByte; }
 };
 
 // Where a token of another text begins in one that differs from that in nothing but white space, if the one in front
@@ -159,41 +162,51 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
       tokens_(table.tokens().size() + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
+    const std::uint8_t narrowTraits = WideBytes(source).hasAny() ? isSign : 0xFF;
     LineFeeds feeds(source);
-    const WideBytes wide(source);
+    GapToken* token = tokens_.data() + 1;
     std::size_t end = 0;
     std::uint32_t line = 0;
-    TokenIndex index = 1;
-    for (;; ++index) {
-        const Trn::TokenKind kind = buffer.kind(index);
-        const bool isEnd = kind == Kind::EndOfInput;
-        const std::size_t begin = isEnd ? source.size() : std::max(buffer.begin(index), end);
-        const std::uint32_t lineFeeds = feeds.countUpTo(begin);
-        // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
-        const bool isFixed = !isWhiteSpace(text + end, text + begin) || (end > 0 && text[end - 1] == '\\');
-        if (isFixed) hasFixed_ = true;
-        end = isEnd ? begin : std::max(begin, buffer.end(index));
-        std::uint32_t inside = 0;
-        if (!isAsciiSign(kind)) {
-            end = endOf(text, begin, end, kind);
-            inside = feeds.countUpTo(end);
-            if (Trn::isTrivia(kind)) trivia_.push_back(index);
+    bool isFixed = false;
+    const auto readGap = [&](std::size_t begin) {
+        token->begin = static_cast<std::uint32_t>(begin);
+        if (begin != end) {
+            const std::uint32_t lineFeeds = feeds.countUpTo(begin);
+            line += lineFeeds;
+            token->lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
+            isFixed = isFixed || !isWhiteSpace(text + end, text + begin);
         }
-        line += lineFeeds;
-        const Role role = isEnd ? Role::None : table.role(index);
-        tokens_[index] = {.begin = static_cast<std::uint32_t>(begin),
-                          .end = static_cast<std::uint32_t>(end),
-                          .line = line,
-                          .kind = static_cast<std::int8_t>(kind),
-                          .role = role,
-                          .lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255)),
-                          .isFixed = isFixed,
-                          .holdsLines = inside > 0,
-                          .isBracket = isPaired(kind, role),
-                          .isNarrow = !wide.mayBeIn(kind)};
-        line += inside;
-        if (isEnd) break;
+        token->line = line;
+        token->isFixed = isFixed;
+        if (isFixed) hasFixed_ = true;
+    };
+    TokenIndex index = 1;
+    for (; buffer.kind(index) != Kind::EndOfInput; ++index, ++token) {
+        const Trn::TokenKind kind = buffer.kind(index);
+        const std::uint8_t traits = kindTraits[static_cast<std::size_t>(kind)];
+        const Trn::TokenBuffer::Extent extent = buffer.extent(index);
+        const std::size_t begin = std::max(extent.begin, end);
+        readGap(begin);
+        end = std::max(begin, extent.end);
+        isFixed = false;
+        const Role role = table.role(index);
+        token->kind = static_cast<std::int8_t>(kind);
+        token->role = role;
+        token->isBracket = (traits & isBracketKind) != 0 || ((traits & isAngle) != 0 && isPairedAngle(role));
+        token->isNarrow = (narrowTraits & (traits | isTrivialKind)) != 0;
+        if ((traits & isSign) == 0) {
+            end = endOf(text, begin, end, kind);
+            const std::uint32_t inside = feeds.countUpTo(end);
+            line += inside;
+            token->holdsLines = inside > 0;
+            // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
+            isFixed = end > 0 && text[end - 1] == '\\';
+            if ((traits & isTrivialKind) != 0) trivia_.push_back(index);
+        }
+        token->end = static_cast<std::uint32_t>(end);
     }
+    readGap(source.size());
+    token->end = token->begin;
     tokens_.resize(index + 1);
 }
 
@@ -221,7 +234,7 @@ GapText::GapText(std::string_view laid, const GapText& text)
     }
 }
 
-bool GapText::wouldJoin(TokenIndex index) const {
+bool GapText::joins(TokenIndex index) const {
     const GapToken& first = tokens_[index - 1];
     const GapToken& second = tokens_[index];
     if (first.begin == first.end || second.begin == second.end) return false;

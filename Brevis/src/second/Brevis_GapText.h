@@ -25,6 +25,7 @@ struct GapToken {
     bool holdsLines : 1 = false;
     bool isBracket : 1 = false;
     bool isNarrow : 1 = false;  // known to take one column a byte
+    std::uint8_t free : 4 = 0;
 };
 static_assert(sizeof(GapToken) == 16);
 
@@ -94,7 +95,9 @@ public:
     bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
 
     // Whether a token and the one in front of it would become others with nothing in between.
-    bool wouldJoin(TokenIndex index) const;
+    bool wouldJoin(TokenIndex index) const {
+        return !standsAlone(tokens_[index]) && !standsAlone(tokens_[index - 1]) && joins(index);
+    }
 
     // The column behind the token, of one line, if it begins in `column`.
     int columnBehind(TokenIndex index, int column, int tabSize) const {
@@ -113,6 +116,15 @@ public:
     bool hasFixed() const { return hasFixed_; }
 
 private:
+    // Whether it is a bracket, a comma or a semicolon, of one character.
+    static constexpr bool standsAlone(const GapToken& token) {
+        namespace Kind = Trn::Kind;
+        const bool isSign = (token.kind >= Kind::Comma && token.kind <= Kind::CloseBrace) ||
+                            token.kind == Kind::Semicolon || token.kind == Kind::OpenBracket ||
+                            token.kind == Kind::CloseBracket;
+        return isSign && token.end - token.begin == 1;
+    }
+    bool joins(TokenIndex index) const;
     std::string_view slice(std::size_t begin, std::size_t end) const { return {source_.data() + begin, end - begin}; }
 
     std::string_view source_;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "second/Brevis_BlankConverter.h"
+#include "second/Brevis_KeptColumns.h"
 
 namespace Brevis {
 
@@ -25,10 +26,12 @@ bool areSame(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps)
+GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps, KeptColumns* kept)
     : text_(text),
       scheme_(scheme),
       gaps_(gaps),
+      kept_(kept),
+      nextBlock_(kept != nullptr ? 1 : 0),
       columns_(scheme.tabSize),
       sourceColumns_(scheme.tabSize),
       bases_(gaps.scopes().size()) {
@@ -73,16 +76,41 @@ bool GapWriter::writeInLine(TokenIndex token, const GapToken& at) {
 
 template <GapWriter::Columns columns>
 void GapWriter::run() {
-    const bool isMarking = converts_ && columns == Columns::OfNone;
-    const bool isTrimming = scheme_.removeTrailingWs;
-    const TokenIndex end = text_.size();
     findAnchors();
     findNextAnchor();
-    for (TokenIndex token = 1;; ++token) {
+    runFrom<columns>(1, text_.size());
+}
+
+// Goes on to the next token that needs more than a look, as all do that begin or end a line or change.
+TokenIndex GapWriter::passUnchanged(TokenIndex token, TokenIndex end) {
+    if (fresh_ != nextAnchor_ || token == 1 || Trn::isLineToken(text_.kind(token - 1))) return token;
+    end = std::min(end, nextAnchorToken_);
+    if (nextBlock_ != 0) end = std::min(end, nextBlock_);
+    const TokenIndex begin = token;
+    for (; token < end; ++token) {
+        const GapToken& at = text_.token(token);
+        const Gap gap = gaps_[token];
+        if (at.lineFeeds > 0 || at.holdsLines || Trn::isTrivia(at.kind) || gap.sort > Gap::Sort::Blanks) break;
+        if (gap.sort == Gap::Sort::Blanks && !areSame(gaps_.text(gap.rule), text_.gap(token))) break;
+    }
+    if (token == begin) return token;
+    isLineStart_ = false;
+    copyTo(text_.token(token - 1).end);
+    return token;
+}
+
+// Up to the gap of the token `end`.
+template <GapWriter::Columns columns>
+void GapWriter::runFrom(TokenIndex first, TokenIndex end) {
+    const bool isMarking = converts_ && columns == Columns::OfNone;
+    const bool isTrimming = scheme_.removeTrailingWs;
+    for (TokenIndex token = first;; ++token) {
+        if (columns != Columns::OfAll && !isMarking) token = passUnchanged(token, end);
+        if (token == nextBlock_ && columns != Columns::OfAll) keepColumns(token);
         const GapToken& at = text_.token(token);
         const bool isInDraft = columns == Columns::OfComments && Trn::isTrivia(at.kind);
         if (isInDraft) noteGap(token);
-        if constexpr (columns == Columns::OfAll) (*places_)[token].gap = laidColumn_;
+        if constexpr (columns == Columns::OfAll) (*places_)[token - placesBegin_].gap = laidColumn_;
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
         if (token == end || !writeInLine<columns>(token, at)) {
             if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
@@ -94,8 +122,8 @@ void GapWriter::run() {
         if (fresh_ != nextAnchor_) noteBehind(token);
         if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
         if constexpr (columns == Columns::OfAll) {
-            (*places_)[token].column = laidColumn_;
-            (*places_)[token].line = lineNumber_;
+            (*places_)[token - placesBegin_].column = laidColumn_;
+            (*places_)[token - placesBegin_].line = lineNumber_;
         }
         if (token == end) return;
         if (token >= nextAnchorToken_) noteAnchors(token);
@@ -109,6 +137,60 @@ void GapWriter::run() {
             copyTo(at.end);
         }
     }
+}
+
+// Writes a block of lines that may share columns for their places alone, before it is written with those.
+void GapWriter::keepColumns(TokenIndex begin) {
+    const KeptColumns::Block block = kept_->blockFrom(begin);
+    nextBlock_ = block.end < text_.size() ? block.end : 0;
+    std::vector<LaidPlace>& places = kept_->places();
+    if (block.hasWide) {
+        const Progress here = progress();
+        places.assign(block.end - begin + 1, {});
+        places_ = &places;
+        placesBegin_ = begin;
+        laidColumn_ = column();
+        runFrom<Columns::OfAll>(begin, block.end);
+        places_ = nullptr;
+        goBackTo(here);
+    }
+    kept_->read(block);
+}
+
+GapWriter::Progress GapWriter::progress() const {
+    return {.outSize = out_.size(),
+            .runBegin = runBegin_,
+            .runEnd = runEnd_,
+            .nextCode = nextCode_,
+            .lineBegin = lineBegin_,
+            .sourceLine = sourceLine_,
+            .lineNumber = lineNumber_,
+            .isLineStart = isLineStart_,
+            .hasLine = hasLine_,
+            .lines = lines_.size(),
+            .nextAnchor = nextAnchor_,
+            .nextAnchorToken = nextAnchorToken_,
+            .fresh = fresh_};
+}
+
+void GapWriter::goBackTo(const Progress& progress) {
+    out_.resize(progress.outSize);
+    runBegin_ = progress.runBegin;
+    runEnd_ = progress.runEnd;
+    nextCode_ = progress.nextCode;
+    lineBegin_ = progress.lineBegin;
+    sourceLine_ = progress.sourceLine;
+    lineNumber_ = progress.lineNumber;
+    isLineStart_ = progress.isLineStart;
+    hasLine_ = progress.hasLine;
+    lines_.resize(progress.lines);
+    for (std::size_t at = progress.nextAnchor; at < nextAnchor_; ++at) bases_[anchored_[at]] = {};
+    nextAnchor_ = progress.nextAnchor;
+    nextAnchorToken_ = progress.nextAnchorToken;
+    fresh_ = progress.fresh;
+    indentScope_ = noScope;
+    columns_.forget(out_.size());
+    sourceColumns_.forget(runEnd_);
 }
 
 std::string GapWriter::write() {

@@ -8,16 +8,12 @@
 
 #include "second/Brevis_BranchLines.h"
 #include "second/Brevis_GapTable.h"
+#include "second/Brevis_LaidPlace.h"
 #include "second/Brevis_LineColumns.h"
 
 namespace Brevis {
 
-// Where a token came to stand: line and column from 0, and the column in which the gap in front of it begins.
-struct LaidPlace {
-    std::uint32_t line = 0;
-    std::int32_t column = 0;
-    std::int32_t gap = 0;
-};
+class KeptColumns;
 
 // Of a comment or a directive in a text that is written before comments have columns. All are offsets or lines in that.
 struct DraftPlace : LaidPlace {
@@ -27,10 +23,11 @@ struct DraftPlace : LaidPlace {
     bool isFree = false;  // nothing behind it goes by its column, unless it stands on its line
 };
 
-// The text, the scheme and the table must outlive the writer, which serves once.
+// The text, the scheme and the table must outlive the writer, which serves once. `kept` decides on columns as the writer
+// comes to them; none if all is decided.
 class GapWriter {
 public:
-    GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps);
+    GapWriter(const GapText& text, const Scheme& scheme, const GapTable& gaps, KeptColumns* kept = nullptr);
 
     std::string write();
     // Writes, and tells the places of comments and directives. White space is not converted.
@@ -56,6 +53,19 @@ private:
         std::uint32_t sourceBehind = 0;
     };
 
+    // All that changes as the writer goes on and must be as it was to write tokens once more.
+    struct Progress {
+        std::size_t outSize = 0, runBegin = 0, runEnd = 0;
+        TokenIndex nextCode = 0;
+        std::size_t lineBegin = 0, sourceLine = 0;
+        std::uint32_t lineNumber = 0;
+        bool isLineStart = true, hasLine = false;
+        std::size_t lines = 0;
+        std::size_t nextAnchor = 0;
+        TokenIndex nextAnchorToken = 0;
+        std::size_t fresh = 0;
+    };
+
     bool mayHoldTabs() const;
 
     enum class Columns { OfNone, OfComments, OfAll };
@@ -63,6 +73,12 @@ private:
     void findAnchors();
     template <Columns columns>
     void run();
+    template <Columns columns>
+    void runFrom(TokenIndex first, TokenIndex end);
+    TokenIndex passUnchanged(TokenIndex token, TokenIndex end);
+    void keepColumns(TokenIndex begin);
+    Progress progress() const;
+    void goBackTo(const Progress& progress);
     std::size_t lineBeginOf(std::size_t offset) const;
 
     // Gaps
@@ -141,8 +157,11 @@ private:
     TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
     bool converts_ = false;             // white space, behind the writing
     std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
+    KeptColumns* kept_ = nullptr;
+    TokenIndex nextBlock_ = 0;  // in which columns may be kept; 0 for none
     // Only if places are asked for
     std::vector<LaidPlace>* places_ = nullptr;
+    TokenIndex placesBegin_ = 0;  // the token whose place is the first one
     std::vector<DraftPlace>* draftPlaces_ = nullptr;
     int laidColumn_ = 0;
 

@@ -24,12 +24,26 @@ ItemWalk::ItemWalk(const GapText& text, const Scheme& scheme, GapTable& gaps)
 
 void ItemWalk::run() {
     frames_.push_back({.last = text_.size(), .own = fileScope_, .inner = fileScope_, .label = fileScope_});
-    for (TokenIndex token = 1; token < text_.size(); ++token) {
+    for (TokenIndex token = 1; (token = passQuiet(token)) < text_.size(); ++token) {
         gaps_.setScope(token, top().inner);
         openItems(token);
         read(token);
         while (frames_.size() > 1 && top().last == token) frames_.pop_back();
     }
+}
+
+// Goes on to the next token that says more than where a line of what is open begins.
+TokenIndex ItemWalk::passQuiet(TokenIndex token) {
+    const Frame& frame = top();
+    if (frame.isList || frame.isHead || frame.colonList.colon != 0) return token;
+    TokenIndex end = frame.last;
+    if (next_ < text_.items().size()) end = std::min(end, text_.items()[next_].first);
+    const auto isQuiet = [](const GapToken& at) {
+        const bool isColon = at.role == Role::BaseColon || at.role == Role::MemberInitializerColon;
+        return !at.isBracket && !isColon && at.kind != Kind::Semicolon && !Trn::isTrivia(at.kind);
+    };
+    for (; token < end && isQuiet(text_.token(token)); ++token) gaps_.setScope(token, frame.inner);
+    return token;
 }
 
 // ---- Scopes
@@ -259,10 +273,12 @@ void ItemWalk::read(TokenIndex token) {
         if (top().sort == Frame::Sort::Item) colonLists_.indentComment(token, top().colonList);
         return;
     }
-    if (top().isList) beginElement(token);
-    if (top().isHead) readHead(token);
-    if (top().sort == Frame::Sort::Item) colonLists_.indent(token, top().colonList, top().own);
+    Frame& frame = top();
+    if (frame.isList) beginElement(token);
+    if (frame.isHead) readHead(token);
+    if (frame.sort == Frame::Sort::Item) colonLists_.indent(token, frame.colonList, frame.own);
     if (text_.kind(token) == Kind::Semicolon) readSemicolon(token);
+    if (!text_.isBracket(token)) return;
     const TokenIndex partner = text_.partner(token);
     if (partner > token) {
         readBody(token);

@@ -47,6 +47,7 @@ private:
         bool isBehindLabels = false;               // of a Body: `before` is a macro that stands for labels
     };
 
+    TokenIndex passQuiet(TokenIndex token);
     void openItems(TokenIndex token);
     void openItem(const Cpp::OutlineItem& item, bool isOutermost);
     Frame frameOf(const Cpp::OutlineItem& item, const Frame& parent);

@@ -54,25 +54,34 @@ bool KeptColumns::isWanted(const GapText& text, const Scheme& scheme) {
     return false;
 }
 
-KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places)
-    : text_(text), scheme_(scheme), gaps_(gaps), places_(std::move(places)) {
-    chains_.emplace_back();
-}
+KeptColumns::KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps)
+    : text_(text), scheme_(scheme), gaps_(gaps) {}
 
-void KeptColumns::run() {
-    lines_.resize(places_[text_.size()].line + 1);
-    bool hasWide = false;
-    TokenIndex begin = 1;
-    for (TokenIndex first = 1; first < text_.size();) {
+// No column goes beyond a line without gaps that ends an item.
+KeptColumns::Block KeptColumns::blockFrom(TokenIndex begin) {
+    Block block{.begin = begin, .firstLine = lines_.size()};
+    for (TokenIndex first = begin; first < text_.size();) {
+        lines_.push_back({.first = first, .token = first});
         const Stretch line = stretchFrom(first);
         const bool endsBlock = line.gaps == Gaps::OfNone && !text_.isTrivia(first) && endsItem(line.end - 1);
-        hasWide = hasWide || line.gaps == Gaps::Wide;
-        first = line.end;
-        if (!endsBlock && first < text_.size()) continue;
-        readBlock(begin, first, hasWide);
-        begin = first;
-        hasWide = false;
+        block.hasWide = block.hasWide || line.gaps == Gaps::Wide;
+        block.end = first = line.end;
+        if (endsBlock) break;
     }
+    return block;
+}
+
+void KeptColumns::read(const Block& block) {
+    begin_ = block.begin;
+    if (!block.hasWide) return passLines(block);
+    lines_.resize(block.firstLine);
+    chains_.assign(1, {});
+    linked_.clear();
+    readLines(block);
+    placeColumns();
+}
+
+void KeptColumns::placeColumns() {
     for (Cell& cell : linked_) {
         cell.left = chainOf(cell);
         if (isInTable(cell)) gaps_.gap(cell.token).sort = Gap::Sort::Keep;
@@ -84,7 +93,7 @@ void KeptColumns::run() {
     });
     for (auto begin = linked_.begin(); begin != linked_.end();) {
         const auto end = std::find_if(begin, linked_.end(), [&](const Cell& cell) { return cell.left != begin->left; });
-        place(&*begin, &*begin + (end - begin), chains_[begin->left]);
+        placeChain(&*begin, &*begin + (end - begin), chains_[begin->left]);
         begin = end;
     }
 }
@@ -111,14 +120,20 @@ void KeptColumns::keepRows(const GapText& text, const Scheme& scheme, GapTable& 
 // The line of the result that begins at `first`.
 KeptColumns::Stretch KeptColumns::stretchFrom(TokenIndex first) const {
     Stretch line;
-    const std::uint32_t number = places_[first].line;
     TokenIndex token = first + 1;
-    for (; token < text_.size() && places_[token].line == number; ++token) {
-        if (text_.lineFeeds(token) > 0) continue;
-        line.gaps = std::max(line.gaps, gapsBefore(text_, token));
+    for (; token < text_.size() && !beginsLine(token); ++token) {
+        if (text_.lineFeeds(token) == 0) line.gaps = std::max(line.gaps, gapsBefore(text_, token));
     }
     line.end = token;
     return line;
+}
+
+inline bool KeptColumns::beginsLine(TokenIndex token) const {
+    const GapToken& before = text_.token(token - 1);
+    if (before.holdsLines || Trn::isLineToken(before.kind)) return true;
+    const Gap::Sort sort = gaps_[token].sort;
+    if (text_.lineFeeds(token) == 0) return sort == Gap::Sort::Lines || sort == Gap::Sort::Break;
+    return gaps_.startsLine(token) || text_.kind(token) == Kind::Directive;
 }
 
 // Whether no expression goes on behind the token.
@@ -127,26 +142,30 @@ bool KeptColumns::endsItem(TokenIndex token) const {
     return kind == Kind::Semicolon || kind == Kind::OpenBrace || kind == Kind::CloseBrace || kind == Kind::Colon;
 }
 
-KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
-    const std::string_view gap = text.gap(token);
-    if (gap.size() > 1 || gap == "\t") return Gaps::Wide;
-    const bool isNumber = text.kind(token) == Kind::Number;
-    if (gap.empty()) return isNumber || text.isComment(token) ? Gaps::Narrow : Gaps::OfNone;
-    return (isNumber || text.role(token) == Role::Prefix) && text.isOpening(token - 1) ? Gaps::Wide : Gaps::Narrow;
+inline KeptColumns::Gaps KeptColumns::gapsBefore(const GapText& text, TokenIndex token) {
+    const GapToken& at = text.token(token);
+    const std::size_t size = at.begin - text.token(token - 1).end;
+    if (size > 1) return Gaps::Wide;
+    const bool isNumber = at.kind == Kind::Number;
+    if (size == 0) return isNumber || text.isComment(token) ? Gaps::Narrow : Gaps::OfNone;
+    if (text.source()[at.begin - 1] == '\t') return Gaps::Wide;
+    return (isNumber || at.role == Role::Prefix) && text.isOpening(token - 1) ? Gaps::Wide : Gaps::Narrow;
 }
 
-// No column goes beyond a block. In one without wide gaps there is none.
-void KeptColumns::readBlock(TokenIndex begin, TokenIndex end, bool hasWide) {
+// Lines without columns, on which later ones may be anchored.
+void KeptColumns::passLines(const Block& block) {
+    for (std::size_t line = block.firstLine; line < lines_.size(); ++line) {
+        lines_[line].isBegun = isPlaced(lines_[line].first);
+    }
+}
+
+void KeptColumns::readLines(const Block& block) {
     // Where the line of the source goes on, its columns have to be known.
-    while (hasWide && text_.lineFeeds(begin) == 0 && passed_ + 1 < begin) passSource(passed_ + 1);
-    for (TokenIndex first = begin; first < end;) {
+    while (text_.lineFeeds(block.begin) == 0 && passed_ + 1 < block.begin) passSource(passed_ + 1);
+    for (TokenIndex first = block.begin; first < block.end;) {
         TokenIndex last = first;
-        while (last + 1 < end && places_[last + 1].line == places_[first].line) ++last;
-        if (hasWide) {
-            readLine(first, last);
-        } else {
-            lines_[places_[first].line] = {.first = first, .token = first, .isBegun = isPlaced(first)};
-        }
+        while (last + 1 < block.end && place(last + 1).line == place(first).line) ++last;
+        readLine(first, last);
         first = last + 1;
     }
     for (const Cell& cell : above_) keepLinked(cell);
@@ -173,12 +192,16 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
     lastOfLine_ = last;
     for (TokenIndex token = first; token <= last; ++token) passSource(token);
     columns_.push_back(sourceColumn_);
-    Line& line = lines_[places_[first].line];
-    line = {.first = first,
-            .token = first,
-            .column = places_[first].column,
-            .shift = places_[first].column - columns_[0],
-            .isBegun = isPlaced(first)};
+    const LaidPlace& laid = place(first);
+    lines_.push_back({.number = laid.line,
+                      .first = first,
+                      .token = first,
+                      .column = laid.column,
+                      .shift = laid.column - columns_[0],
+                      .isBegun = isPlaced(first)});
+    const auto index = static_cast<std::uint32_t>(lines_.size() - 1);
+    for (TokenIndex token = first; token <= last; ++token) places_[token - begin_].line = index;
+    Line& line = lines_.back();
     if (text_.isTrivia(first) && (first == last || text_.kind(first) == Kind::Directive)) return;
 
     here_.clear();
@@ -198,7 +221,7 @@ void KeptColumns::readLine(TokenIndex first, TokenIndex last) {
 bool KeptColumns::isTooLong(TokenIndex first, TokenIndex last) const {
     if (!scheme_.lineWrap || scheme_.rightMargin <= 0) return false;
     while (last > first && text_.isTrivia(last)) --last;
-    return places_[last].column + static_cast<int>(text_.text(last).size()) > scheme_.rightMargin;
+    return place(last).column + static_cast<int>(text_.text(last).size()) > scheme_.rightMargin;
 }
 
 // The token below which a line begins, or 0.
@@ -215,8 +238,19 @@ bool KeptColumns::isPlaced(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
     const bool isBelowToken = scope.mode == IndentScope::Mode::Behind || scope.mode == IndentScope::Mode::At;
     if (!scope.isAnchored || scope.anchor >= first) return !isBelowToken;
-    const Line& line = lines_[places_[scope.anchor].line];
+    const Line& line = lineInFront(scope.anchor);
     return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
+}
+
+// The line of any token so far. Lines that follow each other mostly ask for the same.
+const KeptColumns::Line& KeptColumns::lineInFront(TokenIndex token) const {
+    if (token != lookedUp_) {
+        const auto isBehind = [](TokenIndex at, const Line& line) { return at < line.first; };
+        const auto behind = std::upper_bound(lines_.begin(), lines_.end(), token, isBehind);
+        lookedUp_ = token;
+        found_ = static_cast<std::size_t>(behind - lines_.begin()) - 1;
+    }
+    return lines_[found_];
 }
 
 void KeptColumns::readCell(TokenIndex token, TokenIndex first) {
@@ -276,7 +310,7 @@ bool KeptColumns::isLone(const Cell& cell) const {
 TokenIndex KeptColumns::nameAt(TokenIndex token) const {
     if (text_.role(token) != Role::DeclaratorGroup || text_.partner(token) < token) return token;
     TokenIndex name = token;
-    for (TokenIndex at = token + 1; text_.lineFeeds(at) == 0 && places_[at].line == places_[token].line; ++at) {
+    for (TokenIndex at = token + 1; at <= lastOfLine_ && text_.lineFeeds(at) == 0; ++at) {
         if (text_.kind(at) == Kind::Identifier) {
             name = at;
         } else if (!isPointerSign(text_.role(at))) {
@@ -387,7 +421,7 @@ void KeptColumns::link(Line& line) {
     if (linked != here_.end()) line.firstLinked = linked->token;
     for (const Cell& cell : above_) {
         if (chainOf(cell) == 0) continue;
-        TokenIndex& firstAbove = lines_[places_[cell.token].line].firstLinked;
+        TokenIndex& firstAbove = lineOf(cell.token).firstLinked;
         firstAbove = std::min(firstAbove, cell.token);
         break;
     }
@@ -426,10 +460,10 @@ void KeptColumns::passCells(TokenIndex first) {
 
 // Whether the line is blank there in the result too, as far as that is known. Behind the cell it goes on with `token`.
 bool KeptColumns::staysClear(TokenIndex token, TokenIndex first, const Cell& cell) const {
-    const Line& line = lines_[places_[cell.token].line];
+    const Line& line = lineOf(cell.token);
     if (text_.lineFeeds(line.first) == 0 && line.first > 1) return false;
-    if (token == first) return places_[first].column > std::max(cell.start, cell.other) + std::max(0, line.shift);
-    const int end = text_.columnBehind(token - 1, places_[token - 1].column, scheme_.tabSize);
+    if (token == first) return place(first).column > std::max(cell.start, cell.other) + std::max(0, line.shift);
+    const int end = text_.columnBehind(token - 1, place(token - 1).column, scheme_.tabSize);
     return end <= cell.start + std::min(0, line.shift);
 }
 
@@ -480,9 +514,13 @@ bool KeptColumns::isInTable(const Cell& cell) const {
     if (cell.sort != number || !cell.isWide || cell.hasTab || cell.isFixed || cell.isEnd) return false;
     if (gaps_[cell.token].sort != Gap::Sort::Blanks || text_.role(cell.token - 1) != Role::ElementComma) return false;
     constexpr int least = 4;
-    const auto isRow = [&](std::size_t line) { return line < lines_.size() && lines_[line].numbers >= least; };
-    const std::size_t line = places_[cell.token].line;
-    return isRow(line) && (isRow(line + 1) || (line > 0 && isRow(line - 1)));
+    const auto isRow = [&](std::size_t line, std::uint32_t number) {
+        return line < lines_.size() && lines_[line].number == number && lines_[line].numbers >= least;
+    };
+    const std::size_t line = place(cell.token).line;
+    const std::uint32_t number = lines_[line].number;
+    if (!isRow(line, number)) return false;
+    return isRow(line + 1, number + 1) || (line > 0 && isRow(line - 1, number - 1));
 }
 
 // ---- Columns
@@ -500,11 +538,11 @@ std::uint32_t KeptColumns::chainOf(const Cell& cell) const {
     return isSingle || chains_[right].size >= chains_[left].size + lead ? right : left;
 }
 
-void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain) {
+void KeptColumns::placeChain(const Cell* first, const Cell* last, const Chain& chain) {
     if (last - first < 2 && !first->isLone) return;
     const int tab = scheme_.tabSize;
     const bool hasTabs = chain.hasTab && chain.column % tab == 0;
-    const Line& line = lines_[places_[first->token].line];
+    const Line& line = lineOf(first->token);
     int column = std::max(0,
                           chain.column + (hasTabs ? line.shift : std::min(line.shift, moved(first, last, line.shift))));
     if (hasTabs) column = (column + tab / 2) / tab * tab;
@@ -513,9 +551,9 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
     int fixed = -1;
     for (const Cell* cell = first; cell != last; ++cell) {
         if (!cell->isFixed) continue;
-        const int place = places_[cell->token].column + reach(*cell);
-        if (fixed >= 0 && place != fixed) return;
-        column = fixed = place;
+        const int stood = place(cell->token).column + reach(*cell);
+        if (fixed >= 0 && stood != fixed) return;
+        column = fixed = stood;
     }
     const bool arePadded = chain.isRight && std::all_of(first, last, [&](const Cell& cell) {
         return cell.sort == number && !cell.isFixed && isPadded(cell.token);
@@ -564,7 +602,7 @@ void KeptColumns::place(const Cell* first, const Cell* last, const Chain& chain)
 
 void KeptColumns::moveTo(TokenIndex token, int column, bool isOwn) {
     const int from = gapColumn(token);
-    Line& own = lines_[places_[token].line];
+    Line& own = lineOf(token);
     if (from != column && (isOwn || from + widthBehind(token, from) != column)) {
         Gap& gap = gaps_.gap(token);
         gap = {.sort = isOwn ? Gap::Sort::OwnColumn : Gap::Sort::Column,
@@ -599,20 +637,20 @@ bool KeptColumns::areTight(const Cell* first, const Cell* last) const {
 
 // From the cell's first column to the one that it shares with others.
 int KeptColumns::lastColumn(const Cell& cell) const {
-    const int name = places_[cell.anchor].column - places_[cell.token].column;
+    const int name = place(cell.anchor).column - place(cell.token).column;
     return name + (endsColumn(cell.sort) ? static_cast<int>(text_.text(cell.anchor).size()) - 1 : 0);
 }
 
 // The column at which the gap in front of a token begins, now that what stands in front of it is placed.
 int KeptColumns::gapColumn(TokenIndex token) {
-    Line& line = lines_[places_[token].line];
+    Line& line = lineOf(token);
     while (line.token + 1 < token) {
         const TokenIndex next = line.token + 1;
-        const int end = line.column + places_[next].gap - places_[line.token].column;
+        const int end = line.column + place(next).gap - place(line.token).column;
         line.column = end + widthBehind(next, end);
         line.token = next;
     }
-    return line.column + places_[token].gap - places_[line.token].column;
+    return line.column + place(token).gap - place(line.token).column;
 }
 
 // Where the next element would stand, now that what stands in front of it is placed.
@@ -625,7 +663,7 @@ int KeptColumns::columnBehindEnd(TokenIndex sign) {
 int KeptColumns::widthBehind(TokenIndex token, int column) const {
     const Gap& gap = gaps_[token];
     if (gap.sort == Gap::Sort::Column || gap.sort == Gap::Sort::OwnColumn) return std::max<int>(gap.column - column, 1);
-    if (gap.sort != Gap::Sort::Keep && gap.sort != Gap::Sort::Fixed) return places_[token].column - places_[token].gap;
+    if (gap.sort != Gap::Sort::Keep && gap.sort != Gap::Sort::Fixed) return place(token).column - place(token).gap;
     int end = column;
     for (const char c : text_.gap(token)) {
         end = c == '\t' ? (end / scheme_.tabSize + 1) * scheme_.tabSize : end + 1;

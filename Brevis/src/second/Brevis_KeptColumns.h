@@ -5,19 +5,32 @@
 #include <vector>
 
 #include "second/Brevis_GapTable.h"
-#include "second/Brevis_GapWriter.h"
+#include "second/Brevis_LaidPlace.h"
 
 namespace Brevis {
 
-// The text, the scheme and the table must outlive it; `places` are those of the decisions so far.
+// The text, the scheme and the table must outlive it. All other decisions stand.
 class KeptColumns {
 public:
-    KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps, std::vector<LaidPlace> places);
+    // Lines of the result that share no column with what stands in front of or behind them: the tokens up to `end`.
+    struct Block {
+        TokenIndex begin = 0, end = 0;
+        bool hasWide = false;  // without a wide gap there is no column
+        std::size_t firstLine = 0;
+    };
+
+    KeptColumns(const GapText& text, const Scheme& scheme, GapTable& gaps);
 
     // False if no gap of the text may belong to a column.
     static bool isWanted(const GapText& text, const Scheme& scheme);
 
-    void run();
+    // The block that begins at a token, to be read next.
+    Block blockFrom(TokenIndex begin);
+    // The places of the tokens of the next block by the decisions so far, and of the token behind it. To be filled if it
+    // has wide gaps.
+    std::vector<LaidPlace>& places() { return places_; }
+    // Decides on the columns of the block.
+    void read(const Block& block);
 
     // A call on one line with a tab or many blanks beside one of its brackets is a row of a table, in which no gap
     // changes. To be known before places are measured.
@@ -58,6 +71,7 @@ private:
     };
     // A line of the result, as far as its columns are known.
     struct Line {
+        std::uint32_t number = 0;  // empty lines count
         TokenIndex first = 0;
         TokenIndex token = 0;  // comes to stand in `column`
         int column = 0;
@@ -70,8 +84,11 @@ private:
     static Gaps gapsBefore(const GapText& text, TokenIndex token);
     Stretch stretchFrom(TokenIndex first) const;
     bool endsItem(TokenIndex token) const;
-    void readBlock(TokenIndex begin, TokenIndex end, bool hasWide);
+    bool beginsLine(TokenIndex token) const;
+    void passLines(const Block& block);
+    void readLines(const Block& block);
     void readLine(TokenIndex first, TokenIndex last);
+    void placeColumns();
     bool isTooLong(TokenIndex first, TokenIndex last) const;
     TokenIndex basisOf(TokenIndex first) const;
     bool isPlaced(TokenIndex first) const;
@@ -96,9 +113,14 @@ private:
     void passSource(TokenIndex token);
 
     std::uint32_t chainOf(const Cell& cell) const;
-    void place(const Cell* first, const Cell* last, const Chain& chain);
+    void placeChain(const Cell* first, const Cell* last, const Chain& chain);
     int lastColumn(const Cell& cell) const;
-    bool isJoined(TokenIndex token) const { return places_[token].gap == places_[token].column; }
+    const LaidPlace& place(TokenIndex token) const { return places_[token - begin_]; }
+    // Of a token of the block.
+    Line& lineOf(TokenIndex token) { return lines_[place(token).line]; }
+    const Line& lineOf(TokenIndex token) const { return lines_[place(token).line]; }
+    const Line& lineInFront(TokenIndex token) const;
+    bool isJoined(TokenIndex token) const { return place(token).gap == place(token).column; }
     int columnBehindEnd(TokenIndex sign);
     int gapColumn(TokenIndex token);
     int widthBehind(TokenIndex token, int column) const;
@@ -106,10 +128,13 @@ private:
     const GapText& text_;
     const Scheme& scheme_;
     GapTable& gaps_;
-    std::vector<LaidPlace> places_;
-    std::vector<Line> lines_;
-    std::vector<int> columns_;  // of the tokens of the line at hand
-    int sourceColumn_ = 0;      // behind the token
+    TokenIndex begin_ = 1;           // of the block at hand
+    std::vector<LaidPlace> places_;  // of its tokens; their lines are indices of `lines_` once they have been read
+    std::vector<Line> lines_;        // of the text so far
+    mutable TokenIndex lookedUp_ = 0;
+    mutable std::size_t found_ = 0;  // its line
+    std::vector<int> columns_;       // of the tokens of the line at hand
+    int sourceColumn_ = 0;           // behind the token
     TokenIndex passed_ = 0;
     TokenIndex lastOfLine_ = 0;  // at hand
     std::vector<Cell> above_;    // the cells of the last line with code

@@ -24,4 +24,9 @@ void LineColumns::mark(std::string_view text, std::size_t lineBegin, std::size_t
     marks_.push_back({lineBegin, offset, columnOf(text, lineBegin, offset)});
 }
 
+void LineColumns::forget(std::size_t offset) {
+    if (last_.offset > offset) last_ = {};
+    while (!marks_.empty() && marks_.back().offset > offset) marks_.pop_back();
+}
+
 }  // namespace Brevis

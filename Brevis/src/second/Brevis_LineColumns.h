@@ -59,6 +59,8 @@ public:
     }
     // For offsets in ascending order.
     void mark(std::string_view text, std::size_t lineBegin, std::size_t offset);
+    // The text is another one from `offset` on.
+    void forget(std::size_t offset);
 
 private:
     static constexpr std::size_t longLine = 1024;

@@ -17,7 +17,14 @@ void SpacingRules::run() {
     TemplateRules templates(gaps);
     DeclarationRules declarations(text_, scheme_, gaps_);
     auto item = text_.items().begin();
+    const auto isWord = [&](const GapToken& at) {
+        const bool isPlain = at.role == Cpp::Role::None || at.role == Cpp::Role::StatementEnd;
+        return isPlain && !at.isBracket && !Trn::isTrivia(at.kind);
+    };
     for (TokenIndex token = 1; token < text_.size(); ++token) {
+        const TokenIndex end = item != text_.items().end() ? item->first : text_.size();
+        for (; token < end && isWord(text_.token(token)); ++token) expressions.keyword(token);
+        if (token == text_.size()) break;
         for (; item != text_.items().end() && item->first <= token; ++item) {
             if (item->sort == Sort::Template) templates.head(*item);
             // What nobody could read, and assembler code, stays as it is.
@@ -32,10 +39,10 @@ void SpacingRules::run() {
             continue;
         }
         while (!brackets_.empty() && brackets_.back().last <= token) brackets_.pop_back();
-        expressions.format(token, innermost());
-        brackets.format(token);
+        if (ExpressionRules::mayConcern(role)) expressions.format(token, innermost());
+        if (BracketRules::mayConcern(role)) brackets.format(token);
         templates.format(token, innermost());
-        declarations.format(token);
+        if (DeclarationRules::mayConcern(role)) declarations.format(token);
         if (isBracket) passBracket(token);
     }
 }
