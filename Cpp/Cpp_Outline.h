@@ -57,7 +57,9 @@ public:
 
     const std::vector<OutlineItem>& items() const { return items_; }
 
-    // For the parser. Gives the item's number.
+    // For the parser. As a rule there are no more; a table that grows stands twice in memory for a while.
+    void expect(std::size_t items) { items_.reserve(items); }
+    // Gives the item's number.
     std::size_t open(Sort sort, TokenIndex first, Frame frame = Frame::File) {
         items_.push_back({.sort = sort, .frame = frame, .first = first, .last = first});
         return items_.size() - 1;

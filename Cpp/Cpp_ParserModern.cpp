@@ -30,6 +30,7 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode&
     std::optional<RoleFinder> roles;
     Outline outline;
     if (findsRoles_) {
+        outline.expect(buffer.size() / 4);
         roles_ = &roles.emplace(buffer, brackets, shapes, lexer.language());
         outline_ = &outline;
     }
@@ -45,9 +46,20 @@ void Parser::parseModern(Trn::TokenBuffer& buffer, const Lexer& lexer, RootNode&
     shapes_ = nullptr;
 }
 
-// Through the `}` that ends the body, or to the end of the text.
+// Through the `}` that ends the body, or to the end of the text. For a reader of nothing but tokens no more than a few
+// nodes of a body are there at a time.
 bool Parser::parseModernItems(Stream& stream, InteriorNode& body, Frame frame) {
-    return repeat(stream, [&] { return parseModernItem(stream, body, frame); }) != Step::Fail;
+    constexpr int mostItems = 64;
+    const TreeStorage::Mark mark = storage_->mark();
+    const auto parseItem = [&] {
+        const Step step = parseModernItem(stream, body, frame);
+        if (!makesLeaves_ && body.childCount() >= mostItems) {
+            body.eraseChildren(body.begin(), body.end());
+            storage_->goBackTo(mark);
+        }
+        return step;
+    };
+    return repeat(stream, parseItem) != Step::Fail;
 }
 
 // This and what it calls stand on the stack once a level of nesting, so the nodes are made in routines of their own,

@@ -26,11 +26,15 @@ std::string_view TreeStorage::copied(std::string_view text) {
 }
 
 void TreeStorage::addBlock(std::size_t size) {
-    size = std::max(size, blockSize_);
-    blocks_.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
-    free_ = blocks_.back().get();
-    freeEnd_ = free_ + size;
-    blockSize_ = std::min(blockSize_ * 2, largestBlock);
+    if (usedBlocks_ == blocks_.size() || blocks_[usedBlocks_].size < size) {
+        size = std::max(size, blockSize_);
+        blocks_.resize(usedBlocks_);
+        blocks_.push_back({std::make_unique_for_overwrite<std::byte[]>(size), size});
+        blockSize_ = std::min(blockSize_ * 2, largestBlock);
+    }
+    const Block& block = blocks_[usedBlocks_++];
+    free_ = block.bytes.get();
+    freeEnd_ = free_ + block.size;
 }
 
 }  // namespace Cpp

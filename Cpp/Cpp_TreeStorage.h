@@ -39,6 +39,19 @@ public:
     std::string_view keep(std::string_view text) { return text.empty() || isSource(text) ? text : copied(text); }
     std::string_view keep(JoinedText& text);
 
+    // What has been taken so far, to go back to: whatever has been made since must be gone then.
+    struct Mark {
+        std::size_t usedBlocks;
+        std::byte* free;
+        std::byte* freeEnd;
+    };
+    Mark mark() const { return {usedBlocks_, free_, freeEnd_}; }
+    void goBackTo(const Mark& mark) {
+        usedBlocks_ = mark.usedBlocks;
+        free_ = mark.free;
+        freeEnd_ = mark.freeEnd;
+    }
+
     // The tokens of the text and what they are, if the parser was asked for them. Null otherwise.
     const TokenTable* tokens() const { return tokens_ ? &*tokens_ : nullptr; }
     void keep(TokenTable tokens) { tokens_ = std::move(tokens); }
@@ -55,7 +68,13 @@ private:
     void addBlock(std::size_t size);
 
     std::string_view source_;
-    std::vector<std::unique_ptr<std::byte[]>> blocks_;
+    struct Block {
+        std::unique_ptr<std::byte[]> bytes;
+        std::size_t size;
+    };
+
+    std::vector<Block> blocks_;
+    std::size_t usedBlocks_ = 0;  // those behind wait for being used again
     // Nodes are put at the front of what is free, and texts at its end.
     std::byte* free_ = nullptr;
     std::byte* freeEnd_ = nullptr;

@@ -1,6 +1,7 @@
 // The one pass that finds the partners, with a stack of the brackets that are open.
 #include "Trn_BracketTable.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Trn {
@@ -38,8 +39,7 @@ inline void BracketTable::add(TokenIndex token, TokenKind kind) {
         case Kind::OpenParen:
         case Kind::OpenBracket:
         case Kind::OpenBrace:
-            open_.push_back(token);
-            return;
+            return open(token, kind);
         case Kind::CloseParen:
             return close(token, Kind::OpenParen);
         case Kind::CloseBracket:
@@ -47,7 +47,7 @@ inline void BracketTable::add(TokenIndex token, TokenKind kind) {
         case Kind::CloseBrace:
             return close(token, Kind::OpenBrace);
         case Kind::Less:
-            if (mayNameTemplate(previous_)) open_.push_back(token);
+            if (mayNameTemplate(previous_)) open(token, kind);
             return;
         case Kind::Greater:
             if (previous_ != Kind::Operator) closeAngle(token);
@@ -62,23 +62,47 @@ inline void BracketTable::add(TokenIndex token, TokenKind kind) {
             return;
         case Kind::Semicolon:
             dropAngles();
-            if (!open_.empty()) entries_[open_.back()].holdsSemicolon = 1;
+            if (!open_.empty()) top().holdsSemicolon = 1;
             return;
         default:
             return;
     }
 }
 
-BracketTable::BracketTable(const TokenBuffer& buffer) : buffer_(&buffer), entries_(buffer.size()) {
+// The next token that has an entry.
+inline void BracketTable::enter(TokenIndex token) {
+    inBlock_[token] = static_cast<std::uint8_t>(entries_.size() - blocks_.back());
+    entries_.emplace_back();
+}
+
+inline void BracketTable::open(TokenIndex token, TokenKind kind) {
+    open_.push_back({token, static_cast<std::uint32_t>(entries_.size()), kind});
+    enter(token);
+}
+
+// The token, which has an entry, closes what is open.
+inline void BracketTable::join(TokenIndex token) {
+    top().partner = token;
+    entries_.back().partner = open_.back().token;
+    open_.pop_back();
+}
+
+BracketTable::BracketTable(const TokenBuffer& buffer) : inBlock_(buffer.size()) {
+    entries_.reserve(buffer.size() / 2);
+    blocks_.reserve(buffer.size() / blockSize + 1);
     const auto size = static_cast<TokenIndex>(buffer.size());
-    for (TokenIndex token = 1; token < size; ++token) {
-        const TokenKind kind = buffer.kind(token);
-        if (isTrivia(kind)) continue;
-        if (kind < 0 || previous_ == Kind::AmpAmp || !saysNothing[static_cast<std::size_t>(kind)]) add(token, kind);
-        previous_ = kind;
+    for (TokenIndex token = 0; token < size;) {
+        blocks_.push_back(static_cast<std::uint32_t>(entries_.size()));
+        entries_.emplace_back();
+        for (const TokenIndex end = std::min(token + blockSize, size); token < end; ++token) {
+            const TokenKind kind = buffer.kind(token);
+            if (isTrivia(kind)) continue;
+            if (kind < 0 || previous_ == Kind::AmpAmp || !saysNothing[static_cast<std::size_t>(kind)]) add(token, kind);
+            previous_ = kind;
+        }
     }
     dropAngles();
-    if (unmatched_ == 0 && !open_.empty()) unmatched_ = open_.back();
+    if (unmatched_ == 0 && !open_.empty()) unmatched_ = open_.back().token;
     open_ = {};
 }
 
@@ -88,23 +112,22 @@ void BracketTable::close(TokenIndex token, TokenKind opening) {
         if (unmatched_ == 0) unmatched_ = token;
         return;
     }
-    entries_[open_.back()].partner = token;
-    entries_[token].partner = open_.back();
-    open_.pop_back();
+    enter(token);
+    join(token);
 }
 
+// A `>>` closes two of them.
 void BracketTable::closeAngle(TokenIndex token) {
     if (topKind() != Kind::Less) return;
-    const TokenIndex open = open_.back();
-    open_.pop_back();
-    entries_[open].partner = token;
-    entries_[token].partner = open;
+    const bool holdsLogic = top().holdsLogic;
+    if (inBlock_[token] == 0) enter(token);
+    join(token);
     // What an inner pair holds, the outer one holds as well.
-    if (entries_[open].holdsLogic && topKind() == Kind::Less) entries_[open_.back()].holdsLogic = 1;
+    if (holdsLogic && topKind() == Kind::Less) top().holdsLogic = 1;
 }
 
 void BracketTable::noteLogic() {
-    if (topKind() == Kind::Less) entries_[open_.back()].holdsLogic = 1;
+    if (topKind() == Kind::Less) top().holdsLogic = 1;
 }
 
 void BracketTable::dropAngles() {

@@ -77,6 +77,7 @@ private:
     void noteAligned(TokenIndex comment);
     void voteForDistance();
     void voteForLine(ValueVotes& votes, std::string value, std::optional<std::string> behind);
+    std::size_t lineOf(TokenIndex token) const;
     std::string_view leadOf(TokenIndex token) const;
     std::string baseOf(std::uint32_t scope) const;
     std::optional<std::string> behindBase(std::string_view lead, std::string_view base) const;
@@ -87,8 +88,8 @@ private:
     const GapTable* gaps_ = nullptr;
     std::vector<std::uint32_t> lines_;  // where they begin in the source
     // Comments behind code that share a column, line by line
-    std::uint32_t alignedLine_ = 0;  // of the last one, from 0
-    std::size_t least_ = 0;          // the shortest gap in front of one; 0 if there is none
+    std::size_t alignedLine_ = 0;  // of the last one, from 0
+    std::size_t least_ = 0;        // the shortest gap in front of one; 0 if there is none
 };
 
 void EvidenceObserver::observe(const GapText& text, const GapTable& gaps, std::string_view written,
@@ -171,7 +172,7 @@ void EvidenceObserver::voteForLine(ValueVotes& votes, std::string value, std::op
 // The longest line of a group tells the distance between code and comments.
 void EvidenceObserver::noteAligned(TokenIndex comment) {
     const std::string_view gap = text_->gap(comment);
-    const std::uint32_t line = text_->token(comment).line;
+    const std::size_t line = lineOf(comment);
     if (least_ > 0 && line != alignedLine_ + 1) voteForDistance();
     alignedLine_ = line;
     if (text_->lineFeeds(comment) > 0 || gap.find('\t') != std::string_view::npos) return;
@@ -184,19 +185,25 @@ void EvidenceObserver::voteForDistance() {
     least_ = 0;
 }
 
+// Of the source, from 0.
+std::size_t EvidenceObserver::lineOf(TokenIndex token) const {
+    const auto behind = std::upper_bound(lines_.begin(), lines_.end(), text_->token(token).begin);
+    return static_cast<std::size_t>(behind - lines_.begin()) - 1;
+}
+
 // What the line of the source begins with on which the token stands.
 std::string_view EvidenceObserver::leadOf(TokenIndex token) const {
-    const std::string_view line = text_->source().substr(lines_[text_->token(token).line]);
+    const std::string_view line = text_->source().substr(lines_[lineOf(token)]);
     return line.substr(0, std::min(line.find_first_not_of(" \t"), line.size()));
 }
 
 // What the lines of a scope would begin with if it had no text of its own.
 std::string EvidenceObserver::baseOf(std::uint32_t scope) const {
     const IndentScope& inner = gaps_->scopes()[scope];
-    if (inner.isAnchored) return std::string(leadOf(inner.anchor));
-    if (inner.base == scope) return {};
-    std::string base = baseOf(inner.base);
-    if (inner.isBelow) base += gaps_->text(gaps_->scopes()[inner.base].rule);
+    if (inner.isAnchored) return std::string(leadOf(inner.anchor()));
+    if (inner.base() == scope) return {};
+    std::string base = baseOf(inner.base());
+    if (inner.isBelow) base += gaps_->text(gaps_->scopes()[inner.base()].rule);
     return base;
 }
 

@@ -210,15 +210,19 @@ void BlankConverter::convertDirective(std::string_view text) {
 }  // namespace
 
 std::string convertBlanks(const GapText& text, const GapTable& gaps, const Scheme& scheme, std::string_view laid,
-                          const std::vector<std::uint32_t>& places) {
+                          const PieceSizes& pieces) {
     BlankConverter converter(scheme, laid);
+    PieceSizes::Reader sizes(pieces);
+    sizes.next();  // nothing stands in front of the first gap
+    std::size_t at = 0;
     for (TokenIndex token = 1; token <= text.size(); ++token) {
-        const std::uint32_t* place = &places[2 * std::size_t{token} - 2];
-        const std::size_t end = token < text.size() ? place[2] : laid.size();
-        const std::string_view gap = laid.substr(place[0], place[1] - place[0]);
-        const std::string_view body = laid.substr(place[1], end - place[1]);
+        const std::string_view gap = laid.substr(at, sizes.next());
+        const std::size_t begin = at + gap.size();
+        const std::string_view body = laid.substr(begin, token < text.size() ? sizes.next() : laid.size() - begin);
+        const std::string_view both = laid.substr(at, gap.size() + body.size());
+        at += both.size();
         if (converter.isPlain(gap, body, text.token(token).holdsLines)) {
-            converter.copy(laid.substr(place[0], end - place[0]));
+            converter.copy(both);
             continue;
         }
         const bool isFixed = gaps[token].sort == Gap::Sort::Fixed;

@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "second/Brevis_GapTable.h"
+#include "second/Brevis_PieceSizes.h"
 
 namespace Brevis {
 
-// `laid` holds the tokens of `text`; `places` tells for each of them where its gap and where it begins. Tabs turn into
+// `laid` holds the tokens of `text`; `pieces` tells the sizes of the gap and of the text of each of them. Tabs turn into
 // blanks wherever they stand outside of literals, in comments and directives too. Blanks turn into tabs between tokens
 // and in the indent of comments. What is fixed stays.
 std::string convertBlanks(const GapText& text, const GapTable& gaps, const Scheme& scheme, std::string_view laid,
-                          const std::vector<std::uint32_t>& places);
+                          const PieceSizes& pieces);
 
 }  // namespace Brevis

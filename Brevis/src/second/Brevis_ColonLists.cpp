@@ -17,7 +17,7 @@ void ColonLists::indentInList(TokenIndex token, List& list, Scope item) {
     const Role role = text_.role(token);
     if (token == list.first) {
         if (!gaps_.startsLine(token)) return;
-        list.aligned = gaps_.addScope({.anchor = token, .mode = Mode::Indent, .isAnchored = true});
+        list.aligned = gaps_.addScope({.from = token, .mode = Mode::Indent, .isAnchored = true});
         if (isDecided(token) && hasTail(token)) gaps_.setScope(token, shared(item));
         return;
     }
@@ -44,15 +44,15 @@ void ColonLists::begin(TokenIndex colon, List& list, Scope item) {
     list = {.colon = colon, .first = text_.next(colon), .item = item};
     if (isDecided(colon)) gaps_.setScope(colon, shared(item));
     const bool breaksBehind = gaps_.startsLine(list.first);
-    list.colonLine = gaps_.addScope({.anchor = colon, .mode = Mode::Indent, .isAnchored = true});
-    list.aligned = gaps_.addScope({.anchor = colon, .mode = Mode::Behind, .isAnchored = true});
+    list.colonLine = gaps_.addScope({.from = colon, .mode = Mode::Indent, .isAnchored = true});
+    list.aligned = gaps_.addScope({.from = colon, .mode = Mode::Behind, .isAnchored = true});
     list.kept = scheme_.alignContinuationLeft && !breaksBehind
                     ? list.aligned
-                    : gaps_.addScope({.anchor = colon, .mode = Mode::Distance, .isAnchored = true});
+                    : gaps_.addScope({.from = colon, .mode = Mode::Distance, .isAnchored = true});
 }
 
 // In contrast to the base of what stands on the item's lines, the item's own.
-ColonLists::Scope ColonLists::shared(Scope base) { return gaps_.addScope({.mode = Mode::Indent, .base = base}); }
+ColonLists::Scope ColonLists::shared(Scope base) { return gaps_.addScope({.from = base, .mode = Mode::Indent}); }
 
 bool ColonLists::isDecided(TokenIndex token) const {
     const Gap::Sort sort = gaps_[token].sort;

@@ -81,7 +81,7 @@ void CommentRules::behindCode(TokenIndex first, TokenIndex behind) {
             continue;
         }
         gaps_.keep(token);
-        gaps_.setScope(token, gaps_.addScope({.anchor = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
+        gaps_.setScope(token, gaps_.addScope({.from = anchor, .mode = IndentScope::Mode::At, .isAnchored = true}));
     }
 }
 
@@ -123,7 +123,7 @@ void CommentRules::farRight(TokenIndex first, TokenIndex behind) {
     const int toBehind = text_.column(first, scheme_.tabSize) - text_.column(behind, scheme_.tabSize);
     if (distance < farDistance || (text_.startsLine(behind) && toBehind < farDistance)) return;
     if (!gaps_.startsLine(code)) return;
-    const auto scope = gaps_.addScope({.anchor = code, .isAnchored = true});
+    const auto scope = gaps_.addScope({.from = code, .isAnchored = true});
     for (TokenIndex token = first; token < behind && (token == first || goesOn(token)); ++token) {
         gaps_.keep(token);
         gaps_.setScope(token, scope);
@@ -143,7 +143,7 @@ void CommentRules::belowDeclaration(TokenIndex first, TokenIndex behind) {
     while (!text_.startsLine(code)) --code;
     if (text_.column(first, scheme_.tabSize) <= text_.column(code, scheme_.tabSize)) return;
     if (!gaps_.startsLine(code)) return;
-    const auto scope = gaps_.addScope({.anchor = code, .isAnchored = true});
+    const auto scope = gaps_.addScope({.from = code, .isAnchored = true});
     for (TokenIndex token = first; token <= last; ++token) gaps_.setScope(token, scope);
 }
 

@@ -327,7 +327,7 @@ void ContinuationColumns::place(TokenIndex token) {
     const Frame& frame = top();
     if (frame.isBody && !frame.isExpression) return;
     if (token == itemStart_ || (token == frame.last && text_.kind(token) == Kind::CloseBrace)) return;
-    if (text_.role(token) == Role::LambdaBody) return;
+    if (text_.role(token) == Role::LambdaBody || goesByHolder(token)) return;
     if (scheme_.alignOperandsLeft && frame.isExpression && token != frame.last && placeOperand(token)) return;
     if (frame.isBracket && placeInList(token)) return;
     if (frame.colon == 0 || token <= frame.colon) return;
@@ -336,7 +336,13 @@ void ContinuationColumns::place(TokenIndex token) {
     if (!isAligned || text_.kind(token) == Kind::OpenBrace) return;
     if (text_.kind(token) == Kind::Comma) return gaps_.setScope(token, at(frame.colon, false));
     if (!isContinued(frame.colon)) return;
-    gaps_.setScope(token, gaps_.addScope({.anchor = frame.colon, .mode = Mode::Behind, .isAnchored = true}));
+    gaps_.setScope(token, gaps_.addScope({.from = frame.colon, .mode = Mode::Behind, .isAnchored = true}));
+}
+
+// Whether the brace of a body in a bracket stands below the statement that holds both: `MACRO(name,`, `{ ... });`.
+bool ContinuationColumns::goesByHolder(TokenIndex token) const {
+    const bool isBody = text_.role(token) == Role::Body && text_.kind(token) == Kind::OpenBrace;
+    return isBody && !gaps_.scopes()[gaps_[token].scope].isAnchored;
 }
 
 // In a bracket: behind it, or if nothing follows it there, indented from the element that it belongs to.
@@ -346,7 +352,7 @@ bool ContinuationColumns::placeInList(TokenIndex token) {
     if (frame.hasBehind) {
         if (frame.behind == 0) {
             frame.behind =
-                gaps_.addScope({.anchor = frame.first, .mode = Mode::Behind, .rule = indent_, .isAnchored = true});
+                gaps_.addScope({.from = frame.first, .mode = Mode::Behind, .rule = indent_, .isAnchored = true});
         }
         gaps_.setScope(token, frame.behind);
         return true;
@@ -426,7 +432,7 @@ ContinuationColumns::Scope ContinuationColumns::scopeOf(Level& level) {
 
 ContinuationColumns::Scope ContinuationColumns::at(TokenIndex anchor, bool isIndented) {
     return gaps_.addScope(
-        {.anchor = anchor, .mode = Mode::At, .rule = isIndented ? indent_ : GapRule::None, .isAnchored = true});
+        {.from = anchor, .mode = Mode::At, .rule = isIndented ? indent_ : GapRule::None, .isAnchored = true});
 }
 
 }  // namespace Brevis

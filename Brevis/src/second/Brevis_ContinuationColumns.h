@@ -74,6 +74,7 @@ private:
 
     void place(TokenIndex token);
     bool placeOperand(TokenIndex token);
+    bool goesByHolder(TokenIndex token) const;
     bool placeInList(TokenIndex token);
     Scope scopeOf(Level& level);
     Scope at(TokenIndex anchor, bool isIndented);

@@ -140,9 +140,9 @@ int ChangeFinder::lineAt(std::size_t offset) const {
 int ChangeFinder::ownerLine() const {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
     std::uint32_t scope = gaps_[token_].scope;
-    while (!scopes[scope].isAnchored && scope != scopes[scope].base) scope = scopes[scope].base;
-    if (scopes[scope].anchor == 0) return 0;
-    const int line = lineAt(text_.token(scopes[scope].anchor).begin);
+    while (!scopes[scope].isAnchored && scope != scopes[scope].base()) scope = scopes[scope].base();
+    if (scopes[scope].anchor() == 0) return 0;
+    const int line = lineAt(text_.token(scopes[scope].anchor()).begin);
     return line < static_cast<int>(lines_.size()) ? line : 0;
 }
 
@@ -193,7 +193,7 @@ Reason ChangeFinder::reasonOfIndent() const {
             return text_.kind(token_) == Trn::Kind::Directive ? keyOf(ruleOf<&Scheme::alignPpdLeftMost>())
                                                               : keyOf(ruleOf<&Scheme::alignLabelsLeftMost>());
         case Mode::Behind:
-            if (!gaps_.startsLine(scope.anchor + 1)) return keyOf(ruleOf<&Scheme::alignContinuationLeft>());
+            if (!gaps_.startsLine(scope.anchor() + 1)) return keyOf(ruleOf<&Scheme::alignContinuationLeft>());
             break;
         default:
             break;

@@ -29,6 +29,8 @@ GapTable::GapTable(const GapText& text, const Scheme& scheme) : text_(&text), ga
     for (TokenIndex token = 1; text.hasFixed() && token <= text.size(); ++token) {
         if (text.token(token).isFixed) fix(token);
     }
+    // A table that grows stands twice in memory for a while; room that nobody uses takes none.
+    scopes_.reserve(2 * std::size_t{text.size()});
     scopes_.push_back({.mode = IndentScope::Mode::Distance});
 }
 
@@ -48,9 +50,9 @@ void GapTable::addBlankLines(GapRule rule, int count) {
 // A scope shares the base of one with an anchor, or of one that stands below another.
 std::uint32_t GapTable::addScope(const IndentScope& scope) {
     scopes_.push_back(scope);
-    const IndentScope& base = scopes_[scope.base];
+    const IndentScope& base = scopes_[scope.base()];
     const bool isLink = !base.isAnchored && !base.isBelow;
-    if (isLink && !scope.isAnchored && !scope.isBelow) scopes_.back().base = base.base;
+    if (isLink && !scope.isAnchored && !scope.isBelow) scopes_.back().from = base.from;
     return static_cast<std::uint32_t>(scopes_.size() - 1);
 }
 

@@ -159,28 +159,30 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
     : source_(source),
       brackets_(table.takeBrackets()),
       outline_(table.takeOutline()),
-      tokens_(table.tokens().size() + 1) {
+      tokens_(table.tokens().size() + 1),
+      newLines_(tokens_.size() / wordBits + 1) {
     const Trn::TokenBuffer& buffer = table.tokens();
     const char* const text = source.data();
     const std::uint8_t narrowTraits = WideBytes(source).hasAny() ? isSign : 0xFF;
     LineFeeds feeds(source);
     GapToken* token = tokens_.data() + 1;
     std::size_t end = 0;
-    std::uint32_t line = 0;
+    bool isBehindLines = false;
     bool isFixed = false;
+    TokenIndex index = 1;
     const auto readGap = [&](std::size_t begin) {
         token->begin = static_cast<std::uint32_t>(begin);
+        bool startsLine = isBehindLines;
         if (begin != end) {
             const std::uint32_t lineFeeds = feeds.countUpTo(begin);
-            line += lineFeeds;
+            startsLine = startsLine || lineFeeds > 0;
             token->lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
             isFixed = isFixed || !isWhiteSpace(text + end, text + begin);
         }
-        token->line = line;
+        if (startsLine) noteLine(index);
         token->isFixed = isFixed;
         if (isFixed) hasFixed_ = true;
     };
-    TokenIndex index = 1;
     for (; buffer.kind(index) != Kind::EndOfInput; ++index, ++token) {
         const Trn::TokenKind kind = buffer.kind(index);
         const std::uint8_t traits = kindTraits[static_cast<std::size_t>(kind)];
@@ -188,7 +190,7 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         const std::size_t begin = std::max(extent.begin, end);
         readGap(begin);
         end = std::max(begin, extent.end);
-        isFixed = false;
+        isFixed = isBehindLines = false;
         const Role role = table.role(index);
         token->kind = static_cast<std::int8_t>(kind);
         token->role = role;
@@ -196,9 +198,8 @@ GapText::GapText(std::string_view source, Cpp::TokenTable table)
         token->isNarrow = (narrowTraits & (traits | isTrivialKind)) != 0;
         if ((traits & isSign) == 0) {
             end = endOf(text, begin, end, kind);
-            const std::uint32_t inside = feeds.countUpTo(end);
-            line += inside;
-            token->holdsLines = inside > 0;
+            isBehindLines = feeds.countUpTo(end) > 0;
+            token->holdsLines = isBehindLines;
             // Behind a backslash a line goes on: a comment there belongs to the directive in front of it.
             isFixed = end > 0 && text[end - 1] == '\\';
             if ((traits & isTrivialKind) != 0) trivia_.push_back(index);
@@ -215,23 +216,35 @@ GapText::GapText(std::string_view laid, const GapText& text)
       brackets_(text.brackets_),
       outline_(text.outline_),
       tokens_(text.tokens_),
+      newLines_(tokens_.size() / wordBits + 1),
       trivia_(text.trivia_),
       hasFixed_(text.hasFixed_) {
     LineFeeds feeds(laid);
     std::size_t end = 0;
-    std::uint32_t line = 0;
+    bool isBehindLines = false;
     for (TokenIndex index = 1; index <= text.size(); ++index) {
         GapToken& token = tokens_[index];
         const std::size_t begin = beginIn(laid, end, text, index);
         const std::uint32_t lineFeeds = feeds.countUpTo(begin);
         end = endIn(laid, begin, text, index);
-        line += lineFeeds;
+        if (lineFeeds > 0 || isBehindLines) noteLine(index);
         token.begin = static_cast<std::uint32_t>(begin);
         token.end = static_cast<std::uint32_t>(end);
-        token.line = line;
         token.lineFeeds = static_cast<std::uint8_t>(std::min<std::uint32_t>(lineFeeds, 255));
-        line += feeds.countUpTo(end);
+        isBehindLines = feeds.countUpTo(end) > 0;
     }
+}
+
+bool GapText::isStretchOnOneLine(TokenIndex a, TokenIndex b) const {
+    const auto [first, last] = std::minmax(a, b);
+    if (first == last) return true;
+    std::size_t word = (first + 1) / wordBits;
+    std::uint64_t bits = newLines_[word] & ~std::uint64_t{0} << (first + 1) % wordBits;
+    for (; word < last / wordBits; bits = newLines_[word]) {
+        if (bits != 0) return false;
+        ++word;
+    }
+    return (bits & ~std::uint64_t{0} >> (wordBits - 1 - last % wordBits)) == 0;
 }
 
 bool GapText::joins(TokenIndex index) const {

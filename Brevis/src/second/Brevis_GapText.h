@@ -17,7 +17,6 @@ using Trn::TokenIndex;
 struct GapToken {
     std::uint32_t begin = 0;  // offsets in the text
     std::uint32_t end = 0;
-    std::uint32_t line = 0;  // from 0, on which it begins
     std::int8_t kind = Trn::Kind::EndOfInput;
     Cpp::Role role = Cpp::Role::None;
     std::uint8_t lineFeeds = 0;  // in the gap in front of it, 255 for more
@@ -27,7 +26,7 @@ struct GapToken {
     bool isNarrow : 1 = false;  // known to take one column a byte
     std::uint8_t free : 4 = 0;
 };
-static_assert(sizeof(GapToken) == 16);
+static_assert(sizeof(GapToken) == 12);
 
 // Tokens count from 1, as those of the table, up to `size`, which is no token: its gap is the end of the text.
 class GapText {
@@ -80,7 +79,6 @@ public:
         while (isTrivia(index));
         return index;
     }
-    // Whether the source has no line feed between the two, trivia included.
     // Whether nothing stands between a comma and the comma or the bracket `end` behind it.
     bool isEmptyArgument(TokenIndex end) const {
         return (kind(end) == Trn::Kind::Comma || kind(end) == Trn::Kind::CloseParen) &&
@@ -92,7 +90,10 @@ public:
         return (here == Cpp::Role::Binary || here == Cpp::Role::Comparison) && lineFeeds(token) == 0 &&
                gap(token).find('\t') == std::string_view::npos;
     }
-    bool isOnOneLine(TokenIndex first, TokenIndex last) const { return tokens_[first].line == tokens_[last].line; }
+    // Whether the two begin on one line.
+    bool isOnOneLine(TokenIndex a, TokenIndex b) const {
+        return b == a + 1 ? !beginsOtherLine(b) : isStretchOnOneLine(a, b);
+    }
 
     // Whether a token and the one in front of it would become others with nothing in between.
     bool wouldJoin(TokenIndex index) const {
@@ -116,6 +117,11 @@ public:
     bool hasFixed() const { return hasFixed_; }
 
 private:
+    // A bit for each token, whether it begins on another line than the one in front of it.
+    static constexpr std::size_t wordBits = 64;
+    void noteLine(TokenIndex index) { newLines_[index / wordBits] |= std::uint64_t{1} << index % wordBits; }
+    bool beginsOtherLine(TokenIndex index) const { return (newLines_[index / wordBits] >> index % wordBits & 1) != 0; }
+    bool isStretchOnOneLine(TokenIndex a, TokenIndex b) const;
     // Whether it is a bracket, a comma or a semicolon, of one character.
     static constexpr bool standsAlone(const GapToken& token) {
         namespace Kind = Trn::Kind;
@@ -131,6 +137,7 @@ private:
     Trn::BracketTable brackets_;
     Cpp::Outline outline_;
     std::vector<GapToken> tokens_;
+    std::vector<std::uint64_t> newLines_;
     std::vector<TokenIndex> trivia_;
     bool hasFixed_ = false;
 };

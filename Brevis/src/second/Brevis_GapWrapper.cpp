@@ -134,11 +134,11 @@ void GapWrapper::breakAt(TokenIndex token, const Stretch& aligned) {
     if (!hasOwnIndent(token)) {
         switch (scheme_.wrapStyle) {
             case 1:
-                gap.scope = gaps_.addScope({.anchor = aligned.first, .mode = Mode::At, .isAnchored = true});
+                gap.scope = gaps_.addScope({.from = aligned.first, .mode = Mode::At, .isAnchored = true});
                 break;
             case 2:
                 gap.scope =
-                    gaps_.addScope({.anchor = line_,
+                    gaps_.addScope({.from = line_,
                                     .mode = Mode::Indent,
                                     .rule = scheme_.wrapIndent.isSet ? ruleOf<&Scheme::wrapIndent>() : GapRule::None,
                                     .isAnchored = true});

@@ -34,26 +34,32 @@ GapWriter::GapWriter(const GapText& text, const Scheme& scheme, const GapTable& 
       nextBlock_(kept != nullptr ? 1 : 0),
       columns_(scheme.tabSize),
       sourceColumns_(scheme.tabSize),
-      bases_(gaps.scopes().size()) {
+      ofScope_(gaps.scopes().size()) {
     lines_.push_back({});  // of the scopes without an anchor
 }
 
 // Only of scopes that indent a line: most hold none.
 void GapWriter::findAnchors() {
+    constexpr std::uint32_t isUsed = 1;
     const std::vector<IndentScope>& scopes = gaps_.scopes();
-    std::vector<bool> isUsed(scopes.size());
     for (TokenIndex token = 1; token < text_.size(); ++token) {
         if (text_.lineFeeds(token) == 0 && gaps_[token].sort <= Gap::Sort::Blanks) continue;
-        for (std::uint32_t scope = gaps_[token].scope; !isUsed[scope]; scope = scopes[scope].base) isUsed[scope] = true;
+        for (std::uint32_t scope = gaps_[token].scope; ofScope_[scope] == 0; scope = scopes[scope].base()) {
+            ofScope_[scope] = isUsed;
+        }
     }
     for (std::uint32_t scope = 0; scope < scopes.size(); ++scope) {
-        if (isUsed[scope] && scopes[scope].isAnchored) anchored_.push_back(scope);
+        if (ofScope_[scope] == 0) continue;
+        ofScope_[scope] = 0;
+        if (scopes[scope].isAnchored) anchored_.push_back(scope);
     }
     // Those of the walk are in order, and so are those that came later.
-    const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor < scopes[b].anchor; };
+    const auto isEarlier = [&](std::uint32_t a, std::uint32_t b) { return scopes[a].anchor() < scopes[b].anchor(); };
     const auto later = std::is_sorted_until(anchored_.begin(), anchored_.end(), isEarlier);
     if (!std::is_sorted(later, anchored_.end(), isEarlier)) std::stable_sort(later, anchored_.end(), isEarlier);
     std::inplace_merge(anchored_.begin(), later, anchored_.end(), isEarlier);
+    bases_.resize(anchored_.size() + 1);
+    for (std::size_t at = 0; at < anchored_.size(); ++at) ofScope_[anchored_[at]] = static_cast<std::uint32_t>(at + 1);
 }
 
 // What most gaps are: within a line before and afterwards. False for any other, of which nothing is written.
@@ -111,7 +117,7 @@ void GapWriter::runFrom(TokenIndex first, TokenIndex end) {
         const bool isInDraft = columns == Columns::OfComments && Trn::isTrivia(at.kind);
         if (isInDraft) noteGap(token);
         if constexpr (columns == Columns::OfAll) (*places_)[token - placesBegin_].gap = laidColumn_;
-        if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (isMarking) pieces_.endAt(position());
         if (token == end || !writeInLine<columns>(token, at)) {
             if (at.lineFeeds > 0) beginSourceLine(lineBeginOf(at.begin));
             writeGap(token);
@@ -120,7 +126,7 @@ void GapWriter::runFrom(TokenIndex first, TokenIndex end) {
         }
         if (isInDraft) notePlace(token);
         if (fresh_ != nextAnchor_) noteBehind(token);
-        if (isMarking) marks_.push_back(static_cast<std::uint32_t>(position()));
+        if (isMarking) pieces_.endAt(position());
         if constexpr (columns == Columns::OfAll) {
             (*places_)[token - placesBegin_].column = laidColumn_;
             (*places_)[token - placesBegin_].line = lineNumber_;
@@ -184,7 +190,7 @@ void GapWriter::goBackTo(const Progress& progress) {
     isLineStart_ = progress.isLineStart;
     hasLine_ = progress.hasLine;
     lines_.resize(progress.lines);
-    for (std::size_t at = progress.nextAnchor; at < nextAnchor_; ++at) bases_[anchored_[at]] = {};
+    for (std::size_t at = progress.nextAnchor; at < nextAnchor_; ++at) bases_[at + 1] = {};
     nextAnchor_ = progress.nextAnchor;
     nextAnchorToken_ = progress.nextAnchorToken;
     fresh_ = progress.fresh;
@@ -194,13 +200,13 @@ void GapWriter::goBackTo(const Progress& progress) {
 }
 
 std::string GapWriter::write() {
-    out_.reserve(text_.source().size() + text_.source().size() / 8);
+    out_.reserve(2 * text_.source().size());
     converts_ = scheme_.convertWs == 2 || (scheme_.convertWs == 1 && mayHoldTabs());
-    if (converts_) marks_.reserve(2 * std::size_t{text_.size()});
+    if (converts_) pieces_.reserve(2 * std::size_t{text_.size()});
     run<Columns::OfNone>();
     flush();
     if (!converts_) return std::move(out_);
-    return convertBlanks(text_, gaps_, scheme_, out_, marks_);
+    return convertBlanks(text_, gaps_, scheme_, out_, pieces_);
 }
 
 // Beside the tabs of the source only texts of the scheme bring some.
@@ -210,7 +216,7 @@ bool GapWriter::mayHoldTabs() const {
 }
 
 std::string GapWriter::writeDraft(std::vector<DraftPlace>& places) {
-    out_.reserve(text_.source().size() + text_.source().size() / 8);
+    out_.reserve(2 * text_.source().size());
     draftPlaces_ = &places;
     run<Columns::OfComments>();
     flush();
@@ -452,12 +458,12 @@ std::string_view GapWriter::indentOf(std::uint32_t scope) {
 // The base of a scope, with what the scopes that it stands below add to it.
 void GapWriter::addBase(std::uint32_t scope) {
     const IndentScope& inner = gaps_.scopes()[scope];
-    if (inner.isAnchored || inner.base == scope) {
-        indent_ += outLead(bases_[scope]);
+    if (inner.isAnchored || inner.base() == scope) {
+        indent_ += outLead(bases_[ofScope_[scope]]);
         return;
     }
-    addBase(inner.base);
-    if (inner.isBelow) indent_ += gaps_.text(gaps_.scopes()[inner.base].rule);
+    addBase(inner.base());
+    if (inner.isBelow) indent_ += gaps_.text(gaps_.scopes()[inner.base()].rule);
 }
 
 // Whether the code behind a directive begins a line, and closes nothing.
@@ -531,13 +537,13 @@ int GapWriter::scratchColumn() const {
 
 const GapWriter::Base& GapWriter::baseOf(std::uint32_t scope) const {
     const std::vector<IndentScope>& scopes = gaps_.scopes();
-    while (!scopes[scope].isAnchored && scope != scopes[scope].base) scope = scopes[scope].base;
-    return bases_[scope];
+    while (!scopes[scope].isAnchored && scope != scopes[scope].base()) scope = scopes[scope].base();
+    return bases_[ofScope_[scope]];
 }
 
 void GapWriter::findNextAnchor() {
     const bool isLast = nextAnchor_ == anchored_.size();
-    nextAnchorToken_ = isLast ? text_.size() : gaps_.scopes()[anchored_[nextAnchor_]].anchor;
+    nextAnchorToken_ = isLast ? text_.size() : gaps_.scopes()[anchored_[nextAnchor_]].anchor();
 }
 
 void GapWriter::noteAnchors(TokenIndex token) {
@@ -548,7 +554,7 @@ void GapWriter::noteAnchors(TokenIndex token) {
     fresh.isStill = isLineStill() ? 1 : 0;
     fresh_ = nextAnchor_;
     for (; token >= nextAnchorToken_; ++nextAnchor_, findNextAnchor()) {
-        bases_[anchored_[nextAnchor_]] = fresh;
+        bases_[nextAnchor_ + 1] = fresh;
     }
 }
 
@@ -556,7 +562,7 @@ void GapWriter::noteAnchors(TokenIndex token) {
 void GapWriter::noteBehind(TokenIndex token) {
     if (!text_.token(token - 1).holdsLines) {
         for (std::size_t at = fresh_; at < nextAnchor_; ++at) {
-            Base& base = bases_[anchored_[at]];
+            Base& base = bases_[at + 1];
             if (!isLineStart_) base.behind = static_cast<std::uint32_t>(position());
             if (text_.lineFeeds(token) == 0) base.sourceBehind = text_.token(token).begin;
             if (!isLineStill() || isLineStart_ != (text_.lineFeeds(token) > 0)) base.isStill = 0;

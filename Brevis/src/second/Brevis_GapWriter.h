@@ -10,6 +10,7 @@
 #include "second/Brevis_GapTable.h"
 #include "second/Brevis_LaidPlace.h"
 #include "second/Brevis_LineColumns.h"
+#include "second/Brevis_PieceSizes.h"
 
 namespace Brevis {
 
@@ -154,9 +155,9 @@ private:
     std::string out_;
     std::size_t runBegin_ = 0, runEnd_ = 0;
     std::string scratch_;
-    TokenIndex nextCode_ = 0;           // behind the last directive that asked for it
-    bool converts_ = false;             // white space, behind the writing
-    std::vector<std::uint32_t> marks_;  // where each gap and each token begins, if white space is to be converted
+    TokenIndex nextCode_ = 0;  // behind the last directive that asked for it
+    bool converts_ = false;    // white space, behind the writing
+    PieceSizes pieces_;        // each gap and each token, if white space is to be converted
     KeptColumns* kept_ = nullptr;
     TokenIndex nextBlock_ = 0;  // in which columns may be kept; 0 for none
     // Only if places are asked for
@@ -179,8 +180,9 @@ private:
     std::uint32_t indentScope_ = noScope;  // whose lines begin with `indent_`, as long as no anchor comes
     std::string indent_;
 
-    std::vector<Base> bases_;              // of the scopes
     std::vector<std::uint32_t> anchored_;  // the scopes with an anchor, in the order of their anchors
+    std::vector<Base> bases_;              // theirs, behind that of all others
+    std::vector<std::uint32_t> ofScope_;   // the numbers of the bases; most scopes indent no line
     std::size_t nextAnchor_ = 0;           // in `anchored_`
     TokenIndex nextAnchorToken_ = 0;       // its anchor
     std::size_t fresh_ = 0;                // from here to `nextAnchor_` the anchor was the last token

@@ -18,12 +18,18 @@ struct IndentScope {
         Margin,    // the left margin of the scheme
     };
 
-    Trn::TokenIndex anchor = 0;
+    // Either a token or the number of another scope, by whose anchor this one goes.
+    std::uint32_t from = 0;
     Mode mode = Mode::Distance;
     GapRule rule = GapRule::None;  // its text is added to the base; None adds nothing
-    bool isAnchored = false;       // by `anchor`; otherwise it shares the base of the scope `base`
-    std::uint32_t base = 0;
-    bool isBelow = false;  // the text of the scope `base` belongs to the base of this one, which must be an Indent
+    bool isAnchored = false;       // by the token `from`; otherwise it shares the base of the scope `from`
+    bool isBelow = false;          // the text of the scope `from` belongs to the base of this one, which must be an Indent
+
+    // 0 for a scope without one of its own.
+    Trn::TokenIndex anchor() const { return isAnchored ? from : 0; }
+    // That of every table for a scope with an anchor of its own.
+    std::uint32_t base() const { return isAnchored ? 0 : from; }
 };
+static_assert(sizeof(IndentScope) == 8);
 
 }  // namespace Brevis

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "second/Brevis_GapWrapper.h"
+
 namespace Brevis {
 
 namespace Kind = Trn::Kind;
@@ -49,11 +51,11 @@ TokenIndex ItemWalk::passQuiet(TokenIndex token) {
 // ---- Scopes
 
 ItemWalk::Scope ItemWalk::anchored(TokenIndex anchor, Mode mode, GapRule rule) {
-    return gaps_.addScope({.anchor = anchor, .mode = mode, .rule = rule, .isAnchored = true});
+    return gaps_.addScope({.from = anchor, .mode = mode, .rule = rule, .isAnchored = true});
 }
 
 ItemWalk::Scope ItemWalk::sharing(Scope base, Mode mode, GapRule rule) {
-    return gaps_.addScope({.mode = mode, .rule = rule, .base = base});
+    return gaps_.addScope({.from = base, .mode = mode, .rule = rule});
 }
 
 ItemWalk::Scope ItemWalk::indented(Scope base, GapProperty property) {
@@ -64,7 +66,7 @@ ItemWalk::Scope ItemWalk::indented(Scope base, GapProperty property) {
 ItemWalk::Scope ItemWalk::levelOf(const Frame& body, Scope otherwise) {
     const IndentScope& inner = gaps_.scopes()[body.inner];
     if (body.sort != Frame::Sort::Body || inner.mode != Mode::Indent || inner.isAnchored) return otherwise;
-    return gaps_.addScope({.mode = Mode::Indent, .base = body.inner, .isBelow = true});
+    return gaps_.addScope({.from = body.inner, .mode = Mode::Indent, .isBelow = true});
 }
 
 ItemWalk::Scope ItemWalk::below(Scope base, GapProperty property) {
@@ -373,7 +375,7 @@ ItemWalk::Scope ItemWalk::baseInBracket(TokenIndex brace, const BodyKeys& keys, 
         text_.column(holder->first, scheme_.tabSize) == column) {
         return holder->own;
     }
-    const TokenIndex head = gaps_.scopes()[own].anchor;
+    const TokenIndex head = gaps_.scopes()[own].anchor();
     TokenIndex first = brace;
     while (first > head && !text_.startsLine(first)) --first;
     const bool isBelow = first > head &&
@@ -388,8 +390,10 @@ TokenIndex ItemWalk::bracketAbove(TokenIndex brace, const BodyKeys& keys) const 
     const TokenIndex close = text_.partner(brace);
     const TokenIndex content = text_.next(brace);
     if (keys.role != Role::LambdaBody || !text_.startsLine(close) || !text_.startsLine(content)) return 0;
-    if (text_.startsLine(gaps_.scopes()[frames_.back().lambda].anchor)) return 0;
+    if (text_.startsLine(gaps_.scopes()[frames_.back().lambda].anchor())) return 0;
     const int column = text_.column(close, scheme_.tabSize);
+    const bool isWithClose = text_.startsLine(brace) && text_.column(brace, scheme_.tabSize) == column;
+    if (gaps_.startsLine(brace) && !isWithClose) return 0;
     const int indent = columnBehind(gaps_.text(keys.indent.rule), 0, scheme_.tabSize);
     if (!gaps_.isSet(keys.indent.rule) || text_.column(content, scheme_.tabSize) != column + indent) return 0;
     constexpr int deepest = 8;  // no more brackets stand on one line of good sense
@@ -429,9 +433,12 @@ GapProperty ItemWalk::indentOf(const BodyKeys& keys, const Frame& body) const {
 // statement as any other.
 void ItemWalk::indentOpen(TokenIndex brace, const BodyKeys& keys, const Frame& body) {
     if (body.item != nullptr && body.item->sort == Sort::Block && !keys.goesByLabel) return;
-    if (body.item == nullptr && keys.role != Role::LambdaBody && !gaps_.isSet(keys.beforeOpen.rule)) return;
-    const Scope scope =
-        keys.keepsBrace ? sharing(top().own, Mode::Distance, GapRule::None) : below(body.own, keys.beforeOpen);
+    const bool goesByHolder = body.item == nullptr && gaps_.scopes()[body.own].anchor() != brace;
+    const bool isKept = keys.role != Role::LambdaBody && !gaps_.isSet(keys.beforeOpen.rule);
+    if (body.item == nullptr && isKept && !(goesByHolder && text_.startsLine(brace))) return;
+    const Scope scope = body.isBelowBracket ? body.own
+                        : keys.keepsBrace   ? sharing(top().own, Mode::Distance, GapRule::None)
+                                            : below(body.own, keys.beforeOpen);
     gaps_.setScope(brace, scope);
     indentComments(brace, scope);
     if (!gaps_.isSet(keys.beforeOpen.rule) || !gaps_.isSet(keys.indent.rule)) return;
@@ -511,15 +518,22 @@ void ItemWalk::leaveParameters(TokenIndex close) {
     outer.inner = sharing(outer.own, Mode::Distance, GapRule::None);
 }
 
-// In a list every element has its own later lines.
+// Also for what goes by the token: comments in front of it, and what wrapping puts on a line of its own.
+bool ItemWalk::mayStartLine(TokenIndex token) const {
+    return gaps_.startsLine(token) || text_.isTrivia(token - 1) || GapWrapper::isWanted(scheme_);
+}
+
+// In a list every element has its own later lines, if there are any: a table of a million numbers has none.
 void ItemWalk::beginElement(TokenIndex token) {
     Frame& list = top();
     const TokenIndex before = text_.previous(token);
     const bool isFirst = before == list.first || text_.kind(before) == Kind::Comma;
     if (isFirst) {
-        list.element = anchored(token, Mode::Distance, GapRule::None);
-    } else if (token != list.last) {
-        gaps_.setScope(token, list.element);
+        list.element = token;
+        list.elementScope = 0;
+    } else if (token != list.last && mayStartLine(token)) {
+        if (list.elementScope == 0) list.elementScope = anchored(list.element, Mode::Distance, GapRule::None);
+        gaps_.setScope(token, list.elementScope);
     }
 }
 

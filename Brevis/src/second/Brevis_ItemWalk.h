@@ -36,7 +36,8 @@ private:
         Scope label = 0;                           // of a Body: the base of its last case label
         const Cpp::OutlineItem* before = nullptr;  // the part or the item of the body that has been opened last
         Scope lambda = 0;                          // the scope of the lambda introducer that has been read last
-        Scope element = 0;                         // of the later lines of an element
+        TokenIndex element = 0;                    // the first token of the element at hand
+        Scope elementScope = 0;                    // of its later lines, once there is one
         GapProperty close{};                       // of a Body: what puts its closing brace on a line
         ColonLists::List colonList{};              // of an Item
         Scope gotoLabel = 0;                       // of a Body: what its goto labels are measured from
@@ -82,6 +83,7 @@ private:
     void readClosing(TokenIndex close);
     void goOnBehind(TokenIndex close);
     void leaveParameters(TokenIndex close);
+    bool mayStartLine(TokenIndex token) const;
     void beginElement(TokenIndex token);
 
     Scope anchored(TokenIndex anchor, IndentScope::Mode mode, GapRule rule);

@@ -227,9 +227,9 @@ bool KeptColumns::isTooLong(TokenIndex first, TokenIndex last) const {
 // The token below which a line begins, or 0.
 TokenIndex KeptColumns::basisOf(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
-    if (!scope.isAnchored || scope.anchor >= first) return 0;
-    if (scope.mode == IndentScope::Mode::At) return scope.anchor;
-    return scope.mode == IndentScope::Mode::Behind ? scope.anchor + 1 : 0;
+    if (!scope.isAnchored || scope.anchor() >= first) return 0;
+    if (scope.mode == IndentScope::Mode::At) return scope.anchor();
+    return scope.mode == IndentScope::Mode::Behind ? scope.anchor() + 1 : 0;
 }
 
 // A line that begins below a token of another line moves with that. Where it comes to stand is known if nothing up to
@@ -237,8 +237,8 @@ TokenIndex KeptColumns::basisOf(TokenIndex first) const {
 bool KeptColumns::isPlaced(TokenIndex first) const {
     const IndentScope& scope = gaps_.scopes()[gaps_[first].scope];
     const bool isBelowToken = scope.mode == IndentScope::Mode::Behind || scope.mode == IndentScope::Mode::At;
-    if (!scope.isAnchored || scope.anchor >= first) return !isBelowToken;
-    const Line& line = lineInFront(scope.anchor);
+    if (!scope.isAnchored || scope.anchor() >= first) return !isBelowToken;
+    const Line& line = lineInFront(scope.anchor());
     return line.isBegun && (!isBelowToken || line.firstLinked > basisOf(first));
 }
 

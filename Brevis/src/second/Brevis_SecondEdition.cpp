@@ -87,25 +87,29 @@ std::optional<FormatterProperties> forTabsOf(std::string_view source, const Form
 FormatResult SecondEdition::format(const FormatterProperties& properties, std::string_view source,
                                    Trn::ParseMessageList& messages, UpdateFunctor& update) const {
     if (!update(analyzingPhase)) return cancelledRun(messages);
-    const std::optional<GapText> gapText = readGaps(source, properties, messages);
-    if (!gapText) return {};
+    std::optional<GapText> text = readGaps(source, properties, messages);
+    if (!text) return {};
     if (!update(formattingPhase)) return cancelledRun(messages);
 
-    const GapText& text = *gapText;
     const std::optional<FormatterProperties> forTabs = forTabsOf(source, properties);
-    GapTable gaps(text, forTabs ? forTabs->scheme : properties.scheme);
-    std::string result = writeLaid(text, forTabs ? *forTabs : properties, gaps);
+    std::optional<GapTable> gaps(std::in_place, *text, forTabs ? forTabs->scheme : properties.scheme);
+    std::string result = writeLaid(*text, forTabs ? *forTabs : properties, *gaps);
     // With tabs left, as in literals, a second run could find another size.
-    if (forTabs && (gaps.holdsTabs() || holdsTabs(result))) {
-        gaps = GapTable(text, properties.scheme);
-        result = writeLaid(text, properties, gaps);
+    if (forTabs && (gaps->holdsTabs() || holdsTabs(result))) {
+        gaps.emplace(*text, properties.scheme);
+        result = writeLaid(*text, properties, *gaps);
     }
     const std::string written = observer_ != nullptr ? result : std::string();
+    // The guard takes memory of its own.
+    if (observer_ == nullptr) {
+        gaps.reset();
+        text.reset();
+    }
     const SeamGuard guard(source,
                           properties.scheme.removeTrailingWs ? SeamGuard::LineEnds::Trimmed : SeamGuard::LineEnds::Kept,
                           SeamGuard::Literals::Free);
     const std::size_t seams = guard.mend(result);
-    if (observer_ != nullptr) observer_->observe(text, gaps, written, result);
+    if (observer_ != nullptr) observer_->observe(*text, *gaps, written, result);
     return {FormatOutcome::Formatted, std::move(result), seams, true};
 }
 

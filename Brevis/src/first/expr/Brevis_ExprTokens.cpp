@@ -4,9 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "Cpp_Lexer.h"
 #include "Vellum_WhiteSpace.h"
-#include "first/text/Brevis_OffsetFinder.h"
 
 namespace Brevis {
 
@@ -80,19 +78,17 @@ void ExprTokens::lex(std::string_view text, LeafDialect dialect) {
     if (brackets > 0) {
         tokens_.resize(count_ + spareTokens);
         pairBrackets();
+        if (brackets <= mostCounted) noteDepths();
     }
     if (hasAngles) findAngleCloses();
 }
 
 void ExprTokens::appendLexed(std::uint32_t begin, std::uint32_t end, std::vector<ExprToken>& tokens) const {
     const std::string_view text = text_.substr(begin, end - begin);
-    Cpp::Lexer lexer(text, dialect_.dialect, dialect_.language);
-    OffsetFinder offsetOf(text);
-    for (Trn::Token token = lexer.next(); token.kind() != Kind::EndOfInput; token = lexer.next()) {
-        // A first position stands behind the first character.
-        const std::uint32_t first = begin + static_cast<std::uint32_t>(offsetOf(token.first())) - 1;
-        if (tokens.size() == tokens.capacity()) growFor(tokens, first - begin + 1, text.size());
-        tokens.push_back({token.kind(), first, begin + static_cast<std::uint32_t>(offsetOf(token.last())), none});
+    LeafLexer lexer(text, dialect_);
+    for (LeafToken token = lexer.next(); token.kind != Kind::EndOfInput; token = lexer.next()) {
+        if (tokens.size() == tokens.capacity()) growFor(tokens, token.begin + 1, text.size());
+        tokens.push_back({{token.kind, begin + token.begin, begin + token.end}, none});
     }
 }
 
@@ -160,34 +156,40 @@ bool ExprTokens::arePlain(std::uint32_t first, std::uint32_t end) const {
 // Each kind of bracket is counted for itself, so that a stray one of another kind does no harm.
 void ExprTokens::pairBrackets() {
     for (auto& open : open_) open.clear();
-    depths_.resize(count_);
-    std::uint64_t depth = noDepth;
     for (std::uint32_t i = 0; i < count_; ++i) {
-        depths_[i] = depth;
         const int bracket = bracketOf(tokens_[i].kind);
         if (bracket == 0) continue;
         std::vector<std::uint32_t>& open = open_[std::abs(bracket) - 1];
         if (bracket > 0) {
             open.push_back(i);
-            depth += oneBracket(bracket);
             continue;
         }
-        depth -= oneBracket(-bracket);
         if (open.empty()) continue;
         tokens_[open.back()].close = i;
         open.pop_back();
     }
 }
 
+void ExprTokens::noteDepths() {
+    brackets_.resize(count_);
+    depths_.assign(1, noDepth);
+    for (std::uint32_t i = 0; i < count_; ++i) {
+        brackets_[i] = static_cast<std::uint16_t>(depths_.size() - 1);
+        const int bracket = bracketOf(tokens_[i].kind);
+        if (bracket > 0) depths_.push_back(depths_.back() + oneBracket(bracket));
+        if (bracket < 0) depths_.push_back(depths_.back() - oneBracket(-bracket));
+    }
+}
+
 std::uint32_t ExprTokens::nextComma(std::uint32_t start, std::uint32_t from, std::uint32_t end) const {
-    const std::uint64_t depth = depths_[start];
+    const std::uint64_t depth = depthAt(start);
     for (std::uint32_t i = from; i < end; ++i) {
         const ExprToken& token = tokens_[i];
-        if (token.kind == Kind::Comma && depths_[i] == depth) return i;
+        if (token.kind == Kind::Comma && depthAt(i) == depth) return i;
         if (token.close == none) continue;
         // Up to its close nothing stands outside a bracket, unless stray ones in front of it have closed too much.
         const int kind = bracketOf(token.kind);
-        if (countOf(depths_[i], kind) >= countOf(depth, kind)) i = token.close;
+        if (countOf(depthAt(i), kind) >= countOf(depth, kind)) i = token.close;
     }
     return none;
 }

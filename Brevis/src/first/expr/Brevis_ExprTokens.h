@@ -6,15 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "Trn_TokenKind.h"
-#include "first/text/Brevis_LeafDialect.h"
+#include "first/text/Brevis_LeafLexer.h"
 
 namespace Brevis {
 
-struct ExprToken {
-    Trn::TokenKind kind = Trn::Kind::EndOfInput;
-    std::uint32_t begin = 0;  // offset of the first character
-    std::uint32_t end = 0;    // offset behind the last character
+struct ExprToken : LeafToken {
     std::uint32_t close = 0;  // of an open bracket: the index of the token that closes it, or `none`
 };
 
@@ -61,6 +57,8 @@ private:
     bool isWhiteSpaceFrom(std::uint32_t begin, std::uint32_t end) const;
     bool isPlainToken(const ExprToken& token, bool isOneLine) const;
     void pairBrackets();
+    void noteDepths();
+    std::uint64_t depthAt(std::uint32_t index) const { return depths_[brackets_[index]]; }
     void findAngleCloses();
 
     std::string_view text_;
@@ -70,7 +68,10 @@ private:
     std::vector<std::uint32_t> angleCloses_;  // by token index; empty in a text without a `<`
     bool isPlain_ = true;
     std::vector<std::uint32_t> unplain_;  // the indexes of the tokens that are not, ascending
-    std::vector<std::uint64_t> depths_;   // the brackets that are open in front of a token, one digit for each kind
+    // How many brackets stand in front of a token, and how many of them are open by their number, one digit for each
+    // kind. Only of a plain text with brackets.
+    std::vector<std::uint16_t> brackets_;
+    std::vector<std::uint64_t> depths_;
     std::vector<std::uint32_t> open_[4];  // the brackets that are open, by kind; only used while pairing
 };
 

@@ -9,13 +9,13 @@ namespace Brevis {
 
 using namespace Trn::Kind;
 
-BracketPairs::BracketPairs(const std::vector<LexedToken>& tokens)
+BracketPairs::BracketPairs(const std::vector<LeafToken>& tokens)
     : closes_(tokens.size(), tokens.size() - 1), lastOpens_(tokens.size(), 0), seals_(tokens.size(), 0) {
     pairAngles(tokens);
     pairBrackets(tokens);
 }
 
-void BracketPairs::pairAngles(const std::vector<LexedToken>& tokens) {
+void BracketPairs::pairAngles(const std::vector<LeafToken>& tokens) {
     std::vector<std::size_t> pending;
     for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
         const Trn::TokenKind kind = tokens[i].kind;
@@ -30,7 +30,7 @@ void BracketPairs::pairAngles(const std::vector<LexedToken>& tokens) {
     }
 }
 
-void BracketPairs::pairBrackets(const std::vector<LexedToken>& tokens) {
+void BracketPairs::pairBrackets(const std::vector<LeafToken>& tokens) {
     for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
         switch (tokens[i].kind) {
             case OpenParen:
@@ -61,7 +61,7 @@ void BracketPairs::pairBrackets(const std::vector<LexedToken>& tokens) {
 }
 
 // Template arguments that begin inside a group and do not end there let nobody step over it.
-void BracketPairs::noteAngle(const std::vector<LexedToken>& tokens, std::size_t index) {
+void BracketPairs::noteAngle(const std::vector<LeafToken>& tokens, std::size_t index) {
     const Trn::TokenKind kind = tokens[index].kind;
     const bool isCast = WrapTokens::isNamedCast(kind);
     if (!isCast && kind != Less && kind != Greater) return;

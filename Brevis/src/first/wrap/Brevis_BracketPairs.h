@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "first/wrap/Brevis_LexedToken.h"
+#include "first/text/Brevis_LeafLexer.h"
 
 namespace Brevis {
 
@@ -15,7 +15,7 @@ namespace Brevis {
 class BracketPairs {
 public:
     // `tokens` ends with an end token, whose index stands for a partner that is missing.
-    explicit BracketPairs(const std::vector<LexedToken>& tokens);
+    explicit BracketPairs(const std::vector<LeafToken>& tokens);
 
     // The partner of the opening parenthesis, brace or square bracket, or of the `<` that finds its `>` before any `;`,
     // `&&` or `||`.
@@ -41,9 +41,9 @@ private:
         bool holdsAngle = false;
     };
 
-    void pairAngles(const std::vector<LexedToken>& tokens);
-    void pairBrackets(const std::vector<LexedToken>& tokens);
-    void noteAngle(const std::vector<LexedToken>& tokens, std::size_t index);
+    void pairAngles(const std::vector<LeafToken>& tokens);
+    void pairBrackets(const std::vector<LeafToken>& tokens);
+    void noteAngle(const std::vector<LeafToken>& tokens, std::size_t index);
     void sealAngles(Trn::TokenKind kind, std::size_t index);
     void open(Kind kind, std::size_t index);
     void close(Kind kind, Kind crossing, std::size_t index);

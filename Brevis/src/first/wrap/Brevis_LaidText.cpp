@@ -46,7 +46,7 @@ bool areTokensSimple(const LexedText& lexed) {
     const std::string_view text = lexed.text();
     std::size_t end = 0;
     for (std::size_t i = 0; i < lexed.count(); ++i) {
-        const LexedToken& token = lexed[i];
+        const LeafToken& token = lexed[i];
         if (!Vellum::isBlank(text.substr(end, token.begin - end))) return false;
         if (!isSimple(token.kind, text.substr(token.begin, token.end - token.begin))) return false;
         end = token.end;
@@ -93,7 +93,7 @@ LaidText::Part LaidText::inside(std::size_t open) const {
 
 std::size_t LaidText::gapBegin(std::size_t token) const {
     if (token == 0) return 0;
-    const LexedToken& before = lexed_[token - 1];
+    const LeafToken& before = lexed_[token - 1];
     return before.begin + trimmedRight(lexed_.text().substr(before.begin, before.end - before.begin)).size();
 }
 

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <array>
 
-#include "Cpp_Lexer.h"
-#include "first/text/Brevis_OffsetFinder.h"
 #include "first/wrap/Brevis_WrapTokenSets.h"
 
 namespace Brevis {
@@ -13,16 +11,11 @@ namespace Brevis {
 using namespace Trn::Kind;
 
 LexedText::LexedText(std::string_view text, LeafDialect dialect) : text_(text), dialect_(dialect) {
-    Cpp::Lexer lexer(text, dialect.dialect, dialect.language);
-    OffsetFinder offsetOf(text);
+    LeafLexer lexer(text, dialect);
     tokens_.reserve(text.size() / 3 + 2);
-    for (Trn::Token token = lexer.next(); token.kind() != EndOfInput; token = lexer.next()) {
-        // A first position stands behind the first character.
-        const std::size_t begin = offsetOf(token.first()) - 1;
-        tokens_.push_back({token.kind(), begin, offsetOf(token.last())});
-    }
+    for (Token token = lexer.next(); token.kind != EndOfInput; token = lexer.next()) tokens_.push_back(token);
     // The end token's first position is the last one of the token in front of it.
-    const std::size_t end = tokens_.empty() ? 0 : tokens_.back().end;
+    const std::uint32_t end = tokens_.empty() ? 0 : tokens_.back().end;
     tokens_.push_back({EndOfInput, end == 0 ? 0 : end - 1, end});
 }
 
@@ -33,7 +26,8 @@ LexedText::LexedText(const LexedText& text, std::size_t offset)
         if (isEnd && tokens_.empty()) {
             tokens_.emplace_back();
         } else if (isEnd || token.begin >= offset) {
-            tokens_.push_back({token.kind, token.begin - offset, token.end - offset});
+            const auto shift = static_cast<std::uint32_t>(offset);
+            tokens_.push_back({token.kind, token.begin - shift, token.end - shift});
         }
     }
 }

@@ -12,14 +12,14 @@
 
 #include "first/text/Brevis_LeafDialect.h"
 #include "first/wrap/Brevis_BracketPairs.h"
-#include "first/wrap/Brevis_LexedToken.h"
+#include "first/text/Brevis_LeafLexer.h"
 #include "first/wrap/Brevis_ParenLevels.h"
 
 namespace Brevis {
 
 class LexedText {
 public:
-    using Token = LexedToken;
+    using Token = LeafToken;
 
     // `text` must outlive the object.
     explicit LexedText(std::string_view text, LeafDialect dialect = {});
