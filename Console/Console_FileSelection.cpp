@@ -74,6 +74,15 @@ std::vector<std::string> FileSelection::select() {
     return std::move(files_);
 }
 
+std::vector<std::string> FileSelection::protectedEntries() const {
+    std::vector<std::string> entries;
+    for (const auto& [identity, path] : protected_) {
+        if (!known_.contains(identity)) entries.push_back(path);
+    }
+    std::ranges::sort(entries, comesFirst);
+    return entries;
+}
+
 void FileSelection::fail(const std::string& text) {
     tell_(text, BrevisUI::Severity::error);
     failed_ = true;
@@ -162,6 +171,9 @@ void FileSelection::addTree(const std::string& directory) {
     BrevisUI::TreeWalk::Hooks hooks;
     hooks.leaveOut = [&](const std::string& path, bool isDirectory) { return rules.isIgnored(path, isDirectory); };
     hooks.onlyReads = !options_.inPlace;
+    hooks.onProtected = [&](const std::string& path) {
+        if (isOfShard(path, directory)) protected_.emplace(identities_.of(path), path);
+    };
     hooks.onFailure = [this](const std::string& path, const std::error_code& error) {
         fail(fillIn(notListed, path) + error.message());
     };
@@ -174,7 +186,11 @@ void FileSelection::addTree(const std::string& directory) {
 
 void FileSelection::add(const std::string& file, const std::string& directory) {
     if (!known_.insert(identities_.of(file)).second) return;
-    if (!options_.shard || options_.shard->holds(nameFrom(directory, file))) files_.push_back(file);
+    if (isOfShard(file, directory)) files_.push_back(file);
+}
+
+bool FileSelection::isOfShard(const std::string& file, const std::string& directory) const {
+    return !options_.shard || options_.shard->holds(nameFrom(directory, file));
 }
 
 }  // namespace Console

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -30,6 +31,8 @@ public:
     std::vector<std::string> select();
     // Whether something that was named could not be taken, once its message has been sent.
     bool hasFailed() const { return failed_; }
+    // The write-protected files and directories that stand below a directory and were not taken, each once.
+    std::vector<std::string> protectedEntries() const;
 
 private:
     void fail(const std::string& text);
@@ -45,13 +48,15 @@ private:
     void addTree(const std::string& directory);
     // The part to which the file belongs depends on its name as seen from the directory.
     void add(const std::string& file, const std::string& directory);
+    bool isOfShard(const std::string& file, const std::string& directory) const;
 
     const FormatOptions& options_;
     LineChoice& lines_;
     const Tell tell_;
     std::vector<std::string> files_;
     FileIdentity identities_;
-    std::unordered_set<std::string> known_;  // by identity
+    std::unordered_set<std::string> known_;         // by identity
+    std::map<std::string, std::string> protected_;  // by identity too
     bool failed_ = false;
     bool gaveUp_ = false;
 };

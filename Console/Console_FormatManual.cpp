@@ -134,8 +134,8 @@ constexpr OptionRow outputOptions[] = {
      Completion::Words, "0 1 2 3"},
     {"", "--verbose", "",
      "tell for each file how many seams were mended, places where the scheme's white space would have changed the "
-     "code; the threshold doesn't hide it. At the end tell how many files were formatted, unchanged, refused and "
-     "failed; on a terminal that is told anyway"},
+     "code; the threshold doesn't hide it. Name what is left out below DIR for being write-protected. At the end tell "
+     "how many files were formatted, unchanged, refused, failed and left out; on a terminal that is told anyway"},
     {"", "--help", "", "show this help and exit"},
     {"", "--version", "", "show the version and exit"},
 };

@@ -102,6 +102,7 @@ int FormatRun::formatFiles() {
     FileSelection selection(options_, lines_, [this](const std::string& text, int severity) { send(text, severity); });
     const std::vector<std::string> files = selection.select();
     selectionFailed_ = selection.hasFailed();
+    tellProtected(selection.protectedEntries());
     const int signal = processFiles(files);
     return signal != 0 ? SignalWatch::statusFor(signal) : status();
 }
@@ -200,6 +201,12 @@ void FormatRun::sendRemarks(const SchemeChoice::Choice& choice) {
 void FormatRun::tellSeams(const std::string& path, std::size_t seams) {
     if (options_.verbose)
         writeError(path + ": " + std::to_string(seams) + (seams == 1 ? " seam" : " seams") + " mended");
+}
+
+void FormatRun::tellProtected(const std::vector<std::string>& paths) {
+    summary_.setProtected(paths.size());
+    if (!options_.verbose) return;
+    for (const std::string& path : paths) writeError(path + ": left out, write-protected");
 }
 
 void FormatRun::write(const std::string& text) {

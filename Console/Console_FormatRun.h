@@ -56,6 +56,7 @@ private:
     void sendRemarks(const std::vector<Remark>& remarks);
     // Those about the scheme of a file.
     void sendRemarks(const SchemeChoice::Choice& choice);
+    void tellProtected(const std::vector<std::string>& paths);
     void tellSeams(const std::string& path, std::size_t seams);
     // Standard output and error, where the line of progress may stand.
     void write(const std::string& text);

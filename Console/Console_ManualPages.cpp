@@ -57,9 +57,15 @@ std::string manualHead(const OptionRow& row) {
     return head + (row.isArgumentOptional ? "[" + argument + "]" : argument);
 }
 
+// A heading begins a paragraph by itself.
+bool endsWithHeading(const std::string& page) {
+    return page.find(".SH ", page.rfind('\n', page.size() - 2) + 1) != std::string::npos;
+}
+
 void appendParagraphs(std::string& out, std::string_view text) {
     forEachParagraph(
-        text, [&](std::string_view paragraph) { out += ".PP\n" + roff(paragraph) + "\n"; },
+        text,
+        [&](std::string_view paragraph) { out += (endsWithHeading(out) ? "" : ".PP\n") + roff(paragraph) + "\n"; },
         [&](std::string_view line) { out += ".nf\n" + roff(line) + "\n.fi\n"; });
 }
 

@@ -30,7 +30,8 @@ std::string RunSummary::text(bool writes, std::chrono::duration<double> time) co
     std::string text = std::to_string(formatted_) + (formatted_ == 1 ? " file " : " files ");
     text += writes ? "formatted, " : "would change, ";
     text += std::to_string(unchanged_) + " unchanged, " + std::to_string(refused_) + " refused, ";
-    return text + std::to_string(failed_) + seconds.data();
+    text += std::to_string(failed_) + seconds.data();
+    return protected_ == 0 ? text : text + "; " + std::to_string(protected_) + " left out, write-protected";
 }
 
 }  // namespace Console

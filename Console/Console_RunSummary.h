@@ -23,14 +23,17 @@ public:
     bool hasTrouble() const { return refused_ + failed_ > 0; }
     std::size_t total() const { return formatted_ + unchanged_ + refused_ + failed_; }
 
-    // "3 files formatted, 1 unchanged, 0 refused, 2 failed in 0.41 s"; `writes` tells whether formatted files are
-    // written, or only would change.
+    // So many files and directories were left out for being write-protected.
+    void setProtected(std::size_t count) { protected_ = count; }
+
+    // "3 files formatted, 1 unchanged, 0 refused, 2 failed in 0.41 s", and if there were any, "; 4 left out,
+    // write-protected". `writes` tells whether formatted files are written, or only would change.
     std::string text(bool writes, std::chrono::duration<double> time) const;
 
 private:
     std::size_t& countOf(FileFate fate);
 
-    std::size_t formatted_ = 0, unchanged_ = 0, refused_ = 0, failed_ = 0;
+    std::size_t formatted_ = 0, unchanged_ = 0, refused_ = 0, failed_ = 0, protected_ = 0;
 };
 
 }  // namespace Console

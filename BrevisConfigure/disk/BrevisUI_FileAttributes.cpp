@@ -73,13 +73,21 @@ std::error_code copyOwner(FileSystem& system, const struct stat& status, int to)
     return system.changeOwner(to, status.st_uid, status.st_gid) == -1 ? lastError() : std::error_code();
 }
 
+// Some file systems give every file the same mode and let nobody change it.
+std::error_code copyMode(FileSystem& system, const struct stat& status, int to) {
+    constexpr mode_t modeBits = 07777;
+    struct stat present {};
+    if (system.status(to, present) == -1) return lastError();
+    if ((present.st_mode & modeBits) == (status.st_mode & modeBits)) return {};
+    return system.changeMode(to, status.st_mode & modeBits) == -1 ? lastError() : std::error_code();
+}
+
 }  // namespace
 
 std::error_code copyAttributes(FileSystem& system, int from, const struct stat& status, int to) {
-    constexpr mode_t modeBits = 07777;
     if (const std::error_code error = copyOwner(system, status, to)) return error;
     if (const std::error_code error = copyExtendedAttributes(system, from, to)) return error;
-    return system.changeMode(to, status.st_mode & modeBits) == -1 ? lastError() : std::error_code();
+    return copyMode(system, status, to);
 }
 
 }  // namespace BrevisUI

@@ -145,8 +145,12 @@ RunJournal* FileWriter::secure(const Change& change, std::string_view oldText, s
 
 void FileWriter::commit() {
     if (waiting_.empty()) return;
-    const std::error_code error = syncWaiting();
+    const bool areSynced = syncWaiting();
+    const std::error_code copyError = areSynced ? std::error_code() : syncCopies();
+    copies_.clear();
     for (const Change& change : std::exchange(waiting_, {})) {
+        std::error_code error = copyError;
+        if (!areSynced && !error) error = syncPath(system_, change.temporary);
         if (!error) {
             takePlace(change);
             continue;
@@ -157,14 +161,19 @@ void FileWriter::commit() {
     }
 }
 
-// A sync of the whole file system would let a single file wait for what other programs write.
-std::error_code FileWriter::syncWaiting() {
-    const std::string& path = waiting_.front().temporary;
-    if (waiting_.size() == 1 && !copiesWait_) return syncPath(system_, path);
-    copiesWait_ = false;
-    OpenFile file(system_, path, O_RDONLY);
-    if (file.openError()) return file.openError();
-    return system_.syncAll(file.number()) == -1 ? lastError() : std::error_code();
+// A sync of the whole file system would let a single file wait for what other programs write. It also tells of what went
+// wrong with files of theirs: if it fails, each of ours is asked about.
+bool FileWriter::syncWaiting() {
+    if (waiting_.size() == 1 && copies_.empty()) return false;
+    OpenFile file(system_, waiting_.front().temporary, O_RDONLY);
+    return !file.openError() && system_.syncAll(file.number()) == 0;
+}
+
+std::error_code FileWriter::syncCopies() {
+    for (const std::string& path : copies_) {
+        if (const std::error_code error = syncPath(system_, path)) return error;
+    }
+    return {};
 }
 
 void FileWriter::takePlace(const Change& change) {
@@ -226,7 +235,7 @@ std::error_code FileWriter::copy(const std::string& path, std::string_view text,
     if (!error && system_.rename(sibling.path(), copyPath) == -1) error = lastError();
     if (error) return error;
     sibling.keep();
-    copiesWait_ = true;
+    copies_.push_back(copyPath);
     return {};
 }
 

@@ -71,7 +71,9 @@ private:
     void replaceInPlace(const Change& change, std::string_view oldText, std::string_view newText);
 
     void commit();
-    std::error_code syncWaiting();
+    // All of them at once; false if each is to be synced by itself.
+    bool syncWaiting();
+    std::error_code syncCopies();
     void takePlace(const Change& change);
     void giveWay(const Change& change, bool exists);
     std::error_code readFile(const std::string& path, std::string& text);
@@ -94,8 +96,8 @@ private:
     bool storeSynced_ = false;
     std::string warning_;
 
-    std::vector<Change> waiting_;  // all on one file system
-    bool copiesWait_ = false;      // files other than those have been written since the last sync
+    std::vector<Change> waiting_;      // all on one file system
+    std::vector<std::string> copies_;  // files other than those that have been written since the last sync
 
     std::size_t unsyncedRenames_ = 0;
     std::string lastRenamed_;

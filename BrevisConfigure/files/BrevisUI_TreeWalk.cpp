@@ -51,8 +51,15 @@ void TreeWalk::walk(const std::string& directory, const FileAction& action) cons
 
 bool TreeWalk::isLeftOut(const std::string& path, fs::file_type type) const {
     if (type != fs::file_type::regular && type != fs::file_type::directory) return true;
-    if (isHidden(path) || !mayWrite(path, hooks_.onlyReads)) return true;
-    return hooks_.leaveOut && hooks_.leaveOut(path, type == fs::file_type::directory);
+    if (isHidden(path)) return true;
+    if (hooks_.leaveOut && hooks_.leaveOut(path, type == fs::file_type::directory)) return true;
+    if (mayWrite(path, hooks_.onlyReads)) return false;
+    tellProtected(path, type);
+    return true;
+}
+
+void TreeWalk::tellProtected(const std::string& path, fs::file_type type) const {
+    if (hooks_.onProtected && (type == fs::file_type::directory || extensions_.holds(path))) hooks_.onProtected(path);
 }
 
 }  // namespace BrevisUI

@@ -13,12 +13,15 @@ namespace BrevisUI {
 
 // Depth first, in the order of the system's listings, a subdirectory at the place where it is listed. Entries that are
 // write-protected, hidden, symbolic links, or neither plain files nor directories stay out, so that no walk can go
-// round in a circle. A file is not write-protected because all of its file system is. The directory that the walk begins with may be anything that can be listed.
+// round in a circle. A file is not write-protected because all of its file system is. The directory that the walk begins
+// with may be anything that can be listed.
 class TreeWalk {
 public:
     struct Hooks {
         // Whether an entry that could be taken stays out. A directory that stays out isn't entered.
         std::function<bool(const std::string& path, bool isDirectory)> leaveOut;
+        // A source file or a directory that stays out for being write-protected, and for nothing else.
+        std::function<void(const std::string& path)> onProtected;
         // Asked before each entry that isn't left out; once it says true, it has to go on doing so.
         std::function<bool()> isCancelled;
         // A directory that couldn't be listed, or not to its end. What was listed is walked all the same.
@@ -37,6 +40,7 @@ public:
 
 private:
     bool isLeftOut(const std::string& path, std::filesystem::file_type type) const;
+    void tellProtected(const std::string& path, std::filesystem::file_type type) const;
 
     ExtensionList extensions_;
     Hooks hooks_;

@@ -118,6 +118,36 @@ TEST_F(FileWriterTest, OverwritesAFileThatCannotBeReplaced) {
     EXPECT_EQ(newText, contents(dir.file("b.cpp")));
 }
 
+TEST_F(FileWriterTest, ReplacesAFileWhereModesCannotBeChanged) {
+    const std::string path = dir.file("a.cpp", oldText);
+    fs::permissions(path, fs::perms(0600));  // as every new one
+    struct stat before {
+    }, after{};
+    ASSERT_EQ(0, stat(path.c_str(), &before));
+    FaultySystem faulty([](int, const std::string& call, const std::string&) { return call == "changeMode" ? EPERM : 0; });
+    EXPECT_TRUE(replace(faulty, {path}).empty());
+    EXPECT_EQ(newText, contents(path));
+    ASSERT_EQ(0, stat(path.c_str(), &after));
+    EXPECT_NE(before.st_ino, after.st_ino);
+}
+
+// That of a whole file system tells of other programs' troubles too.
+TEST_F(FileWriterTest, AsksAboutEachFileWhereACommonSyncFails) {
+    for (const bool isOurs : {false, true}) {
+        Lines paths;
+        for (const char* name : {"a.cpp", "b.cpp", "c.cpp"}) paths.push_back(dir.file(name, oldText));
+        int syncs = 0;
+        FaultySystem faulty([&](int, const std::string& call, const std::string&) {
+            return call == "syncAll" || (isOurs && call == "sync" && ++syncs == 2) ? EIO : 0;
+        });
+        EXPECT_EQ(isOurs ? 1u : 0u, replace(faulty, paths).size());
+        EXPECT_EQ(newText, contents(paths[0]));
+        EXPECT_EQ(isOurs ? oldText : newText, contents(paths[1]));
+        EXPECT_EQ(newText, contents(paths[2]));
+        EXPECT_EQ(Lines(), leftovers());
+    }
+}
+
 // Every call of a good run fails once by itself, and once with all that follow it.
 TEST_F(FileWriterTest, HoldsAWholeTextWhateverCallFails) {
     const struct {

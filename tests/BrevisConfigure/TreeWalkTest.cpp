@@ -51,10 +51,17 @@ TEST_F(TreeWalkTest, LeavesOutWhatIsProtectedHiddenOrSpecial) {
     fs::create_symlink(dir.file("a.c"), dir.file("link.c"));
     fs::create_symlink("nowhere", dir.file("dangling.c"));
     ASSERT_EQ(0, mkfifo(dir.file("pipe.c").c_str(), 0600));
-    EXPECT_EQ((Lines{"a.c", "d/b.h", "d/e/c.c"}), sorted(walk()));
+    dir.file("locked.txt", "");
+    fs::permissions(dir.file("locked.txt"), fs::perms(0444));
+    fs::permissions(dir.file("locked-out.c", ""), fs::perms(0444));
+    TreeWalk::Hooks hooks;
+    hooks.leaveOut = [](const std::string& path, bool) { return path.ends_with("-out.c"); };
+    Lines told;
+    hooks.onProtected = [&](const std::string& path) { told.push_back(path.substr(dir.path().size() + 1)); };
+    EXPECT_EQ((Lines{"a.c", "d/b.h", "d/e/c.c"}), sorted(walk(hooks)));
+    EXPECT_EQ((Lines{"locked", "locked.c"}), sorted(told));
     // Others may write this one.
     fs::permissions(dir.file("of-others.c", ""), fs::perms(0466));
-    TreeWalk::Hooks hooks;
     hooks.onlyReads = true;
     EXPECT_EQ((Lines{"a.c", "d/b.h", "d/e/c.c", "of-others.c"}), sorted(walk(hooks)));
     EXPECT_EQ(fileIsWritable(dir.file("of-others.c")) ? 4u : 3u, walk().size());

@@ -22,7 +22,7 @@ protected:
     // Files of every fate, small and large, in directories with schemes of their own, one of them bad.
     void makeTree() {
         std::string large = "void f( ){\n";
-        for (int line = 0; line < 3000; ++line) large += "g(  );\n";
+        for (int line = 0; line < 800; ++line) large += "g(  );\n";
         dir.file("t/b/.corvane.fsc", "no scheme\n");
         dir.file("t/c/.corvane.fsc", "Brevis::PropertySet\n1\n\"c\"\n3 INDENT_FN_CONTENT \"\t\"\n3 NO_SUCH_KEY \"\"\n");
         for (int number = 0; number < 60; ++number) {
@@ -93,6 +93,26 @@ TEST_F(CorvaneRunTest, TellsWhatHasBecomeOfTheFiles) {
     fs::create_hard_link(dir.file("1.cpp"), dir.file("linked.cpp"));
     run("ulimit -f 1; $F --verbose -i 1.cpp 2.cpp");
     EXPECT_NE(std::string::npos, err.find("\n0 files formatted, 0 unchanged, 0 refused, 2 failed in ")) << err;
+}
+
+TEST_F(CorvaneRunTest, TellsWhatIsWriteProtected) {
+    for (const char* name : {"t/a.cpp", "t/b/c.cpp", "t/b/d.cpp", "t/b/e/f.cpp", "t/g.txt"}) {
+        fs::permissions(dir.file(name, ugly), fs::perms(std::string(name) == "t/a.cpp" ? 0644 : 0444));
+    }
+    fs::permissions(dir.file("t/b/e"), fs::perms(0555));
+    const std::string names = "t/b/c.cpp: left out, write-protected\nt/b/d.cpp: left out, write-protected\n";
+    const std::string seams = "t/a.cpp: 0 seams mended\n";
+    const auto summary = [this] { return err.substr(0, err.find(" in ")) + err.substr(err.find(';')); };
+    run("$F -i --verbose t t");
+    EXPECT_EQ(names + "t/b/e: left out, write-protected\n" + seams +
+              "1 file formatted, 0 unchanged, 0 refused, 0 failed; 3 left out, write-protected\n",
+              summary());
+    // Who names a file wants it.
+    run("$F --check --verbose t t/b/c.cpp --exclude=e --exclude=d.cpp");
+    EXPECT_EQ(std::string::npos, err.find("left out")) << err;
+    run("$F -i t");
+    EXPECT_EQ("", err);
+    fs::permissions(dir.file("t/b/e"), fs::perms(0755));
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
