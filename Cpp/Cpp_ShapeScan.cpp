@@ -14,11 +14,6 @@ using Trn::TokenKind;
 
 namespace {
 
-constexpr bool isCloser(TokenKind kind) {
-    return kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::CloseBrace ||
-           kind == Kind::EndOfInput;
-}
-
 // What ends an operand, so that a sign behind it is binary and a `[` a subscript.
 constexpr bool endsOperand(TokenKind kind) {
     return kind == Kind::Identifier || kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::Number ||
@@ -315,6 +310,8 @@ TokenIndex ShapeScan::requiresClauseEnd(TokenIndex first) const {
     TokenIndex at = next(first);
     for (;;) {
         while (kind(at) == Kind::Not) at = next(at);
+        // No condition follows, so what is behind doesn't belong to the clause.
+        if (kind(at) == Kind::OpenBrace || kind(at) == Kind::Semicolon || isCloser(kind(at))) return previous(at);
         TokenIndex last = at;
         if (isWord(at, "requires")) {
             at = next(at);

@@ -326,6 +326,18 @@ TEST(ExprFormatter, limitsNesting) {
     EXPECT_EQ(formatter.format("a+b", midLine()), "a + b");  // after a throw as before it
 }
 
+// A line feed in the indent makes a line of its own at each level.
+TEST(ExprFormatter, limitsLinesThatDouble) {
+    const Scheme scheme = schemeOf("OP");
+    CppExprFormatter formatter(scheme);
+    const std::string few = repeated("(", 10) + "x\ny;";
+    const std::string result = formatter.format(few, midLine("\n ", true));
+    EXPECT_GT(result.size(), std::size_t{2} << 10);
+    EXPECT_EQ(withoutWs(result), withoutWs(few));
+    EXPECT_THROW(formatter.format(repeated("(", 60) + "x\ny;", midLine("\n ", true)), Trn::Exception);
+    EXPECT_NO_THROW(formatter.format(repeated("(", 60) + "x\ny;", midLine("  ", true)));
+}
+
 TEST(ExprFormatterGrowth, isThatOfTheText) {
     const Scheme scheme = schemeOf("OP|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1");
     for (const std::string_view piece : {"a<b+", "a<b,\n", "a<(b)&&", "f(a,b)+", "#x\n", "\"a\\\n\"", "(a)*b\\\n"}) {
