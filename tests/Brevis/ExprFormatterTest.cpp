@@ -326,16 +326,16 @@ TEST(ExprFormatter, limitsNesting) {
     EXPECT_EQ(formatter.format("a+b", midLine()), "a + b");  // after a throw as before it
 }
 
-// A line feed in the indent makes a line of its own at each level.
+// A line feed in the indent makes a line of its own at each level of brackets that don't close.
 TEST(ExprFormatter, limitsLinesThatDouble) {
     const Scheme scheme = schemeOf("OP");
     CppExprFormatter formatter(scheme);
-    const std::string few = repeated("(", 10) + "x\ny;";
-    const std::string result = formatter.format(few, midLine("\n ", true));
-    EXPECT_GT(result.size(), std::size_t{2} << 10);
-    EXPECT_EQ(withoutWs(result), withoutWs(few));
-    EXPECT_THROW(formatter.format(repeated("(", 60) + "x\ny;", midLine("\n ", true)), Trn::Exception);
-    EXPECT_NO_THROW(formatter.format(repeated("(", 60) + "x\ny;", midLine("  ", true)));
+    const auto unclosed = [](int count) { return repeated("(", count) + "x\n" + repeated("y", count); };
+    const std::string result = formatter.format(unclosed(10), midLine("\n ", true));
+    EXPECT_GT(result.size(), std::size_t{1} << 10);
+    EXPECT_EQ(withoutWs(result), withoutWs(unclosed(10)));
+    EXPECT_THROW(formatter.format(unclosed(60), midLine("\n ", true)), Trn::Exception);
+    EXPECT_NO_THROW(formatter.format(unclosed(60), midLine("  ", true)));
 }
 
 TEST(ExprFormatterGrowth, isThatOfTheText) {
