@@ -326,15 +326,15 @@ TEST(ExprFormatter, limitsNesting) {
     EXPECT_EQ(formatter.format("a+b", midLine()), "a + b");  // after a throw as before it
 }
 
-// A line feed in the indent makes a line of its own at each level of brackets that don't close.
+// Line feeds in the indent make lines of their own at each level of brackets that don't close.
 TEST(ExprFormatter, limitsLinesThatDouble) {
     const Scheme scheme = schemeOf("OP");
     CppExprFormatter formatter(scheme);
     const auto unclosed = [](int count) { return repeated("(", count) + "x\n" + repeated("y", count); };
-    const std::string result = formatter.format(unclosed(10), midLine("\n ", true));
+    const std::string result = formatter.format(unclosed(10), midLine("\n \n ", true));
     EXPECT_GT(result.size(), std::size_t{1} << 10);
     EXPECT_EQ(withoutWs(result), withoutWs(unclosed(10)));
-    EXPECT_THROW(formatter.format(unclosed(60), midLine("\n ", true)), Trn::Exception);
+    EXPECT_THROW(formatter.format(unclosed(60), midLine("\n \n ", true)), Trn::Exception);
     EXPECT_NO_THROW(formatter.format(unclosed(60), midLine("  ", true)));
 }
 
