@@ -2,6 +2,7 @@
 #include "Cpp_CharClasses.h"
 #include "Cpp_JoinedText.h"
 #include "Cpp_Parser.h"
+#include "Cpp_ShapeWords.h"
 
 namespace Cpp {
 
@@ -31,7 +32,7 @@ bool Parser::parseAsmBlock(Stream& stream, BlockNode& block) {
     content->setFirstPosition(stream.peek().first());
     for (int depth = 1;;) {
         const Token token = stream.get();
-        if (isEnd(token.kind())) {
+        if (isModern_ ? token.kind() == Kind::EndOfInput : isEnd(token.kind())) {
             report(token.first(), ParseCode::UnexpectedEnd);
             return false;
         }
@@ -47,9 +48,10 @@ bool Parser::parseAsmBlock(Stream& stream, BlockNode& block) {
     }
 }
 
-// From `token` on to a `;` or the end of the line. Gives the form: 1 with a bracket, 0 without.
+// From `token` on to a `;` or the end of the line. Gives the form: 1 with a bracket, 0 without. In the modern dialect
+// what a bracket holds belongs to it, on other lines too, and the bracket that ends the block around it doesn't.
 int Parser::parseAsmLine(Stream& stream, Token token, BlockNode& block) {
-    const int line = token.first().line;
+    int line = token.first().line;
     int form = 0;
     for (Position last;; token = stream.get()) {
         const bool isBracket = token.kind() == Kind::OpenParen;
@@ -57,13 +59,20 @@ int Parser::parseAsmLine(Stream& stream, Token token, BlockNode& block) {
             block.setLastPosition(token.last());
             return form;
         }
-        if (token.kind() == Kind::EndOfInput || (!isBracket && token.last().line > line)) {
+        const bool isBehindLine = !isBracket && token.last().line > line;
+        if (token.kind() == Kind::EndOfInput || isBehindLine || (isModern_ && isCloser(token.kind()))) {
             stream.stepBack();
             block.setLastPosition(last);
             return form;
         }
         if (isBracket) form = 1;
         last = token.last();
+        if (isModern_ && shapes_->isOpening(stream.index() - 1)) {
+            const At close = shapes_->partner(stream.index() - 1);
+            last = buffer_->last(close);
+            line = last.line;
+            stream.seek(close + 1);
+        }
     }
 }
 

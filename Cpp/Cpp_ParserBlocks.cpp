@@ -64,12 +64,14 @@ void Parser::parseModernBlock(Stream& stream, BlockNode& block) {
     }
 }
 
-// For the outline the labels of a `switch` without braces have their statement in it.
+// For the outline the labels of a `switch` without braces have their statement in it, and a macro in front of a control
+// statement stands in it with that.
 void Parser::parseUnbraced(Stream& stream, BlockNode& block) {
-    bool isLabel = true;
-    while (isLabel) {
+    bool goesOn = true;
+    while (goesOn) {
         const TokenKind kind = peekSignificant(stream).kind();
-        isLabel = outline_ != nullptr && (kind == Kind::Case || kind == Kind::Default);
+        goesOn = outline_ != nullptr && (kind == Kind::Case || kind == Kind::Default ||
+                                         shapes_->controlMacroEnd(shapes_->next(stream.index() - 1)) != 0);
         if (kind != Kind::CloseBrace && kind != Kind::EndOfInput) parseModernItem(stream, block, Frame::Block);
     }
 }

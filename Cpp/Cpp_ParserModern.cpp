@@ -266,8 +266,12 @@ std::string_view Parser::sourceText(At first, At last) const {
     const auto isIn = [&](std::string_view text) {
         return text.data() >= source_.data() && text.data() <= source_.data() + source_.size();
     };
-    if (!isIn(front) || !isIn(back)) return front;
-    return {front.data(), static_cast<std::size_t>(back.data() + back.size() - front.data())};
+    if (isIn(front) && isIn(back)) {
+        return {front.data(), static_cast<std::size_t>(back.data() + back.size() - front.data())};
+    }
+    if (!front.empty()) return front;
+    const std::size_t begin = buffer_->begin(first);
+    return source_.substr(begin, buffer_->end(last) - begin);
 }
 
 void Parser::addExpression(Stream& stream, InteriorNode& body, At first, At last) {
@@ -419,10 +423,16 @@ bool Parser::parseModernTemplate(Stream& stream, InteriorNode& body) {
     }
     if (roles_) roles_->templateHead(first, shapes_->previous(at));
     recordTemplateHead(first, shapes_->previous(at));
+    if (isCloser(shapes_->kind(at))) {
+        addVerbatim(stream, body, first, shapes_->previous(at));
+        return true;
+    }
     ItemShape shape = shapes_->declaration(at, Frame::Class);
     const bool hasNode = shape.sort == Sort::Class || shape.sort == Sort::Function;
     if (!hasNode) {
-        while (shape.sort == Sort::Macro) shape = shapes_->declaration(shapes_->next(shape.last), Frame::Class);
+        while (shape.sort == Sort::Macro && !isCloser(shapes_->kind(shapes_->next(shape.last)))) {
+            shape = shapes_->declaration(shapes_->next(shape.last), Frame::Class);
+        }
         if (roles_) roles_->item(shape, Frame::Class);
         Recorded item(*this, stream, shape, Frame::Class);
         At last = shape.last;

@@ -14,11 +14,6 @@ using Trn::TokenKind;
 
 namespace {
 
-constexpr bool isCloser(TokenKind kind) {
-    return kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::CloseBrace ||
-           kind == Kind::EndOfInput;
-}
-
 // What ends an operand, so that a sign behind it is binary and a `[` a subscript.
 constexpr bool endsOperand(TokenKind kind) {
     return kind == Kind::Identifier || kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::Number ||
@@ -145,8 +140,37 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
         shape.last = partner(second);
         return shape;
     }
+    if (const TokenIndex last = controlMacroEnd(first)) {
+        shape.sort = ItemShape::Sort::Macro;
+        shape.last = last;
+        return shape;
+    }
     shape.last = statementEnd(first);
     return shape;
+}
+
+// No expression goes on with one of these keywords. The `while` of a `do` has its `;` behind the condition. A call that
+// ends its line is told apart by that.
+TokenIndex ShapeScan::controlMacroEnd(TokenIndex first) const {
+    if (!isForRoles() || kind(first) != Kind::Identifier || isOneOf(modernOperators, text(first))) return 0;
+    const bool isCall = kind(next(first)) == Kind::OpenParen;
+    const TokenIndex last = isCall ? partner(next(first)) : first;
+    const TokenIndex keyword = next(last);
+    if (isCall && startsLine(keyword)) return 0;
+    switch (kind(keyword)) {
+        case Kind::For:
+        case Kind::Do:
+        case Kind::If:
+        case Kind::Switch:
+        case Kind::Try:
+            return last;
+        case Kind::While: {
+            const TokenIndex open = next(keyword);
+            return kind(open) == Kind::OpenParen && kind(next(partner(open))) != Kind::Semicolon ? last : 0;
+        }
+        default:
+            return 0;
+    }
 }
 
 // Whether the item begins with a macro whose name is known, and what it is then.
@@ -315,6 +339,8 @@ TokenIndex ShapeScan::requiresClauseEnd(TokenIndex first) const {
     TokenIndex at = next(first);
     for (;;) {
         while (kind(at) == Kind::Not) at = next(at);
+        // No condition follows, so what is behind doesn't belong to the clause.
+        if (kind(at) == Kind::OpenBrace || kind(at) == Kind::Semicolon || isCloser(kind(at))) return previous(at);
         TokenIndex last = at;
         if (isWord(at, "requires")) {
             at = next(at);

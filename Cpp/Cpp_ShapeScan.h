@@ -31,6 +31,8 @@ public:
     // Whether an access label, or a word that stands as one, begins here.
     bool startsAccessLabel(TokenIndex first) const;
     bool startsGotoLabel(TokenIndex first) const;
+    // The last token of a macro, with its bracket, in front of a control statement that begins behind it, or 0.
+    TokenIndex controlMacroEnd(TokenIndex first) const;
     // The `{` behind the member initializers that begin behind `colon`, or 0.
     TokenIndex initializersEnd(TokenIndex colon) const;
     // The last token of the requires clause that begins here.

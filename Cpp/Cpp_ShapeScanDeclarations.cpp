@@ -149,10 +149,10 @@ ShapeScan::Step ShapeScan::scanWord(Declaration& scan) const {
     const bool isBehindAngle = kind(scan.previous) == Kind::Greater || kind(scan.previous) == Kind::ShiftRight;
     const bool isContinued = isBehindAngle && (text(at).starts_with("::") || text(at).empty());
     // An empty word stands in front of `::operator`.
-    if (!scan.isNameEnded && (isContinued || !text(at).empty())) {
+    if (!scan.isNameEnded) {
         if (isContinued && scan.nameFirst != 0)
             scan.nameLast = at;
-        else
+        else if (!text(at).empty())
             scan.setName(at, at);
     }
     scan.advance(at, second);

@@ -15,8 +15,7 @@ TokenIndex ShapeScan::operatorParen(TokenIndex keyword) const {
     if (kind(at) == Kind::OpenParen) return behind(at);
     for (int i = 0; i < 64; ++i) {
         const TokenKind here = kind(at);
-        if (here == Kind::OpenParen || here == Kind::Semicolon || here == Kind::EndOfInput || here == Kind::OpenBrace)
-            break;
+        if (here == Kind::OpenParen || here == Kind::Semicolon || here == Kind::OpenBrace || isCloser(here)) break;
         const bool isTemplate = here == Kind::Less && partner(at) != 0 && at != next(keyword);
         at = isTemplate ? next(partner(at)) : behind(at);
     }

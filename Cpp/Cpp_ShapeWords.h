@@ -94,6 +94,13 @@ constexpr bool isItemKeyword(Trn::TokenKind kind) {
            (kind >= Kind::If && kind <= Kind::Return);
 }
 
+// What ends the bracket around an item, or the text.
+constexpr bool isCloser(Trn::TokenKind kind) {
+    namespace Kind = Trn::Kind;
+    return kind == Kind::CloseParen || kind == Kind::CloseBracket || kind == Kind::CloseBrace ||
+           kind == Kind::EndOfInput;
+}
+
 // Whether a word is written as macros are: no small letters.
 constexpr bool isMacroCase(std::string_view word) {
     return word.size() > 1 && std::none_of(word.begin(), word.end(),

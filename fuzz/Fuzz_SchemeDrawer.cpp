@@ -100,9 +100,13 @@ private:
         return std::max(-1, info.defaultNumber - 1 + static_cast<std::int32_t>(draws_.below(3)));
     }
 
+    // Tabs as wide as the engine takes them, in a value of hundreds, would make a text that is right and takes minutes.
     std::int32_t wildNumber(const PropertyInfo& info) {
         const unsigned number = draws_.below(64);
-        if (number >= 60) return hugeNumbers[number - 60];
+        if (number >= 60) {
+            const bool isWide = info.key == keyOf(&Scheme::tabSize);
+            return isWide ? std::min(hugeNumbers[number - 60], 100) : hugeNumbers[number - 60];
+        }
         const unsigned range = info.type == PropertyType::Choice ? 6 : 20;
         return static_cast<std::int32_t>(number % range) - 2;
     }

@@ -82,7 +82,8 @@ Trial tryText(const Brevis::PropertySet& scheme, const std::string& source, bool
 
 bool isLimit(std::string_view message) {
     return message == "The text is nested more than 1000 levels deep." ||
-           message == "The text is too long once its lines are wrapped.";
+           message == "The text is too long once its lines are wrapped." ||
+           message == "The text is too long once its expressions are indented.";
 }
 
 std::string withoutWhiteSpace(std::string_view text) {

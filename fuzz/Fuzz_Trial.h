@@ -32,7 +32,7 @@ Trial tryText(const Brevis::PropertySet& scheme, const std::string& source, bool
               const Brevis::Reading& reading = {});
 
 // True for the message of an exception that the engine throws for texts beyond its limits: too deeply nested, or grown
-// beyond measure by wrapping. Such a text has got its answer.
+// beyond measure by wrapping or by its indents. Such a text has got its answer.
 bool isLimit(std::string_view message);
 
 std::string withoutWhiteSpace(std::string_view text);

@@ -326,6 +326,18 @@ TEST(ExprFormatter, limitsNesting) {
     EXPECT_EQ(formatter.format("a+b", midLine()), "a + b");  // after a throw as before it
 }
 
+// Line feeds in the indent make lines of their own at each level of brackets that don't close.
+TEST(ExprFormatter, limitsLinesThatDouble) {
+    const Scheme scheme = schemeOf("OP");
+    CppExprFormatter formatter(scheme);
+    const auto unclosed = [](int count) { return repeated("(", count) + "x\n" + repeated("y", count); };
+    const std::string result = formatter.format(unclosed(10), midLine("\n \n ", true));
+    EXPECT_GT(result.size(), std::size_t{1} << 10);
+    EXPECT_EQ(withoutWs(result), withoutWs(unclosed(10)));
+    EXPECT_THROW(formatter.format(unclosed(60), midLine("\n \n ", true)), Trn::Exception);
+    EXPECT_NO_THROW(formatter.format(unclosed(60), midLine("  ", true)));
+}
+
 TEST(ExprFormatterGrowth, isThatOfTheText) {
     const Scheme scheme = schemeOf("OP|WS_BETWEEN_FN_CALL_ARGS= |ALIGN_PPD_LEFT_MOST=1");
     for (const std::string_view piece : {"a<b+", "a<b,\n", "a<(b)&&", "f(a,b)+", "#x\n", "\"a\\\n\"", "(a)*b\\\n"}) {

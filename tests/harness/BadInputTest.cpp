@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 
 #include "../support/StepCount.h"
 #include "FormatRun.h"
@@ -72,6 +73,16 @@ TEST_P(BadInputTest, GetsAClearAnswer) {
         if (readsBoth) expectClearAnswer(scheme, text, Cpp::Dialect::classic);
         expectClearAnswer(scheme, text, Cpp::Dialect::modern);
     }
+}
+
+// Columns beyond all numbers would overflow.
+TEST(BadInputTabs, MayBeHuge) {
+    Brevis::PropertySet scheme("tabs");
+    scheme.setInt("TAB_SIZE", std::numeric_limits<std::int32_t>::max());
+    const std::string text = "// a\tb\tc\nint\tx;\n";
+    const FormatRun run = formatText(scheme, text, {Brevis::DialectChoice::classic});
+    EXPECT_TRUE(run.isFormatted);
+    EXPECT_EQ(lossIn(text, run.text, Cpp::Dialect::classic), "");
 }
 
 class BadInputGrowthTest : public testing::TestWithParam<NamedText> {};

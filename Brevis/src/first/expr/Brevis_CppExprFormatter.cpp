@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "Trn_Exception.h"
 #include "Trn_NestingGuard.h"
 
 namespace Brevis {
@@ -62,6 +63,16 @@ bool isOnlyCopied(std::string_view text) {
                         [](char c) { return ruledCharacters[static_cast<unsigned char>(c)]; });
 }
 
+// An indent with a line feed makes lines of its own, which are indented again a level higher up, so that each level of
+// brackets that don't close, template arguments or comparisons doubles the text. Other indents add up.
+void checkGrowth(std::string_view result, const ExprSlice& slice, std::string_view indent) {
+    constexpr std::size_t mostTimes = 64;
+    constexpr std::size_t room = std::size_t{1} << 20;
+    if (result.size() <= room || result.size() <= mostTimes * slice.text().size()) return;
+    if (indent.find('\n') == std::string_view::npos) return;
+    throw Trn::Exception("The text is too long once its expressions are indented.");
+}
+
 // Its values are those that break lines in most schemes.
 bool isBracedInitializer(const ExprSlice& slice) {
     const std::uint32_t first = slice.firstToken;
@@ -101,7 +112,9 @@ std::string CppExprFormatter::formatSlice(const ExprSlice& slice, const IndentSt
     if (formatPlain(slice, settings)) return plain_.takeText();
     OIndentStream out(settings);
     walkThrough(ExprWalk(slice, out, isRewritten));
-    return out.takeStr();
+    std::string result = out.takeStr();
+    checkGrowth(result, slice, settings.indent);
+    return result;
 }
 
 bool CppExprFormatter::formatPlain(const ExprSlice& slice, const IndentStreamSettings& settings) {

@@ -22,7 +22,8 @@ public:
     explicit CppExprFormatter(Scheme&& scheme, LeafDialect dialect = {}) = delete;
     ~CppExprFormatter() override;
 
-    // The re-spaced text. Throws Trn::Exception for brackets nested beyond Trn::NestingGuard::limit.
+    // The re-spaced text. Throws Trn::Exception for brackets nested beyond Trn::NestingGuard::limit, and where an indent
+    // that holds a line feed doubles the lines too often.
     std::string format(std::string_view text, const IndentStreamSettings& settings);
     // The same in type mode, where `*` and `&` behind a type are signs and no operators; `wsAfterType` goes between
     // type and name.
