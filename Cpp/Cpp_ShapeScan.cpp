@@ -152,7 +152,7 @@ ItemShape ShapeScan::statement(TokenIndex first) const {
 // No expression goes on with one of these keywords. The `while` of a `do` has its `;` behind the condition. A call that
 // ends its line is told apart by that.
 TokenIndex ShapeScan::controlMacroEnd(TokenIndex first) const {
-    if (!isForRoles() || kind(first) != Kind::Identifier || isOneOf(modernOperators, text(first))) return 0;
+    if (!isForRoles() || kind(first) != Kind::Identifier || modernOperators.contains(text(first))) return 0;
     const bool isCall = kind(next(first)) == Kind::OpenParen;
     const TokenIndex last = isCall ? partner(next(first)) : first;
     const TokenIndex keyword = next(last);
